@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "controls/MsgBox.h"
+
+namespace controls {
+
+class Form;
+
+enum class MousePointer { kDefault, kWait };
+
+// What HtmlHelp can fail on.
+enum class HelpOutcome { kShown, kLibraryMissing, kFunctionMissing, kFileMissing, kTopicMissing };
+
+// The surroundings of the program's forms: message boxes, resources, locale, pointer and message
+// loop. One object, made first in the program and outliving every form.
+class Desktop {
+ public:
+  struct Peer;
+
+  Desktop();
+  ~Desktop();
+  Desktop(const Desktop&) = delete;
+  Desktop& operator=(const Desktop&) = delete;
+
+  // Shows a modal message box over the active form. style adds up MsgBoxStyle values; the answer is
+  // a MsgBoxResult.
+  int MsgBox(const std::wstring& prompt, int style, const std::wstring& title);
+  void Beep();
+  void SetMousePointer(MousePointer pointer);
+  MousePointer Pointer() const;
+
+  // A text of the program's string table; empty when the number has none.
+  std::wstring LoadResString(int id) const;
+  // The user's default locale identifier, 1036 for French.
+  int UserDefaultLcid() const;
+  // The folder of the executable, without a closing backslash.
+  std::wstring ProgramFolder() const;
+  // The whole command line, the program's own name left out.
+  std::wstring CommandLine() const;
+
+  // Opens a compiled help file at a topic number through the function HtmlHelpForVB of the library
+  // kvh_util, which is loaded when it is first needed.
+  HelpOutcome HtmlHelp(const Form& form, const std::wstring& file, int topic);
+
+  // Shows the form and handles input until it is unloaded.
+  void Run(Form& form);
+
+  // Called inside a catch block when an exception escapes a form's event procedure: the current
+  // exception is to be reported. Without one the program ends.
+  std::function<void()> EscapedError;
+
+  Peer& BackEnd() const { return *peer_; }
+
+ private:
+  std::unique_ptr<Peer> peer_;
+};
+
+}  // namespace controls

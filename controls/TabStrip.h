@@ -1,0 +1,27 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "controls/Control.h"
+
+namespace controls {
+
+// A row of tabs, numbered from 0. What each tab shows is the form's affair.
+class TabStrip : public Control {
+ public:
+  TabStrip(Form& form, int id);
+
+  void AddTab(const std::wstring& caption);
+  void SetTabCaption(int tab, const std::wstring& caption);
+  int TabCount() const;
+  std::wstring TabCaption(int tab) const;
+
+  int SelectedTab() const;
+  // Raises Click when the tab changes, as a user's choice does.
+  void SetSelectedTab(int tab);
+
+  std::function<void()> Click;
+};
+
+}  // namespace controls

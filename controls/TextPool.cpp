@@ -1,0 +1,77 @@
+#include "controls/TextPool.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace controls {
+
+TextPool::TextPool(std::function<std::string(std::wstring_view)> sortKey)
+    : sortKey_(std::move(sortKey)) {}
+
+TextRef TextPool::Share(std::wstring_view text) {
+  const auto found = index_.find(text);
+  if (found != index_.end()) return found->second;
+  auto ref = static_cast<TextRef>(texts_.size());
+  if (free_.empty()) {
+    texts_.emplace_back();
+  } else {
+    ref = free_.back();
+    free_.pop_back();
+  }
+  Entry& entry = At(ref);
+  entry.text = text;
+  entry.used = true;
+  index_.emplace(entry.text, ref);
+  ranked_ = false;
+  return ref;
+}
+
+void TextPool::Release(TextRef text) {
+  Entry& entry = At(text);
+  if (--entry.holders > 0) return;
+  index_.erase(entry.text);
+  entry = Entry{};
+  free_.push_back(text);
+}
+
+void TextPool::Clear() {
+  index_.clear();
+  texts_.clear();
+  free_.clear();
+  ranked_ = false;
+}
+
+const std::string& TextPool::SortKey(TextRef text) {
+  Entry& entry = At(text);
+  if (entry.sortKey.empty() && !entry.text.empty()) entry.sortKey = sortKey_(entry.text);
+  return entry.sortKey;
+}
+
+bool TextPool::Before(TextRef a, TextRef b) {
+  const int order = SortKey(a).compare(SortKey(b));
+  return order != 0 ? order < 0 : a < b;
+}
+
+void TextPool::RankAll() {
+  if (ranked_) return;
+  std::vector<TextRef> order;
+  order.reserve(texts_.size());
+  for (TextRef ref = 0; ref < texts_.size(); ++ref) {
+    if (At(ref).used) order.push_back(ref);
+  }
+  std::sort(order.begin(), order.end(), [this](TextRef a, TextRef b) { return Before(a, b); });
+  std::uint32_t rank = 0;
+  for (const TextRef ref : order) At(ref).rank = rank++;
+  ranked_ = true;
+}
+
+std::size_t TextPool::Bytes() const {
+  std::size_t bytes = index_.bucket_count() * sizeof(void*);
+  for (const Entry& entry : texts_) {
+    bytes += sizeof(Entry) + entry.text.capacity() * sizeof(wchar_t) + entry.sortKey.capacity();
+    bytes += sizeof(std::pair<std::wstring_view, TextRef>) + 2 * sizeof(void*);
+  }
+  return bytes;
+}
+
+}  // namespace controls

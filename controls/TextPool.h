@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace controls {
+
+// A text of a pool, by number.
+using TextRef = std::uint32_t;
+
+// Texts kept once however many nodes show them, each with the key by which it is ordered. A text
+// lives while something holds it; Share alone does not hold it, the first Release after that frees
+// it once nothing does.
+class TextPool {
+ public:
+  explicit TextPool(std::function<std::string(std::wstring_view)> sortKey);
+
+  TextRef Share(std::wstring_view text);
+  void Hold(TextRef text) { ++At(text).holders; }
+  void Release(TextRef text);
+  void Clear();
+
+  const std::wstring& Text(TextRef text) const { return At(text).text; }
+  // Whether a stands before b. Equal texts are ordered by number, so that the order is total.
+  bool Before(TextRef a, TextRef b);
+  // Numbers every text by its place in the order, so that Rank answers until a text is added.
+  void RankAll();
+  std::uint32_t Rank(TextRef text) const { return At(text).rank; }
+
+  std::size_t Count() const { return texts_.size() - free_.size(); }
+  std::size_t Bytes() const;
+
+ private:
+  struct Entry {
+    std::wstring text;
+    std::string sortKey;  // empty until it is needed
+    std::uint32_t holders = 0;
+    std::uint32_t rank = 0;
+    bool used = false;
+  };
+
+  Entry& At(TextRef text) { return texts_[text]; }
+  const Entry& At(TextRef text) const { return texts_[text]; }
+  const std::string& SortKey(TextRef text);
+
+  std::function<std::string(std::wstring_view)> sortKey_;
+  std::deque<Entry> texts_;  // a deque: the index below points into its texts
+  std::vector<TextRef> free_;
+  std::unordered_map<std::wstring_view, TextRef> index_;
+  bool ranked_ = false;
+};
+
+}  // namespace controls

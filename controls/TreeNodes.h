@@ -1,0 +1,141 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "controls/TextPool.h"
+
+namespace controls {
+
+// No node: the parent of a root, the sibling after the last, a search without result.
+constexpr int kNoNode = -1;
+
+// How a node's key is made from its parent's: the first four characters of the parent's key are
+// replaced by prefix, then suffix is appended and, where hasId is set, the node's id in decimal. A
+// root, having no parent, has prefix followed by suffix.
+struct KeyForm {
+  std::wstring_view prefix;  // four characters; must outlive the tree
+  std::wstring_view suffix;  // must outlive the tree
+  bool hasId = false;
+};
+
+// The nodes of a tree, as the tree view of every back end keeps them. A node has an index of its
+// own while it lives, from 1; a freed index is used again. A node is small: its key is composed
+// when asked for and its text is kept once for all nodes that show it.
+class TreeNodes {
+ public:
+  // sortKey gives the bytes by which a text is ordered among its siblings.
+  explicit TreeNodes(std::function<std::string(std::wstring_view)> sortKey);
+
+  // Adds a node as the parent's last child, or a root where parent is kNoNode. The caller sees to
+  // it that the parent has no other child of this key form and id. Raises nothing; an unknown
+  // parent is a broken invariant.
+  int Add(int parent, const KeyForm& keyForm, std::int32_t id, TextRef text, int image);
+  // Removes a node and all below it.
+  void Remove(int node);
+  void Clear();
+
+  // A text to be shown by any number of nodes. The reference holds while a node shows it or until
+  // the tree is cleared.
+  TextRef Share(std::wstring_view text) { return texts_.Share(text); }
+
+  bool Exists(int node) const;
+  int Count() const { return count_; }
+  // The living node with the lowest index above the one given; kNoNode when there is none.
+  int NextIndex(int node) const;
+  int Root() const;
+
+  std::wstring Key(int node) const;
+  // The node with this key, kNoNode when there is none.
+  int Find(std::wstring_view key) const;
+  const KeyForm& FormOf(int node) const { return forms_[At(node).form]; }
+  std::int32_t Id(int node) const { return At(node).id; }
+
+  const std::wstring& Text(int node) const { return texts_.Text(At(node).text); }
+  TextRef TextOf(int node) const { return At(node).text; }
+  void SetText(int node, TextRef text);
+  int Image(int node) const { return At(node).image; }
+  void SetImage(int node, int image) { At(node).image = static_cast<std::uint8_t>(image); }
+  bool Expanded(int node) const { return At(node).expanded; }
+  void SetExpanded(int node, bool expanded) { At(node).expanded = expanded; }
+  // Whether the node's children are kept in the order of their texts.
+  bool Sorted(int node) const { return At(node).sorted; }
+  void SetSorted(int node, bool sorted);
+  // The name behind the text, where the node was given one; otherwise empty.
+  std::wstring StoredName(int node) const;
+  void SetStoredName(int node, std::wstring_view name);
+
+  int Parent(int node) const { return At(node).parent; }
+  int FirstChild(int node) const { return At(node).firstChild; }
+  int LastChild(int node) const { return At(node).lastChild; }
+  int Next(int node) const { return At(node).next; }
+  int Previous(int node) const { return At(node).previous; }
+  int FirstSibling(int node) const;
+  int LastSibling(int node) const;
+  int Children(int node) const;
+  bool HasChildren(int node) const { return At(node).firstChild != kNoNode; }
+  // The texts from the root to the node, joined by backslashes.
+  std::wstring FullPath(int node) const;
+  bool IsBelow(int node, int ancestor) const;
+
+  // Puts the children of every sorted node that has gained or changed some into order. Cheap when
+  // nothing has changed. Returns the parents whose children's order may have changed.
+  std::vector<int> SortPending();
+
+  // What the nodes and texts take in memory, in bytes.
+  std::size_t NodeBytes() const;
+  std::size_t TextBytes() const { return texts_.Bytes(); }
+
+ private:
+  struct Node {
+    std::int32_t id = 0;
+    TextRef text = 0;
+    int parent = kNoNode;
+    int firstChild = kNoNode;
+    int lastChild = kNoNode;
+    int next = kNoNode;
+    int previous = kNoNode;
+    std::uint8_t form = 0;
+    std::uint8_t image = 0;
+    bool alive : 1 = false;
+    bool expanded : 1 = false;
+    bool sorted : 1 = false;
+    bool orderPending : 1 = false;
+    bool named : 1 = false;
+  };
+
+  // Nodes lie in blocks that never move: growing copies nothing and wastes one block at most.
+  static constexpr int kBlockBits = 14;
+  static constexpr int kBlock = 1 << kBlockBits;
+
+  Node& At(int node) { return blocks_[node >> kBlockBits][node & (kBlock - 1)]; }
+  const Node& At(int node) const { return blocks_[node >> kBlockBits][node & (kBlock - 1)]; }
+  int TakeIndex();
+  std::uint8_t FormNumber(const KeyForm& keyForm);
+  void Link(int node, int parent);
+  void Unlink(int node);
+  void Free(int node);
+  void FreeBelow(int node);
+  void ComposeKey(int node, std::wstring& key) const;
+  bool MayHaveKey(int node, std::wstring_view key) const;
+  void MarkOrderPending(int parent);
+  void SortChildren(int parent, bool byRank);
+
+  TextPool texts_;
+  std::vector<KeyForm> forms_;
+  std::vector<std::unique_ptr<Node[]>> blocks_;
+  int used_ = 1;           // index 0 is never given
+  std::vector<int> free_;  // indexes to be used again, the latest freed last
+  std::vector<int> pending_;
+  std::vector<int> scratch_;
+  std::unordered_map<int, std::wstring> storedNames_;
+  int count_ = 0;
+  int roots_ = kNoNode;
+};
+
+}  // namespace controls

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "controls/Control.h"
+#include "controls/ImageList.h"
+#include "controls/TreeNodes.h"
+
+namespace controls {
+
+// A tree of nodes, complete in memory from the moment they are added. The native control is told of
+// a node's children when they are first shown. Nodes are named by their index (see TreeNodes).
+class TreeView : public Control {
+ public:
+  TreeView(Form& form, int id);
+
+  // Stands around every structural change: children are put in order and the native control follows
+  // once, at the end of the outermost one. Selection, expansion and scroll position of what still
+  // lives are kept.
+  class Update {
+   public:
+    explicit Update(TreeView& tree);
+    ~Update();
+    Update(const Update&) = delete;
+    Update& operator=(const Update&) = delete;
+
+   private:
+    TreeView& tree_;
+  };
+
+  void SetImageList(const ImageList& images);
+
+  // The new node, the parent's last child until its children are put in order; or the child of this
+  // key form and id that the parent has already, unchanged. A parent of kNoNode makes a root.
+  int Add(int parent, const KeyForm& keyForm, std::int32_t id, std::wstring_view text, int image);
+  // For many nodes: no look at the parent's other children, the caller has seen to it.
+  int AddUnique(int parent, const KeyForm& keyForm, std::int32_t id, TextRef text, int image);
+  TextRef Share(std::wstring_view text);
+  void Remove(int node);
+  void RemoveChildren(int node);
+  void Clear();
+
+  void SetText(int node, std::wstring_view text);
+  void SetImage(int node, int image);
+  void SetSorted(int node, bool sorted);
+  void SetStoredName(int node, std::wstring_view name);
+  // Raises Expand or Collapse when that changes something.
+  void SetExpanded(int node, bool expanded);
+
+  // All that can be read of the nodes.
+  const TreeNodes& Nodes() const;
+
+  int SelectedNode() const;
+  // Opens the way to the node and brings it into view. Does not raise NodeClick. When a selected
+  // node is removed the selection passes to its next sibling, else its previous, else its parent.
+  void SetSelectedNode(int node);
+
+  // When the user selects a node, by mouse or keyboard.
+  std::function<void(int node)> NodeClick;
+  std::function<void(int node)> Expand;
+  std::function<void(int node)> Collapse;
+};
+
+}  // namespace controls

@@ -1,0 +1,47 @@
+// Numbers of the program's resources, for the resource compiler and the forms alike: defines only.
+#pragma once
+
+// Icons: the program's own, then the images of the trees.
+#define IDI_PROGRAM 1
+#define IDI_FOLDER_CLOSED 11
+#define IDI_FOLDER_OPEN 12
+#define IDI_USER 13
+#define IDI_USER_PROTECTED 14
+#define IDI_GROUP 15
+#define IDI_GROUP_PROTECTED 16
+#define IDI_PERMISSION 17
+#define IDI_PERMISSION_INHERITED 18
+
+// Dialog templates.
+#define IDD_USER_GROUP_PERM 100
+#define IDD_NEW_USER 101
+#define IDD_EDIT_USER 102
+#define IDD_NEW_GROUP 103
+#define IDD_EDIT_GROUP 104
+#define IDD_ADD_USER_IN_GROUP 105
+#define IDD_LIST_ITEM 106
+
+// Controls that several windows share.
+#define IDC_HELP_BUTTON 900
+#define IDC_OK 1
+#define IDC_CANCEL 2
+
+// Controls of the main window.
+#define IDC_TAB 1000
+#define IDC_TREE_USERS 1001
+#define IDC_TREE_GROUPS 1002
+#define IDC_FRA_USER 1010
+#define IDC_CMD_USER 1011  // and the two behind it: Edit, Delete, New
+#define IDC_FRA_MEMBER_OF 1020
+#define IDC_CMD_MEMBER_OF 1021  // and the one behind it: Assign, Remove
+#define IDC_FRA_USER_PERMISSION 1030
+#define IDC_CMD_USER_PERMISSION 1031  // Assign, Remove
+#define IDC_FRA_GROUP 1040
+#define IDC_CMD_GROUP 1041  // Edit, Delete, New
+#define IDC_FRA_MEMBER 1050
+#define IDC_CMD_MEMBER 1051  // Assign, Remove
+#define IDC_FRA_GROUP_PERMISSION 1060
+#define IDC_CMD_GROUP_PERMISSION 1061  // Assign, Remove
+#define IDC_CMD_BTN 1070               // Refresh, Exit
+#define IDC_CMD_ABOUT 1072
+#define IDC_STATUS 1080
