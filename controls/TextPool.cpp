@@ -23,21 +23,37 @@ TextRef TextPool::Share(std::wstring_view text) {
   entry.used = true;
   index_.emplace(entry.text, ref);
   ranked_ = false;
+  MarkIdle(ref);
   return ref;
 }
 
+void TextPool::MarkIdle(TextRef text) {
+  if (At(text).idle) return;
+  At(text).idle = true;
+  idle_.push_back(text);
+}
+
 void TextPool::Release(TextRef text) {
-  Entry& entry = At(text);
-  if (--entry.holders > 0) return;
-  index_.erase(entry.text);
-  entry = Entry{};
-  free_.push_back(text);
+  if (--At(text).holders == 0) MarkIdle(text);
+}
+
+void TextPool::Sweep() {
+  for (const TextRef text : idle_) {
+    Entry& entry = At(text);
+    entry.idle = false;
+    if (entry.holders > 0) continue;
+    index_.erase(entry.text);
+    entry = Entry{};
+    free_.push_back(text);
+  }
+  idle_.clear();
 }
 
 void TextPool::Clear() {
   index_.clear();
   texts_.clear();
   free_.clear();
+  idle_.clear();
   ranked_ = false;
 }
 

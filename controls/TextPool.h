@@ -14,8 +14,8 @@ namespace controls {
 using TextRef = std::uint32_t;
 
 // Texts kept once however many nodes show them, each with the key by which it is ordered. A text
-// lives while something holds it; Share alone does not hold it, the first Release after that frees
-// it once nothing does.
+// that nothing holds lives on until the next Sweep, so that a reference may be used again while
+// nodes are taken away and put back.
 class TextPool {
  public:
   explicit TextPool(std::function<std::string(std::wstring_view)> sortKey);
@@ -23,6 +23,8 @@ class TextPool {
   TextRef Share(std::wstring_view text);
   void Hold(TextRef text) { ++At(text).holders; }
   void Release(TextRef text);
+  // Frees the texts that nothing holds; their references end here.
+  void Sweep();
   void Clear();
 
   const std::wstring& Text(TextRef text) const { return At(text).text; }
@@ -42,15 +44,18 @@ class TextPool {
     std::uint32_t holders = 0;
     std::uint32_t rank = 0;
     bool used = false;
+    bool idle = false;  // waits in idle_ for the next sweep
   };
 
   Entry& At(TextRef text) { return texts_[text]; }
   const Entry& At(TextRef text) const { return texts_[text]; }
   const std::string& SortKey(TextRef text);
+  void MarkIdle(TextRef text);
 
   std::function<std::string(std::wstring_view)> sortKey_;
   std::deque<Entry> texts_;  // a deque: the index below points into its texts
   std::vector<TextRef> free_;
+  std::vector<TextRef> idle_;
   std::unordered_map<std::wstring_view, TextRef> index_;
   bool ranked_ = false;
 };

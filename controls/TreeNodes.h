@@ -40,9 +40,10 @@ class TreeNodes {
   void Remove(int node);
   void Clear();
 
-  // A text to be shown by any number of nodes. The reference holds while a node shows it or until
-  // the tree is cleared.
+  // A text to be shown by any number of nodes. The reference holds while a node shows it and, when
+  // none does, until the next SweepTexts or Clear.
   TextRef Share(std::wstring_view text) { return texts_.Share(text); }
+  void SweepTexts() { texts_.Sweep(); }
 
   bool Exists(int node) const;
   int Count() const { return count_; }

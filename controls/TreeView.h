@@ -39,6 +39,8 @@ class TreeView : public Control {
   int Add(int parent, const KeyForm& keyForm, std::int32_t id, std::wstring_view text, int image);
   // For many nodes: no look at the parent's other children, the caller has seen to it.
   int AddUnique(int parent, const KeyForm& keyForm, std::int32_t id, TextRef text, int image);
+  // A text for any number of nodes; the reference holds until the outermost Update ends (which
+  // sweeps the texts that no node shows) or the tree is cleared.
   TextRef Share(std::wstring_view text);
   void Remove(int node);
   void RemoveChildren(int node);
