@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "data/SessionServer.h"
+
+namespace browser {
+
+// The codes under which the session server maps texts that are read for display.
+enum DisplayCode : std::int32_t {
+  kPermissionName = 101,
+  kGroupName = 104,
+  kGroupDescription = 105,
+};
+
+// The session server's display forms, each asked for once: a permission stands under thousands of
+// accounts. Lives as long as one filling of a tree, so that it never shows an outdated form.
+class DisplayNames {
+ public:
+  explicit DisplayNames(data::SessionServer& server) : server_(server) {}
+
+  const std::wstring& Get(std::wstring_view text, DisplayCode code);
+
+ private:
+  data::SessionServer& server_;
+  std::map<std::int32_t, std::unordered_map<std::wstring, std::wstring>> known_;
+};
+
+// The text of an account node: the name, and behind it the full name or description in parentheses
+// when it holds more than blanks.
+std::wstring AccountText(std::wstring_view name, std::wstring_view addition);
+
+}  // namespace browser

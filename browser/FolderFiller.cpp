@@ -1,0 +1,87 @@
+#include "browser/FolderFiller.h"
+
+#include "browser/TreeImages.h"
+#include "browser/TreeKeys.h"
+
+namespace browser {
+
+FolderFiller::FolderFiller(const TreeContext& context, controls::TreeView& tree)
+    : context_(context), tree_(tree), names_(*context.global.SessionServer) {}
+
+std::wstring FolderFiller::GroupText(const std::wstring& name, const std::wstring& description) {
+  const std::wstring& shownName = names_.Get(name, kGroupName);
+  if (description.empty()) return AccountText(shownName, {});
+  return AccountText(shownName, names_.Get(description, kGroupDescription));
+}
+
+std::wstring FolderFiller::GroupRow(data::ResultSet& row) {
+  const std::wstring name = row.Column(1).Text();
+  return GroupText(name, row.Column(2).Text());
+}
+
+std::wstring FolderFiller::UserRow(data::ResultSet& row) {
+  const std::wstring name = row.Column(1).Text();
+  return AccountText(name, row.Column(2).Text());
+}
+
+std::wstring FolderFiller::PermissionRow(data::ResultSet& row) {
+  return names_.Get(row.Column(1).Text(), kPermissionName);
+}
+
+std::uint32_t FolderFiller::Fill(int folder, const controls::KeyForm& keyForm,
+                                 std::wstring_view statement, LeafTexts& texts, MakeText makeText,
+                                 const std::function<int(std::int32_t)>& image) {
+  tree_.RemoveChildren(folder);
+  const std::uint32_t number = texts.NextFolder();
+  const auto rows = context_.global.databaseConnection->OpenResultSet(statement);
+  for (; !rows->EndOfRows(); rows->MoveNext()) {
+    const std::int32_t id = rows->Column(0).Integer();
+    LeafTexts::Leaf& leaf = texts.At(id);
+    if (leaf.folder == number) continue;
+    leaf.folder = number;
+    if (!leaf.known) {
+      leaf.text = tree_.Share((this->*makeText)(*rows));
+      leaf.known = true;
+    }
+    tree_.AddUnique(folder, keyForm, id, leaf.text, image(id));
+  }
+  rows->Close();
+  return number;
+}
+
+void FolderFiller::FillGroups(int folder, std::wstring_view statement) {
+  Fill(folder, kUserGroupKey, statement, groups_, &FolderFiller::GroupRow, [this](std::int32_t id) {
+    return context_.accounts.IsProtectedGroup(id) ? kProtectedGroupImage : kGroupImage;
+  });
+}
+
+void FolderFiller::FillUsers(int folder, std::wstring_view statement) {
+  Fill(folder, kGroupUserKey, statement, users_, &FolderFiller::UserRow, [this](std::int32_t id) {
+    return context_.accounts.IsProtectedUser(id) ? kProtectedUserImage : kUserImage;
+  });
+}
+
+void FolderFiller::FillPermissions(int folder, const controls::KeyForm& keyForm,
+                                   std::wstring_view statement) {
+  Fill(folder, keyForm, statement, permissions_, &FolderFiller::PermissionRow,
+       [](std::int32_t) { return kPermissionImage; });
+}
+
+void FolderFiller::FillAllPermissions(int folder, int ownFolder, std::wstring_view statement) {
+  const controls::TreeNodes& nodes = tree_.Nodes();
+  const std::uint32_t owner = permissions_.NextFolder();
+  for (int own = nodes.FirstChild(ownFolder); own != controls::kNoNode; own = nodes.Next(own)) {
+    permissions_.At(nodes.Id(own)).owner = owner;
+  }
+  const auto image = [this, owner](std::int32_t id) {
+    return permissions_.At(id).owner == owner ? kPermissionImage : kInheritedPermissionImage;
+  };
+  const std::uint32_t filled =
+      Fill(folder, kAnyPermissionKey, statement, permissions_, &FolderFiller::PermissionRow, image);
+  for (int own = nodes.FirstChild(ownFolder); own != controls::kNoNode; own = nodes.Next(own)) {
+    if (permissions_.At(nodes.Id(own)).folder == filled) continue;
+    tree_.AddUnique(folder, kAnyPermissionKey, nodes.Id(own), nodes.TextOf(own), kPermissionImage);
+  }
+}
+
+}  // namespace browser

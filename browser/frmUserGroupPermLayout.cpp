@@ -1,0 +1,106 @@
+// The main window's captions, pages, resizing and the wiring of its events.
+
+#include "app/StringIds.h"
+#include "browser/frmUserGroupPerm.h"
+#include "resources/ResourceIds.h"
+
+namespace browser {
+
+void frmUserGroupPerm::SettingControls() {
+  const auto text = [this](int id) { return global_.LoadResString(id); };
+  captions_ = TreeCaptions::Load(global_);
+  SetCaption(text(app::kTitle));
+  SetIcon(IDI_PROGRAM);
+  TabStrip1.AddTab(text(app::kUsersTab));
+  TabStrip1.AddTab(text(app::kGroupsTab));
+  fraUser.SetCaption(text(app::kUsers));
+  fraMemberOf.SetCaption(captions_.memberOfCaption);
+  fraUserPermission.SetCaption(captions_.userPermissionsCaption);
+  fraGroup.SetCaption(text(app::kGroups));
+  fraMember.SetCaption(captions_.membersCaption);
+  fraGroupPermission.SetCaption(captions_.groupPermissionsCaption);
+  constexpr int kAccountCaptions[] = {app::kEdit, app::kDelete, app::kNew};
+  for (int Index = 0; Index < 3; ++Index) {
+    cmdUser[Index].SetCaption(text(kAccountCaptions[Index]));
+    cmdGroup[Index].SetCaption(text(kAccountCaptions[Index]));
+  }
+  constexpr int kLinkCaptions[] = {app::kAssign, app::kRemove};
+  for (controls::CommandButton* link :
+       {cmdMemberOf, cmdUserPermission, cmdMember, cmdGroupPermission}) {
+    for (int Index = 0; Index < 2; ++Index) link[Index].SetCaption(text(kLinkCaptions[Index]));
+  }
+  cmdBtn[0].SetCaption(text(app::kRefresh));
+  cmdBtn[1].SetCaption(text(app::kExit));
+  cmdAbout.SetCaption(text(app::kAbout));
+  Command1.SetCaption(text(app::kHelp));
+  lblStatus.SetPlainCaption({});
+}
+
+// Ties each button to the frame of its section; frames and trees are what a tab shows and hides.
+void frmUserGroupPerm::SetPages() {
+  for (controls::CommandButton& button : cmdUser) button.SetContainer(fraUser);
+  for (controls::CommandButton& button : cmdMemberOf) button.SetContainer(fraMemberOf);
+  for (controls::CommandButton& button : cmdUserPermission) button.SetContainer(fraUserPermission);
+  for (controls::CommandButton& button : cmdGroup) button.SetContainer(fraGroup);
+  for (controls::CommandButton& button : cmdMember) button.SetContainer(fraMember);
+  for (controls::CommandButton& button : cmdGroupPermission) {
+    button.SetContainer(fraGroupPermission);
+  }
+  for (controls::CommandButton* buttons : {cmdUser, cmdGroup}) {
+    for (int Index = 0; Index < 3; ++Index) buttons[Index].SetEnabled(false);
+  }
+  for (controls::CommandButton* link :
+       {cmdMemberOf, cmdUserPermission, cmdMember, cmdGroupPermission}) {
+    for (int Index = 0; Index < 2; ++Index) link[Index].SetEnabled(false);
+  }
+  TabStrip1_Click();
+}
+
+void frmUserGroupPerm::TabStrip1_Click() {
+  const bool users = TabStrip1.SelectedTab() == 0;
+  TreeView1[0].SetVisible(users);
+  fraUser.SetVisible(users);
+  fraMemberOf.SetVisible(users);
+  fraUserPermission.SetVisible(users);
+  TreeView1[1].SetVisible(!users);
+  fraGroup.SetVisible(!users);
+  fraMember.SetVisible(!users);
+  fraGroupPermission.SetVisible(!users);
+}
+
+// The trees take what the window gains; the buttons keep to its right and lower edges.
+void frmUserGroupPerm::SetAnchors() {
+  using namespace controls;
+  const unsigned all = kAnchorLeft | kAnchorTop | kAnchorRight | kAnchorBottom;
+  TabStrip1.SetAnchors(all);
+  for (TreeView& tree : TreeView1) tree.SetAnchors(all);
+  const unsigned right = kAnchorTop | kAnchorRight;
+  for (Frame* frame :
+       {&fraUser, &fraMemberOf, &fraUserPermission, &fraGroup, &fraMember, &fraGroupPermission}) {
+    frame->SetAnchors(right);
+  }
+  for (CommandButton* buttons : {cmdUser, cmdGroup}) {
+    for (int Index = 0; Index < 3; ++Index) buttons[Index].SetAnchors(right);
+  }
+  for (CommandButton* link : {cmdMemberOf, cmdUserPermission, cmdMember, cmdGroupPermission}) {
+    for (int Index = 0; Index < 2; ++Index) link[Index].SetAnchors(right);
+  }
+  lblStatus.SetAnchors(kAnchorLeft | kAnchorRight | kAnchorBottom);
+  for (CommandButton* button : {&cmdBtn[0], &cmdBtn[1], &cmdAbout, &Command1}) {
+    button->SetAnchors(kAnchorRight | kAnchorBottom);
+  }
+  SetResizable(true);
+}
+
+void frmUserGroupPerm::SetEvents() {
+  TabStrip1.Click = [this] { TabStrip1_Click(); };
+  for (int Index = 0; Index < 2; ++Index) {
+    cmdBtn[Index].Click = [this, Index] { cmdBtn_Click(Index); };
+    TreeView1[Index].Expand = [this, Index](int node) { TreeView1_Expand(Index, node, true); };
+    TreeView1[Index].Collapse = [this, Index](int node) { TreeView1_Expand(Index, node, false); };
+  }
+  cmdAbout.Click = [this] { cmdAbout_Click(); };
+  Command1.Click = [this] { Command1_Click(); };
+}
+
+}  // namespace browser
