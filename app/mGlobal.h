@@ -17,6 +17,8 @@ namespace app {
 // What every window of the program shares for the length of a run. The main function makes it, the
 // main window's load fills it and its unload releases the session server; everybody else borrows.
 struct mGlobal {
+  explicit mGlobal(controls::Desktop& theDesktop) : desktop(theDesktop) {}
+
   controls::Desktop& desktop;
   // Makes the session server; the program's own goes through COM.
   std::function<std::unique_ptr<data::SessionServer>()> CreateSessionServer;

@@ -25,7 +25,7 @@ std::unique_ptr<data::SessionServer> CreateSessionServer(const controls::Desktop
 int Run() {
   const com::Apartment apartment;
   controls::Desktop desktop;
-  app::mGlobal global{desktop};
+  app::mGlobal global(desktop);
   global.CreateSessionServer = [&desktop] { return CreateSessionServer(desktop); };
   desktop.EscapedError = [&global] { app::ReportError(global, kProgram); };
   browser::frmUserGroupPerm window(global);

@@ -1,0 +1,102 @@
+#include "tests/support/recording/RecordingServer.h"
+
+#include <utility>
+
+#include "data/Text.h"
+
+namespace testing_support {
+namespace {
+
+class RecordingConnection : public data::Connection {
+ public:
+  RecordingConnection(std::unique_ptr<data::Connection> connection, CallLog& log)
+      : connection_(std::move(connection)), log_(log) {}
+
+  std::unique_ptr<data::ResultSet> OpenResultSet(std::wstring_view statement) override {
+    log_.Statement(std::wstring(statement));
+    return connection_->OpenResultSet(statement);
+  }
+  std::int32_t Execute(std::wstring_view statement) override {
+    log_.Statement(std::wstring(statement));
+    return connection_->Execute(statement);
+  }
+  void BeginRead() override {
+    log_.Statement(L"BeginRead");
+    connection_->BeginRead();
+  }
+  void EndRead() override {
+    log_.Statement(L"EndRead");
+    connection_->EndRead();
+  }
+
+ private:
+  std::unique_ptr<data::Connection> connection_;
+  CallLog& log_;
+};
+
+class RecordingServer : public data::SessionServer {
+ public:
+  RecordingServer(std::unique_ptr<data::SessionServer> server, CallLog& log)
+      : server_(std::move(server)), log_(log) {}
+
+  void ReadCommandLine(std::wstring_view commandLine, std::wstring& sessionText,
+                       std::int32_t& sessionId) override {
+    log_.Server(L"ReadCommandLine");
+    server_->ReadCommandLine(commandLine, sessionText, sessionId);
+  }
+  void OpenSession(std::wstring_view sessionText, std::int32_t sessionId) override {
+    log_.Server(L"OpenSession");
+    server_->OpenSession(sessionText, sessionId);
+  }
+  std::int32_t GetRights() override {
+    log_.Server(L"GetRights");
+    return server_->GetRights();
+  }
+  void SetMode(std::int32_t mode) override {
+    log_.Server(L"SetMode " + data::Decimal(mode));
+    server_->SetMode(mode);
+  }
+  std::wstring GetSessionUserText() override {
+    log_.Server(L"GetSessionUserText");
+    return server_->GetSessionUserText();
+  }
+  std::unique_ptr<data::Connection> DatabaseConnection() override {
+    log_.Server(L"DatabaseConnection");
+    return std::make_unique<RecordingConnection>(server_->DatabaseConnection(), log_);
+  }
+  std::int32_t NewIdentifier(std::wstring_view counterName) override {
+    log_.Server(L"NewIdentifier " + std::wstring(counterName));
+    return server_->NewIdentifier(counterName);
+  }
+  std::wstring EncryptPassword(std::wstring_view plainText, std::int32_t userId) override {
+    log_.Server(L"EncryptPassword " + data::Decimal(userId));
+    return server_->EncryptPassword(plainText, userId);
+  }
+  std::wstring DecryptPassword(std::wstring_view storedText, std::int32_t userId) override {
+    log_.Server(L"DecryptPassword " + data::Decimal(userId));
+    return server_->DecryptPassword(storedText, userId);
+  }
+  std::wstring GetDisplayName(std::wstring_view text, std::int32_t mappingCode) override {
+    log_.Server(L"GetDisplayName " + data::Decimal(mappingCode) + L" " + std::wstring(text));
+    return server_->GetDisplayName(text, mappingCode);
+  }
+  void ShowAbout(std::wstring_view executableName, std::int32_t first,
+                 std::int32_t second) override {
+    log_.Server(L"ShowAbout " + std::wstring(executableName) + L" " + data::Decimal(first) + L" " +
+                data::Decimal(second));
+    server_->ShowAbout(executableName, first, second);
+  }
+
+ private:
+  std::unique_ptr<data::SessionServer> server_;
+  CallLog& log_;
+};
+
+}  // namespace
+
+std::unique_ptr<data::SessionServer> Record(std::unique_ptr<data::SessionServer> server,
+                                            CallLog& log) {
+  return std::make_unique<RecordingServer>(std::move(server), log);
+}
+
+}  // namespace testing_support
