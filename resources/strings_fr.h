@@ -1,0 +1,171 @@
+// The program's string table, French. One list for everybody: the resource compiler makes the
+// STRINGTABLE of uadmin.exe from it, the native tests their own table. Whoever includes this file
+// defines UADMIN_STRING(id, text) before and drops it afterwards; hence no include guard.
+//
+// How to write a text:
+// - UTF-8, composed letters (NFC), one literal a line, not cut in two. A quotation mark inside a
+//   text is written \042, the one form that the resource compiler and C++ read alike.
+// - "&" stands before a control's access key. Blanks at the end of a text matter: the program puts
+//   something behind it.
+// - %1, %2, ... stand for what the program fills in, in that order of arguments; a translation may
+//   move or repeat them. The comment in front of such a text says what they are.
+// - 10000 + n is the standard text of run-time error n, 10000 that of every number without one.
+
+// clang-format off
+
+// Buttons and commands.
+UADMIN_STRING(101, "OK")
+UADMIN_STRING(102, "Annuler")
+UADMIN_STRING(103, "&Quitter")
+UADMIN_STRING(104, "A&ide")
+UADMIN_STRING(105, "Ra&fraîchir")
+UADMIN_STRING(106, "&A propos")
+UADMIN_STRING(107, "&Fermer")
+UADMIN_STRING(108, "&Editer...")
+UADMIN_STRING(109, "&Supprimer...")
+UADMIN_STRING(110, "&Nouveau...")
+UADMIN_STRING(111, "&Copier")
+UADMIN_STRING(112, "&Développer")
+UADMIN_STRING(113, "&Réduire")
+UADMIN_STRING(114, ">")
+UADMIN_STRING(115, ">>")
+UADMIN_STRING(116, "<")
+UADMIN_STRING(117, "<<")
+UADMIN_STRING(119, "&Tous")
+UADMIN_STRING(120, "&Aucun")
+UADMIN_STRING(121, "To&us")
+UADMIN_STRING(122, "Au&cun")
+UADMIN_STRING(131, "&Affecter...")
+UADMIN_STRING(133, "Supp&rimer...")
+
+// Window titles. 201 is followed by the group's name, 206 by the kind of what is listed.
+UADMIN_STRING(201, "Ajouter des Utilisateurs : ")
+UADMIN_STRING(202, "Nouveau Groupe")
+UADMIN_STRING(203, "Modifier le Groupe")
+UADMIN_STRING(204, "Nouvel Utilisateur")
+UADMIN_STRING(205, "Modifier l'Utilisateur")
+UADMIN_STRING(206, "Liste des Choix : ")
+UADMIN_STRING(250, "Admin Utilisateurs")
+
+// Tabs, tree roots, folders, frames and labels.
+UADMIN_STRING(301, "Utilisateurs")
+UADMIN_STRING(302, "Groupes")
+UADMIN_STRING(303, "Utilisateurs")
+UADMIN_STRING(304, "Membre du Groupe")
+UADMIN_STRING(305, "Droits Utilisateur")
+UADMIN_STRING(306, "Ensemble des Droits")
+UADMIN_STRING(307, "Permissions")
+UADMIN_STRING(308, "Groupes")
+UADMIN_STRING(309, "Membres")
+UADMIN_STRING(310, "Droits du Groupe")
+UADMIN_STRING(311, "Ensemble des Utilisateurs")
+UADMIN_STRING(312, "Utilisateurs Sélectionnés")
+UADMIN_STRING(313, "1 ) Saisissez les premières lettres du nom de l'utilisateur recherché.")
+UADMIN_STRING(314, "2 ) Sélectionnez la personne souhaitée puis cliquez sur \042>\042.")
+UADMIN_STRING(315, "3 ) Saisissez les premières lettres du nom de l'utilisateur recherché.")
+UADMIN_STRING(316, "4 ) Sélectionnez la personne souhaitée puis cliquez sur \042<\042.")
+UADMIN_STRING(317, "Groupe :")
+UADMIN_STRING(318, "Description :")
+UADMIN_STRING(319, "Utilisateur :")
+UADMIN_STRING(320, "Nom Complet :")
+UADMIN_STRING(321, "Mot de Passe :")
+UADMIN_STRING(322, "Confirmation :")
+UADMIN_STRING(323, "Cochez un élément puis cliquez sur OK. ")
+
+// Names of the trees for screen readers; never drawn.
+UADMIN_STRING(331, "Arborescence des utilisateurs")
+UADMIN_STRING(332, "Arborescence des groupes")
+
+// Status line. %1 of %2: rows read so far and in all.
+UADMIN_STRING(401, "Prêt.")
+UADMIN_STRING(402, "Lecture des utilisateurs : %1 sur %2")
+UADMIN_STRING(403, "Lecture des groupes : %1 sur %2")
+// %1 users, %2 groups, %3 permissions.
+UADMIN_STRING(404, "%1 utilisateurs, %2 groupes, %3 permissions")
+UADMIN_STRING(405, "Lecture interrompue : l'affichage est incomplet.")
+// %1 of %2: accounts brought up to date so far and in all.
+UADMIN_STRING(406, "Mise à jour des utilisateurs : %1 sur %2")
+UADMIN_STRING(407, "Mise à jour des groupes : %1 sur %2")
+
+// What keeps the help from being shown. %1: the help file.
+UADMIN_STRING(411, "La bibliothèque d'aide kvh_util est introuvable.")
+UADMIN_STRING(412, "La fonction HtmlHelpForVB est absente de la bibliothèque d'aide kvh_util.")
+UADMIN_STRING(413, "Le fichier d'aide %1 est introuvable.")
+UADMIN_STRING(414, "Le fichier d'aide ne contient pas la rubrique demandée.")
+
+// What keeps the session server from being used.
+UADMIN_STRING(421, "Le serveur de session Vardex.Vardex.1 n'est pas enregistré sur ce poste. Installez le produit, ou enregistrez le serveur de référence livré avec le programme, puis recommencez.")
+UADMIN_STRING(422, "Le serveur de session Vardex.Vardex.1 est enregistré, mais son fichier est introuvable ou ne peut pas être chargé. Réinstallez-le, puis recommencez.")
+UADMIN_STRING(423, "Le serveur de session Vardex.Vardex.1 n'est enregistré que pour l'autre type de programmes (32 ou 64 bits). Utilisez l'édition d'Admin Utilisateurs qui lui correspond.")
+UADMIN_STRING(424, "Le serveur de session Vardex.Vardex.1 ne répond plus. Quittez le programme, puis relancez-le depuis une nouvelle session.")
+// %1: the member that was asked for.
+UADMIN_STRING(425, "Le serveur de session Vardex.Vardex.1 ne connaît pas l'opération %1. Installez une version plus récente.")
+
+// Where a permission comes from. %1: a group, or several joined by 506 and, before the last, 507.
+UADMIN_STRING(501, "Accordée directement")
+UADMIN_STRING(502, "Par le groupe %1")
+UADMIN_STRING(503, "Par les groupes %1")
+UADMIN_STRING(504, "Accordée directement et par le groupe %1")
+UADMIN_STRING(505, "Accordée directement et par les groupes %1")
+UADMIN_STRING(506, ", ")
+UADMIN_STRING(507, " et ")
+UADMIN_STRING(508, "Origine inconnue : cliquez sur Rafraîchir.")
+
+// Messages. A text that runs over two numbers is shown on two lines.
+UADMIN_STRING(700, "Vos modifications ne seront pas prises en compte dans le système.")
+UADMIN_STRING(701, "Souhaitez-vous poursuivre ?")
+UADMIN_STRING(702, "Mot de passe différent du mot de passe confirmé.")
+UADMIN_STRING(703, "Veuillez les ressaisir.")
+UADMIN_STRING(704, "Me mot de passe doit comporter moins de 20 caractères.")
+UADMIN_STRING(706, "Le mot de passe doit comporter plus de 6 caractères.")
+UADMIN_STRING(707, "Spécifiez le nom du groupe.")
+UADMIN_STRING(708, "Spécifiez le nom de l'utilisateur.")
+UADMIN_STRING(710, "Sélectionnez le groupe à supprimer puis cliquez sur")
+UADMIN_STRING(711, "le bouton Supprimer dans la section Membres du Groupe.")
+UADMIN_STRING(712, "le bouton Supprimer dans la section Membre du Groupe.")
+UADMIN_STRING(713, "Sélectionnez la permission à supprimer puis cliquez sur ")
+UADMIN_STRING(714, "le bouton Supprimer dans la section Droits Utilisateur.")
+UADMIN_STRING(715, "le bouton Supprimer dans la section Droits Groupe.")
+UADMIN_STRING(720, "Souhaitez-vous supprimer ce groupe ?")
+UADMIN_STRING(721, "Souhaitez-vous supprimer cet utilisateur ?")
+UADMIN_STRING(730, "Souhaitez-vous supprimer cette permission de groupe ?")
+UADMIN_STRING(731, "Souhaitez-vous supprimer ce membre ?")
+UADMIN_STRING(732, "Souhaitez-vous supprimer ce membre du groupe ?")
+UADMIN_STRING(733, "Souhaitez-vous supprimer cette permission utilisateur ?")
+UADMIN_STRING(750, "Permission Admin Utilisateurs requise pour modifier,")
+UADMIN_STRING(751, "créer ou supprimer une permission de groupe ou d'utilisateur.")
+UADMIN_STRING(761, "Sélectionnez l'utilisateur à modifier puis cliquez sur le bouton Editer.")
+UADMIN_STRING(762, "Sélectionnez l'utilisateur à supprimer puis cliquez sur le bouton Editer.")
+UADMIN_STRING(763, "Sélectionnez le groupe à modifier puis cliquez sur le bouton Supprimer.")
+UADMIN_STRING(764, "Sélectionnez le groupe à supprimer puis cliquez sur le bouton Supprimer.")
+UADMIN_STRING(765, "Cet utilisateur existe déjà.")
+UADMIN_STRING(766, "Ce groupe existe déjà.")
+UADMIN_STRING(767, "Nom de groupe réservé.")
+UADMIN_STRING(770, "Un autre administrateur a modifié ces données entre-temps.")
+UADMIN_STRING(771, "L'affichage a été mis à jour ; vérifiez-le avant de poursuivre.")
+
+// Pieces of refusals: 1006 'name' 1007 and 1009 'name' 1008. The word order is meant so.
+UADMIN_STRING(1006, "Impossible de supprimer")
+UADMIN_STRING(1007, "l'utilisateur.")
+UADMIN_STRING(1008, "le groupe.")
+UADMIN_STRING(1009, "Impossible de supprimer l'utilisateur de")
+
+// Standard texts of run-time errors.
+UADMIN_STRING(10000, "Erreur définie par l'application ou par l'objet")
+UADMIN_STRING(10005, "Appel de procédure ou argument incorrect")
+UADMIN_STRING(10006, "Dépassement de capacité")
+UADMIN_STRING(10007, "Mémoire insuffisante")
+UADMIN_STRING(10009, "Indice en dehors des limites")
+UADMIN_STRING(10013, "Incompatibilité de type")
+UADMIN_STRING(10053, "Fichier introuvable")
+UADMIN_STRING(10091, "Variable objet non définie")
+UADMIN_STRING(10093, "Modèle de comparaison incorrect")
+UADMIN_STRING(10424, "Objet requis")
+UADMIN_STRING(10429, "Impossible de créer l'objet demandé")
+UADMIN_STRING(10430, "Cette classe ne gère pas l'automation")
+UADMIN_STRING(10438, "Propriété ou méthode non gérée par cet objet")
+UADMIN_STRING(10440, "Erreur d'automation")
+UADMIN_STRING(10453, "Fonction introuvable dans la bibliothèque")
+UADMIN_STRING(10457, "Cette clé est déjà utilisée par un élément de la collection")
+UADMIN_STRING(45601, "Élément introuvable")
+UADMIN_STRING(45602, "Cette clé n'est pas unique dans la collection")
