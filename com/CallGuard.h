@@ -1,0 +1,22 @@
+#pragma once
+
+#include <windows.h>
+
+namespace com {
+
+// An in-process server that goes wrong takes its caller with it unless the caller stands in the way
+// of the structured exception. The guard does so: it asks the frames below it first, so that a
+// server which handles its own exceptions is left alone, and takes what nobody else wants.
+//
+// Calls the function with the context. The answer is 0 when it came back, else the code of the
+// exception that ended it. The function must let no C++ exception out.
+DWORD CallGuarded(void (*function)(void* context), void* context);
+
+// The same for a callable, which must not throw either.
+template <typename Callable>
+DWORD Guarded(Callable&& callable) {
+  return CallGuarded([](void* context) { (*static_cast<Callable*>(context))(); },
+                     static_cast<void*>(&callable));
+}
+
+}  // namespace com

@@ -1,0 +1,97 @@
+#include "com/ComResultSet.h"
+
+#include "com/Conversion.h"
+#include "com/ResultSetMembers.h"
+#include "data/RunTimeError.h"
+
+namespace com {
+namespace {
+
+// No statement has more columns than this; a position beyond is a mistake of the caller.
+constexpr int kMostColumns = 4096;
+
+}  // namespace
+
+// The server frees a set that nobody refers to any longer; closing it first lets the statement go
+// at once. A failure has nobody left to be told.
+ComResultSet::~ComResultSet() {
+  try {
+    if (open_) object_.CallIfThere(kClose);
+  } catch (const data::RunTimeError&) {
+  }
+}
+
+bool ComResultSet::EndOfRows() {
+  Variant end;
+  object_.Read(kEndOfRows, end);
+  return ToBoolean(end);
+}
+
+data::ColumnValue ComResultSet::Column(int position) {
+  if (position < 0 || position >= kMostColumns) {
+    throw data::RunTimeError(data::kSubscriptOutOfRange);
+  }
+  const auto index = static_cast<std::size_t>(position);
+  if (index >= slots_.size()) slots_.resize(index + 1);
+  Slot& slot = slots_[index];
+  if (slot.row != row_) {
+    slot.value.Clear();
+    object_.Read(kColumn, slot.value, Argument(position));
+    slot.row = row_;
+  }
+  return ToColumnValue(slot.value);
+}
+
+void ComResultSet::MoveNext() {
+  Change(kMoveNext);
+}
+
+void ComResultSet::MoveFirst() {
+  Change(kMoveFirst);
+}
+
+void ComResultSet::AddNew() {
+  Change(kAddNew);
+}
+
+void ComResultSet::Edit() {
+  Change(kEdit);
+}
+
+void ComResultSet::Update() {
+  Change(kUpdate);
+}
+
+void ComResultSet::SetColumn(std::wstring_view name, const data::FieldValue& value) {
+  const Bstr text(name);
+  SetColumn(Argument(text), value);
+}
+
+void ComResultSet::SetColumn(int position, const data::FieldValue& value) {
+  SetColumn(Argument(position), value);
+}
+
+void ComResultSet::SetColumn(const VARIANT& column, const data::FieldValue& value) {
+  ++row_;
+  if (const auto* number = std::get_if<std::int32_t>(&value)) {
+    object_.Call(kSetColumn, nullptr, column, Argument(*number));
+  } else if (const auto* text = std::get_if<std::wstring>(&value)) {
+    const Bstr copy(*text);
+    object_.Call(kSetColumn, nullptr, column, Argument(copy));
+  } else {
+    object_.Call(kSetColumn, nullptr, column, NullArgument());
+  }
+}
+
+void ComResultSet::Close() {
+  open_ = false;
+  object_.Call(kClose, nullptr);
+}
+
+// What a call may change is read anew behind it.
+void ComResultSet::Change(std::size_t member) {
+  ++row_;
+  object_.Call(member, nullptr);
+}
+
+}  // namespace com

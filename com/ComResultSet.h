@@ -1,0 +1,43 @@
+#pragma once
+
+#include <vector>
+
+#include "com/LateBound.h"
+#include "data/SessionServer.h"
+
+namespace com {
+
+// A result set of the session server. Of each column it keeps what was read last: the value's text
+// is borrowed from there, and reading it again in the same row asks nobody.
+class ComResultSet final : public data::ResultSet {
+ public:
+  explicit ComResultSet(LateBound object) : object_(std::move(object)) {}
+  ~ComResultSet() override;
+
+  bool EndOfRows() override;
+  data::ColumnValue Column(int position) override;
+  void MoveNext() override;
+  void MoveFirst() override;
+  void AddNew() override;
+  void Edit() override;
+  void SetColumn(std::wstring_view name, const data::FieldValue& value) override;
+  void SetColumn(int position, const data::FieldValue& value) override;
+  void Update() override;
+  void Close() override;
+
+ private:
+  struct Slot {
+    Variant value;
+    unsigned row = 0;  // the count of moves at which it was read; 0 is before the first
+  };
+
+  void Change(std::size_t member);
+  void SetColumn(const VARIANT& column, const data::FieldValue& value);
+
+  LateBound object_;
+  std::vector<Slot> slots_;
+  unsigned row_ = 1;
+  bool open_ = true;
+};
+
+}  // namespace com

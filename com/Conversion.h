@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "com/Variant.h"
+#include "data/Value.h"
+
+// What a server gave back, as what the program works with. A value of another type is converted by
+// the rules of automation in the invariant locale; what cannot be raises 13, what does not fit 6.
+namespace com {
+
+std::int32_t ToInteger(const VARIANT& value);
+bool ToBoolean(const VARIANT& value);
+// Nothing and a null give a text without characters.
+std::wstring ToText(const VARIANT& value);
+// Borrows the text from the value, which is converted in place where that is needed.
+data::ColumnValue ToColumnValue(VARIANT& value);
+
+}  // namespace com

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace com {
+
+// What the program tells its user when the session server cannot be reached: errors that only the
+// adapter can tell apart and for which no one else has a text.
+struct ServerTexts {
+  std::wstring notRegistered;  // nothing is registered under the ProgID
+  std::wstring fileMissing;    // registered, but the registered file is not there
+  std::wstring wrongBitness;   // made for programs of the other word size
+  std::wstring lost = {};      // the server ended in the middle of a call
+};
+
+}  // namespace com
