@@ -5,15 +5,13 @@
 #include <string>
 
 #include "controls/MsgBox.h"
+#include "controls/StandIns.h"
 
 namespace controls {
 
 class Form;
 
 enum class MousePointer { kDefault, kWait };
-
-// What HtmlHelp can fail on.
-enum class HelpOutcome { kShown, kLibraryMissing, kFunctionMissing, kFileMissing, kTopicMissing };
 
 // The surroundings of the program's forms: message boxes, resources, locale, pointer and message
 // loop. One object, made first in the program and outliving every form.
@@ -52,6 +50,9 @@ class Desktop {
   // Called inside a catch block when an exception escapes a form's event procedure: the current
   // exception is to be reported. Without one the program ends.
   std::function<void()> EscapedError;
+
+  // Empty in the program; both back ends ask here first.
+  StandIns Instead;
 
   Peer& BackEnd() const { return *peer_; }
 

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace controls {
+class CommandButton;
+class Control;
+class Desktop;
+class Form;
+class ListBox;
+class TabStrip;
+class TextBox;
+class TreeView;
+}  // namespace controls
+
+namespace testing_support {
+
+class Script;
+
+// What a user's hands do: one source for each back end, the only part of User that differs. A
+// gesture is over, with everything it set off, when its function returns. It returns false, and has
+// done nothing, where a user could not make it: the control or its container is disabled or hidden,
+// the form is not shown or a modal form stands over it, the item or node is not there.
+class Hands {
+ public:
+  // The desktop's stand-ins are in place; a back end may take some of them out again and have the
+  // real thing answered by the script.
+  Hands(controls::Desktop& desktop, Script& script);
+  ~Hands();
+  Hands(const Hands&) = delete;
+  Hands& operator=(const Hands&) = delete;
+
+  // Each of them gives the focus to the control first, as the mouse does; a text box that had it
+  // already keeps its selection.
+  bool Click(controls::CommandButton& button);
+  bool Focus(controls::Control& control);
+  bool Type(controls::TextBox& box, const std::wstring& text);
+  bool Paste(controls::TextBox& box, const std::wstring& text);
+  bool Choose(controls::ListBox& list, int item);
+  bool Toggle(controls::ListBox& list, int item);
+  bool DoubleClick(controls::ListBox& list, int item);
+  bool ChooseTab(controls::TabStrip& tabs, int tab);
+  bool Select(controls::TreeView& tree, int node);
+  bool Expand(controls::TreeView& tree, int node);
+  bool Collapse(controls::TreeView& tree, int node);
+
+  // Without a focused control the key goes to the form alone. False where the form takes no input.
+  bool PressKey(controls::Form& form, int keyCode, bool shift);
+  // False also where nothing answers to the letter.
+  bool Mnemonic(controls::Form& form, wchar_t letter);
+  bool Close(controls::Form& form);
+
+  // A click that waits until the program handles input.
+  void ClickLater(controls::CommandButton& button);
+  // Handles what waits.
+  void Settle();
+
+  // Takes a form away without asking it, so that a failing test comes to its end.
+  void Discard(controls::Form& form);
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace testing_support

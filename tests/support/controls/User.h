@@ -1,0 +1,133 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "controls/Desktop.h"
+#include "controls/Form.h"
+#include "controls/MsgBox.h"
+#include "tests/support/controls/Hands.h"
+#include "tests/support/controls/Script.h"
+
+namespace testing_support {
+
+// Keys by their Windows codes, for PressKey; the function keys stand in controls/Form.h.
+enum Key : int { kKeyTab = 9, kKeyEnter = 13, kKeyEscape = 27, kKeySpace = 32 };
+
+// A call of the help viewer.
+struct HelpCall {
+  std::wstring file;
+  int topic = 0;
+  int formTemplateId = 0;
+};
+
+// The user in front of a desktop. A test makes one on its Desktop before any form and calls what a
+// person would do. Every gesture has run to its end, events and modal forms included, when it
+// returns: announce what it will bring up (ExpectMsgBox, ExpectModal) before it. A gesture that a
+// person could not make, on a disabled or hidden control or behind a modal form, fails the test;
+// the Try form answers instead, and leaves everything as it was when it says false.
+//
+// What is the same for both back ends stands in User.cpp and Script.cpp, what differs in Hands.
+class User {
+ public:
+  explicit User(controls::Desktop& desktop);
+  // Fails the test when a box or a form that was announced has not appeared.
+  ~User();
+  User(const User&) = delete;
+  User& operator=(const User&) = delete;
+
+  // --- Gestures ---
+
+  void Click(controls::CommandButton& button, Where where = Where::current());
+  bool TryClick(controls::CommandButton& button);
+  void Focus(controls::Control& control, Where where = Where::current());
+  bool TryFocus(controls::Control& control);
+
+  // The characters pass KeyPress one by one and replace the selection: all of the text when the box
+  // gets the focus by this. '\b' is the backspace key.
+  void Type(controls::TextBox& box, const std::wstring& text, Where where = Where::current());
+  bool TryType(controls::TextBox& box, const std::wstring& text);
+  // The same at once from the clipboard, past KeyPress.
+  void Paste(controls::TextBox& box, const std::wstring& text, Where where = Where::current());
+  bool TryPaste(controls::TextBox& box, const std::wstring& text);
+
+  // A click on an item's text: selects it alone in a plain or multi-select list, and moves the
+  // list's focus there in a check list.
+  void Choose(controls::ListBox& list, int item, Where where = Where::current());
+  bool TryChoose(controls::ListBox& list, int item);
+  // Changes an item's check in a check list, its selection alone in a multi-select list.
+  void Toggle(controls::ListBox& list, int item, Where where = Where::current());
+  bool TryToggle(controls::ListBox& list, int item);
+  void DoubleClick(controls::ListBox& list, int item, Where where = Where::current());
+  bool TryDoubleClick(controls::ListBox& list, int item);
+
+  void ChooseTab(controls::TabStrip& tabs, int tab, Where where = Where::current());
+  bool TryChooseTab(controls::TabStrip& tabs, int tab);
+
+  // Opens the closed nodes above first, as a person has to, and clicks the node.
+  void Select(controls::TreeView& tree, int node, Where where = Where::current());
+  bool TrySelect(controls::TreeView& tree, int node);
+  // Opens the closed nodes above first; fails on a node that is open or has no children.
+  void Expand(controls::TreeView& tree, int node, Where where = Where::current());
+  bool TryExpand(controls::TreeView& tree, int node);
+  void Collapse(controls::TreeView& tree, int node, Where where = Where::current());
+  bool TryCollapse(controls::TreeView& tree, int node);
+
+  // Down and up again. Enter presses the focused button, else the default one; Escape the cancel
+  // button; Tab moves the focus; Space toggles the item that has a check list's focus, presses the
+  // focused button or types a blank. All reach the form's key procedures first.
+  void PressKey(controls::Form& form, int keyCode, Where where = Where::current());
+  bool TryPressKey(controls::Form& form, int keyCode);
+  void PressShiftTab(controls::Form& form, Where where = Where::current());
+  // Alt and a letter: presses the button, or focuses the control behind the label or frame, that
+  // has the letter as its mnemonic. Hidden and disabled ones do not answer.
+  void Mnemonic(controls::Form& form, wchar_t letter, Where where = Where::current());
+  bool TryMnemonic(controls::Form& form, wchar_t letter);
+  // The close box.
+  void Close(controls::Form& form, Where where = Where::current());
+  bool TryClose(controls::Form& form);
+
+  // Puts a click into the input queue, as an impatient user does while the program is busy: it
+  // happens when the program next handles input, at the latest in Settle.
+  void ClickLater(controls::CommandButton& button);
+  void Settle();
+
+  // --- What is going to appear, in this order ---
+
+  // The answer is a controls::MsgBoxResult.
+  void ExpectMsgBox(int answer, Where where = Where::current());
+  // Compares what is given as well: ExpectMsgBox({.answer = kResultYes, .prompt = L"..."}).
+  void ExpectMsgBox(ExpectedBox box, Where where = Where::current());
+  // The script runs on the next form that is shown modally, or by Desktop::Run, and has to bring it
+  // to its end. It may announce more itself.
+  void ExpectModal(Script::FormScript script, Where where = Where::current());
+
+  const std::vector<SeenBox>& SeenBoxes() const { return script_.SeenBoxes(); }
+
+  // --- What the program finds around it ---
+
+  void SetLcid(int lcid) { lcid_ = lcid; }
+  // Without a closing backslash.
+  void SetProgramFolder(const std::wstring& folder) { programFolder_ = folder; }
+  void SetCommandLine(const std::wstring& commandLine) { commandLine_ = commandLine; }
+  void SetHelpOutcome(controls::HelpOutcome outcome) { helpOutcome_ = outcome; }
+  int BeepCount() const { return beepCount_; }
+  const std::vector<HelpCall>& HelpCalls() const { return helpCalls_; }
+
+ private:
+  void PutStandIns();
+
+  controls::Desktop& desktop_;
+  Script script_;
+  int lcid_ = 1036;
+  std::wstring programFolder_ = L"C:\\Program Files\\User Administration";
+  std::wstring commandLine_;
+  controls::HelpOutcome helpOutcome_ = controls::HelpOutcome::kShown;
+  int beepCount_ = 0;
+  std::vector<HelpCall> helpCalls_;
+  std::unique_ptr<Hands> hands_;
+};
+
+}  // namespace testing_support
