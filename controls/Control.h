@@ -7,7 +7,8 @@
 // A form is made of the classes of this folder. Each class has one header here and two sources, one
 // over native controls (win32/) and one over plain memory (memory/); the linker chooses. Controls
 // are members of their form, are constructed with it and may be used from Form_Load until the form
-// is unloaded. All of it belongs to the one thread that runs the program.
+// is unloaded; each load starts them afresh, only their event members last. All of it belongs to
+// the one thread that runs the program.
 namespace controls {
 
 class Form;
@@ -39,17 +40,21 @@ class Control {
   int Id() const { return id_; }
   Form& Owner() const { return form_; }
 
+  // What was asked for, of both; a control also stays disabled or hidden while its container is.
+  // The focus never rests on such a control: it passes to the next one in the tab order that takes
+  // it.
   bool Enabled() const;
   void SetEnabled(bool enabled);
-
-  // What was asked for; a control also stays hidden while its container is.
   bool Visible() const;
   void SetVisible(bool visible);
   // Ties the control's showing and hiding to a frame.
   void SetContainer(const Frame& container);
 
+  // Whether it is this control of its form that keys go to; another window in front changes nothing
+  // in that. No control has the focus before the form is shown.
   bool HasFocus() const;
-  // Does nothing while the control is disabled or hidden.
+  // Does nothing while the control is disabled or hidden, or is of a kind that takes no focus
+  // (Label, Frame). Before the form is shown it says which control shall have the focus then.
   void SetFocus();
 
   // The position in the form's tab order, from 0. A new value moves the control there and the ones
@@ -61,6 +66,8 @@ class Control {
   // A combination of Anchor values; left and top unless told otherwise.
   void SetAnchors(unsigned anchors);
 
+  // When the focus moves within the form: LostFocus of the one, then GotFocus of the other. Message
+  // boxes and other forms coming and going raise neither.
   std::function<void()> GotFocus;
   std::function<void()> LostFocus;
 

@@ -29,11 +29,13 @@ class Form {
   // Makes the window and runs Form_Load, which may already unload the form. Does nothing when the
   // form is loaded.
   void Load();
-  // Loads if need be, and shows the form unless its load unloaded it.
+  // Loads if need be, and shows the form unless its load unloaded it. The focus goes to the control
+  // that asked for it, else to the first in the tab order that takes it.
   void Show();
   // The same, with the owner disabled until this form is unloaded; returns then.
   void ShowModal(Form& owner);
-  // Asks Form_Unload first; does nothing when the form is not loaded or refuses.
+  // Asks Form_Unload first; does nothing when the form is not loaded or refuses. The controls raise
+  // no events as they go.
   void Unload();
   bool IsLoaded() const;
   bool IsVisible() const;
@@ -45,7 +47,8 @@ class Form {
   // The icon of the caption and of the task bar.
   void SetIcon(int iconResource);
 
-  // The buttons that Enter and Escape press. Without a cancel button Escape does nothing.
+  // The buttons that Enter and Escape press, without moving the focus. A focused button takes Enter
+  // for itself. Without a cancel button Escape does nothing.
   void SetDefaultButton(CommandButton& button);
   void SetCancelButton(CommandButton& button);
 
@@ -60,8 +63,8 @@ class Form {
   int TemplateId() const { return templateId_; }
   Peer& BackEnd() const { return *peer_; }
 
-  // The event procedures of a form. The back ends call them; an exception that escapes one goes to
-  // Desktop::EscapedError.
+  // The event procedures of a form. The back ends call them; an exception that escapes one of them,
+  // or an event of a control, goes to Desktop::EscapedError and what raised the event goes on.
   virtual void Form_Load() {}
   // Setting cancel keeps the form loaded.
   virtual void Form_Unload(bool& cancel);

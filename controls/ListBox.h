@@ -34,6 +34,7 @@ class ListBox : public Control {
 
   // The new item's number. Nothing is selected or checked by adding.
   int AddItem(const std::wstring& text, std::int32_t itemData = 0);
+  // What is left keeps its checks, its selection and the list index. Removing raises nothing.
   void RemoveItem(int item);
   void Clear();
   int ListCount() const;
@@ -41,9 +42,10 @@ class ListBox : public Control {
   std::int32_t ItemData(int item) const;
   void SetItemData(int item, std::int32_t data);
 
-  // The item that has the list's focus, and that is the selected one in a plain list; -1 for none.
+  // The item that has the list's focus, and that is the selected one in a plain list; -1 for none,
+  // also after that item was removed.
   int ListIndex() const;
-  // Does not raise Click.
+  // Does not raise Click, and changes no selection but a plain list's. -1 takes the focus away.
   void SetListIndex(int item);
 
   // Whether an item is checked (kChecked) or selected (the other kinds).
@@ -52,7 +54,8 @@ class ListBox : public Control {
   void SetSelected(int item, bool selected);
   int SelCount() const;
 
-  // When the user selects an item, and whenever a check has changed.
+  // When the user selects another item, or takes one away from a multi-select list's selection, and
+  // whenever a check has changed.
   std::function<void()> Click;
   std::function<void()> DblClick;
   // After every change of an item's check, the program's own included. A handler may set the item

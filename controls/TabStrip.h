@@ -12,11 +12,13 @@ class TabStrip : public Control {
  public:
   TabStrip(Form& form, int id);
 
+  // The first tab is selected as it comes, without Click.
   void AddTab(const std::wstring& caption);
   void SetTabCaption(int tab, const std::wstring& caption);
   int TabCount() const;
   std::wstring TabCaption(int tab) const;
 
+  // -1 while there is no tab.
   int SelectedTab() const;
   // Raises Click when the tab changes, as a user's choice does.
   void SetSelectedTab(int tab);

@@ -7,7 +7,8 @@
 
 namespace controls {
 
-// One line of text. Positions and lengths count UTF-16 units.
+// One line of text. Positions and lengths count UTF-16 units. Getting the focus selects the whole
+// text, before GotFocus is raised.
 class TextBox : public Control {
  public:
   enum class Masking { kPlain, kMasked };
@@ -16,6 +17,7 @@ class TextBox : public Control {
 
   bool IsMasked() const;
   std::wstring Text() const;
+  // Does nothing when that is the text already; otherwise the selection is empty at the start.
   void SetText(const std::wstring& text);
 
   int SelStart() const;
@@ -26,8 +28,8 @@ class TextBox : public Control {
 
   // On every change of the text, also one made by the program.
   std::function<void()> Change;
-  // Before a typed character enters the text; setting it to 0 discards it. Pasted text does not
-  // pass here.
+  // Before a typed character enters the text, 8 for the backspace key; setting it to 0 discards it.
+  // Pasted text does not pass here.
   std::function<void(wchar_t& character)> KeyPress;
 };
 

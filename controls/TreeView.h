@@ -50,7 +50,9 @@ class TreeView : public Control {
   void SetImage(int node, int image);
   void SetSorted(int node, bool sorted);
   void SetStoredName(int node, std::wstring_view name);
-  // Raises Expand or Collapse when that changes something.
+  // Raises Expand or Collapse, at once, when that changes something. A node without children may
+  // be expanded too: those it gets are shown. Collapsing a node passes the selection from below it
+  // to it, before Collapse is raised and without NodeClick.
   void SetExpanded(int node, bool expanded);
 
   // All that can be read of the nodes.
@@ -61,7 +63,7 @@ class TreeView : public Control {
   // node is removed the selection passes to its next sibling, else its previous, else its parent.
   void SetSelectedNode(int node);
 
-  // When the user selects a node, by mouse or keyboard.
+  // When the user selects another node, by mouse or keyboard.
   std::function<void(int node)> NodeClick;
   std::function<void(int node)> Expand;
   std::function<void(int node)> Collapse;
