@@ -1,0 +1,20 @@
+#include "server/core/NewDatabase.h"
+
+#include <chrono>
+
+#include "server/core/Query.h"
+#include "server/core/Schema.h"
+#include "server/core/SqliteEngine.h"
+
+namespace server {
+
+DataSource CreateDatabase(const DataSources& sources, std::string_view name,
+                          const std::filesystem::path& file) {
+  SqliteEngine engine(file, SqliteEngine::Mode::kCreate, std::chrono::seconds(5));
+  WriteTransaction transaction(engine);
+  CreateSchema(engine);
+  transaction.Commit();
+  return sources.Create(name, file);
+}
+
+}  // namespace server

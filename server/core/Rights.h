@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdint>
+
+#include "server/core/Engine.h"
+
+namespace server {
+
+// The rights mask of a user: the values of all permissions, his own and those of his living groups,
+// joined bit by bit.
+std::int32_t RightsOf(Engine& engine, std::int32_t userId);
+
+}  // namespace server

@@ -1,0 +1,46 @@
+#include "tests/support/data/RawDatabase.h"
+
+#include <stdexcept>
+
+namespace test_support {
+namespace {
+
+int AddRow(void* rows, int columns, char** values, char**) {
+  auto& row = static_cast<std::vector<std::vector<std::string>>*>(rows)->emplace_back();
+  for (int i = 0; i < columns; ++i) row.emplace_back(values[i] != nullptr ? values[i] : "NULL");
+  return 0;
+}
+
+}  // namespace
+
+RawDatabase::RawDatabase(const std::filesystem::path& file) {
+  const std::u8string name = file.u8string();
+  sqlite3* database = nullptr;
+  const int result = sqlite3_open_v2(reinterpret_cast<const char*>(name.c_str()), &database,
+                                     SQLITE_OPEN_READWRITE, nullptr);
+  database_.reset(database);
+  if (result != SQLITE_OK) throw std::runtime_error(sqlite3_errmsg(database));
+  sqlite3_busy_timeout(database, 5000);
+}
+
+void RawDatabase::Execute(const std::string& sql) {
+  Rows(sql);
+}
+
+std::vector<std::vector<std::string>> RawDatabase::Rows(const std::string& sql) {
+  std::vector<std::vector<std::string>> rows;
+  if (sqlite3_exec(database_.get(), sql.c_str(), AddRow, &rows, nullptr) != SQLITE_OK) {
+    throw std::runtime_error(sqlite3_errmsg(database_.get()));
+  }
+  return rows;
+}
+
+std::string RawDatabase::Text(const std::string& sql) {
+  return Rows(sql).at(0).at(0);
+}
+
+std::int64_t RawDatabase::Number(const std::string& sql) {
+  return std::stoll(Text(sql));
+}
+
+}  // namespace test_support
