@@ -1,0 +1,63 @@
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <set>
+#include <vector>
+
+#include "StringTable.h"
+
+namespace {
+
+constexpr int kFirstCaption = 101;
+constexpr int kLastCaption = 199;
+
+// A caption's access key in lower case, 0 without one.
+char AccessKey(const std::string& caption) {
+  const std::size_t at = caption.find('&');
+  if (at == std::string::npos || at + 1 == caption.size()) return 0;
+  return static_cast<char>(std::tolower(static_cast<unsigned char>(caption[at + 1])));
+}
+
+// The captions among these whose access key an earlier one has already.
+std::set<int> Clashes(const std::vector<int>& captions) {
+  std::set<char> keys;
+  std::set<int> clashes;
+  for (int id : captions) {
+    const char key = AccessKey(LoadedText(id));
+    if (key != 0 && !keys.insert(key).second) clashes.insert(id);
+  }
+  return clashes;
+}
+
+TEST(AccessKeys, ACaptionHasAtMostOneAndItIsAPlainLetter) {
+  for (const TableEntry& entry : WrittenTable()) {
+    if (entry.id < kFirstCaption || entry.id > kLastCaption) continue;
+    const std::size_t first = entry.text.find('&');
+    if (first == std::string::npos) continue;
+    EXPECT_EQ(entry.text.find('&', first + 1), std::string::npos) << entry.text;
+    EXPECT_TRUE(std::isalpha(static_cast<unsigned char>(AccessKey(entry.text)))) << entry.text;
+  }
+}
+
+TEST(AccessKeys, OnlyCaptionsOfButtonsAndCommandsHaveOne) {
+  for (const TableEntry& entry : WrittenTable()) {
+    if (entry.id >= kFirstCaption && entry.id <= kLastCaption) continue;
+    EXPECT_EQ(entry.text.find('&'), std::string::npos) << "text " << entry.id;
+  }
+}
+
+// About and the Assign buttons were given the same key, and so were the Assign and None buttons of
+// the group dialog; Windows then goes from one to the next. Nothing else clashes.
+TEST(AccessKeys, InEachWindowTheyDifferExceptWhereTheyWereGivenAlike) {
+  EXPECT_EQ(Clashes({103, 104, 105, 106, 108, 109, 110, 131, 133}), std::set<int>{131});
+  EXPECT_EQ(Clashes({101, 102, 104, 119, 120, 121, 122}), std::set<int>{});
+  EXPECT_EQ(Clashes({101, 102, 104, 119, 131, 133, 120}), std::set<int>{120});
+  EXPECT_EQ(Clashes({101, 102, 104, 114, 115, 116, 117}), std::set<int>{});
+  EXPECT_EQ(Clashes({101, 102, 104, 119, 120}), std::set<int>{});
+}
+
+TEST(AccessKeys, InTheContextMenuTheyDiffer) {
+  EXPECT_EQ(Clashes({108, 109, 110, 131, 133, 105, 111, 112, 113}), std::set<int>{});
+}
+
+}  // namespace

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <span>
+
+// A text whose wording is fixed, down to its odd spellings and its blanks at the end.
+struct GivenText {
+  int id;
+  const char* text;
+};
+
+std::span<const GivenText> GivenTexts();

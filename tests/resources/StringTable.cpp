@@ -1,0 +1,10 @@
+#include "StringTable.h"
+
+const std::vector<TableEntry>& WrittenTable() {
+  static const std::vector<TableEntry> table = {
+#define UADMIN_STRING(id, text) {id, text},
+#include "resources/strings_fr.h"
+#undef UADMIN_STRING
+  };
+  return table;
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+struct TableEntry {
+  int id;
+  std::string text;  // UTF-8
+};
+
+// The string table's source, in the order it is written in.
+const std::vector<TableEntry>& WrittenTable();
+
+// The text that a program gets for a number, as UTF-8; empty when there is none.
+std::string LoadedText(int id);
