@@ -1,0 +1,41 @@
+#include "server/tool/Commands.h"
+
+#include "server/tool/DatabaseCommands.h"
+#include "server/tool/Registration.h"
+
+namespace tool {
+namespace {
+
+constexpr Option kSource{"--source", false, true};
+constexpr Option kUser{"--user", false, true};
+constexpr Option kPassword{"--password"};
+constexpr Option kPasswordInput{"--password-stdin", true};
+
+constexpr Option kCreateOptions[] = {kSource, {"--file", false, true}, {"--force", true}};
+constexpr Option kSourceOnly[] = {kSource};
+constexpr Option kGeneratedOptions[] = {
+    kSource, {"--users", false, true}, {"--groups"}, {"--permissions"}};
+constexpr Option kAdminOptions[] = {kSource, kUser, kPassword, kPasswordInput, {"--full-name"}};
+constexpr Option kOpenOptions[] = {kSource, kUser, kPassword, kPasswordInput};
+constexpr Option kCloseOptions[] = {kSource, {"--session", false, true}};
+constexpr Option kRegisterOptions[] = {{"--user", true}};
+
+constexpr Command kCommands[] = {
+    {"create-database", kCreateOptions, CreateDatabase},
+    {"fill-sample", kSourceOnly, FillSample},
+    {"fill-generated", kGeneratedOptions, FillGenerated},
+    {"add-admin", kAdminOptions, AddAdmin},
+    {"open-session", kOpenOptions, OpenSession},
+    {"list-sessions", kSourceOnly, ListSessions},
+    {"close-session", kCloseOptions, CloseSession},
+    {"register", kRegisterOptions, Register},
+    {"unregister", kRegisterOptions, Unregister},
+};
+
+}  // namespace
+
+std::span<const Command> Commands() {
+  return kCommands;
+}
+
+}  // namespace tool

@@ -1,0 +1,151 @@
+#include "server/tool/DatabaseCommands.h"
+
+#include <chrono>
+#include <ctime>
+#include <istream>
+#include <ostream>
+
+#include "data/Text.h"
+#include "server/core/Accounts.h"
+#include "server/core/CommandLine.h"
+#include "server/core/DataSource.h"
+#include "server/core/Filling.h"
+#include "server/core/NewDatabase.h"
+#include "server/core/Sessions.h"
+#include "server/core/SqliteEngine.h"
+#include "server/tool/Commands.h"
+
+namespace tool {
+namespace {
+
+constexpr int kMostUsers = 1'000'000;
+constexpr int kMostOthers = 100'000;
+
+// A data source opened for work, with the cipher of its passwords.
+struct OpenSource {
+  OpenSource(const Arguments& arguments, const Surroundings& surroundings)
+      : source(server::DataSources(surroundings.home).Find(arguments.Value("--source"))),
+        engine(source.database, server::SqliteEngine::Mode::kExisting, std::chrono::seconds(5)),
+        passwords(server::ReadKey(source)) {}
+
+  server::DataSource source;
+  server::SqliteEngine engine;
+  server::PasswordCipher passwords;
+};
+
+std::wstring Password(const Arguments& arguments, const Surroundings& surroundings) {
+  if (arguments.Has("--password") == arguments.Has("--password-stdin")) {
+    throw UsageError("give either --password or --password-stdin");
+  }
+  if (arguments.Has("--password")) return data::FromUtf8(arguments.Value("--password"));
+  std::string line;
+  std::getline(surroundings.in, line);
+  if (line.ends_with('\r')) line.pop_back();
+  return data::FromUtf8(line);
+}
+
+void RequireEmpty(server::Engine& engine) {
+  if (!server::IsEmptyDatabase(engine)) throw CommandError("the database holds accounts already");
+}
+
+// Makes room for a database and its data source; without leave to replace, refuses where either is.
+void MakeRoom(const server::DataSources& sources, const std::string& name,
+              const std::filesystem::path& file, bool replace) {
+  if (!replace && sources.Exists(name)) {
+    throw CommandError("data source " + name + " exists already; --force replaces it");
+  }
+  if (!replace && std::filesystem::exists(file)) {
+    throw CommandError("the file exists already; --force replaces it");
+  }
+  std::filesystem::path journal = file;
+  journal += "-journal";
+  std::filesystem::remove(file);
+  std::filesystem::remove(journal);
+}
+
+std::string UtcTime(std::int64_t seconds) {
+  const auto time = static_cast<std::time_t>(seconds);
+  std::tm parts{};
+#ifdef _WIN32
+  gmtime_s(&parts, &time);
+#else
+  gmtime_r(&time, &parts);
+#endif
+  char text[32];
+  const std::size_t size = std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &parts);
+  return {text, size};
+}
+
+}  // namespace
+
+void CreateDatabase(const Arguments& arguments, const Surroundings& surroundings) {
+  const std::string& name = arguments.Value("--source");
+  if (!server::DataSources::IsName(name)) {
+    throw UsageError("--source takes up to 64 letters, digits, '-' and '_'");
+  }
+  const std::filesystem::path file = server::PathFromUtf8(arguments.Value("--file"));
+  if (file.empty()) throw UsageError("--file is empty");
+  const server::DataSources sources(surroundings.home);
+  MakeRoom(sources, name, file, arguments.Has("--force"));
+  server::CreateDatabase(sources, name, file);
+}
+
+void FillSample(const Arguments& arguments, const Surroundings& surroundings) {
+  OpenSource open(arguments, surroundings);
+  RequireEmpty(open.engine);
+  server::FillSample(open.engine, open.passwords);
+}
+
+void FillGenerated(const Arguments& arguments, const Surroundings& surroundings) {
+  server::GeneratedSize size;
+  size.users = arguments.Number("--users", 1, kMostUsers);
+  size.groups = arguments.Number("--groups", 2, kMostOthers, size.groups);
+  size.permissions = arguments.Number("--permissions", 1, kMostOthers, size.permissions);
+  OpenSource open(arguments, surroundings);
+  RequireEmpty(open.engine);
+  server::FillGenerated(open.engine, open.passwords, size);
+}
+
+void AddAdmin(const Arguments& arguments, const Surroundings& surroundings) {
+  const std::wstring name = data::FromUtf8(arguments.Value("--user"));
+  const std::wstring password = Password(arguments, surroundings);
+  if (data::Trim(name) != name || name.empty()) {
+    throw UsageError("--user must be a name without blanks around it");
+  }
+  if (password.empty()) throw UsageError("the password is empty");
+  const std::wstring fullName = arguments.Has("--full-name")
+                                    ? data::FromUtf8(arguments.Value("--full-name"))
+                                    : std::wstring();
+  OpenSource open(arguments, surroundings);
+  if (!server::AddAdministrator(open.engine, open.passwords, {name, fullName, password})) {
+    throw CommandError("there is a user of that name already");
+  }
+}
+
+void OpenSession(const Arguments& arguments, const Surroundings& surroundings) {
+  const std::wstring password = Password(arguments, surroundings);
+  OpenSource open(arguments, surroundings);
+  const auto user = server::CheckPassword(open.engine, open.passwords,
+                                          data::FromUtf8(arguments.Value("--user")), password);
+  if (!user) throw CommandError("wrong user or password");
+  const server::OpenedSession session = server::OpenUserSession(open.engine, *user);
+  surroundings.out << server::FormatCommandLine(
+                          {open.source.name, session.token, session.sessionId})
+                   << "\n";
+}
+
+void ListSessions(const Arguments& arguments, const Surroundings& surroundings) {
+  OpenSource open(arguments, surroundings);
+  for (const server::SessionEntry& session : server::ListSessions(open.engine)) {
+    surroundings.out << session.sessionId << "\t" << data::ToUtf8(session.userName) << "\t"
+                     << UtcTime(session.opened) << "\n";
+  }
+}
+
+void CloseSession(const Arguments& arguments, const Surroundings& surroundings) {
+  const int session = arguments.Number("--session", 1, INT32_MAX);
+  OpenSource open(arguments, surroundings);
+  server::CloseUserSession(open.engine, session);
+}
+
+}  // namespace tool
