@@ -45,7 +45,7 @@ bool ReadTyped(LateBound& server, const Bstr& line, std::wstring& sessionText,
   const HRESULT answer = server.TryCall(kReadCommandLine, nullptr, Argument(line),
                                         Reference(text.Out()), Reference(&id));
   if (answer == DISP_E_TYPEMISMATCH || answer == DISP_E_BADVARTYPE) return false;
-  server.Check(answer);
+  server.Check(kReadCommandLine, answer);
   sessionText = text.View();
   sessionId = id;
   return true;

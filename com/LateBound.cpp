@@ -9,6 +9,19 @@
 using Microsoft::WRL::ComPtr;
 
 namespace com {
+namespace {
+
+bool IsUnknownMember(HRESULT answer) {
+  return answer == DISP_E_UNKNOWNNAME || answer == DISP_E_MEMBERNOTFOUND;
+}
+
+std::wstring Filled(std::wstring pattern, std::wstring_view value) {
+  const std::size_t place = pattern.find(L"%1");
+  if (place != std::wstring::npos) pattern.replace(place, 2, value);
+  return pattern;
+}
+
+}  // namespace
 
 LateBound::LateBound(ComPtr<IDispatch> object, std::shared_ptr<MemberIds> ids,
                      std::shared_ptr<ServerFate> fate)
@@ -46,14 +59,14 @@ HRESULT LateBound::InvokeOn(IDispatch* object, DISPID id, DISPPARAMS& arguments,
                             nullptr);
   });
   if (fate_->exception != 0) RaiseLost();
-  if (answer == DISP_E_EXCEPTION) RaiseFailure(answer, details, object, fate_->lostText);
+  if (answer == DISP_E_EXCEPTION) RaiseFailure(answer, details, object, fate_->texts.lost);
   return answer;
 }
 
 void LateBound::CallIfThere(std::size_t member) {
   const HRESULT answer = TryCall(member, nullptr);
-  if (answer == DISP_E_UNKNOWNNAME || answer == DISP_E_MEMBERNOTFOUND) return;
-  Check(answer);
+  if (IsUnknownMember(answer)) return;
+  Check(member, answer);
 }
 
 void LateBound::MakePlain(Variant& value) const {
@@ -67,7 +80,7 @@ void LateBound::MakePlain(Variant& value) const {
   value.Clear();
   DISPPARAMS none{};
   const HRESULT answer = InvokeOn(object.Get(), DISPID_VALUE, none, &value);
-  if (FAILED(answer)) RaiseFailure(answer, object.Get(), fate_->lostText);
+  if (FAILED(answer)) RaiseFailure(answer, object.Get(), fate_->texts.lost);
 }
 
 ComPtr<IDispatch> LateBound::ObjectIn(const VARIANT& value) const {
@@ -81,16 +94,20 @@ ComPtr<IDispatch> LateBound::ObjectIn(const VARIANT& value) const {
     answer = value.punkVal->QueryInterface(IID_PPV_ARGS(object.GetAddressOf()));
   });
   if (fate_->exception != 0) RaiseLost();
-  Check(answer);
+  if (FAILED(answer)) RaiseFailure(answer, object_.Get(), fate_->texts.lost);
   return object;
 }
 
-void LateBound::Raise(HRESULT answer) const {
-  RaiseFailure(answer, object_.Get(), fate_->lostText);
+void LateBound::Raise(std::size_t member, HRESULT answer) const {
+  if (IsUnknownMember(answer)) {
+    throw data::RunTimeError(data::kNoSuchMember,
+                             Filled(fate_->texts.memberMissing, ids_->Name(member)));
+  }
+  RaiseFailure(answer, object_.Get(), fate_->texts.lost);
 }
 
 void LateBound::RaiseLost() const {
-  throw data::RunTimeError(static_cast<long>(fate_->exception), fate_->lostText);
+  throw data::RunTimeError(static_cast<long>(fate_->exception), fate_->texts.lost);
 }
 
 }  // namespace com

@@ -9,14 +9,15 @@
 #include <string>
 
 #include "com/MemberIds.h"
+#include "com/ServerTexts.h"
 #include "com/Variant.h"
 
 namespace com {
 
-// What all objects of one session server share: the text for its loss, and whether that has come.
-// Once a call has ended in a structured exception, nothing of that server is touched again.
+// What all objects of one session server share: the texts for its failures, and whether it has
+// died. Once a call has ended in a structured exception, nothing of that server is touched again.
 struct ServerFate {
-  std::wstring lostText;
+  ServerTexts texts;
   DWORD exception = 0;
 };
 
@@ -33,7 +34,7 @@ class LateBound {
   // Raises 438 when the object has no such member, else what the failure stands for.
   template <typename... Arguments>
   void Call(std::size_t member, VARIANT* result, const Arguments&... arguments) {
-    Check(TryCall(member, result, arguments...));
+    Check(member, TryCall(member, result, arguments...));
   }
 
   // The same; gives failures out that say nothing about the work, only about the call.
@@ -45,9 +46,9 @@ class LateBound {
     return Invoke(member, reversed, sizeof...(Arguments), result);
   }
 
-  // Raises what a failure stands for.
-  void Check(HRESULT answer) const {
-    if (FAILED(answer)) Raise(answer);
+  // Raises what a failed call of a member stands for.
+  void Check(std::size_t member, HRESULT answer) const {
+    if (FAILED(answer)) Raise(member, answer);
   }
 
   // Calls a member for a plain value: a reference is followed, and an object stands for its default
@@ -71,7 +72,7 @@ class LateBound {
   HRESULT Invoke(std::size_t member, VARIANT* reversed, std::size_t count, VARIANT* result);
   HRESULT InvokeOn(IDispatch* object, DISPID id, DISPPARAMS& arguments, VARIANT* result) const;
   void MakePlain(Variant& value) const;
-  [[noreturn]] void Raise(HRESULT answer) const;
+  [[noreturn]] void Raise(std::size_t member, HRESULT answer) const;
   [[noreturn]] void RaiseLost() const;
 
   Microsoft::WRL::ComPtr<IDispatch> object_;

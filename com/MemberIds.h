@@ -33,6 +33,8 @@ class MemberIds {
   // that the object does not have is remembered as such and not asked for again.
   HRESULT Ask(IDispatch* object, std::size_t member, DISPID& id);
 
+  const wchar_t* Name(std::size_t member) const { return names_[member]; }
+
  private:
   std::span<const wchar_t* const> names_;
   std::array<DISPID, kMostMembers> ids_;  // DISPID_UNKNOWN until asked for

@@ -29,7 +29,7 @@ class Wiper {
 
 SessionServerAdapter::SessionServerAdapter(ComPtr<IDispatch> object, const ServerTexts& texts)
     : object_(std::move(object), std::make_shared<MemberIds>(kSessionServerNames),
-              std::make_shared<ServerFate>(ServerFate{texts.lost})) {}
+              std::make_shared<ServerFate>(ServerFate{texts})) {}
 
 void SessionServerAdapter::ReadCommandLine(std::wstring_view commandLine, std::wstring& sessionText,
                                            std::int32_t& sessionId) {

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <windows.h>
+
+// What the server is known by, in the registry and in its type library.
+namespace server::com {
+
+inline constexpr const wchar_t* kProgId = L"Vardex.Vardex.1";
+inline constexpr const wchar_t* kVersionIndependentProgId = L"Vardex.Vardex";
+inline constexpr const wchar_t* kDescription = L"Vardex reference session server";
+
+inline constexpr GUID kClassId = {
+    0x04098af8, 0x3c38, 0x4dc6, {0xba, 0xe7, 0x6c, 0xb8, 0x08, 0x36, 0x4e, 0x64}};
+inline constexpr GUID kSessionServerId = {
+    0xccb1164e, 0xd364, 0x429e, {0x82, 0xc4, 0x26, 0x1c, 0xdc, 0x52, 0xd3, 0x0f}};
+inline constexpr GUID kConnectionId = {
+    0xf832a408, 0xf4d0, 0x4420, {0x82, 0xa7, 0x0e, 0xbb, 0x52, 0xdb, 0xf7, 0xfc}};
+inline constexpr GUID kResultSetId = {
+    0x9f822d8e, 0xf0a3, 0x4048, {0xb0, 0x9b, 0xb7, 0xe7, 0xb3, 0x55, 0x1a, 0xc9}};
+
+}  // namespace server::com

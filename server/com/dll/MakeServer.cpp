@@ -1,0 +1,22 @@
+#include "MakeServer.h"
+
+#include <windows.h>
+
+#include <string>
+#include <utility>
+
+#include "server/core/ReferenceServer.h"
+
+namespace {
+
+void ShowAboutBox(const std::wstring& title, const std::wstring& text) {
+  MessageBoxW(GetActiveWindow(), text.c_str(), title.c_str(), MB_OK | MB_ICONINFORMATION);
+}
+
+}  // namespace
+
+std::unique_ptr<data::SessionServer> MakeServer() {
+  server::ReferenceServer::Options options;
+  options.showAbout = ShowAboutBox;
+  return std::make_unique<server::ReferenceServer>(std::move(options));
+}
