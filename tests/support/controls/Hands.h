@@ -3,11 +3,11 @@
 #include <memory>
 #include <string>
 
+#include "controls/Control.h"
+
 namespace controls {
 class CommandButton;
-class Control;
 class Desktop;
-class Form;
 class ListBox;
 class TabStrip;
 class TextBox;
@@ -55,6 +55,11 @@ class Hands {
   void ClickLater(controls::CommandButton& button);
   // Handles what waits.
   void Settle();
+
+  // What a user sees of a control, without touching anything.
+  bool CanUse(const controls::Control& control) const;
+  controls::Font FontOf(const controls::Control& control) const;
+  controls::Font FontOf(const controls::Form& form) const;
 
   // Takes a form away without asking it, so that a failing test comes to its end.
   void Discard(controls::Form& form);

@@ -94,6 +94,15 @@ class User {
   void ClickLater(controls::CommandButton& button);
   void Settle();
 
+  // --- What the user sees ---
+
+  // Whether a person could work with the control now: it is enabled and on view, its container
+  // included, and its form takes input.
+  bool CanUse(const controls::Control& control) const { return hands_->CanUse(control); }
+  // As last set; without that a back end's own default.
+  controls::Font FontOf(const controls::Control& control) const { return hands_->FontOf(control); }
+  controls::Font FontOf(const controls::Form& form) const { return hands_->FontOf(form); }
+
   // --- What is going to appear, in this order ---
 
   // The answer is a controls::MsgBoxResult.
