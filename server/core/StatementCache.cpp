@@ -9,20 +9,29 @@ namespace {
 
 constexpr std::size_t kMostIdleCursors = 8;
 
-// Most texts are plain ASCII throughout, which widens at a fraction of the cost of decoding.
-bool IsAscii(std::string_view text) {
-  unsigned char all = 0;
-  for (const char letter : text) all |= static_cast<unsigned char>(letter);
-  return all < 0x80;
-}
-
-void Widen(std::wstring& out, std::string_view text) {
-  if (IsAscii(text)) {
-    out.assign(text.begin(), text.end());
-  } else {
-    out.clear();
-    data::AppendUtf8(out, text);
+// Decodes a text into a buffer that only ever grows. ASCII and the letters of Western languages are
+// done here, at the pace at which the rows arrive; a text with any other is left to the general
+// decoder.
+std::wstring_view Widen(std::wstring& buffer, std::string_view utf8) {
+  if (buffer.size() < utf8.size()) buffer.resize(utf8.size());
+  wchar_t* out = buffer.data();
+  const std::size_t size = utf8.size();
+  for (std::size_t i = 0; i < size; ++i) {
+    const auto byte = static_cast<unsigned char>(utf8[i]);
+    if (byte < 0x80) {
+      *out++ = static_cast<wchar_t>(byte);
+      continue;
+    }
+    const auto next = i + 1 < size ? static_cast<unsigned char>(utf8[i + 1]) : 0U;
+    if (byte < 0xC2 || byte > 0xDF || (next & 0xC0U) != 0x80U) {
+      buffer.clear();
+      data::AppendUtf8(buffer, utf8);
+      return buffer;
+    }
+    *out++ = static_cast<wchar_t>((byte & 0x1FU) << 6 | (next & 0x3FU));
+    ++i;
   }
+  return {buffer.data(), static_cast<std::size_t>(out - buffer.data())};
 }
 
 }  // namespace
@@ -37,9 +46,7 @@ data::ColumnValue Cursor::Read(int column) {
     case FieldKind::kText:
       break;
   }
-  std::wstring& text = texts_[static_cast<std::size_t>(column)];
-  Widen(text, field.text);
-  return data::ColumnValue(text);
+  return data::ColumnValue(Widen(texts_[static_cast<std::size_t>(column)], field.text));
 }
 
 CursorLoan::CursorLoan(Engine& engine, std::shared_ptr<CachedStatement> statement)
