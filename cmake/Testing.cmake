@@ -13,6 +13,19 @@ if(NOT TARGET gtest_house)
   endif()
 endif()
 
+# Where a test program leaves the outcome of each of its tests, NAME.xml. Wine knows the host's
+# files as those of its drive Z.
+set(UADMIN_RESULTS ${CMAKE_BINARY_DIR}/results)
+if(WIN32 AND NOT CMAKE_HOST_WIN32)
+  set(UADMIN_RESULTS Z:${UADMIN_RESULTS})
+endif()
+set(UADMIN_TEST_SECONDS 300 CACHE STRING "How long a test program may run")
+
+# The sanitizers' strictest settings; whatever they find ends the program.
+set(UADMIN_SANITIZER_SETTINGS
+  ASAN_OPTIONS=halt_on_error=1:detect_stack_use_after_return=1:strict_string_checks=1:check_initialization_order=1:strict_init_order=1:detect_leaks=1
+  UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1)
+
 # house_test(NAME FOLDER [TARGET ...]): a test program of the folder's sources that links the targets
 # named, and is run by ctest (under Wine where that is needed). Its main function is tests/Main.cpp.
 function(house_test name folder)
@@ -24,4 +37,25 @@ function(house_test name folder)
   target_link_libraries(${name} PRIVATE ${ARGN} gtest_house)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
   add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES
+    TIMEOUT ${UADMIN_TEST_SECONDS}
+    ENVIRONMENT "GTEST_OUTPUT=xml:${UADMIN_RESULTS}/${name}.xml;${UADMIN_SANITIZER_SETTINGS}")
+endfunction()
+
+# house_check(NAME COMMAND ...): a test that is no googletest program; it counts as one test. It
+# runs on the host in any case.
+function(house_check name)
+  add_test(NAME check-${name} COMMAND ${ARGN} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+  set_tests_properties(check-${name} PROPERTIES TIMEOUT ${UADMIN_TEST_SECONDS})
+endfunction()
+
+# house_form_test(NAME FOLDER [TARGET ...]): a house_test of forms, on the control back end of the
+# platform: memory natively, native controls on Windows.
+function(house_form_test name folder)
+  if(WIN32)
+    set(backend test_user_win32 controls_win32 uadmin_resources)
+  else()
+    set(backend test_user_memory controls_memory)
+  endif()
+  house_test(${name} ${folder} ${ARGN} ${backend})
 endfunction()
