@@ -65,7 +65,7 @@ const std::string& TextPool::SortKey(TextRef text) {
 
 bool TextPool::Before(TextRef a, TextRef b) {
   const int order = SortKey(a).compare(SortKey(b));
-  return order != 0 ? order < 0 : a < b;
+  return order != 0 ? order < 0 : At(a).text < At(b).text;
 }
 
 void TextPool::RankAll() {

@@ -28,10 +28,12 @@ class TextPool {
   void Clear();
 
   const std::wstring& Text(TextRef text) const { return At(text).text; }
-  // Whether a stands before b. Equal texts are ordered by number, so that the order is total.
+  // Whether a stands before b. Texts that the sort key holds for equal are ordered by their code
+  // units: the order is total and does not depend on which came first.
   bool Before(TextRef a, TextRef b);
   // Numbers every text by its place in the order, so that Rank answers until a text is added.
   void RankAll();
+  bool Ranked() const { return ranked_; }
   std::uint32_t Rank(TextRef text) const { return At(text).rank; }
 
   std::size_t Count() const { return texts_.size() - free_.size(); }

@@ -36,8 +36,12 @@ class TreeNodes {
   // it that the parent has no other child of this key form and id. Raises nothing; an unknown
   // parent is a broken invariant.
   int Add(int parent, const KeyForm& keyForm, std::int32_t id, TextRef text, int image);
+  // The parent's child of this key form and id, a root where parent is kNoNode; kNoNode without
+  // one.
+  int FindChild(int parent, const KeyForm& keyForm, std::int32_t id) const;
   // Removes a node and all below it.
   void Remove(int node);
+  void RemoveChildren(int node);
   void Clear();
 
   // A text to be shown by any number of nodes. The reference holds while a node shows it and, when
@@ -49,7 +53,8 @@ class TreeNodes {
   int Count() const { return count_; }
   // The living node with the lowest index above the one given; kNoNode when there is none.
   int NextIndex(int node) const;
-  int Root() const;
+  // The first root.
+  int Root() const { return firstRoot_; }
 
   std::wstring Key(int node) const;
   // The node with this key, kNoNode when there is none.
@@ -109,6 +114,7 @@ class TreeNodes {
     bool orderPending : 1 = false;
     bool named : 1 = false;
   };
+  static_assert(sizeof(Node) <= 32);
 
   // Nodes lie in blocks that never move: growing copies nothing and wastes one block at most.
   static constexpr int kBlockBits = 14;
@@ -117,6 +123,7 @@ class TreeNodes {
   Node& At(int node) { return blocks_[node >> kBlockBits][node & (kBlock - 1)]; }
   const Node& At(int node) const { return blocks_[node >> kBlockBits][node & (kBlock - 1)]; }
   int TakeIndex();
+  int KnownForm(const KeyForm& keyForm) const;
   std::uint8_t FormNumber(const KeyForm& keyForm);
   void Link(int node, int parent);
   void Unlink(int node);
@@ -125,18 +132,24 @@ class TreeNodes {
   void ComposeKey(int node, std::wstring& key) const;
   bool MayHaveKey(int node, std::wstring_view key) const;
   void MarkOrderPending(int parent);
+  bool WorthRanking() const;
+  bool StandsBefore(int a, int b, bool byRank);
   void SortChildren(int parent, bool byRank);
+  void TakeMisplaced(int parent, bool byRank);
+  void Relink(int parent);
 
   TextPool texts_;
   std::vector<KeyForm> forms_;
   std::vector<std::unique_ptr<Node[]>> blocks_;
-  int used_ = 1;           // index 0 is never given
-  std::vector<int> free_;  // indexes to be used again, the latest freed last
-  std::vector<int> pending_;
-  std::vector<int> scratch_;
+  int used_ = 1;              // index 0 is never given
+  std::vector<int> free_;     // indexes to be used again, the latest freed last
+  std::vector<int> pending_;  // may hold a node twice, and nodes that no longer wait
+  std::vector<int> ordered_;  // while children are sorted: those in their order, and the others
+  std::vector<int> misplaced_;
   std::unordered_map<int, std::wstring> storedNames_;
   int count_ = 0;
-  int roots_ = kNoNode;
+  int firstRoot_ = kNoNode;
+  int lastRoot_ = kNoNode;
 };
 
 }  // namespace controls
