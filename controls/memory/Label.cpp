@@ -1,0 +1,41 @@
+#include "controls/Label.h"
+
+#include "controls/memory/ControlPeer.h"
+
+namespace controls {
+namespace {
+
+struct LabelPeer : Control::Peer {
+  std::wstring MarkedCaption() const override { return plain ? std::wstring() : caption; }
+
+  std::wstring caption;
+  bool plain = false;
+
+ protected:
+  void StartKind() override {
+    caption.clear();
+    plain = false;
+  }
+};
+
+}  // namespace
+
+Label::Label(Form& form, int id) : Control(form, id, std::make_unique<LabelPeer>()) {}
+
+std::wstring Label::Caption() const {
+  return PeerOf<LabelPeer>(*this).caption;
+}
+
+void Label::SetCaption(const std::wstring& caption) {
+  auto& peer = PeerOf<LabelPeer>(*this);
+  peer.caption = caption;
+  peer.plain = false;
+}
+
+void Label::SetPlainCaption(const std::wstring& caption) {
+  auto& peer = PeerOf<LabelPeer>(*this);
+  peer.caption = caption;
+  peer.plain = true;
+}
+
+}  // namespace controls

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "controls/memory/ControlPeer.h"
+
+namespace controls {
+
+struct TabStripPeer : Control::Peer {
+  bool TakesFocus() const override { return true; }
+  bool Has(int tab) const { return tab >= 0 && tab < static_cast<int>(captions.size()); }
+
+  std::vector<std::wstring> captions;
+  int selected = -1;
+
+ protected:
+  void StartKind() override {
+    captions.clear();
+    selected = -1;
+  }
+};
+
+}  // namespace controls

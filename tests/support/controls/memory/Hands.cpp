@@ -1,0 +1,152 @@
+#include "tests/support/controls/Hands.h"
+
+#include "controls/CommandButton.h"
+#include "controls/TabStrip.h"
+#include "controls/memory/DesktopPeer.h"
+#include "controls/memory/Events.h"
+#include "controls/memory/FormPeer.h"
+#include "controls/memory/ListBoxPeer.h"
+#include "controls/memory/TabStripPeer.h"
+#include "controls/memory/TextBoxPeer.h"
+#include "controls/memory/TreeViewPeer.h"
+#include "tests/support/controls/memory/Keyboard.h"
+
+namespace testing_support {
+
+using namespace controls;
+
+struct Hands::Parts {
+  Desktop& desktop;
+};
+
+Hands::Hands(Desktop& desktop, Script&) : parts_(std::make_unique<Parts>(Parts{desktop})) {}
+Hands::~Hands() = default;
+
+bool Hands::CanUse(const Control& control) const {
+  return control.Owner().BackEnd().TakesInput() && control.BackEnd().Usable();
+}
+
+Font Hands::FontOf(const Control& control) const {
+  return control.BackEnd().font;
+}
+Font Hands::FontOf(const Form& form) const {
+  return form.BackEnd().font;
+}
+
+bool Hands::Focus(Control& control) {
+  if (!CanUse(control) || !control.BackEnd().TakesFocus()) return false;
+  control.SetFocus();
+  return true;
+}
+
+// After Focus has moved the focus, what that set off may have put the control out of reach: the
+// gesture then ends there.
+
+bool Hands::Click(CommandButton& button) {
+  if (!Focus(button)) return false;
+  if (CanUse(button)) button.BackEnd().PressEnter(button);
+  return true;
+}
+
+bool Hands::Type(TextBox& box, const std::wstring& text) {
+  if (!Focus(box)) return false;
+  for (const wchar_t character : text) {
+    if (!CanUse(box) || !box.HasFocus()) break;
+    PeerOf<TextBoxPeer>(box).TypeCharacter(box, character);
+  }
+  return true;
+}
+
+bool Hands::Paste(TextBox& box, const std::wstring& text) {
+  if (!Focus(box)) return false;
+  if (CanUse(box)) PeerOf<TextBoxPeer>(box).ReplaceSelection(box, text);
+  return true;
+}
+
+bool Hands::Choose(ListBox& list, int item) {
+  auto& peer = PeerOf<ListBoxPeer>(list);
+  if (!peer.Has(item) || !Focus(list)) return false;
+  if (CanUse(list) && peer.Has(item)) peer.Choose(list, item);
+  return true;
+}
+
+bool Hands::Toggle(ListBox& list, int item) {
+  auto& peer = PeerOf<ListBoxPeer>(list);
+  if (peer.kind == ListBox::Kind::kPlain || !peer.Has(item) || !Focus(list)) return false;
+  if (CanUse(list) && peer.Has(item)) peer.Toggle(list, item);
+  return true;
+}
+
+bool Hands::DoubleClick(ListBox& list, int item) {
+  if (!Choose(list, item)) return false;
+  if (CanUse(list) && PeerOf<ListBoxPeer>(list).Has(item)) Raise(list.Owner(), list.DblClick);
+  return true;
+}
+
+bool Hands::ChooseTab(TabStrip& tabs, int tab) {
+  if (!PeerOf<TabStripPeer>(tabs).Has(tab) || !Focus(tabs)) return false;
+  if (CanUse(tabs)) tabs.SetSelectedTab(tab);
+  return true;
+}
+
+bool Hands::Select(TreeView& tree, int node) {
+  auto& peer = PeerOf<TreeViewPeer>(tree);
+  if (!peer.nodes.Exists(node) || !Focus(tree)) return false;
+  peer.OpenWay(tree, node);
+  if (!CanUse(tree) || !peer.nodes.Exists(node) || peer.selected == node) return true;
+  peer.selected = node;
+  Raise(tree.Owner(), tree.NodeClick, node);
+  return true;
+}
+
+bool Hands::Expand(TreeView& tree, int node) {
+  auto& peer = PeerOf<TreeViewPeer>(tree);
+  if (!peer.nodes.Exists(node) || peer.nodes.Expanded(node)) return false;
+  if (!peer.nodes.HasChildren(node) || !Focus(tree)) return false;
+  peer.OpenWay(tree, node);
+  if (CanUse(tree) && peer.nodes.Exists(node)) tree.SetExpanded(node, true);
+  return true;
+}
+
+bool Hands::Collapse(TreeView& tree, int node) {
+  auto& peer = PeerOf<TreeViewPeer>(tree);
+  if (!peer.nodes.Exists(node) || !peer.nodes.Expanded(node)) return false;
+  if (!peer.nodes.HasChildren(node) || !Focus(tree)) return false;
+  peer.OpenWay(tree, node);
+  if (CanUse(tree) && peer.nodes.Exists(node)) tree.SetExpanded(node, false);
+  return true;
+}
+
+bool Hands::PressKey(Form& form, int keyCode, bool shift) {
+  if (!form.BackEnd().TakesInput()) return false;
+  RunGuarded(form.OwnerDesktop(), [&] { form.Form_KeyDown(keyCode); });
+  if (form.BackEnd().TakesInput()) PressOnControls(form.BackEnd(), keyCode, shift);
+  if (!form.BackEnd().TakesInput()) return true;
+  RunGuarded(form.OwnerDesktop(), [&] { form.Form_KeyUp(keyCode); });
+  return true;
+}
+
+bool Hands::Mnemonic(Form& form, wchar_t letter) {
+  return form.BackEnd().TakesInput() && PressMnemonic(form.BackEnd(), letter);
+}
+
+bool Hands::Close(Form& form) {
+  if (!form.BackEnd().TakesInput()) return false;
+  form.Unload();
+  return true;
+}
+
+void Hands::ClickLater(CommandButton& button) {
+  parts_->desktop.BackEnd().input.emplace_back([this, &button] { Click(button); });
+}
+
+void Hands::Settle() {
+  while (parts_->desktop.BackEnd().HandleInput()) {
+  }
+}
+
+void Hands::Discard(Form& form) {
+  form.BackEnd().Destroy();
+}
+
+}  // namespace testing_support
