@@ -1,9 +1,8 @@
 #include "server/core/StatementShape.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
-
-#include "server/core/Errors.h"
 
 namespace server {
 namespace {
@@ -44,26 +43,21 @@ bool EndsInName(std::string_view shape) {
          (last >= '0' && last <= '9') || last == '_';
 }
 
-[[noreturn]] void FailToken(std::wstring_view token) {
-  std::wstring message = L"unrecognized token: \"";
-  message += token;
-  message += L"\"";
-  FailDatabase(message);
+std::wstring UnknownToken(std::wstring_view token) {
+  return L"unrecognized token: \"" + std::wstring(token) + L"\"";
 }
 
 }  // namespace
 
-void FailSyntax(std::wstring_view piece) {
-  if (piece.empty()) FailDatabase(L"incomplete input");
-  std::wstring message = L"near \"";
-  message += piece;
-  message += L"\": syntax error";
-  FailDatabase(message);
+std::wstring SyntaxError(std::wstring_view piece) {
+  if (piece.empty()) return L"incomplete input";
+  return L"near \"" + std::wstring(piece) + L"\": syntax error";
 }
 
 void StatementShape::Read(std::wstring_view statement) {
   text_.clear();
   literals_.clear();
+  fault_.clear();
   std::size_t i = 0;
   while (i < statement.size()) {
     const wchar_t unit = statement[i];
@@ -76,10 +70,18 @@ void StatementShape::Read(std::wstring_view statement) {
     } else if (letter == Letter::kQuote) {
       i = ReadText(statement, i);
     } else {
-      FailSyntax(statement.substr(i, 1));
+      i = EndAt(statement, SyntaxError(statement.substr(i, 1)));
     }
   }
-  if (text_.size() > kLongestShape) FailDatabase(L"statement too long");
+  if (text_.size() > kLongestShape) EndAt(statement, L"statement too long");
+}
+
+// The fault stands where it was found, so that what the grammar refuses before it is told first.
+std::size_t StatementShape::EndAt(std::wstring_view statement, std::wstring fault) {
+  text_.resize(std::min(text_.size(), kLongestShape));
+  text_ += kFaultMark;
+  fault_ = std::move(fault);
+  return statement.size();
 }
 
 // A text reaches to the next quote. Two quotes in a row are not taken for one that belongs to the
@@ -87,10 +89,12 @@ void StatementShape::Read(std::wstring_view statement) {
 std::size_t StatementShape::ReadText(std::wstring_view statement, std::size_t quote) {
   const std::size_t start = quote + 1;
   const std::size_t end = statement.find(L'\'', start);
-  if (end == std::wstring_view::npos) FailToken(statement.substr(quote));
+  if (end == std::wstring_view::npos) {
+    return EndAt(statement, UnknownToken(statement.substr(quote)));
+  }
   const std::wstring_view text = statement.substr(start, end - start);
   if (text.find(L'\0') != std::wstring_view::npos) {
-    FailToken(statement.substr(quote, 1 + text.find(L'\0')));
+    return EndAt(statement, UnknownToken(statement.substr(quote, 1 + text.find(L'\0'))));
   }
   literals_.push_back({true, 0, text});
   text_ += kTextMark;
@@ -100,12 +104,14 @@ std::size_t StatementShape::ReadText(std::wstring_view statement, std::size_t qu
 std::size_t StatementShape::ReadNumber(std::wstring_view statement, std::size_t first) {
   const bool negative = statement[first] == L'-';
   std::size_t i = negative ? first + 1 : first;
-  if (i >= statement.size() || !IsDigit(statement[i])) FailSyntax(statement.substr(first, 2));
+  if (i >= statement.size() || !IsDigit(statement[i])) {
+    return EndAt(statement, SyntaxError(statement.substr(first, 2)));
+  }
   std::int64_t number = 0;
   for (; i < statement.size() && IsDigit(statement[i]); ++i) {
     number = number * 10 + (statement[i] - L'0');
     if (number > std::numeric_limits<std::int32_t>::max() + std::int64_t{1}) {
-      FailToken(statement.substr(first, i + 1 - first));
+      return EndAt(statement, UnknownToken(statement.substr(first, i + 1 - first)));
     }
   }
   literals_.push_back({false, negative ? -number : number, {}});

@@ -19,28 +19,34 @@ struct Literal {
 
 class StatementShape {
  public:
-  // Stand for a literal in the shape. Neither may occur in a statement.
+  // Stand for a literal in the shape, and for whatever cannot be part of an accepted statement.
+  // None of them may occur in a statement itself.
   static constexpr char kNumberMark = '#';
   static constexpr char kTextMark = '$';
+  static constexpr char kFaultMark = '!';
 
-  // Takes a statement apart; the statement must outlive the literals. Raises a database error for
-  // every character that no accepted statement has outside a literal: semicolons, comments, other
-  // quotes, other operators, letters beyond ASCII. Two statements with the same shape differ in
-  // nothing but their literals.
+  // Takes a statement apart; the statement must outlive the literals. Two statements with the same
+  // shape differ in nothing but their literals. Reading ends with a fault mark at the first
+  // character that no accepted statement has outside a literal: a semicolon, a comment, another
+  // quote, another operator, a letter beyond ASCII.
   void Read(std::wstring_view statement);
 
   std::string_view Text() const { return text_; }
   std::span<const Literal> Literals() const { return literals_; }
+  // What the database has to say about the fault, where there is one.
+  const std::wstring& Fault() const { return fault_; }
 
  private:
   std::size_t ReadText(std::wstring_view statement, std::size_t quote);
   std::size_t ReadNumber(std::wstring_view statement, std::size_t first);
+  std::size_t EndAt(std::wstring_view statement, std::wstring fault);
 
   std::string text_;
   std::vector<Literal> literals_;
+  std::wstring fault_;
 };
 
-// Raises the database error for a statement that goes wrong at a certain piece of its text.
-[[noreturn]] void FailSyntax(std::wstring_view piece);
+// The database's message about a statement that goes wrong at a certain piece of its text.
+std::wstring SyntaxError(std::wstring_view piece);
 
 }  // namespace server

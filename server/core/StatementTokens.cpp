@@ -1,6 +1,7 @@
 #include "server/core/StatementTokens.h"
 
 #include "data/Text.h"
+#include "server/core/Errors.h"
 
 namespace server {
 namespace {
@@ -13,6 +14,7 @@ bool IsNameLetter(char letter) {
 TokenKind KindOf(char letter) {
   if (letter == StatementShape::kNumberMark) return TokenKind::kNumber;
   if (letter == StatementShape::kTextMark) return TokenKind::kText;
+  if (letter == StatementShape::kFaultMark) return TokenKind::kFault;
   return IsNameLetter(letter) ? TokenKind::kName : TokenKind::kSign;
 }
 
@@ -105,7 +107,7 @@ std::wstring StatementTokens::Piece(const Token& token) const {
 }
 
 void StatementTokens::FailAt(const Token& token) const {
-  FailSyntax(Piece(token));
+  FailDatabase(token.kind == TokenKind::kFault ? shape_.Fault() : SyntaxError(Piece(token)));
 }
 
 }  // namespace server

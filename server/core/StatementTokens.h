@@ -8,7 +8,7 @@
 
 namespace server {
 
-enum class TokenKind { kName, kNumber, kText, kSign, kEnd };
+enum class TokenKind { kName, kNumber, kText, kSign, kFault, kEnd };
 
 struct Token {
   TokenKind kind = TokenKind::kEnd;

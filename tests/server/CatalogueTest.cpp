@@ -1,36 +1,153 @@
-#include <gtest/gtest.h>
+#include <algorithm>
 
+#include "ServerTest.h"
 #include "data/MSQLStatement.h"
-#include "tests/support/data/SampleDatabase.h"
+#include "data/Text.h"
 
 namespace {
 
-using Rows = std::vector<std::vector<std::wstring>>;
+using server_test::Rows;
 
-// Every statement that the program sends, run against the sample and compared with what the bare
-// library reads from the same file.
-class Catalogue : public ::testing::Test {
- protected:
-  Rows Read(std::wstring_view statement, int columns) {
-    Rows rows;
-    const auto set = connection_->OpenResultSet(statement);
-    for (; !set->EndOfRows(); set->MoveNext()) {
-      auto& row = rows.emplace_back();
-      for (int i = 0; i < columns; ++i) row.push_back(set->Column(i).Text());
-    }
-    set->Close();
-    return rows;
-  }
-
-  test_support::SampleDatabase sample_;
-  std::unique_ptr<server::ReferenceServer> server_ = sample_.OpenServer();
-  std::unique_ptr<data::Connection> connection_ = server_->DatabaseConnection();
+// A statement of the program, how many columns it has, and what the bare library is asked for the
+// same rows, in its own words and past the views.
+struct CatalogueCase {
+  std::wstring statement;
+  int columns;
+  std::string raw;
+  bool ordered = false;
 };
 
-TEST_F(Catalogue, AllUsersAreTheLivingOnesByName) {
-  const Rows rows = Read(data::SqlSelectAllUsers(), 3);
-  EXPECT_EQ(rows.size(), 39U);
-  EXPECT_EQ(rows.front(), (std::vector<std::wstring>{L"1", L"Admin", L"Administrateur principal"}));
+const CatalogueCase kSelections[] = {
+    {data::SqlSelectAllUsers(), 3,
+     "select userid, name, coalesce(fullname, '') from qruser where vflg = '' order by name", true},
+    {data::SqlSelectUser(9), 3,
+     "select userid, name, fullname from qruser where userid = 9 and vflg = ''"},
+    {data::SqlSelectUser(17), 3, "select 1 where 0"},
+    {data::SqlSelectUser(-1), 3, "select 1 where 0"},
+    {data::SqlSelectGroupUsers(7), 3,
+     "select u.userid, u.name, u.fullname from qruser u join qrusgp l on l.userid = u.userid"
+     " where l.groupid = 7 and u.vflg = ''"},
+    {data::SqlSelectAllGroups(), 3, "select groupid, name, coalesce(descr, '') from qrgroup"},
+    {data::SqlSelectGroup(6), 3, "select groupid, name, descr from qrgroup where groupid = 6"},
+    {data::SqlSelectUserGroups(9), 3,
+     "select groupid, name, coalesce(descr, '') from qrgroup where groupid in"
+     " (select groupid from qrusgp where userid = 9)"},
+    {data::SqlSelectUserGroupIds(9), 1, "select groupid from qrusgp where userid = 9"},
+    {data::SqlSelectGroupMemberships(6), 2, "select groupid, userid from qrusgp where groupid = 6"},
+    {data::SqlSelectUserMemberships(9), 2, "select userid, groupid from qrusgp where userid = 9"},
+    {data::SqlSelectMembership(7, 9), 2, "select 9, 7"},
+    {data::SqlSelectMembership(6, 9), 2, "select 1 where 0"},
+    {data::SqlSelectUserPermIds(9), 1, "select permid from qruprm where userid = 9"},
+    {data::SqlSelectUserPermRows(9), 2, "select userid, permid from qruprm where userid = 9"},
+    {data::SqlSelectUserPermission(9, 20), 2, "select 9, 20"},
+    {data::SqlSelectUserPermissionNames(9), 2,
+     "select permid, name from qrperm where permid in (select permid from qruprm where userid = "
+     "9)"},
+    {data::SqlSelectInheritedPermissions(9), 2,
+     "select permid, name from qrperm where permid in (select permid from qrgprm where groupid in"
+     " (select groupid from qrusgp where userid = 9))"},
+    {data::SqlSelectInheritedPermissions(17), 2, "select 1 where 0"},
+    {data::SqlSelectGroupPermIds(6), 1, "select permid from qrgprm where groupid = 6"},
+    {data::SqlSelectGroupPermRows(6), 2, "select groupid, permid from qrgprm where groupid = 6"},
+    {data::SqlSelectGroupPermission(6, 21), 2, "select 6, 21"},
+    {data::SqlSelectGroupPermissionNames(6), 2,
+     "select permid, name from qrperm where permid in (select permid from qrgprm where groupid = "
+     "6)"},
+    {data::SqlSelectAllPermissions(), 2, "select permid, name from qrperm"},
+    {data::SqlSelectAdminUser(), 1, "select 1"},
+    {data::SqlSelectProtectedGroups(), 2,
+     "select groupid, name from qrgroup where groupid in (1, 2)"},
+    {data::SqlSelectGroupByName(L"Everyone"), 1, "select 2"},
+};
+
+struct CatalogueChange {
+  std::wstring statement;
+  std::int32_t affected;
+  // Counts what must be gone, in the bare library's words.
+  std::string left;
+};
+
+const CatalogueChange kChanges[] = {
+    {data::SqlDeleteMembership(7, 9), 1,
+     "select count(*) from qrusgp where groupid = 7 and userid = 9"},
+    {data::SqlDeleteMembership(6, 9), 0,
+     "select count(*) from qrusgp where groupid = 6 and userid = 9"},
+    {data::SqlDeleteUserMemberships(9), 3, "select count(*) from qrusgp where userid = 9"},
+    {data::SqlDeleteGroupMemberships(6), 4, "select count(*) from qrusgp where groupid = 6"},
+    {data::SqlDeleteAllGroupUsers(6), 4, "select count(*) from qrusgp where groupid = 6"},
+    {data::SqlDeleteUserPermission(9, 20), 1,
+     "select count(*) from qruprm where userid = 9 and permid = 20"},
+    {data::SqlDeleteUserPermissions(9), 2, "select count(*) from qruprm where userid = 9"},
+    {data::SqlDeleteGroupPermission(6, 21), 1,
+     "select count(*) from qrgprm where groupid = 6 and permid = 21"},
+    {data::SqlDeleteGroupPermissions(6), 6, "select count(*) from qrgprm where groupid = 6"},
+};
+
+Rows Expected(test_support::RawDatabase& raw, const std::string& sql) {
+  Rows rows;
+  for (const auto& row : raw.Rows(sql)) {
+    auto& texts = rows.emplace_back();
+    for (const std::string& text : row) texts.push_back(data::FromUtf8(text));
+  }
+  return rows;
+}
+
+using Catalogue = server_test::OnSample;
+
+TEST_F(Catalogue, EverySelectionGivesTheRowsThatTheTablesHold) {
+  test_support::RawDatabase raw = sample_.Raw();
+  for (const CatalogueCase& entry : kSelections) {
+    Rows read = Read(entry.statement, entry.columns);
+    Rows expected = Expected(raw, entry.raw);
+    if (!entry.ordered) {
+      std::sort(read.begin(), read.end());
+      std::sort(expected.begin(), expected.end());
+    }
+    EXPECT_EQ(read, expected) << data::ToUtf8(entry.statement);
+  }
+}
+
+TEST_F(Catalogue, EverySelectionGivesTheSameRowsWhenItIsOpenedAgain) {
+  for (const CatalogueCase& entry : kSelections) {
+    const Rows first = Read(entry.statement, entry.columns);
+    EXPECT_EQ(Read(entry.statement, entry.columns), first) << data::ToUtf8(entry.statement);
+  }
+}
+
+TEST(CatalogueChanges, EveryDeletionTakesItsRowsAndNoOthers) {
+  for (const CatalogueChange& entry : kChanges) {
+    test_support::SampleDatabase sample;
+    const auto server = sample.OpenServer();
+    const auto connection = server->DatabaseConnection();
+    const std::string all =
+        "select (select count(*) from qrusgp) + (select count(*) from qruprm)"
+        " + (select count(*) from qrgprm)";
+    const std::int64_t before = sample.Raw().Number(all);
+    EXPECT_EQ(connection->Execute(entry.statement), entry.affected)
+        << data::ToUtf8(entry.statement);
+    EXPECT_EQ(sample.Raw().Number(entry.left), 0) << data::ToUtf8(entry.statement);
+    EXPECT_EQ(sample.Raw().Number(all), before - entry.affected);
+  }
+}
+
+TEST_F(Catalogue, TheSessionUserIsFoundWhileTheSessionIsOpen) {
+  const std::int64_t session = sample_.Raw().Number("select sesid from qrausr");
+  const auto statement = data::SqlSelectSessionUser(static_cast<std::int32_t>(session));
+  EXPECT_EQ(Read(statement, 1), (Rows{{L"1"}}));
+}
+
+TEST_F(Catalogue, ColumnsAreNumbersAndTextsAsTheTablesHaveThem) {
+  const auto set = connection_->OpenResultSet(data::SqlSelectUser(20));
+  EXPECT_EQ(set->Column(0).Integer(), 20);
+  EXPECT_EQ(set->Column(1).Text(), L"Blanc");
+  EXPECT_TRUE(set->Column(2).IsNull());
+  EXPECT_FALSE(set->Column(3).IsNull());
+}
+
+TEST_F(Catalogue, AnEmptyFullNameIsNoNull) {
+  const auto set = connection_->OpenResultSet(data::SqlSelectUser(26));
+  EXPECT_FALSE(set->Column(2).IsNull());
+  EXPECT_TRUE(set->Column(2).IsNullOrEmpty());
 }
 
 }  // namespace
