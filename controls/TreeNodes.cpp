@@ -24,7 +24,7 @@ int TreeNodes::Add(int parent, const KeyForm& keyForm, std::int32_t id, TextRef 
 
 int TreeNodes::TakeIndex() {
   if (free_.empty()) {
-    if (used_ == static_cast<int>(blocks_.size()) * kBlock) {
+    if (used_ >= static_cast<int>(blocks_.size()) * kBlock) {
       blocks_.push_back(std::make_unique<Node[]>(kBlock));
     }
     return used_++;

@@ -18,9 +18,9 @@ using Where = std::source_location;
 // A message box that a test expects. What is left empty is not compared.
 struct ExpectedBox {
   int answer = 0;
-  std::optional<std::wstring> prompt;
-  std::optional<int> style;
-  std::optional<std::wstring> title;
+  std::optional<std::wstring> prompt = {};
+  std::optional<int> style = {};
+  std::optional<std::wstring> title = {};
 };
 
 // A message box that has appeared, with the answer it was given.

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +21,8 @@ struct CallLog {
   // Asked before each call or statement with its text; a number other than 0 makes it fail with
   // that error. Empty: nothing fails.
   std::function<long(const std::wstring& call)> FailAt;
+  // Given out instead of the session's own rights mask.
+  std::optional<std::int32_t> rights;
 
   void Server(const std::wstring& call) {
     serverCalls.push_back(call);

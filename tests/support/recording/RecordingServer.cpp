@@ -50,7 +50,8 @@ class RecordingServer : public data::SessionServer {
   }
   std::int32_t GetRights() override {
     log_.Server(L"GetRights");
-    return server_->GetRights();
+    const std::int32_t own = server_->GetRights();
+    return log_.rights.value_or(own);
   }
   void SetMode(std::int32_t mode) override {
     log_.Server(L"SetMode " + data::Decimal(mode));

@@ -1,0 +1,127 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+
+#include "browser/AccountRows.h"
+#include "data/MSQLStatement.h"
+#include "data/RunTimeError.h"
+#include "data/Text.h"
+#include "tests/support/window/MainWindow.h"
+
+namespace browser {
+namespace {
+
+using controls::TreeNodes;
+using controls::TreeView;
+
+class Refresh : public testing_support::MainWindow {
+ protected:
+  static void ExpectOnItsRoot(const TreeView& tree) {
+    EXPECT_EQ(tree.SelectedNode(), tree.Nodes().Root());
+    EXPECT_TRUE(tree.Nodes().Expanded(tree.Nodes().Root()));
+  }
+};
+
+TEST_F(Refresh, BothTreesStartOnTheirRootsOpen) {
+  Run([](frmUserGroupPerm& window) {
+    for (const TreeView& tree : window.TreeView1) ExpectOnItsRoot(tree);
+    EXPECT_EQ(window.TreeView1[0].Nodes().Text(1), L"Utilisateurs");
+    EXPECT_EQ(window.TreeView1[1].Nodes().Text(1), L"Groupes");
+  });
+}
+
+TEST_F(Refresh, TheButtonShowsWhatTheDatabaseHoldsByThenAndReturnsToTheRoots) {
+  Run([this](frmUserGroupPerm& window) {
+    TreeView& users = window.TreeView1[0];
+    user.Select(users, NodeAt(users, {L"Martin (Jean Martin)", L"Membre du Groupe"}));
+    Raw().Execute("INSERT INTO QRUSER (USERID, NAME, FULLNAME) VALUES (500, 'Nouvelle', 'Anne')");
+    Raw().Execute("UPDATE QRGROUP SET NAME = 'Labo' WHERE GROUPID = 12");
+    Raw().Execute("DELETE FROM QRUSGP WHERE USERID = 9 AND GROUPID = 7");
+    user.Click(window.cmdBtn[0]);
+    for (const TreeView& tree : window.TreeView1) ExpectOnItsRoot(tree);
+    NodeAt(users, {L"Nouvelle (Anne)"});
+    EXPECT_EQ(ChildTexts(users, NodeAt(users, {L"Martin (Jean Martin)", L"Membre du Groupe"})),
+              (std::vector<std::wstring>{L"Labo (Mesures et essais)",
+                                         L"Tout le monde (Tous les utilisateurs)"}));
+    EXPECT_EQ(window.userCount, 40);
+  });
+}
+
+TEST_F(Refresh, F5RefreshesToo) {
+  Run([this](frmUserGroupPerm& window) {
+    Raw().Execute("INSERT INTO QRUSER (USERID, NAME) VALUES (500, 'Nouvelle')");
+    user.PressKey(window, controls::kKeyF5);
+    NodeAt(window.TreeView1[0], {L"Nouvelle"});
+  });
+}
+
+TEST_F(Refresh, RefreshingTwiceGivesTheSameTreesAndCounts) {
+  Run([this](frmUserGroupPerm& window) {
+    const auto dump = [&window] {
+      std::vector<std::wstring> all;
+      for (const TreeView& tree : window.TreeView1) {
+        const TreeNodes& nodes = tree.Nodes();
+        for (int node = nodes.NextIndex(0); node != controls::kNoNode;
+             node = nodes.NextIndex(node)) {
+          all.push_back(nodes.Key(node) + L"=" + nodes.FullPath(node));
+        }
+      }
+      std::sort(all.begin(), all.end());
+      return all;
+    };
+    const auto before = dump();
+    user.Click(window.cmdBtn[0]);
+    EXPECT_EQ(dump(), before);
+    EXPECT_EQ(window.userCount, 39);
+    EXPECT_EQ(window.groupCount, 12);
+  });
+}
+
+TEST_F(Refresh, AFailureIsReportedSaidInTheStatusLineAndTheProgramGoesOn) {
+  Run([this](frmUserGroupPerm& window) {
+    log.FailAt = [](const std::wstring& call) {
+      return call == data::SqlSelectGroupUsers(6) ? 1234L : 0L;
+    };
+    user.ExpectMsgBox(
+        {.answer = controls::kResultOk,
+         .prompt = L"GroupNode Error [1234]\r\ninjected: " + data::SqlSelectGroupUsers(6)});
+    user.Click(window.cmdBtn[0]);
+    EXPECT_EQ(window.lblStatus.Caption(), Text(405));
+    EXPECT_TRUE(window.IsLoaded());
+    EXPECT_EQ(desktop.Pointer(), controls::MousePointer::kDefault);
+    log.FailAt = {};
+    user.Click(window.cmdBtn[0]);
+    EXPECT_EQ(window.groupCount, 12);
+    EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 12 groupes, 30 permissions");
+  });
+}
+
+TEST_F(Refresh, ALockedDatabaseIsReportedWithItsOwnMessageAndReadOnceItIsFree) {
+  Database().SetLockWait(std::chrono::milliseconds(50));
+  Run([this](frmUserGroupPerm& window) {
+    auto writer = Raw();
+    writer.Execute("BEGIN EXCLUSIVE");
+    user.ExpectMsgBox({.answer = controls::kResultOk,
+                       .prompt = L"UserNode Error [-2147467259]\r\ndatabase is locked"});
+    EXPECT_EQ(window.RefreshTree(), kFailed);
+    writer.Execute("ROLLBACK");
+    EXPECT_EQ(window.RefreshTree(), kDone);
+    EXPECT_EQ(window.userCount, 39);
+  });
+}
+
+TEST(AccountCount, The32768thAccountOfAKindIsRunTimeError6) {
+  std::int16_t count = std::numeric_limits<std::int16_t>::max() - 1;
+  CountOneMore(count);
+  EXPECT_EQ(count, 32767);
+  try {
+    CountOneMore(count);
+    FAIL() << "counted beyond 16 bits";
+  } catch (const data::RunTimeError& error) {
+    EXPECT_EQ(error.Number(), data::kOverflow);
+  }
+}
+
+}  // namespace
+}  // namespace browser

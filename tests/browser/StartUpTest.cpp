@@ -1,0 +1,206 @@
+#include <gtest/gtest.h>
+
+#include "app/StringIds.h"
+#include "data/MSQLStatement.h"
+#include "data/RunTimeError.h"
+#include "data/Text.h"
+#include "tests/support/window/MainWindow.h"
+
+namespace browser {
+namespace {
+
+using controls::kResultOk;
+using testing_support::CallLog;
+using Strings = std::vector<std::wstring>;
+
+class StartUp : public testing_support::MainWindow {
+ protected:
+  static constexpr long kInjected = 1234;
+
+  // The report that an injected failure of a call must bring up.
+  void ExpectReport(const std::wstring& procedure, const std::wstring& call) {
+    user.ExpectMsgBox({.answer = kResultOk,
+                       .prompt = procedure + L" Error [1234]\r\ninjected: " + call,
+                       .style = controls::kExclamation,
+                       .title = L"Admin Utilisateurs"});
+  }
+  void FailAt(const std::wstring& call) {
+    log.FailAt = [call](const std::wstring& current) { return current == call ? kInjected : 0; };
+  }
+};
+
+TEST_F(StartUp, TheServerIsAskedInAFixedOrderAndTheLookupsComeBeforeTheTrees) {
+  Run([](frmUserGroupPerm&) {});
+  const Strings calls(log.serverCalls.begin(), log.serverCalls.begin() + 6);
+  EXPECT_EQ(calls, (Strings{L"ReadCommandLine", L"OpenSession", L"GetRights", L"SetMode 1",
+                            L"GetSessionUserText", L"DatabaseConnection"}));
+  ASSERT_GT(log.statements.size(), 6U);
+  EXPECT_EQ(log.statements[0], data::SqlSelectSessionUser(global.sessionId));
+  EXPECT_EQ(log.statements[1], data::SqlSelectAdminUser());
+  EXPECT_EQ(log.statements[2], data::SqlSelectProtectedGroups());
+  EXPECT_EQ(log.statements[3], L"BeginRead");
+  EXPECT_EQ(log.statements[4], data::SqlSelectAllUsers());
+  EXPECT_EQ(log.statements[log.statements.size() - 2], L"EndRead");
+  EXPECT_EQ(log.statements.back(), data::SqlSelectAllPermissions());
+}
+
+TEST_F(StartUp, TheSessionAndTheProtectedAccountsAreKept) {
+  Run(
+      [this](frmUserGroupPerm& window) {
+        EXPECT_EQ(window.accounts.currentUserId, 2);
+        EXPECT_EQ(window.accounts.adminUserId, 1);
+        EXPECT_EQ(window.accounts.administratorsGroupId, 1);
+        EXPECT_EQ(window.accounts.everyoneGroupId, 2);
+        EXPECT_TRUE(window.isStarted);
+        EXPECT_EQ(global.sessionRights & 4, 4);
+        EXPECT_EQ(global.sessionUserText, L"Moreau (Delphine Moreau)");
+        EXPECT_EQ(global.helpFile, L"C:\\Program Files\\User Administration\\ORMEX.chm");
+      },
+      L"Moreau");
+  EXPECT_FALSE(global.startUpFailed);
+}
+
+TEST_F(StartUp, ARightsMaskWithoutTheValue4IsRefusedWordForWordAndNothingElseHappens) {
+  log.rights = 3;
+  user.ExpectMsgBox(
+      {.answer = kResultOk,
+       .prompt = data::FromUtf8("Permission Admin Utilisateurs requise pour modifier,\r\n"
+                                "créer ou supprimer une permission de groupe ou d'utilisateur."),
+       .style = controls::kExclamation,
+       .title = L"Admin Utilisateurs"});
+  Run();
+  EXPECT_EQ(log.serverCalls, (Strings{L"ReadCommandLine", L"OpenSession", L"GetRights"}));
+  EXPECT_TRUE(log.statements.empty());
+  EXPECT_FALSE(global.startUpFailed);
+  EXPECT_EQ(global.SessionServer, nullptr);
+}
+
+TEST_F(StartUp, ARightsMaskOf4Or7Passes) {
+  for (const int mask : {4, 7}) {
+    log.rights = mask;
+    bool started = false;
+    Run([&](frmUserGroupPerm& window) { started = window.isStarted; });
+    EXPECT_TRUE(started) << mask;
+  }
+}
+
+TEST_F(StartUp, ASessionWithoutARowLeavesTheCurrentUserAt0) {
+  log.FailAt = [this](const std::wstring& call) {
+    if (call == data::SqlSelectSessionUser(global.sessionId)) Raw().Execute("DELETE FROM QRAUSR");
+    return 0L;
+  };
+  Run([](frmUserGroupPerm& window) { EXPECT_EQ(window.accounts.currentUserId, 0); });
+}
+
+TEST_F(StartUp, MissingProtectedAccountsLeaveTheirIdentifiersAt0AndTheProgramRuns) {
+  Raw().Execute("UPDATE QRUSER SET NAME = 'Root' WHERE NAME = 'Admin'");
+  Raw().Execute("UPDATE QRGROUP SET NAME = 'Chefs' WHERE NAME = 'Administrators'");
+  Run(
+      [](frmUserGroupPerm& window) {
+        EXPECT_EQ(window.accounts.adminUserId, 0);
+        EXPECT_EQ(window.accounts.administratorsGroupId, 0);
+        EXPECT_EQ(window.accounts.everyoneGroupId, 2);
+        EXPECT_TRUE(window.isStarted);
+      },
+      L"Moreau");
+}
+
+TEST_F(StartUp, AProtectedGroupIsRecognisedByItsExactNameWithoutTheBlanksAroundIt) {
+  Raw().Execute("UPDATE QRGROUP SET NAME = 'everyone' WHERE NAME = 'Everyone'");
+  Run([](frmUserGroupPerm& window) { EXPECT_EQ(window.accounts.everyoneGroupId, 0); });
+}
+
+TEST_F(StartUp, AFailingServerCallIsReportedAsFormLoadAndEndsTheStartUp) {
+  for (const wchar_t* call : {L"ReadCommandLine", L"OpenSession", L"GetRights", L"SetMode 1",
+                              L"GetSessionUserText", L"DatabaseConnection"}) {
+    SCOPED_TRACE(data::ToUtf8(call));
+    global.startUpFailed = false;
+    FailAt(call);
+    ExpectReport(L"Form Load", call);
+    Run();
+    EXPECT_TRUE(global.startUpFailed);
+    EXPECT_EQ(log.serverCalls.back(), call);
+    EXPECT_TRUE(log.statements.empty());
+    EXPECT_EQ(global.SessionServer, nullptr);
+  }
+}
+
+TEST_F(StartUp, AServerThatCannotBeMadeIsReportedWithTheTextOfItsError) {
+  global.CreateSessionServer = []() -> std::unique_ptr<data::SessionServer> {
+    throw data::RunTimeError(data::kCannotCreateObject);
+  };
+  user.ExpectMsgBox({.answer = kResultOk, .prompt = L"Form Load Error [429]\r\n" + Text(10429)});
+  Run();
+  EXPECT_TRUE(global.startUpFailed);
+}
+
+TEST_F(StartUp, AFailingLookupIsReportedUnderItsOwnNameAndTheProgramDoesNotGoOnUnprotected) {
+  const std::pair<std::wstring, std::function<std::wstring()>> lookups[] = {
+      {L"GetCurrentUser", [this] { return data::SqlSelectSessionUser(global.sessionId); }},
+      {L"GetAdminUser", [] { return data::SqlSelectAdminUser(); }},
+      {L"GetAdministratorsAndEveryoneGroup", [] { return data::SqlSelectProtectedGroups(); }},
+  };
+  for (const auto& [procedure, statement] : lookups) {
+    SCOPED_TRACE(data::ToUtf8(procedure));
+    global.startUpFailed = false;
+    log.statements.clear();
+    log.FailAt = [make = statement](const std::wstring& call) {
+      return call == make() ? kInjected : 0;
+    };
+    user.ExpectMsgBox({.answer = kResultOk, .style = controls::kExclamation});
+    Run();
+    EXPECT_EQ(user.SeenBoxes().back().prompt,
+              procedure + L" Error [1234]\r\ninjected: " + log.statements.back());
+    EXPECT_TRUE(global.startUpFailed);
+  }
+}
+
+TEST_F(StartUp, ATreeThatCannotBeReadIsReportedOnceAndEndsTheStartUp) {
+  const std::pair<const wchar_t*, std::wstring> failures[] = {
+      {L"RefreshTree", L"BeginRead"},
+      {L"UserNode", data::SqlSelectAllUsers()},
+      {L"UserNode", data::SqlSelectUserGroups(9)},
+      {L"UserNode", data::SqlSelectUserPermissionNames(9)},
+      {L"UserNode", data::SqlSelectInheritedPermissions(9)},
+      {L"UserNode", L"GetDisplayName 104 Laboratoire"},
+      {L"GroupNode", data::SqlSelectAllGroups()},
+      {L"GroupNode", data::SqlSelectGroupUsers(6)},
+      {L"GroupNode", data::SqlSelectGroupPermissionNames(6)},
+  };
+  for (const auto& [procedure, call] : failures) {
+    SCOPED_TRACE(data::ToUtf8(call));
+    global.startUpFailed = false;
+    FailAt(call);
+    ExpectReport(procedure, call);
+    Run();
+    EXPECT_TRUE(global.startUpFailed);
+  }
+}
+
+TEST_F(StartUp, PermissionsThatCannotBeCountedAreReportedAndTheProgramRuns) {
+  FailAt(data::SqlSelectAllPermissions());
+  ExpectReport(L"GetCountPerm", data::SqlSelectAllPermissions());
+  Run([](frmUserGroupPerm& window) { EXPECT_TRUE(window.isStarted); });
+  EXPECT_FALSE(global.startUpFailed);
+}
+
+TEST_F(StartUp, ClosingTheWindowReleasesTheConnectionAndTheServer) {
+  Run([this](frmUserGroupPerm& window) {
+    ASSERT_NE(global.databaseConnection, nullptr);
+    user.Click(window.cmdBtn[1]);
+    EXPECT_FALSE(window.IsLoaded());
+    EXPECT_EQ(global.databaseConnection, nullptr);
+    EXPECT_EQ(global.SessionServer, nullptr);
+  });
+}
+
+TEST_F(StartUp, NothingIsWrittenToTheDatabase) {
+  Run([](frmUserGroupPerm&) {});
+  for (const std::wstring& statement : log.statements) {
+    EXPECT_TRUE(statement.starts_with(L"SELECT") || statement.ends_with(L"Read"))
+        << data::ToUtf8(statement);
+  }
+}
+
+}  // namespace
+}  // namespace browser

@@ -1,0 +1,159 @@
+#include <gtest/gtest.h>
+
+#include "browser/TreeImages.h"
+#include "data/Text.h"
+#include "tests/support/window/MainWindow.h"
+
+namespace browser {
+namespace {
+
+using controls::CommandButton;
+
+class Window : public testing_support::MainWindow {};
+
+TEST_F(Window, EveryCaptionComesFromTheStringTable) {
+  Run([this](frmUserGroupPerm& window) {
+    EXPECT_EQ(window.Caption(), Text(250));
+    EXPECT_EQ(window.TabStrip1.TabCaption(0), Text(301));
+    EXPECT_EQ(window.TabStrip1.TabCaption(1), Text(302));
+    EXPECT_EQ(window.fraUser.Caption(), Text(303));
+    EXPECT_EQ(window.fraMemberOf.Caption(), Text(304));
+    EXPECT_EQ(window.fraUserPermission.Caption(), Text(305));
+    EXPECT_EQ(window.fraGroup.Caption(), Text(308));
+    EXPECT_EQ(window.fraMember.Caption(), Text(309));
+    EXPECT_EQ(window.fraGroupPermission.Caption(), Text(310));
+    for (const CommandButton* buttons : {window.cmdUser, window.cmdGroup}) {
+      EXPECT_EQ(buttons[0].Caption(), Text(108));
+      EXPECT_EQ(buttons[1].Caption(), Text(109));
+      EXPECT_EQ(buttons[2].Caption(), Text(110));
+    }
+    for (const CommandButton* buttons : {window.cmdMemberOf, window.cmdUserPermission,
+                                         window.cmdMember, window.cmdGroupPermission}) {
+      EXPECT_EQ(buttons[0].Caption(), Text(131));
+      EXPECT_EQ(buttons[1].Caption(), Text(133));
+    }
+    EXPECT_EQ(window.cmdBtn[0].Caption(), Text(105));
+    EXPECT_EQ(window.cmdBtn[1].Caption(), Text(103));
+    EXPECT_EQ(window.cmdAbout.Caption(), Text(106));
+    EXPECT_EQ(window.Command1.Caption(), Text(104));
+  });
+}
+
+TEST_F(Window, ATabShowsItsTreeAndItsSectionsAndHidesTheOthers) {
+  Run([this](frmUserGroupPerm& window) {
+    const auto expectPage = [&window](bool users) {
+      EXPECT_EQ(window.TreeView1[0].Visible(), users);
+      EXPECT_EQ(window.fraUser.Visible(), users);
+      EXPECT_EQ(window.fraMemberOf.Visible(), users);
+      EXPECT_EQ(window.fraUserPermission.Visible(), users);
+      EXPECT_EQ(window.TreeView1[1].Visible(), !users);
+      EXPECT_EQ(window.fraGroup.Visible(), !users);
+      EXPECT_EQ(window.fraMember.Visible(), !users);
+      EXPECT_EQ(window.fraGroupPermission.Visible(), !users);
+    };
+    expectPage(true);
+    user.ChooseTab(window.TabStrip1, 1);
+    expectPage(false);
+    user.ChooseTab(window.TabStrip1, 0);
+    expectPage(true);
+  });
+}
+
+TEST_F(Window, TheStatusLineTellsTheCounts) {
+  Run([](frmUserGroupPerm& window) {
+    EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 12 groupes, 30 permissions");
+  });
+}
+
+TEST_F(Window, TheHelpButtonAndF1OpenTopic109) {
+  Run([this](frmUserGroupPerm& window) {
+    user.Click(window.Command1);
+    user.PressKey(window, controls::kKeyF1);
+    ASSERT_EQ(user.HelpCalls().size(), 2U);
+    for (const auto& call : user.HelpCalls()) {
+      EXPECT_EQ(call.topic, 109);
+      EXPECT_EQ(call.file, global.helpFile);
+    }
+  });
+}
+
+TEST_F(Window, AboutIsTheServersAndGetsTheExecutablesName) {
+  Run([this](frmUserGroupPerm& window) {
+    user.Click(window.cmdAbout);
+    EXPECT_EQ(log.serverCalls.back(), L"ShowAbout uadmin.exe 0 0");
+  });
+}
+
+TEST_F(Window, AFailingAboutBoxIsReported) {
+  Run([this](frmUserGroupPerm& window) {
+    log.FailAt = [](const std::wstring& call) { return call.starts_with(L"ShowAbout") ? 5L : 0L; };
+    user.ExpectMsgBox(controls::kResultOk);
+    user.Click(window.cmdAbout);
+    EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"cmdAbout_Click Error [5]\r\n"));
+  });
+}
+
+TEST_F(Window, OpeningAFolderShowsItOpenAndClosingItShowsItClosed) {
+  Run([this](frmUserGroupPerm& window) {
+    controls::TreeView& users = window.TreeView1[0];
+    const int martin = NodeAt(users, {L"Martin (Jean Martin)"});
+    const int folder = Child(users, martin, L"Membre du Groupe");
+    const int accountImage = users.Nodes().Image(martin);
+    user.Expand(users, martin);
+    user.Expand(users, folder);
+    EXPECT_EQ(users.Nodes().Image(folder), kFolderOpen);
+    EXPECT_EQ(users.Nodes().Image(martin), accountImage);
+    user.Collapse(users, folder);
+    EXPECT_EQ(users.Nodes().Image(folder), kFolderClosed);
+  });
+}
+
+TEST_F(Window, TheMnemonicsOfTheWindowPressItsButtons) {
+  Run([this](frmUserGroupPerm& window) {
+    const std::size_t statements = log.statements.size();
+    user.Mnemonic(window, L'f');
+    EXPECT_GT(log.statements.size(), statements);
+    user.Mnemonic(window, L'i');
+    EXPECT_EQ(user.HelpCalls().size(), 1U);
+    user.Mnemonic(window, L'q');
+    EXPECT_FALSE(window.IsLoaded());
+  });
+}
+
+TEST_F(Window, AClickMadeWhileTheTreesAreReadWaitsUntilTheyStand) {
+  Run([this](frmUserGroupPerm& window) {
+    bool clicked = false;
+    log.FailAt = [&](const std::wstring& call) {
+      if (call == L"BeginRead" && !clicked) {
+        clicked = true;
+        user.ClickLater(window.cmdAbout);
+      }
+      EXPECT_FALSE(call.starts_with(L"ShowAbout") && log.statements.back() != L"EndRead");
+      return 0L;
+    };
+    user.Click(window.cmdBtn[0]);
+    user.Settle();
+    EXPECT_EQ(log.serverCalls.back(), L"ShowAbout uadmin.exe 0 0");
+  });
+}
+
+TEST_F(Window, TheCommandsOfAccountsAndLinksAreShownAndDisabled) {
+  Run([](frmUserGroupPerm& window) {
+    for (const CommandButton* buttons : {window.cmdUser, window.cmdGroup}) {
+      for (int Index = 0; Index < 3; ++Index) {
+        EXPECT_TRUE(buttons[Index].Visible());
+        EXPECT_FALSE(buttons[Index].Enabled());
+      }
+    }
+    for (const CommandButton* buttons : {window.cmdMemberOf, window.cmdUserPermission,
+                                         window.cmdMember, window.cmdGroupPermission}) {
+      for (int Index = 0; Index < 2; ++Index) {
+        EXPECT_TRUE(buttons[Index].Visible());
+        EXPECT_FALSE(buttons[Index].Enabled());
+      }
+    }
+  });
+}
+
+}  // namespace
+}  // namespace browser

@@ -1,0 +1,61 @@
+#include "tests/support/window/MainWindow.h"
+
+#include "app/ErrorReport.h"
+#include "data/Text.h"
+#include "tests/support/recording/RecordingServer.h"
+
+namespace testing_support {
+
+MainWindow::MainWindow() : database_(std::make_unique<test_support::SampleDatabase>()) {
+  global.CreateSessionServer = [this] { return Record(database_->MakeServer(), log); };
+  desktop.EscapedError = [this] { app::ReportError(global, L"uadmin"); };
+}
+
+void MainWindow::UseGenerated(const server::GeneratedSize& size) {
+  database_.reset();
+  database_ = std::make_unique<test_support::SampleDatabase>(size);
+}
+
+void MainWindow::Run(const WindowScript& script, std::wstring_view userName) {
+  user.SetCommandLine(database_->CommandLine(userName));
+  if (script) {
+    user.ExpectModal([&](controls::Form& form) {
+      script(dynamic_cast<browser::frmUserGroupPerm&>(form));
+      if (form.IsLoaded()) user.Close(form);
+    });
+  }
+  browser::frmUserGroupPerm window(global);
+  desktop.Run(window);
+}
+
+std::vector<std::wstring> MainWindow::ChildTexts(const controls::TreeView& tree, int node) {
+  const controls::TreeNodes& nodes = tree.Nodes();
+  std::vector<std::wstring> texts;
+  for (int child = nodes.FirstChild(node); child != controls::kNoNode; child = nodes.Next(child)) {
+    texts.push_back(nodes.Text(child));
+  }
+  return texts;
+}
+
+int MainWindow::Child(const controls::TreeView& tree, int node, std::wstring_view text) {
+  const controls::TreeNodes& nodes = tree.Nodes();
+  int child = nodes.FirstChild(node);
+  while (child != controls::kNoNode && nodes.Text(child) != text) child = nodes.Next(child);
+  return child;
+}
+
+int MainWindow::NodeAt(const controls::TreeView& tree, const std::vector<std::wstring>& texts) {
+  int node = tree.Nodes().Root();
+  for (const std::wstring& text : texts) {
+    const int child = Child(tree, node, text);
+    if (child == controls::kNoNode) {
+      ADD_FAILURE() << "no node " << data::ToUtf8(text) << " below "
+                    << data::ToUtf8(tree.Nodes().FullPath(node));
+      return node;
+    }
+    node = child;
+  }
+  return node;
+}
+
+}  // namespace testing_support

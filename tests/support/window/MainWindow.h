@@ -1,0 +1,55 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/mGlobal.h"
+#include "browser/frmUserGroupPerm.h"
+#include "controls/Desktop.h"
+#include "server/core/Filling.h"
+#include "tests/support/controls/User.h"
+#include "tests/support/data/SampleDatabase.h"
+#include "tests/support/recording/CallLog.h"
+
+namespace testing_support {
+
+// The program from its main window down, on the reference session server and a database of its own,
+// with a user in front of it.
+class MainWindow : public ::testing::Test {
+ protected:
+  using WindowScript = std::function<void(browser::frmUserGroupPerm& window)>;
+
+  MainWindow();
+
+  // Replaces the sample by made-up accounts; before Run.
+  void UseGenerated(const server::GeneratedSize& size);
+  test_support::SampleDatabase& Database() { return *database_; }
+  test_support::RawDatabase Raw() { return database_->Raw(); }
+
+  // Runs the program with a session of the user. The script sees the started window and need not
+  // close it; without a script no window may come to that.
+  void Run(const WindowScript& script = {}, std::wstring_view userName = L"Admin");
+
+  std::wstring Text(int id) const { return desktop.LoadResString(id); }
+  // The texts of a node's children, in their order.
+  static std::vector<std::wstring> ChildTexts(const controls::TreeView& tree, int node);
+  // The child with this text; kNoNode when there is none.
+  static int Child(const controls::TreeView& tree, int node, std::wstring_view text);
+  // The node that the texts lead to from the root; fails the test when there is none.
+  static int NodeAt(const controls::TreeView& tree, const std::vector<std::wstring>& texts);
+
+  controls::Desktop desktop;
+  User user{desktop};
+  CallLog log;
+  app::mGlobal global{desktop};
+
+ private:
+  std::unique_ptr<test_support::SampleDatabase> database_;
+};
+
+}  // namespace testing_support
