@@ -70,7 +70,7 @@ def main(sources, pictures, work, result, chmcmd, chmls):
     compiled = work / project.with_suffix(".chm").name
     strings = work / "strings"
     subprocess.run([chmls, "extract", compiled, "/#STRINGS", strings], check=True,
-                   stdout=subprocess.DEVNULL)
+                   capture_output=True)
     context_ids.add(compiled, strings.read_bytes(), topics(sections))
     shutil.copy(compiled, result)
 
