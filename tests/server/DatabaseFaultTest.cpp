@@ -1,0 +1,182 @@
+#include <chrono>
+#include <fstream>
+#include <future>
+#include <thread>
+
+#include "ServerTest.h"
+#include "data/MSQLStatement.h"
+#include "server/core/CommandLine.h"
+#include "server/core/SqliteEngine.h"
+
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
+namespace {
+
+using server_test::FailureOf;
+using std::chrono::milliseconds;
+
+class DatabaseFault : public ::testing::Test {
+ protected:
+  // The failure of opening a session on what is left of the database.
+  data::RunTimeError OpeningFailure() {
+    return FailureOf([&] {
+      const auto server = sample_.MakeServer();
+      const server::SessionArguments session = server::ParseCommandLine(commandLine_);
+      server->OpenSession(server::FormatSessionText(session), session.sessionId);
+      const auto connection = server->DatabaseConnection();
+      server_test::ReadRows(*connection, data::SqlSelectAllUsers(), 3);
+    });
+  }
+
+  test_support::SampleDatabase sample_;
+  std::wstring commandLine_ = sample_.CommandLine();
+};
+
+TEST_F(DatabaseFault, AMissingFileIsToldByTheDatabaseAndNotMade) {
+  std::filesystem::remove(sample_.File());
+  const data::RunTimeError failure = OpeningFailure();
+  EXPECT_EQ(failure.Number(), server::kDatabaseError);
+  EXPECT_EQ(failure.Text(), L"unable to open database file");
+  EXPECT_FALSE(std::filesystem::exists(sample_.File()));
+}
+
+TEST_F(DatabaseFault, AFileThatIsNoDatabaseIsToldByTheDatabase) {
+  std::ofstream(sample_.File(), std::ios::binary) << std::string(8192, 'x');
+  const data::RunTimeError failure = OpeningFailure();
+  EXPECT_EQ(failure.Number(), server::kDatabaseError);
+  EXPECT_EQ(failure.Text(), L"file is not a database");
+}
+
+TEST_F(DatabaseFault, AnEmptyFileHasNoSchema) {
+  std::filesystem::resize_file(sample_.File(), 0);
+  const data::RunTimeError failure = OpeningFailure();
+  EXPECT_EQ(failure.Number(), server::kDatabaseError);
+  EXPECT_NE(failure.Text().find(L"no such table"), std::wstring::npos);
+}
+
+TEST_F(DatabaseFault, ATruncatedFileIsToldByTheDatabaseWhereverItIsCut) {
+  const auto size = std::filesystem::file_size(sample_.File());
+  for (std::uintmax_t cut = size - size % 4096 - 4096; cut >= 4096; cut -= 4096) {
+    std::filesystem::resize_file(sample_.File(), cut);
+    const data::RunTimeError failure = OpeningFailure();
+    EXPECT_EQ(failure.Number(), server::kDatabaseError) << cut;
+    EXPECT_EQ(failure.Text(), L"database disk image is malformed") << cut;
+  }
+}
+
+TEST_F(DatabaseFault, AFileCutShortUnderAnOpenSessionIsAnErrorAndNoCrash) {
+  const auto server = sample_.OpenServer();
+  const auto connection = server->DatabaseConnection();
+  std::filesystem::resize_file(sample_.File(), 4096);
+  sample_.Raw();
+  EXPECT_EQ(server_test::NumberOf(
+                [&] { server_test::ReadRows(*connection, data::SqlSelectAllUsers(), 3); }),
+            server::kDatabaseError);
+}
+
+TEST_F(DatabaseFault, ALockedDatabaseIsWaitedForAndThenToldByTheDatabase) {
+  sample_.SetLockWait(milliseconds(200));
+  const auto server = sample_.OpenServer();
+  const auto connection = server->DatabaseConnection();
+  test_support::RawDatabase other = sample_.Raw();
+  other.Execute("begin exclusive");
+  const auto start = std::chrono::steady_clock::now();
+  const data::RunTimeError failure =
+      FailureOf([&] { connection->OpenResultSet(data::SqlSelectAllUsers()); });
+  EXPECT_GE(std::chrono::steady_clock::now() - start, milliseconds(150));
+  EXPECT_EQ(failure.Number(), server::kDatabaseError);
+  EXPECT_EQ(failure.Text(), L"database is locked");
+  other.Execute("rollback");
+  EXPECT_FALSE(connection->OpenResultSet(data::SqlSelectAllUsers())->EndOfRows());
+}
+
+TEST_F(DatabaseFault, OpeningASessionWaitsForTheLockToo) {
+  sample_.SetLockWait(milliseconds(50));
+  test_support::RawDatabase other = sample_.Raw();
+  other.Execute("begin exclusive");
+  EXPECT_EQ(OpeningFailure().Text(), L"database is locked");
+}
+
+TEST_F(DatabaseFault, ALockedDatabaseIsReadAsSoonAsItIsFree) {
+  const auto server = sample_.OpenServer();
+  const auto connection = server->DatabaseConnection();
+  test_support::RawDatabase other = sample_.Raw();
+  other.Execute("begin exclusive");
+  std::promise<void> reading;
+  std::thread holder([&] {
+    reading.get_future().wait();
+    other.Execute("update qruser set name = 'Après' where userid = 9");
+    other.Execute("commit");
+  });
+  reading.set_value();
+  EXPECT_EQ(server_test::ReadRows(*connection, data::SqlSelectUser(9), 2)[0][1], L"Après");
+  holder.join();
+}
+
+TEST_F(DatabaseFault, AWriterThatIsShutOutChangesNothingAndMayTryAgain) {
+  sample_.SetLockWait(milliseconds(20));
+  const auto server = sample_.OpenServer();
+  const auto connection = server->DatabaseConnection();
+  test_support::RawDatabase other = sample_.Raw();
+  other.Execute("begin immediate");
+  EXPECT_EQ(FailureOf([&] { connection->Execute(data::SqlDeleteUserPermissions(9)); }).Text(),
+            L"database is locked");
+  EXPECT_EQ(FailureOf([&] { server->NewIdentifier(L"QRUSRN"); }).Text(), L"database is locked");
+  other.Execute("rollback");
+  EXPECT_EQ(connection->Execute(data::SqlDeleteUserPermissions(9)), 2);
+  EXPECT_EQ(server->NewIdentifier(L"QRUSRN"), 41);
+}
+
+TEST(LockWait, IsFiveSecondsUnlessToldOtherwise) {
+  EXPECT_EQ(server::ReferenceServer::Options().lockWait, milliseconds(5000));
+}
+
+#ifdef _WIN32
+
+// A file with the read-only attribute set for the length of a test.
+class ReadOnlyFile {
+ public:
+  explicit ReadOnlyFile(const std::filesystem::path& file) : file_(file) {
+    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+  }
+  ~ReadOnlyFile() { std::filesystem::permissions(file_, std::filesystem::perms::all); }
+
+ private:
+  std::filesystem::path file_;
+};
+
+#else
+
+// A file that the process may only read. The superuser may write everything, so that he is somebody
+// else for the length of a test.
+class ReadOnlyFile {
+ public:
+  explicit ReadOnlyFile(const std::filesystem::path& file) {
+    std::filesystem::permissions(file, static_cast<std::filesystem::perms>(0444));
+    constexpr uid_t kNobody = 65534;
+    if (geteuid() == 0) changed_ = seteuid(kNobody) == 0;
+  }
+  ~ReadOnlyFile() {
+    if (changed_ && seteuid(0) != 0) std::abort();
+  }
+
+ private:
+  bool changed_ = false;
+};
+
+#endif
+
+TEST_F(DatabaseFault, AReadOnlyFileIsReadAndItsWritesAreToldByTheDatabase) {
+  const ReadOnlyFile readOnly(sample_.File());
+  server::Database database(std::make_unique<server::SqliteEngine>(
+      sample_.File(), server::SqliteEngine::Mode::kExisting, milliseconds(20)));
+  EXPECT_TRUE(database.Borrow(data::SqlSelectAllUsers(), true)->Get().Step());
+  const data::RunTimeError failure =
+      FailureOf([&] { database.Execute(data::SqlDeleteUserPermissions(9)); });
+  EXPECT_EQ(failure.Number(), server::kDatabaseError);
+  EXPECT_EQ(failure.Text(), L"attempt to write a readonly database");
+}
+
+}  // namespace
