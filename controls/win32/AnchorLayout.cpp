@@ -1,0 +1,68 @@
+#include "controls/win32/AnchorLayout.h"
+
+#include <algorithm>
+
+namespace controls {
+namespace {
+
+void Scale(LONG& length, unsigned fromDpi, unsigned toDpi) {
+  length = MulDiv(length, static_cast<int>(toDpi), static_cast<int>(fromDpi));
+}
+
+}  // namespace
+
+void AnchorLayout::Capture(HWND form, const std::vector<Control::Peer*>& controls) {
+  places_.clear();
+  RECT client = {};
+  GetClientRect(form, &client);
+  base_ = {client.right, client.bottom};
+  for (const Control::Peer* control : controls) {
+    RECT place = {};
+    GetWindowRect(control->window, &place);
+    MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&place), 2);
+    places_.push_back({control, place});
+  }
+}
+
+void AnchorLayout::Rescale(unsigned fromDpi, unsigned toDpi) {
+  Scale(base_.cx, fromDpi, toDpi);
+  Scale(base_.cy, fromDpi, toDpi);
+  for (Place& place : places_) {
+    for (LONG* side : {&place.base.left, &place.base.top, &place.base.right, &place.base.bottom}) {
+      Scale(*side, fromDpi, toDpi);
+    }
+  }
+}
+
+RECT AnchorLayout::Moved(const Place& place, int dx, int dy) {
+  const unsigned anchors = place.control->anchors;
+  RECT moved = place.base;
+  if (anchors & kAnchorRight) {
+    moved.right += dx;
+    if (!(anchors & kAnchorLeft)) moved.left += dx;
+  }
+  if (anchors & kAnchorBottom) {
+    moved.bottom += dy;
+    if (!(anchors & kAnchorTop)) moved.top += dy;
+  }
+  return moved;
+}
+
+void AnchorLayout::Apply(HWND form) const {
+  if (places_.empty()) return;
+  RECT client = {};
+  GetClientRect(form, &client);
+  HDWP moves = BeginDeferWindowPos(static_cast<int>(places_.size()));
+  for (const Place& place : places_) {
+    const RECT to = Moved(place, client.right - base_.cx, client.bottom - base_.cy);
+    if (!moves) break;
+    // Nothing is copied: under a frame the form's background shows through, which would be copied
+    // to a place where another belongs.
+    moves = DeferWindowPos(moves, place.control->window, nullptr, to.left, to.top,
+                           std::max(0L, to.right - to.left), std::max(0L, to.bottom - to.top),
+                           SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS | SWP_NOOWNERZORDER);
+  }
+  if (moves) EndDeferWindowPos(moves);
+}
+
+}  // namespace controls

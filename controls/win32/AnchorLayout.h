@@ -1,0 +1,33 @@
+#pragma once
+
+#include <vector>
+
+#include "controls/win32/ControlPeer.h"
+
+namespace controls {
+
+// Keeps a form's controls at their distances from its sides. What the template laid out is the base
+// from which every size is worked out anew, so that nothing creeps.
+class AnchorLayout {
+ public:
+  void Capture(HWND form, const std::vector<Control::Peer*>& controls);
+  void Clear() { places_.clear(); }
+  // The form has changed to another resolution: the base grows or shrinks with it.
+  void Rescale(unsigned fromDpi, unsigned toDpi);
+  void Apply(HWND form) const;
+  // The client area of the template.
+  SIZE BaseSize() const { return base_; }
+
+ private:
+  struct Place {
+    const Control::Peer* control;
+    RECT base;
+  };
+
+  static RECT Moved(const Place& place, int dx, int dy);
+
+  std::vector<Place> places_;
+  SIZE base_ = {};
+};
+
+}  // namespace controls

@@ -1,0 +1,32 @@
+#include "controls/CommandButton.h"
+
+#include "controls/win32/ControlPeer.h"
+
+namespace controls {
+namespace {
+
+struct CommandButtonPeer : Control::Peer {
+  using Peer::Peer;
+
+  bool IsButton() const override { return true; }
+
+  // Programs that drive the window may send a click to a button that no user could press.
+  void Command(int code) override {
+    if (code == BN_CLICKED && TakesInput()) Raise(static_cast<CommandButton&>(*control).Click);
+  }
+};
+
+}  // namespace
+
+CommandButton::CommandButton(Form& form, int id)
+    : Control(form, id, std::make_unique<CommandButtonPeer>(form, id)) {}
+
+std::wstring CommandButton::Caption() const {
+  return BackEnd().WindowText();
+}
+
+void CommandButton::SetCaption(const std::wstring& caption) {
+  BackEnd().ShowText(caption);
+}
+
+}  // namespace controls

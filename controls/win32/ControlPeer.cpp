@@ -1,0 +1,95 @@
+#include "controls/win32/ControlPeer.h"
+
+#include "controls/win32/Fonts.h"
+#include "controls/win32/FormPeer.h"
+
+namespace controls {
+namespace {
+
+constexpr UINT_PTR kSubclassId = 1;
+
+}  // namespace
+
+void Control::Peer::Attach(HWND native) {
+  window = native;
+  SetWindowSubclass(native, ControlThunk, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
+  ShowState();
+  Attached();
+}
+
+void Control::Peer::Detach() {
+  if (!window) return;
+  Detached();
+  RemoveWindowSubclass(window, ControlThunk, kSubclassId);
+  window = nullptr;
+  enabled = true;
+  visible = true;
+  container = nullptr;
+  anchors = kAnchorLeft | kAnchorTop;
+  font.reset();
+}
+
+LRESULT Control::Peer::Handle(const Message& message) {
+  const LRESULT result = Native(message);
+  return message.number == WM_SETFOCUS ? FocusArrived() : result;
+}
+
+LRESULT Control::Peer::FocusArrived() {
+  if (window && TakesFocus()) form.BackEnd().focus.MovedTo(this);
+  return 0;
+}
+
+LRESULT Control::Peer::Send(UINT number, WPARAM wParam, LPARAM lParam) const {
+  return window ? SendMessageW(window, number, wParam, lParam) : 0;
+}
+
+LRESULT Control::Peer::Native(const Message& message) const {
+  return window ? DefSubclassProc(window, message.number, message.wParam, message.lParam) : 0;
+}
+
+std::wstring Control::Peer::WindowText() const {
+  if (!window) return {};
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(GetWindowTextW(window, text.data(), static_cast<int>(text.size())));
+  return text;
+}
+
+void Control::Peer::ShowText(const std::wstring& text) const {
+  if (window) SetWindowTextW(window, text.c_str());
+}
+
+void Control::Peer::ChangeStyle(LONG_PTR remove, LONG_PTR add) const {
+  const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
+  SetWindowLongPtrW(window, GWL_STYLE, (style & ~remove) | add);
+}
+
+bool Control::Peer::TakesInput() const {
+  return IsUsable() && form.BackEnd().TakesInput();
+}
+
+void Control::Peer::ShowState() const {
+  if (!window) return;
+  const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
+  if (((style & WS_DISABLED) == 0) != IsEnabled()) EnableWindow(window, IsEnabled());
+  if (((style & WS_VISIBLE) != 0) != IsVisible())
+    ShowWindow(window, IsVisible() ? SW_SHOW : SW_HIDE);
+}
+
+void Control::Peer::SetNativeFont(HFONT handle) const {
+  Send(WM_SETFONT, reinterpret_cast<WPARAM>(handle), TRUE);
+}
+
+void Control::Peer::RenewFont() {
+  if (!font) return;
+  FontHandle handle = MakeFont(*font, form.BackEnd().dpi);
+  SetNativeFont(handle.Get());
+  fontHandle = std::move(handle);
+}
+
+Control::Peer* PeerOf(HWND window) {
+  DWORD_PTR reference = 0;
+  if (!GetWindowSubclass(window, ControlThunk, kSubclassId, &reference)) return nullptr;
+  return reinterpret_cast<Control::Peer*>(reference);
+}
+
+}  // namespace controls

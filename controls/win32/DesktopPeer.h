@@ -1,0 +1,34 @@
+#pragma once
+
+#include <vector>
+
+#include "controls/Desktop.h"
+#include "controls/Form.h"
+#include "controls/win32/Handles.h"
+#include "controls/win32/HelpLibrary.h"
+
+namespace controls {
+
+// The desktop's own part of the system: the loaded forms, the pointer and the message loop.
+struct Desktop::Peer {
+  // --- The message loop (MessageLoop.cpp) ---
+  // Handles input until the form is unloaded.
+  void LoopWhileLoaded(const Desktop& desktop, Form& form);
+  // What the loop does with each message; also for tests that make messages themselves.
+  void Process(MSG& message);
+  // Paints what waits, and lets nothing else through.
+  void PaintOnly(HWND window);
+
+  // The loaded form that a window belongs to; null when it is none of ours.
+  Form::Peer* FormOf(HWND window) const;
+  // The shown form that has, or would have, the input: the last one shown that is not disabled.
+  HWND ActiveWindow() const;
+  void ShowPointer() const;
+
+  std::vector<Form::Peer*> forms;  // loaded, in that order
+  MousePointer pointer = MousePointer::kDefault;
+  bool inputHeld = false;
+  HelpLibrary help;
+};
+
+}  // namespace controls

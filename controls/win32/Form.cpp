@@ -1,0 +1,91 @@
+#include "controls/Form.h"
+
+#include "controls/CommandButton.h"
+#include "controls/Desktop.h"
+#include "controls/win32/ControlPeer.h"
+#include "controls/win32/DesktopPeer.h"
+#include "controls/win32/FormPeer.h"
+
+namespace controls {
+
+Form::Form(Desktop& desktop, int templateId)
+    : desktop_(desktop), templateId_(templateId), peer_(std::make_unique<Peer>(*this, desktop)) {}
+
+Form::~Form() = default;
+
+void Form::Load() {
+  if (peer_->window) return;
+  peer_->Create();
+  Guarded(desktop_, [this] { Form_Load(); });
+}
+
+void Form::Show() {
+  Load();
+  if (peer_->window) peer_->Show();
+}
+
+void Form::ShowModal(Form& owner) {
+  Load();
+  if (!peer_->window) return;
+  peer_->StandOver(owner.BackEnd());
+  peer_->Show();
+  desktop_.BackEnd().LoopWhileLoaded(desktop_, *this);
+}
+
+void Form::Unload() {
+  if (!peer_->window || peer_->unloading) return;
+  peer_->unloading = true;
+  bool cancel = false;
+  Guarded(desktop_, [&] { Form_Unload(cancel); });
+  peer_->unloading = false;
+  if (!cancel && peer_->window) peer_->Close();
+}
+
+bool Form::IsLoaded() const {
+  return peer_->window != nullptr;
+}
+
+bool Form::IsVisible() const {
+  return peer_->shown;
+}
+
+std::wstring Form::Caption() const {
+  if (!peer_->window) return {};
+  std::wstring caption(static_cast<std::size_t>(GetWindowTextLengthW(peer_->window)) + 1, L'\0');
+  caption.resize(GetWindowTextW(peer_->window, caption.data(), static_cast<int>(caption.size())));
+  return caption;
+}
+
+void Form::SetCaption(const std::wstring& caption) {
+  if (peer_->window) SetWindowTextW(peer_->window, caption.c_str());
+}
+
+void Form::SetFont(const Font& font) {
+  peer_->SetFont(font);
+}
+
+void Form::SetIcon(int iconResource) {
+  peer_->SetIcon(iconResource);
+}
+
+void Form::SetDefaultButton(CommandButton& button) {
+  peer_->focus.SetDefaultButton(button.BackEnd());
+}
+
+void Form::SetCancelButton(CommandButton& button) {
+  peer_->focus.SetCancelButton(button.BackEnd());
+}
+
+void Form::SetResizable(bool resizable) {
+  peer_->SetResizable(resizable);
+}
+
+void Form::Repaint() {
+  if (peer_->window) desktop_.BackEnd().PaintOnly(peer_->window);
+}
+
+void Form::Form_Unload(bool& /*cancel*/) {}
+void Form::Form_KeyDown(int /*keyCode*/) {}
+void Form::Form_KeyUp(int /*keyCode*/) {}
+
+}  // namespace controls

@@ -1,0 +1,136 @@
+#include "controls/win32/FormBackground.h"
+
+#include <cwchar>
+
+namespace controls {
+namespace {
+
+bool IsOfClass(HWND window, const wchar_t* name) {
+  wchar_t found[64] = {};
+  GetClassNameW(window, found, 64);
+  return lstrcmpiW(found, name) == 0;
+}
+
+bool IsFrame(HWND window) {
+  return IsOfClass(window, WC_BUTTONW) &&
+         (GetWindowLongPtrW(window, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
+}
+
+bool IsShown(HWND window) {
+  return (GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+RECT PlaceIn(HWND form, HWND window) {
+  RECT place = {};
+  GetWindowRect(window, &place);
+  MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&place), 2);
+  return place;
+}
+
+HBRUSH PlainBrush() {
+  return GetSysColorBrush(COLOR_3DFACE);
+}
+
+template <typename Visit>
+void EachShownChild(HWND form, Visit&& visit) {
+  for (HWND child = GetWindow(form, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (IsShown(child)) visit(child);
+  }
+}
+
+void Exclude(HDC context, const RECT& place) {
+  ExcludeClipRect(context, place.left, place.top, place.right, place.bottom);
+}
+
+}  // namespace
+
+void FormBackground::Capture(HWND form) {
+  strips_.clear();
+  for (HWND child = GetWindow(form, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (IsOfClass(child, WC_TABCONTROLW)) strips_.push_back({child, {}, {}});
+  }
+}
+
+void FormBackground::Forget() {
+  for (Strip& strip : strips_) {
+    strip.brush.Reset();
+    strip.picture.Reset();
+  }
+}
+
+void FormBackground::Erase(HWND form, HDC context) {
+  RECT client = {};
+  GetClientRect(form, &client);
+  if (WindowFromDC(context) != form) {
+    FillRect(context, &client, PlainBrush());
+    return;
+  }
+  const int before = SaveDC(context);
+  EachShownChild(form, [&](HWND child) { Exclude(context, PlaceIn(form, child)); });
+  FillRect(context, &client, PlainBrush());
+  RestoreDC(context, before);
+  EachShownChild(form, [&](HWND child) {
+    if (IsFrame(child)) FillFrame(form, context, child);
+  });
+}
+
+void FormBackground::FillFrame(HWND form, HDC context, HWND frame) {
+  const int before = SaveDC(context);
+  EachShownChild(form, [&](HWND child) {
+    const bool lets = IsFrame(child) || IsOfClass(child, WC_TABCONTROLW);
+    if (!lets) Exclude(context, PlaceIn(form, child));
+  });
+  const RECT place = PlaceIn(form, frame);
+  HBRUSH brush = PlainBrush();
+  if (Strip* strip = Under(frame)) {
+    const RECT origin = PlaceIn(form, strip->window);
+    SetBrushOrgEx(context, origin.left, origin.top, nullptr);
+    Picture(*strip);
+    if (strip->brush) brush = strip->brush.Get();
+  }
+  FillRect(context, &place, brush);
+  RestoreDC(context, before);
+}
+
+HBRUSH FormBackground::Behind(HWND control, HDC context) {
+  Strip* strip = Under(control);
+  if (!strip) return nullptr;
+  Picture(*strip);
+  if (!strip->brush) return nullptr;
+  const RECT origin = PlaceIn(control, strip->window);
+  SetBrushOrgEx(context, origin.left, origin.top, nullptr);
+  SetBkMode(context, TRANSPARENT);
+  return strip->brush.Get();
+}
+
+FormBackground::Strip* FormBackground::Under(HWND control) {
+  RECT place = {};
+  GetWindowRect(control, &place);
+  const POINT middle = {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+  for (Strip& strip : strips_) {
+    RECT area = {};
+    GetWindowRect(strip.window, &area);
+    if (IsShown(strip.window) && PtInRect(&area, middle)) return &strip;
+  }
+  return nullptr;
+}
+
+// Lets the strip draw itself once into a bitmap of its size, which then serves as the brush.
+void FormBackground::Picture(Strip& strip) {
+  if (strip.brush) return;
+  RECT area = {};
+  GetClientRect(strip.window, &area);
+  HDC screen = GetDC(strip.window);
+  const MemoryContext context(CreateCompatibleDC(screen));
+  strip.picture.Reset(CreateCompatibleBitmap(screen, area.right, area.bottom));
+  ReleaseDC(strip.window, screen);
+  if (!context || !strip.picture) return;
+  HGDIOBJ old = SelectObject(context.Get(), strip.picture.Get());
+  FillRect(context.Get(), &area, PlainBrush());
+  SendMessageW(strip.window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(context.Get()),
+               PRF_CLIENT | PRF_ERASEBKGND);
+  SelectObject(context.Get(), old);
+  strip.brush.Reset(CreatePatternBrush(strip.picture.Get()));
+}
+
+}  // namespace controls

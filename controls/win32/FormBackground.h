@@ -1,0 +1,38 @@
+#pragma once
+
+#include <vector>
+
+#include "controls/win32/Handles.h"
+
+namespace controls {
+
+// What is seen of a form behind and between its controls. Frames and labels that lie on a tab strip
+// get the strip's own surface behind them, also where a theme gives that a picture. Controls that
+// paint all of their area are left out, so that resizing does not flicker.
+class FormBackground {
+ public:
+  // Finds the tab strips among the form's controls.
+  void Capture(HWND form);
+  // Paints the background into a context of the form; everywhere, where the context is one that the
+  // system lends to show a control's own background.
+  void Erase(HWND form, HDC context);
+  // The brush behind a label or frame, and its origin set; null where the system's own is right.
+  HBRUSH Behind(HWND control, HDC context);
+  // The strips have changed their size or look.
+  void Forget();
+
+ private:
+  struct Strip {
+    HWND window;
+    BitmapHandle picture;
+    BrushHandle brush;
+  };
+
+  Strip* Under(HWND control);
+  static void Picture(Strip& strip);
+  void FillFrame(HWND form, HDC context, HWND frame);
+
+  std::vector<Strip> strips_;
+};
+
+}  // namespace controls

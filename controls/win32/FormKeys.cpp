@@ -1,0 +1,59 @@
+#include "controls/win32/FormKeys.h"
+
+#include "controls/win32/FormPeer.h"
+
+namespace controls {
+namespace {
+
+bool IsPressed(int keyCode) {
+  return GetKeyState(keyCode) < 0;
+}
+
+}  // namespace
+
+bool FormKeys::Preview(const MSG& message) {
+  const int keyCode = static_cast<int>(message.wParam);
+  if (message.message == WM_KEYDOWN) return Down(keyCode);
+  if (message.message != WM_KEYUP) return false;
+  if (keyCode == kKeyF1) f1Down_ = false;
+  if (!form_.TakesInput()) return false;
+  Guarded(form_.desktop, [&] { form_.form.Form_KeyUp(keyCode); });
+  return !form_.window;
+}
+
+bool FormKeys::Down(int keyCode) {
+  if (!form_.TakesInput()) return false;
+  if (keyCode == kKeyF1) f1Down_ = true;
+  const HWND before = form_.window;
+  Guarded(form_.desktop, [&] { form_.form.Form_KeyDown(keyCode); });
+  return form_.window != before || Navigate(keyCode);
+}
+
+bool FormKeys::Navigate(int keyCode) {
+  switch (keyCode) {
+    case VK_TAB:
+      if (IsPressed(VK_CONTROL)) return false;
+      form_.focus.Advance(IsPressed(VK_SHIFT));
+      return true;
+    case VK_RETURN:
+      Press(form_.focus.EnterButton());
+      return true;
+    case VK_ESCAPE:
+      Press(form_.focus.EscapeButton());
+      return true;
+    default:
+      return false;
+  }
+}
+
+void FormKeys::Press(Control::Peer* button) const {
+  if (button && button->TakesInput()) button->Command(BN_CLICKED);
+}
+
+void FormKeys::Help() {
+  // Message boxes and modal forms pass the message on to the form below them, which does not mind.
+  if (f1Down_ || !form_.TakesInput()) return;
+  Guarded(form_.desktop, [&] { form_.form.Form_KeyUp(kKeyF1); });
+}
+
+}  // namespace controls

@@ -1,0 +1,115 @@
+// What the system tells a form, as the form's own procedures and those of its controls.
+
+#include "controls/win32/DesktopPeer.h"
+#include "controls/win32/FormPeer.h"
+
+namespace controls {
+
+INT_PTR Form::Peer::Handle(const Message& message) {
+  const HDC context = reinterpret_cast<HDC>(message.wParam);
+  switch (message.number) {
+    case WM_COMMAND:
+      return Command(message);
+    case WM_NOTIFY:
+      return Notify(message);
+    case WM_CLOSE:
+      if (TakesInput()) form.Unload();
+      return TRUE;
+    case WM_HELP:
+      keys.Help();
+      return TRUE;
+    case WM_ACTIVATE:
+      return Activate(LOWORD(message.wParam) != WA_INACTIVE);
+    case WM_SETFOCUS:
+      focus.Restore();
+      return TRUE;
+    case WM_SETCURSOR:
+      return SetPointer(message);
+    case WM_GETMINMAXINFO:
+      LimitSize(*reinterpret_cast<MINMAXINFO*>(message.lParam));
+      return TRUE;
+    case WM_SIZE:
+      Resized(message.wParam);
+      return TRUE;
+    case WM_DPICHANGED:
+      DpiChanged(LOWORD(message.wParam), *reinterpret_cast<const RECT*>(message.lParam));
+      return TRUE;
+    case WM_THEMECHANGED:
+      background_.Forget();
+      return FALSE;
+    case WM_ERASEBKGND:
+    case WM_PRINTCLIENT:
+      background_.Erase(window, context);
+      return Answer(TRUE);
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+      // The brush itself is the answer, where there is one.
+      return reinterpret_cast<INT_PTR>(
+          background_.Behind(reinterpret_cast<HWND>(message.lParam), context));
+    default:
+      return FALSE;
+  }
+}
+
+INT_PTR Form::Peer::Answer(LRESULT result) const {
+  if (window) SetWindowLongPtrW(window, DWLP_MSGRESULT, result);
+  return TRUE;
+}
+
+INT_PTR Form::Peer::Command(const Message& message) {
+  HWND from = reinterpret_cast<HWND>(message.lParam);
+  if (!from) from = GetDlgItem(window, LOWORD(message.wParam));
+  Control::Peer* control = PeerOf(from);
+  if (control) control->Command(HIWORD(message.wParam));
+  return TRUE;
+}
+
+INT_PTR Form::Peer::Notify(const Message& message) {
+  auto& header = *reinterpret_cast<NMHDR*>(message.lParam);
+  Control::Peer* control = PeerOf(header.hwndFrom);
+  return control ? Answer(control->Notify(header)) : FALSE;
+}
+
+INT_PTR Form::Peer::Activate(bool active) {
+  if (active) {
+    focus.Restore();
+  } else {
+    keys.Forget();
+  }
+  return TRUE;
+}
+
+INT_PTR Form::Peer::SetPointer(const Message& message) {
+  if (desktop.BackEnd().pointer != MousePointer::kWait) return FALSE;
+  if (LOWORD(message.lParam) != HTCLIENT) return FALSE;
+  desktop.BackEnd().ShowPointer();
+  return Answer(TRUE);
+}
+
+void Form::Peer::LimitSize(MINMAXINFO& limits) const {
+  if (!resizable_ || !window) return;
+  RECT least = {0, 0, layout_.BaseSize().cx, layout_.BaseSize().cy};
+  AdjustWindowRectExForDpi(&least, static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE)), FALSE,
+                           static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE)), dpi);
+  limits.ptMinTrackSize = {least.right - least.left, least.bottom - least.top};
+}
+
+void Form::Peer::Resized(WPARAM kind) {
+  if (kind == SIZE_MINIMIZED || !window) return;
+  background_.Forget();
+  layout_.Apply(window);
+  RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void Form::Peer::DpiChanged(unsigned newDpi, const RECT& place) {
+  const unsigned oldDpi = std::exchange(dpi, newDpi);
+  layout_.Rescale(oldDpi, newDpi);
+  ShowFont();
+  if (icon_) SetIcon(icon_);
+  for (Control::Peer* control : controls) control->DpiChanged();
+  SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
+               place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  Resized(SIZE_RESTORED);
+}
+
+}  // namespace controls

@@ -1,0 +1,187 @@
+#include "controls/win32/FormPeer.h"
+
+#include <algorithm>
+
+#include "controls/win32/DesktopPeer.h"
+#include "controls/win32/Fonts.h"
+
+namespace controls {
+
+Form::Peer::Peer(Form& owned, Desktop& surroundings)
+    : form(owned), desktop(surroundings), focus(*this), keys(*this) {}
+
+Form::Peer::~Peer() {
+  if (window) Close();
+}
+
+void Form::Peer::Add(Control::Peer& control) {
+  controls.push_back(&control);
+  focus.Add(control);
+}
+
+void Form::Peer::Remove(Control::Peer& control) {
+  std::erase(controls, &control);
+  focus.Remove(control);
+  layout_.Clear();
+}
+
+void Form::Peer::Create() {
+  focus.Reset();
+  window = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(form.TemplateId()),
+                              nullptr, FormThunk, reinterpret_cast<LPARAM>(this));
+  Require(window != nullptr, "a form's dialog template is missing or broken");
+  desktop.BackEnd().forms.push_back(this);
+  dpi = templateDpi_ = GetDpiForWindow(window);
+  templateFont_ = reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
+  // The form paints what lies behind its frames, which are children like any other.
+  const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
+  SetWindowLongPtrW(window, GWL_STYLE, style & ~WS_CLIPCHILDREN);
+  AttachControls();
+  layout_.Capture(window, controls);
+  background_.Capture(window);
+}
+
+void Form::Peer::AttachControls() {
+  for (Control::Peer* control : controls) {
+    HWND native = GetDlgItem(window, control->id);
+    Require(native != nullptr, "a control is not in its form's dialog template");
+    control->Attach(native);
+  }
+}
+
+void Form::Peer::Show() {
+  if (shown) return;
+  ShowWindow(window, SW_SHOW);
+  UpdateWindow(window);
+  shown = true;
+  focus.Start();
+}
+
+void Form::Peer::StandOver(Peer& below) {
+  if (!below.window) return;
+  owner = &below;
+  SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(below.window));
+  if (!shown) CenterOver(below.window);
+  EnableWindow(below.window, FALSE);
+}
+
+void Form::Peer::CenterOver(HWND below) const {
+  RECT over = {};
+  RECT own = {};
+  GetWindowRect(below, &over);
+  GetWindowRect(window, &own);
+  MONITORINFO monitor = {};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(below, MONITOR_DEFAULTTONEAREST), &monitor);
+  const RECT& work = monitor.rcWork;
+  const LONG width = own.right - own.left;
+  const LONG height = own.bottom - own.top;
+  // Never off the screen to the left or above, where the caption is.
+  const LONG left =
+      std::max(work.left, std::min((over.left + over.right - width) / 2, work.right - width));
+  const LONG top =
+      std::max(work.top, std::min((over.top + over.bottom - height) / 2, work.bottom - height));
+  SetWindowPos(window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Form::Peer::Close() {
+  const bool active = GetActiveWindow() == window;
+  shown = false;
+  // The form below has to take input again before this one goes, or the system would make a window
+  // of another program the active one.
+  const HWND below = owner ? std::exchange(owner, nullptr)->window : nullptr;
+  if (below) EnableWindow(below, TRUE);
+  for (Control::Peer* control : controls) control->Detach();
+  focus.Reset();
+  keys.Forget();
+  layout_.Clear();
+  background_ = {};
+  font_.reset();
+  resizable_ = false;
+  std::erase(desktop.BackEnd().forms, this);
+  SetWindowLongPtrW(window, DWLP_USER, 0);
+  if (below && active) SetActiveWindow(below);
+  ShowWindow(window, SW_HIDE);
+  closed_.emplace_back(std::exchange(window, nullptr));
+  if (frames_ == 0) DropWindows();
+}
+
+void Form::Peer::DropWindows() {
+  // Moved out first: the end of a window sends messages.
+  const std::vector<WindowHandle> dropped = std::move(closed_);
+  closed_.clear();
+}
+
+Form::Peer::Frame::~Frame() {
+  if (--form_.frames_ == 0 && !form_.closed_.empty()) form_.DropWindows();
+}
+
+bool Form::Peer::TakesInput() const {
+  return shown && IsWindowEnabled(window) && !desktop.BackEnd().inputHeld;
+}
+
+void Form::Peer::ShowStates() {
+  if (!window) return;
+  for (const Control::Peer* control : controls) control->ShowState();
+  focus.LeaveUnfit();
+}
+
+void Form::Peer::SetFont(const Font& wanted) {
+  if (!window) return;
+  font_ = wanted;
+  for (Control::Peer* control : controls) control->font.reset();
+  ShowFont();
+}
+
+// Gives the form and all that has no font of its own the font asked for, else the template's.
+void Form::Peer::ShowFont() {
+  FontHandle handle = font_ ? MakeFont(*font_, dpi) : ScaleFont(templateFont_, templateDpi_, dpi);
+  const auto font = reinterpret_cast<WPARAM>(handle.Get());
+  SendMessageW(window, WM_SETFONT, font, FALSE);
+  for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    SendMessageW(child, WM_SETFONT, font, TRUE);
+  }
+  for (Control::Peer* control : controls) control->RenewFont();
+  fontHandle_ = std::move(handle);
+}
+
+void Form::Peer::SetIcon(int iconResource) {
+  if (!window) return;
+  icon_ = iconResource;
+  const auto load = [&](int metric) {
+    const int size = GetSystemMetricsForDpi(metric, dpi);
+    return IconHandle(
+        static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(iconResource),
+                                      IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+  };
+  IconHandle big = load(SM_CXICON);
+  IconHandle small = load(SM_CXSMICON);
+  SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(big.Get()));
+  SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small.Get()));
+  bigIcon_ = std::move(big);
+  smallIcon_ = std::move(small);
+}
+
+void Form::Peer::SetResizable(bool wanted) {
+  if (!window) return;
+  resizable_ = wanted;
+  RECT client = {};
+  GetClientRect(window, &client);
+  LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
+  LONG_PTR extended = GetWindowLongPtrW(window, GWL_EXSTYLE);
+  if (wanted) {
+    style = (style & ~DS_MODALFRAME) | WS_THICKFRAME;
+    extended &= ~static_cast<LONG_PTR>(WS_EX_DLGMODALFRAME);
+  } else {
+    style &= ~static_cast<LONG_PTR>(WS_THICKFRAME | WS_MAXIMIZEBOX);
+  }
+  SetWindowLongPtrW(window, GWL_STYLE, style);
+  SetWindowLongPtrW(window, GWL_EXSTYLE, extended);
+  // The other frame has another width: what it holds keeps its size.
+  AdjustWindowRectExForDpi(&client, static_cast<DWORD>(style), FALSE, static_cast<DWORD>(extended),
+                           dpi);
+  SetWindowPos(window, nullptr, 0, 0, client.right - client.left, client.bottom - client.top,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+}
+
+}  // namespace controls

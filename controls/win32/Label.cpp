@@ -1,0 +1,38 @@
+#include "controls/Label.h"
+
+#include "controls/win32/ControlPeer.h"
+
+namespace controls {
+namespace {
+
+struct LabelPeer : Control::Peer {
+  using Peer::Peer;
+
+  bool TakesFocus() const override { return false; }
+
+  void SetText(const std::wstring& text, bool plain) {
+    if (!window) return;
+    ChangeStyle(SS_NOPREFIX, plain ? SS_NOPREFIX : 0);
+    ShowText(text);
+    // The new text may be shorter, or the same with another meaning of its ampersands.
+    InvalidateRect(window, nullptr, TRUE);
+  }
+};
+
+}  // namespace
+
+Label::Label(Form& form, int id) : Control(form, id, std::make_unique<LabelPeer>(form, id)) {}
+
+std::wstring Label::Caption() const {
+  return BackEnd().WindowText();
+}
+
+void Label::SetCaption(const std::wstring& caption) {
+  static_cast<LabelPeer&>(BackEnd()).SetText(caption, false);
+}
+
+void Label::SetPlainCaption(const std::wstring& caption) {
+  static_cast<LabelPeer&>(BackEnd()).SetText(caption, true);
+}
+
+}  // namespace controls

@@ -1,0 +1,43 @@
+#include "controls/win32/Thunk.h"
+
+#include <cstdio>
+
+#include "controls/win32/ControlPeer.h"
+#include "controls/win32/FormPeer.h"
+
+namespace controls {
+
+void Require(bool condition, const char* broken) {
+  if (condition) return;
+  std::fprintf(stderr, "controls: %s\n", broken);
+  std::fflush(stderr);
+  std::terminate();
+}
+
+INT_PTR CALLBACK FormThunk(HWND window, UINT number, WPARAM wParam, LPARAM lParam) {
+  if (number == WM_INITDIALOG) {
+    SetWindowLongPtrW(window, DWLP_USER, lParam);
+    return FALSE;
+  }
+  auto* peer = reinterpret_cast<Form::Peer*>(GetWindowLongPtrW(window, DWLP_USER));
+  if (!peer) return FALSE;  // unloaded; its window ends when no message of it is being handled
+  INT_PTR result = FALSE;
+  const Form::Peer::Frame frame(*peer);
+  Guarded(peer->desktop, [&] { result = peer->Handle({number, wParam, lParam}); });
+  return result;
+}
+
+LRESULT CALLBACK ControlThunk(HWND window, UINT number, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                              DWORD_PTR reference) {
+  auto& peer = *reinterpret_cast<Control::Peer*>(reference);
+  if (number == WM_NCDESTROY) {
+    RemoveWindowSubclass(window, ControlThunk, id);
+    return DefSubclassProc(window, number, wParam, lParam);
+  }
+  LRESULT result = 0;
+  const Form::Peer::Frame frame(peer.form.BackEnd());
+  Guarded(peer.Surroundings(), [&] { result = peer.Handle({number, wParam, lParam}); });
+  return result;
+}
+
+}  // namespace controls

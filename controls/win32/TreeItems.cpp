@@ -1,0 +1,100 @@
+#include "controls/win32/TreeItems.h"
+
+#include <utility>
+
+namespace controls {
+
+void TreeItems::Attach(HWND window) {
+  window_ = window;
+  Cleared();
+  cleared_ = false;
+}
+
+void TreeItems::Detach() {
+  Cleared();
+  window_ = nullptr;
+}
+
+void TreeItems::Added(int parent) {
+  if (parent == kNoNode || items_.contains(parent)) changedParents_.insert(parent);
+}
+
+void TreeItems::Removing(int node) {
+  const auto found = items_.find(node);
+  const int parent = nodes_.Parent(node);
+  if (found != items_.end()) doomed_.push_back(found->second);
+  if (parent == kNoNode || items_.contains(parent)) changedParents_.insert(parent);
+  Forget(node);
+}
+
+void TreeItems::RemovingChildren(int node) {
+  if (!items_.contains(node)) return;
+  for (int child = nodes_.FirstChild(node); child != kNoNode; child = nodes_.Next(child)) {
+    Removing(child);
+  }
+}
+
+// The index of a node that goes may be given to another one before the native control follows.
+void TreeItems::Forget(int node) {
+  items_.erase(node);
+  const auto found = filled_.find(node);
+  if (found == filled_.end()) return;
+  const std::vector<int> children = std::move(found->second);
+  filled_.erase(found);
+  for (const int child : children) {
+    if (nodes_.Exists(child) && nodes_.Parent(child) == node) Forget(child);
+  }
+}
+
+void TreeItems::Cleared() {
+  items_.clear();
+  filled_.clear();
+  filled_[kNoNode];
+  doomed_.clear();
+  changedParents_.clear();
+  changedNodes_.clear();
+  changedExpansions_.clear();
+  cleared_ = true;
+}
+
+void TreeItems::Changed(int node) {
+  if (items_.contains(node)) changedNodes_.insert(node);
+}
+
+void TreeItems::Expanded(int node) {
+  if (items_.contains(node)) changedExpansions_.insert(node);
+}
+
+void TreeItems::Reordered(const std::vector<int>& parents) {
+  for (const int parent : parents) {
+    if (filled_.contains(parent)) changedParents_.insert(parent);
+  }
+}
+
+bool TreeItems::Pending() const {
+  return cleared_ || !doomed_.empty() || !changedParents_.empty() || !changedExpansions_.empty();
+}
+
+HTREEITEM TreeItems::ItemOf(int node) const {
+  const auto found = items_.find(node);
+  return found == items_.end() ? nullptr : found->second;
+}
+
+int TreeItems::FirstChild(int parent) const {
+  return parent == kNoNode ? nodes_.Root() : nodes_.FirstChild(parent);
+}
+
+int TreeItems::NodeOf(HTREEITEM item) const {
+  TVITEMW native = {};
+  native.mask = TVIF_PARAM | TVIF_HANDLE;
+  native.hItem = item;
+  if (!item || !Send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&native))) return kNoNode;
+  return static_cast<int>(native.lParam);
+}
+
+bool TreeItems::IsOpen(int node) const {
+  const auto item = reinterpret_cast<WPARAM>(ItemOf(node));
+  return item && (Send(TVM_GETITEMSTATE, item, TVIS_EXPANDED) & TVIS_EXPANDED);
+}
+
+}  // namespace controls

@@ -1,0 +1,208 @@
+// How the native tree view is brought in step with the nodes.
+
+#include <algorithm>
+
+#include "controls/win32/TreeItems.h"
+
+namespace controls {
+namespace {
+
+// From this many new children on it is cheaper to put them at the end and have the control sort.
+constexpr std::size_t kSortFrom = 64;
+
+// How far down the window a line is looked for that stays.
+constexpr int kMostLines = 500;
+
+using Ranks = std::unordered_map<int, int>;
+
+int CALLBACK CompareRanks(LPARAM a, LPARAM b, LPARAM ranks) {
+  const auto& places = *reinterpret_cast<const Ranks*>(ranks);
+  return places.at(static_cast<int>(a)) - places.at(static_cast<int>(b));
+}
+
+}  // namespace
+
+// While it stands the native control does not paint: each change of its structure would otherwise
+// cost a walk over all that stands below.
+class TreeItems::Quiet {
+ public:
+  Quiet(TreeItems& items, bool structural) : items_(items), structural_(structural) {
+    if (items_.busy_++ == 0 && structural_) items_.Send(WM_SETREDRAW, FALSE, 0);
+  }
+  ~Quiet() {
+    if (--items_.busy_ > 0 || !structural_) return;
+    items_.Send(WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(items_.window_, nullptr, TRUE);
+  }
+  Quiet(const Quiet&) = delete;
+  Quiet& operator=(const Quiet&) = delete;
+
+ private:
+  TreeItems& items_;
+  bool structural_;
+};
+
+void TreeItems::Follow(int selected, bool show) {
+  if (!window_ || busy_ > 0) return;
+  HTREEITEM top = nullptr;
+  {
+    const Quiet quiet(*this, Pending());
+    top = TopThatStays();
+    DeleteDoomed();
+    const auto parents = std::exchange(changedParents_, {});
+    for (const int parent : parents) FollowChildren(parent);
+    for (const int node : std::exchange(changedNodes_, {})) Refresh(node);
+    for (const int node : parents) ShowExpansion(node);
+    for (const int node : std::exchange(changedExpansions_, {})) ShowExpansion(node);
+    Reselect(selected);
+  }
+  ++busy_;
+  if (top && reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE, 0)) != top) {
+    Send(TVM_SELECTITEM, TVGN_FIRSTVISIBLE, reinterpret_cast<LPARAM>(top));
+  }
+  HTREEITEM item = ItemOf(selected);
+  if (show && item) Send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
+  --busy_;
+}
+
+void TreeItems::Reselect(int selected) {
+  HTREEITEM item = ItemOf(selected);
+  if (reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_CARET, 0)) == item) return;
+  ++busy_;
+  Send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
+  --busy_;
+}
+
+// The topmost line of the window that will still be there.
+HTREEITEM TreeItems::TopThatStays() const {
+  if (cleared_ || !Pending()) return nullptr;
+  auto line = reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE, 0));
+  for (int lines = 0; line && lines < kMostLines; ++lines) {
+    if (ItemOf(NodeOf(line)) == line) return line;
+    line = reinterpret_cast<HTREEITEM>(
+        Send(TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, reinterpret_cast<LPARAM>(line)));
+  }
+  return nullptr;
+}
+
+void TreeItems::DeleteDoomed() {
+  if (std::exchange(cleared_, false)) {
+    Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
+  }
+  for (HTREEITEM item : doomed_) Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(item));
+  doomed_.clear();
+  // Before anything is inserted, for a new child may have the index of one that has gone.
+  for (const int parent : changedParents_) {
+    const auto found = filled_.find(parent);
+    if (found == filled_.end()) continue;
+    std::erase_if(found->second, [&](int child) {
+      return !items_.contains(child) || nodes_.Parent(child) != parent;
+    });
+  }
+}
+
+void TreeItems::FollowChildren(int parent) {
+  if (parent != kNoNode && !items_.contains(parent)) return;
+  const auto found = filled_.find(parent);
+  if (found != filled_.end()) {
+    std::vector<int> wanted;
+    for (int child = FirstChild(parent); child != kNoNode; child = nodes_.Next(child)) {
+      wanted.push_back(child);
+    }
+    const std::vector<int> told = std::move(found->second);
+    const bool many = wanted.size() - told.size() >= kSortFrom && !told.empty();
+    if (!many && InOrder(told, wanted)) {
+      InsertInPlace(wanted);
+    } else {
+      for (const int child : wanted) {
+        if (!items_.contains(child)) Insert(child, TVI_LAST);
+      }
+      Sort(parent, wanted);
+    }
+    // Looked up anew: an inserted child that is expanded has brought its own children.
+    filled_[parent] = std::move(wanted);
+  }
+  if (parent != kNoNode) Refresh(parent);
+}
+
+// Whether the children told of stand as they should, but for new ones between them.
+bool TreeItems::InOrder(const std::vector<int>& told, const std::vector<int>& wanted) const {
+  auto next = told.begin();
+  for (const int child : wanted) {
+    if (!items_.contains(child)) continue;
+    if (next == told.end() || *next++ != child) return false;
+  }
+  return true;
+}
+
+void TreeItems::InsertInPlace(const std::vector<int>& wanted) {
+  // What follows the last child that the control knows is simply put at the end, which is cheap.
+  std::size_t tail = wanted.size();
+  while (tail > 0 && !items_.contains(wanted[tail - 1])) --tail;
+  HTREEITEM previous = TVI_FIRST;
+  for (std::size_t i = 0; i < wanted.size(); ++i) {
+    if (!items_.contains(wanted[i])) Insert(wanted[i], i >= tail ? TVI_LAST : previous);
+    previous = ItemOf(wanted[i]);
+  }
+}
+
+void TreeItems::Insert(int node, HTREEITEM after) {
+  const int parent = nodes_.Parent(node);
+  TVINSERTSTRUCTW native = {};
+  native.hParent = parent == kNoNode ? TVI_ROOT : ItemOf(parent);
+  native.hInsertAfter = after;
+  native.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM | TVIF_CHILDREN;
+  native.item.pszText = const_cast<wchar_t*>(nodes_.Text(node).c_str());
+  native.item.iImage = native.item.iSelectedImage = nodes_.Image(node);
+  native.item.cChildren = nodes_.HasChildren(node);
+  native.item.lParam = node;
+  items_[node] =
+      reinterpret_cast<HTREEITEM>(Send(TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&native)));
+  if (nodes_.Expanded(node)) ShowExpansion(node);
+}
+
+void TreeItems::Refresh(int node) const {
+  HTREEITEM item = ItemOf(node);
+  if (!item) return;
+  TVITEMW native = {};
+  native.mask = TVIF_HANDLE | TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
+  native.hItem = item;
+  native.pszText = const_cast<wchar_t*>(nodes_.Text(node).c_str());
+  native.iImage = native.iSelectedImage = nodes_.Image(node);
+  native.cChildren = nodes_.HasChildren(node);
+  Send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&native));
+}
+
+void TreeItems::ShowExpansion(int node) {
+  HTREEITEM item = ItemOf(node);
+  if (!item) return;
+  const bool open = nodes_.Expanded(node) && nodes_.HasChildren(node);
+  if (open) Fill(node);
+  if (open == IsOpen(node)) return;
+  const Quiet quiet(*this, true);
+  Send(TVM_EXPAND, open ? TVE_EXPAND : TVE_COLLAPSE, reinterpret_cast<LPARAM>(item));
+}
+
+void TreeItems::Fill(int node) {
+  if (!items_.contains(node) || filled_.contains(node)) return;
+  const Quiet quiet(*this, true);
+  std::vector<int> children;
+  for (int child = nodes_.FirstChild(node); child != kNoNode; child = nodes_.Next(child)) {
+    Insert(child, TVI_LAST);
+    children.push_back(child);
+  }
+  filled_[node] = std::move(children);
+}
+
+void TreeItems::Sort(int parent, const std::vector<int>& wanted) const {
+  Ranks ranks;
+  ranks.reserve(wanted.size());
+  for (const int child : wanted) ranks.emplace(child, static_cast<int>(ranks.size()));
+  TVSORTCB sort = {};
+  sort.hParent = parent == kNoNode ? TVI_ROOT : ItemOf(parent);
+  sort.lpfnCompare = CompareRanks;
+  sort.lParam = reinterpret_cast<LPARAM>(&ranks);
+  Send(TVM_SORTCHILDRENCB, FALSE, reinterpret_cast<LPARAM>(&sort));
+}
+
+}  // namespace controls

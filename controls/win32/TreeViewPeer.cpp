@@ -1,0 +1,143 @@
+#include "controls/win32/TreeViewPeer.h"
+
+#include "controls/SortKey.h"
+#include "controls/win32/DesktopPeer.h"
+#include "controls/win32/FormPeer.h"
+#include "controls/win32/ImageListPeer.h"
+
+namespace controls {
+
+TreeViewPeer::TreeViewPeer(Form& owner, int controlId)
+    : Peer(owner, controlId),
+      nodes([](std::wstring_view text) { return SortKey(text); }),
+      items(nodes) {}
+
+void TreeViewPeer::Attached() {
+  Send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
+  items.Attach(window);
+}
+
+void TreeViewPeer::Detached() {
+  items.Detach();
+  nodes.Clear();
+  selected = kNoNode;
+  show = false;
+  images = nullptr;
+}
+
+void TreeViewPeer::ShowImages() const {
+  if (!images || !window) return;
+  HIMAGELIST list = images->BackEnd().At(form.BackEnd().dpi);
+  Send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(list));
+}
+
+void TreeViewPeer::LeaveNode(int node) {
+  if (selected == kNoNode || (selected != node && !nodes.IsBelow(selected, node))) return;
+  selected = nodes.Next(node);
+  if (selected == kNoNode) selected = nodes.Previous(node);
+  if (selected == kNoNode) selected = nodes.Parent(node);
+}
+
+void TreeViewPeer::SetExpanded(int node, bool expanded) {
+  nodes.SetExpanded(node, expanded);
+  items.Expanded(node);
+  if (!expanded && selected != kNoNode && nodes.IsBelow(selected, node)) selected = node;
+  EndChange();
+  Raise(expanded ? Tree().Expand : Tree().Collapse, node);
+}
+
+void TreeViewPeer::OpenWay(int node) {
+  const int above = nodes.Parent(node);
+  if (above == kNoNode) return;
+  OpenWay(above);
+  // A procedure that was told of an expansion may have taken the rest away.
+  if (nodes.Exists(above) && !nodes.Expanded(above)) SetExpanded(above, true);
+}
+
+void TreeViewPeer::EndChange() {
+  if (updates > 0) return;
+  Follow();
+  nodes.SweepTexts();
+}
+
+void TreeViewPeer::Follow() {
+  items.Reordered(nodes.SortPending());
+  items.Follow(selected, std::exchange(show, false));
+}
+
+// In the middle of a change or of long work the native control shows what was; a user who acts on
+// that would act on nodes that are no more.
+bool TreeViewPeer::Refuses() const {
+  return updates > 0 || form.OwnerDesktop().BackEnd().inputHeld;
+}
+
+LRESULT TreeViewPeer::Notify(NMHDR& header) {
+  if (items.Busy()) return 0;
+  const auto& change = reinterpret_cast<const NMTREEVIEWW&>(header);
+  const int node = static_cast<int>(change.itemNew.lParam);
+  switch (header.code) {
+    case TVN_ITEMEXPANDINGW:
+      if (Refuses()) return TRUE;
+      if (change.action & TVE_EXPAND) items.Fill(node);
+      return FALSE;
+    case TVN_ITEMEXPANDEDW:
+      Opened(node, (change.action & TVE_EXPAND) != 0);
+      return 0;
+    case TVN_SELCHANGINGW:
+      return Refuses();
+    case TVN_SELCHANGEDW:
+      Chosen(change.itemNew.hItem ? node : kNoNode);
+      return 0;
+    default:
+      return 0;
+  }
+}
+
+LRESULT TreeViewPeer::Handle(const Message& message) {
+  switch (message.number) {
+    case TVM_EXPAND:
+      return items.Busy() ? Native(message) : Expand(message);
+    case WM_SETFOCUS:
+      // A tree view without a selection makes one when it gets the focus; no user has.
+      if (selected == kNoNode) {
+        const int before = std::exchange(updates, 1);
+        Native(message);
+        updates = before;
+        return FocusArrived();
+      }
+      return Peer::Handle(message);
+    case WM_KEYDOWN:
+      // The key that opens all there is below a node opens one level: below the root there may be
+      // a million nodes.
+      if (message.wParam == VK_MULTIPLY) return Native({message.number, VK_ADD, message.lParam});
+      return Peer::Handle(message);
+    default:
+      return Peer::Handle(message);
+  }
+}
+
+// Another program opens or closes a node. The control does not tell of that where the node has been
+// open before.
+LRESULT TreeViewPeer::Expand(const Message& message) {
+  if (Refuses()) return FALSE;
+  const int node = items.NodeOf(reinterpret_cast<HTREEITEM>(message.lParam));
+  if (!nodes.Exists(node)) return FALSE;
+  items.Fill(node);
+  // Children that the control forgot would have to be told of again.
+  const WPARAM action = message.wParam & ~static_cast<WPARAM>(TVE_COLLAPSERESET);
+  const LRESULT result = Native({message.number, action, message.lParam});
+  if (window && nodes.Exists(node)) Opened(node, items.IsOpen(node));
+  return result;
+}
+
+void TreeViewPeer::Opened(int node, bool expanded) {
+  if (nodes.Exists(node) && nodes.Expanded(node) != expanded) SetExpanded(node, expanded);
+}
+
+void TreeViewPeer::Chosen(int node) {
+  if (node == selected) return;
+  selected = node;
+  if (nodes.Exists(node)) Raise(Tree().NodeClick, node);
+}
+
+}  // namespace controls
