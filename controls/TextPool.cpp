@@ -76,13 +76,15 @@ void TextPool::RankAll() {
     if (At(ref).used) order.push_back(ref);
   }
   std::sort(order.begin(), order.end(), [this](TextRef a, TextRef b) { return Before(a, b); });
+  ranks_.resize(texts_.size());
   std::uint32_t rank = 0;
-  for (const TextRef ref : order) At(ref).rank = rank++;
+  for (const TextRef ref : order) ranks_[ref] = rank++;
   ranked_ = true;
 }
 
 std::size_t TextPool::Bytes() const {
-  std::size_t bytes = index_.bucket_count() * sizeof(void*);
+  std::size_t bytes =
+      ranks_.capacity() * sizeof(std::uint32_t) + index_.bucket_count() * sizeof(void*);
   for (const Entry& entry : texts_) {
     bytes += sizeof(Entry) + entry.text.capacity() * sizeof(wchar_t) + entry.sortKey.capacity();
     bytes += sizeof(std::pair<std::wstring_view, TextRef>) + 2 * sizeof(void*);

@@ -34,7 +34,7 @@ class TextPool {
   // Numbers every text by its place in the order, so that Rank answers until a text is added.
   void RankAll();
   bool Ranked() const { return ranked_; }
-  std::uint32_t Rank(TextRef text) const { return At(text).rank; }
+  std::uint32_t Rank(TextRef text) const { return ranks_[text]; }
 
   std::size_t Count() const { return texts_.size() - free_.size(); }
   std::size_t Bytes() const;
@@ -44,7 +44,6 @@ class TextPool {
     std::wstring text;
     std::string sortKey;  // empty until it is needed
     std::uint32_t holders = 0;
-    std::uint32_t rank = 0;
     bool used = false;
     bool idle = false;  // waits in idle_ for the next sweep
   };
@@ -59,6 +58,7 @@ class TextPool {
   std::vector<TextRef> free_;
   std::vector<TextRef> idle_;
   std::unordered_map<std::wstring_view, TextRef> index_;
+  std::vector<std::uint32_t> ranks_;  // by reference, while ranked_
   bool ranked_ = false;
 };
 

@@ -157,7 +157,8 @@ bool TreeNodes::IsBelow(int node, int ancestor) const {
 std::size_t TreeNodes::NodeBytes() const {
   const std::size_t indexes =
       free_.capacity() + pending_.capacity() + ordered_.capacity() + misplaced_.capacity();
-  return blocks_.size() * kBlock * sizeof(Node) + indexes * sizeof(int);
+  return blocks_.size() * kBlock * sizeof(Node) + indexes * sizeof(int) +
+         ranked_.capacity() * sizeof(std::uint64_t);
 }
 
 }  // namespace controls

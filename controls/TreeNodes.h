@@ -133,9 +133,10 @@ class TreeNodes {
   bool MayHaveKey(int node, std::wstring_view key) const;
   void MarkOrderPending(int parent);
   bool WorthRanking() const;
-  bool StandsBefore(int a, int b, bool byRank);
-  void SortChildren(int parent, bool byRank);
-  void TakeMisplaced(int parent, bool byRank);
+  bool StandsBefore(int a, int b);
+  void SortChildrenByRank(int parent);
+  void SortChildrenByKey(int parent);
+  void TakeMisplaced(int parent);
   void Relink(int parent);
 
   TextPool texts_;
@@ -146,6 +147,7 @@ class TreeNodes {
   std::vector<int> pending_;  // may hold a node twice, and nodes that no longer wait
   std::vector<int> ordered_;  // while children are sorted: those in their order, and the others
   std::vector<int> misplaced_;
+  std::vector<std::uint64_t> ranked_;  // the same, each a rank above a node's index
   std::unordered_map<int, std::wstring> storedNames_;
   int count_ = 0;
   int firstRoot_ = kNoNode;

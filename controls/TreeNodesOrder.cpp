@@ -33,7 +33,11 @@ std::vector<int> TreeNodes::SortPending() {
     if (!At(parent).orderPending) continue;
     At(parent).orderPending = false;
     if (!At(parent).sorted) continue;
-    SortChildren(parent, byRank);
+    if (byRank) {
+      SortChildrenByRank(parent);
+    } else {
+      SortChildrenByKey(parent);
+    }
     sorted.push_back(parent);
   }
   pending_.clear();
@@ -54,19 +58,34 @@ bool TreeNodes::WorthRanking() const {
 }
 
 // Nodes of one text are ordered by their index, so that the order never depends on the past.
-bool TreeNodes::StandsBefore(int a, int b, bool byRank) {
+bool TreeNodes::StandsBefore(int a, int b) {
   const TextRef textA = At(a).text;
   const TextRef textB = At(b).text;
-  if (textA == textB) return a < b;
-  return byRank ? texts_.Rank(textA) < texts_.Rank(textB) : texts_.Before(textA, textB);
+  return textA == textB ? a < b : texts_.Before(textA, textB);
+}
+
+// Whole trees are put in order this way: plain numbers are sorted, and no text is looked at.
+void TreeNodes::SortChildrenByRank(int parent) {
+  ranked_.clear();
+  for (int child = At(parent).firstChild; child != kNoNode; child = At(child).next) {
+    const std::uint64_t rank = texts_.Rank(At(child).text);
+    ranked_.push_back(rank << 32 | static_cast<std::uint32_t>(child));
+  }
+  if (std::is_sorted(ranked_.begin(), ranked_.end())) return;
+  std::sort(ranked_.begin(), ranked_.end());
+  ordered_.clear();
+  for (const std::uint64_t entry : ranked_) {
+    ordered_.push_back(static_cast<int>(static_cast<std::uint32_t>(entry)));
+  }
+  Relink(parent);
 }
 
 // Most of the children stand in order already, after a change of a few as well as after a query
 // that was ordered: only the others are sorted, and merged in.
-void TreeNodes::SortChildren(int parent, bool byRank) {
-  TakeMisplaced(parent, byRank);
+void TreeNodes::SortChildrenByKey(int parent) {
+  TakeMisplaced(parent);
   if (misplaced_.empty()) return;
-  const auto before = [this, byRank](int a, int b) { return StandsBefore(a, b, byRank); };
+  const auto before = [this](int a, int b) { return StandsBefore(a, b); };
   std::sort(misplaced_.begin(), misplaced_.end(), before);
   const auto inOrder = static_cast<std::ptrdiff_t>(ordered_.size());
   ordered_.insert(ordered_.end(), misplaced_.begin(), misplaced_.end());
@@ -75,11 +94,11 @@ void TreeNodes::SortChildren(int parent, bool byRank) {
 }
 
 // Where two neighbours stand the wrong way round either may be the one that moved: both go.
-void TreeNodes::TakeMisplaced(int parent, bool byRank) {
+void TreeNodes::TakeMisplaced(int parent) {
   ordered_.clear();
   misplaced_.clear();
   for (int child = At(parent).firstChild; child != kNoNode; child = At(child).next) {
-    if (ordered_.empty() || StandsBefore(ordered_.back(), child, byRank)) {
+    if (ordered_.empty() || StandsBefore(ordered_.back(), child)) {
       ordered_.push_back(child);
       continue;
     }
