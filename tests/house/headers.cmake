@@ -1,0 +1,33 @@
+# One source for every header, with nothing but that header in it: what does not compile lacks an
+# include. The library is built by its test alone.
+
+file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
+  ${PROJECT_SOURCE_DIR}/app/*.h ${PROJECT_SOURCE_DIR}/bench/*.h ${PROJECT_SOURCE_DIR}/browser/*.h
+  ${PROJECT_SOURCE_DIR}/controls/*.h ${PROJECT_SOURCE_DIR}/data/*.h
+  ${PROJECT_SOURCE_DIR}/dialogs/*.h ${PROJECT_SOURCE_DIR}/resources/*.h
+  ${PROJECT_SOURCE_DIR}/server/*.h ${PROJECT_SOURCE_DIR}/tests/*.h ${PROJECT_SOURCE_DIR}/com/*.h)
+# A list of macro calls, which is included for what the includer makes of them.
+list(REMOVE_ITEM headers resources/strings_fr.h)
+# Each compiler is given the headers of its own: those of the folders that only Windows has, or the
+# portable ones.
+set(windowsFolders "com|controls/win32|server/com|server/kvh_util|tests/com|tests/help")
+string(APPEND windowsFolders "|tests/program|tests/support/controls/win32|tests/support/window")
+if(WIN32)
+  list(FILTER headers INCLUDE REGEX "^(${windowsFolders})/")
+else()
+  list(FILTER headers EXCLUDE REGEX "^(${windowsFolders})/")
+endif()
+
+set(alone)
+foreach(header IN LISTS headers)
+  set(source ${CMAKE_CURRENT_BINARY_DIR}/alone/${header}.cpp)
+  file(CONFIGURE OUTPUT ${source} CONTENT "#include \"@header@\"\n" @ONLY)
+  list(APPEND alone ${source})
+endforeach()
+add_library(headers_alone OBJECT EXCLUDE_FROM_ALL ${alone})
+target_include_directories(headers_alone PRIVATE ${PROJECT_SOURCE_DIR})
+target_compile_options(headers_alone PRIVATE -O0 -g0 -fno-sanitize=all
+                       -Wno-non-virtual-dtor)
+target_link_libraries(headers_alone PRIVATE gtest_house sqlite3_house)
+
+house_check(headers COMMAND ${CMAKE_COMMAND} --build ${CMAKE_BINARY_DIR} --target headers_alone)
