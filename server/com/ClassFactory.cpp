@@ -1,14 +1,11 @@
 #include "server/com/ClassFactory.h"
 
-#include <wrl/client.h>
-
 #include <utility>
 
+#include "server/com/Adopt.h"
 #include "server/com/Failure.h"
 #include "server/com/Identity.h"
 #include "server/com/SessionServerObject.h"
-
-using Microsoft::WRL::ComPtr;
 
 namespace server::com {
 
@@ -39,8 +36,7 @@ HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID id, void** object) 
   *object = nullptr;
   if (outer != nullptr) return CLASS_E_NOAGGREGATION;
   try {
-    ComPtr<IDispatch> created;
-    created.Attach(std::make_unique<SessionServerObject>(make_()).release());
+    const auto created = Adopt<IDispatch>(std::make_unique<SessionServerObject>(make_()));
     return created.CopyTo(id, object);
   } catch (...) {
     const HRESULT result = DescribeCurrentException(kSessionServerId, 0, nullptr, nullptr);

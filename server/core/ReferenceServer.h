@@ -25,7 +25,7 @@ class ReferenceServer final : public data::SessionServer {
     // How long a lock held by somebody else is waited for.
     std::chrono::milliseconds lockWait{5000};
     // Shows the about box; without one, ShowAbout does nothing.
-    std::function<void(const std::wstring& title, const std::wstring& text)> showAbout;
+    std::function<void(const std::wstring& title, const std::wstring& text)> showAbout = nullptr;
   };
 
   explicit ReferenceServer(Options options);

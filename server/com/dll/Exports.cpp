@@ -1,19 +1,18 @@
 #include <windows.h>
 
 #include <olectl.h>
-#include <wrl/client.h>
 
 #include <memory>
 #include <new>
 
 #include "MakeServer.h"
+#include "server/com/Adopt.h"
 #include "server/com/ClassFactory.h"
 #include "server/com/Identity.h"
 #include "server/com/LiveObject.h"
 #include "server/com/Registration.h"
 #include "server/com/TypeLibrary.h"
 
-using Microsoft::WRL::ComPtr;
 using server::com::Scope;
 
 namespace {
@@ -39,8 +38,8 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) try {
   if (object == nullptr) return E_POINTER;
   *object = nullptr;
   if (classId != server::com::kClassId) return CLASS_E_CLASSNOTAVAILABLE;
-  ComPtr<IClassFactory> factory;
-  factory.Attach(std::make_unique<server::com::ClassFactory>(MakeServer).release());
+  const auto factory =
+      server::com::Adopt<IClassFactory>(std::make_unique<server::com::ClassFactory>(MakeServer));
   return factory.CopyTo(id, object);
 } catch (const std::bad_alloc&) {
   return E_OUTOFMEMORY;
