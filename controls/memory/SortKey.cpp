@@ -17,12 +17,13 @@ constexpr std::wstring_view kSigns =
 constexpr wchar_t kFirstMarked = 0xC0;
 constexpr std::string_view kLetters =
     "AAAAAA1CEEEEIIIIDNOOOOO*OUUUUY23AAAAAA1CEEEEIIIIDNOOOOO*OUUUUY2Y"
-    "AAAAAACCCCCCCCDDDDEEEEEEEEEEGGGGGGGGHHHHIIIIIIIIIII44JJKKKLLLLLLL"
+    "AAAAAACCCCCCCCDDDDEEEEEEEEEEGGGGGGGGHHHHIIIIIIIIII44JJKKKLLLLLLL"
     "LLLNNNNNNNNNOOOOOO55RRRRRRSSSSSSSSTTTTTTUUUUUUUUUUUUWWYYYZZZZZZS";
 constexpr std::string_view kMarks =
     "`'^~:o ,`'^:`'^:d~`'^~: /`'^:'  `'^~:o ,`'^:`'^:d~`'^~: /`'^:' :"
     "--uu;;''^^..vvvv==--uu..;;vv^^uu..,,^^==~~--uu;;.i  ^^,,i'',,vv*"
     "*ll'',,vvngg--uu\"\"  '',,vv''^^,,vv,,vv==~~--uuoo\"\";;^^^^:''..vvi";
+static_assert(kLetters.size() == 0x180 - 0xC0 && kMarks.size() == kLetters.size());
 constexpr std::string_view kPairs[] = {"AE", "TH", "SS", "IJ", "OE"};
 
 // The marks in their order; a letter without one stands before all of them.
