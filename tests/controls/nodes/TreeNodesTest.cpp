@@ -1,0 +1,241 @@
+#include "controls/TreeNodes.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace controls_test {
+namespace {
+
+using controls::KeyForm;
+using controls::kNoNode;
+using controls::TreeNodes;
+
+constexpr KeyForm kRoot{L"\\TRT", L" "};
+constexpr KeyForm kUser{L"\\TUS", L"\\U", true};
+constexpr KeyForm kFolder{L"\\TMO", L" \\G"};
+constexpr KeyForm kLeaf{L"\\TGU", L"", true};
+
+class TreeNodesOf : public testing::Test {
+ protected:
+  int Add(int parent, const KeyForm& form, int id, const std::wstring& text) {
+    return nodes.Add(parent, form, id, nodes.Share(text), 0);
+  }
+  std::wstring Children(int parent) const {
+    std::wstring texts;
+    int previous = kNoNode;
+    for (int child = nodes.FirstChild(parent); child != kNoNode; child = nodes.Next(child)) {
+      EXPECT_EQ(nodes.Previous(child), previous);
+      EXPECT_EQ(nodes.Parent(child), parent);
+      previous = child;
+      texts += nodes.Text(child) + L" ";
+    }
+    EXPECT_EQ(nodes.LastChild(parent), previous);
+    return texts;
+  }
+
+  TreeNodes nodes{[](std::wstring_view text) { return std::string(text.begin(), text.end()); }};
+  const int root = Add(kNoNode, kRoot, 0, L"root");
+};
+
+TEST_F(TreeNodesOf, NoNodeAtAllAnswersNothing) {
+  nodes.Clear();
+  EXPECT_EQ(nodes.Count(), 0);
+  EXPECT_EQ(nodes.Root(), kNoNode);
+  EXPECT_EQ(nodes.NextIndex(0), kNoNode);
+  EXPECT_EQ(nodes.Find(L"\\TRT "), kNoNode);
+  EXPECT_FALSE(nodes.Exists(1));
+  EXPECT_FALSE(nodes.Exists(0));
+  EXPECT_FALSE(nodes.Exists(kNoNode));
+  EXPECT_TRUE(nodes.SortPending().empty());
+}
+
+TEST_F(TreeNodesOf, SeveralRootsKeepTheOrderInWhichTheyCame) {
+  const int second = Add(kNoNode, kRoot, 0, L"second");
+  const int third = Add(kNoNode, kRoot, 0, L"third");
+  EXPECT_EQ(nodes.Root(), root);
+  EXPECT_EQ(nodes.Next(root), second);
+  EXPECT_EQ(nodes.LastSibling(root), third);
+  EXPECT_EQ(nodes.FirstSibling(third), root);
+  nodes.Remove(root);
+  EXPECT_EQ(nodes.Root(), second);
+  nodes.Remove(third);
+  EXPECT_EQ(nodes.LastSibling(second), second);
+}
+
+TEST_F(TreeNodesOf, IdsOfAnySizeAndSignGiveTheirDecimalText) {
+  EXPECT_EQ(nodes.Key(Add(root, kUser, INT32_MAX, L"x")), L"\\TUS \\U2147483647");
+  const int lowest = Add(root, kUser, INT32_MIN, L"y");
+  EXPECT_EQ(nodes.Key(lowest), L"\\TUS \\U-2147483648");
+  EXPECT_EQ(nodes.Find(L"\\TUS \\U-2147483648"), lowest);
+  const int zero = Add(root, kUser, 0, L"z");
+  EXPECT_EQ(nodes.Find(L"\\TUS \\U0"), zero);
+}
+
+TEST_F(TreeNodesOf, KeyFormsThatDifferInTheIdOnlyAreTwo) {
+  const KeyForm bare{L"\\TUS", L"\\U"};
+  const int without = Add(root, bare, 5, L"x");
+  const int with = Add(root, kUser, 5, L"y");
+  EXPECT_EQ(nodes.Key(without), L"\\TUS \\U");
+  EXPECT_EQ(nodes.Key(with), L"\\TUS \\U5");
+  EXPECT_EQ(nodes.FindChild(root, bare, 5), without);
+  EXPECT_EQ(nodes.FindChild(root, kUser, 5), with);
+}
+
+TEST_F(TreeNodesOf, EqualKeyFormsInDifferentPlacesAreOne) {
+  const std::wstring prefix = L"\\TUS";
+  const std::wstring suffix = L"\\U";
+  const int user = Add(root, kUser, 5, L"x");
+  EXPECT_EQ(nodes.FindChild(root, {prefix, suffix, true}, 5), user);
+  EXPECT_EQ(nodes.FindChild(root, {prefix, suffix, true}, 6), kNoNode);
+  EXPECT_EQ(nodes.FindChild(root, {L"\\TXX", suffix, true}, 5), kNoNode);
+}
+
+TEST_F(TreeNodesOf, KeysThatNoNodeHasAreNotFound) {
+  const int user = Add(root, kUser, 12, L"x");
+  Add(user, kFolder, 0, L"folder");
+  for (const wchar_t* key : {L"", L"\\T", L"\\TUS", L"\\TUS \\U", L"\\TUS \\U1", L"\\TUS \\U112",
+                             L"\\TMO \\U12", L"\\TUS \\U12 \\G"}) {
+    EXPECT_EQ(nodes.Find(key), kNoNode);
+  }
+  EXPECT_EQ(nodes.Find(L"\\TUS \\U12"), user);
+}
+
+TEST_F(TreeNodesOf, FreedIndexesAreUsedAgainTheLatestFirst) {
+  const int a = Add(root, kUser, 1, L"a");
+  const int b = Add(root, kUser, 2, L"b");
+  nodes.Remove(a);
+  nodes.Remove(b);
+  EXPECT_EQ(Add(root, kUser, 3, L"c"), b);
+  EXPECT_EQ(Add(root, kUser, 4, L"d"), a);
+  EXPECT_EQ(Children(root), L"c d ");
+}
+
+TEST_F(TreeNodesOf, AFreedNodeLeavesNothingToTheNextOfItsIndex) {
+  const int a = Add(root, kUser, 1, L"a");
+  nodes.SetStoredName(a, L"stored");
+  nodes.SetExpanded(a, true);
+  nodes.SetSorted(a, true);
+  Add(a, kFolder, 0, L"folder");
+  nodes.Remove(a);
+  const int b = Add(root, kUser, 2, L"b");
+  const int c = Add(root, kUser, 3, L"c");
+  for (const int node : {b, c}) {
+    EXPECT_EQ(nodes.StoredName(node), L"");
+    EXPECT_FALSE(nodes.Expanded(node));
+    EXPECT_FALSE(nodes.Sorted(node));
+    EXPECT_FALSE(nodes.HasChildren(node));
+  }
+  EXPECT_TRUE(nodes.SortPending().empty());
+}
+
+TEST_F(TreeNodesOf, AWaitingParentThatIsRemovedIsNotSorted) {
+  const int user = Add(root, kUser, 1, L"u");
+  nodes.SetSorted(user, true);
+  Add(user, kLeaf, 2, L"b");
+  Add(user, kLeaf, 1, L"a");
+  nodes.Remove(user);
+  const int other = Add(root, kUser, 2, L"v");
+  nodes.SetSorted(other, true);
+  Add(other, kLeaf, 2, L"d");
+  Add(other, kLeaf, 1, L"c");
+  EXPECT_EQ(nodes.SortPending(), std::vector<int>{other});
+  EXPECT_EQ(Children(other), L"c d ");
+}
+
+TEST_F(TreeNodesOf, AParentThatIsNoLongerSortedKeepsItsOrder) {
+  nodes.SetSorted(root, true);
+  Add(root, kUser, 1, L"b");
+  Add(root, kUser, 2, L"a");
+  nodes.SetSorted(root, false);
+  EXPECT_TRUE(nodes.SortPending().empty());
+  EXPECT_EQ(Children(root), L"b a ");
+  nodes.SetSorted(root, true);
+  nodes.SortPending();
+  EXPECT_EQ(Children(root), L"a b ");
+}
+
+TEST_F(TreeNodesOf, AChangedTextMovesItsNodeEitherWay) {
+  nodes.SetSorted(root, true);
+  int b = 0;
+  for (const wchar_t* text : {L"a", L"b", L"c", L"d", L"e"}) {
+    const int node = Add(root, kUser, text[0], text);
+    if (*text == L'b') b = node;
+  }
+  nodes.SortPending();
+  nodes.SetText(b, nodes.Share(L"dd"));
+  EXPECT_EQ(nodes.SortPending(), std::vector<int>{root});
+  EXPECT_EQ(Children(root), L"a c d dd e ");
+  nodes.SetText(b, nodes.Share(L"0"));
+  nodes.SortPending();
+  EXPECT_EQ(Children(root), L"0 a c d e ");
+  nodes.SetText(b, nodes.Share(L"z"));
+  nodes.SortPending();
+  EXPECT_EQ(Children(root), L"a c d e z ");
+  EXPECT_TRUE(nodes.SortPending().empty());
+}
+
+TEST_F(TreeNodesOf, OneTextAreOrderedByTheirIndex) {
+  nodes.SetSorted(root, true);
+  const int a = Add(root, kUser, 1, L"same");
+  const int b = Add(root, kUser, 2, L"same");
+  nodes.Remove(a);
+  const int again = Add(root, kUser, 3, L"same");
+  nodes.SortPending();
+  EXPECT_EQ(again, a);
+  EXPECT_EQ(nodes.FirstChild(root), again);
+  EXPECT_EQ(nodes.LastChild(root), b);
+}
+
+TEST_F(TreeNodesOf, ManyFoldersAreSortedTheSameByRankAsByKey) {
+  std::vector<int> folders;
+  for (int f = 0; f < 500; ++f) {
+    folders.push_back(Add(root, kUser, f, L"folder"));
+    nodes.SetSorted(folders.back(), true);
+    for (int i = 0; i < 20; ++i) {
+      Add(folders.back(), kLeaf, i, std::wstring(1, static_cast<wchar_t>(L'a' + i * 7 % 20)));
+    }
+  }
+  EXPECT_EQ(nodes.SortPending().size(), 500U);
+  for (const int folder : folders) {
+    EXPECT_EQ(Children(folder), L"a b c d e f g h i j k l m n o p q r s t ");
+  }
+}
+
+TEST_F(TreeNodesOf, TextsNoLongerShownGoWithTheSweep) {
+  const int user = Add(root, kUser, 1, L"text 0");
+  const auto rename = [&](int i) {
+    nodes.SetText(user, nodes.Share(L"text " + std::to_wstring(i % 10)));
+    nodes.SweepTexts();
+  };
+  rename(1);
+  rename(2);
+  const std::size_t before = nodes.TextBytes();
+  for (int i = 3; i < 1000; ++i) rename(i);
+  EXPECT_EQ(nodes.Text(user), L"text 9");
+  EXPECT_EQ(nodes.TextBytes(), before);
+}
+
+TEST_F(TreeNodesOf, ALeafTakesNoMoreThanFortyBytes) {
+  constexpr int kLeaves = 200000;
+  const controls::TextRef text = nodes.Share(L"Lecture");
+  const std::size_t before = nodes.NodeBytes() + nodes.TextBytes();
+  for (int i = 0; i < kLeaves; ++i) nodes.Add(root, kLeaf, i, text, 0);
+  const std::size_t used = nodes.NodeBytes() + nodes.TextBytes() - before;
+  EXPECT_LE(used / kLeaves, 40U);
+}
+
+TEST_F(TreeNodesOf, ManyWaitingFoldersAreRemovedWithoutDelay) {
+  for (int i = 0; i < 60000; ++i) {
+    const int user = Add(root, kUser, i, L"user");
+    nodes.SetSorted(user, true);
+    Add(user, kFolder, 0, L"folder");
+  }
+  nodes.RemoveChildren(root);
+  EXPECT_EQ(nodes.Count(), 1);
+  EXPECT_TRUE(nodes.SortPending().empty());
+}
+
+}  // namespace
+}  // namespace controls_test
