@@ -8,7 +8,9 @@
 #include "server/core/CommandLine.h"
 #include "server/core/SqliteEngine.h"
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <unistd.h>
 #endif
 
@@ -135,16 +137,17 @@ TEST(LockWait, IsFiveSecondsUnlessToldOtherwise) {
 
 #ifdef _WIN32
 
-// A file with the read-only attribute set for the length of a test.
+// A file that nobody may open for writing for the length of a test. The attribute alone would not
+// do: where the process runs as the host's superuser, nothing comes of it.
 class ReadOnlyFile {
  public:
-  explicit ReadOnlyFile(const std::filesystem::path& file) : file_(file) {
-    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
-  }
-  ~ReadOnlyFile() { std::filesystem::permissions(file_, std::filesystem::perms::all); }
+  explicit ReadOnlyFile(const std::filesystem::path& file)
+      : handle_(CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                            FILE_ATTRIBUTE_NORMAL, nullptr)) {}
+  ~ReadOnlyFile() { CloseHandle(handle_); }
 
  private:
-  std::filesystem::path file_;
+  HANDLE handle_;
 };
 
 #else
