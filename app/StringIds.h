@@ -38,6 +38,8 @@ enum StringId : int {
   kServerNotRegistered = 421,
   kServerFileMissing = 422,
   kServerWrongBitness = 423,
+  kServerLost = 424,
+  kServerMemberMissing = 425,
   kDiscard1 = 700,
   kDiscard2 = 701,
   kMismatch1 = 702,

@@ -6,6 +6,7 @@
 #include "app/StringIds.h"
 #include "app/mGlobal.h"
 #include "browser/frmUserGroupPerm.h"
+#include "com/Apartment.h"
 #include "com/ComSessionServer.h"
 #include "controls/Desktop.h"
 
@@ -17,9 +18,13 @@ constexpr const wchar_t* kProgId = L"Vardex.Vardex.1";
 constexpr const wchar_t* kProgram = L"uadmin";
 
 std::unique_ptr<data::SessionServer> CreateSessionServer(const controls::Desktop& desktop) {
-  return com::CreateSessionServer(kProgId, {desktop.LoadResString(app::kServerNotRegistered),
-                                            desktop.LoadResString(app::kServerFileMissing),
-                                            desktop.LoadResString(app::kServerWrongBitness)});
+  com::ServerTexts texts;
+  texts.notRegistered = desktop.LoadResString(app::kServerNotRegistered);
+  texts.fileMissing = desktop.LoadResString(app::kServerFileMissing);
+  texts.wrongBitness = desktop.LoadResString(app::kServerWrongBitness);
+  texts.lost = desktop.LoadResString(app::kServerLost);
+  texts.memberMissing = desktop.LoadResString(app::kServerMemberMissing);
+  return com::CreateSessionServer(kProgId, texts);
 }
 
 int Run() {

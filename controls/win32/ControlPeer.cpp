@@ -8,10 +8,14 @@ namespace {
 
 constexpr UINT_PTR kSubclassId = 1;
 
+// The window property that leads from a native control to its peer.
+constexpr const wchar_t* kPeerProperty = L"UadminControlPeer";
+
 }  // namespace
 
 void Control::Peer::Attach(HWND native) {
   window = native;
+  SetPropW(native, kPeerProperty, this);
   SetWindowSubclass(native, ControlThunk, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
   ShowState();
   Attached();
@@ -21,6 +25,7 @@ void Control::Peer::Detach() {
   if (!window) return;
   Detached();
   RemoveWindowSubclass(window, ControlThunk, kSubclassId);
+  RemovePropW(window, kPeerProperty);
   window = nullptr;
   enabled = true;
   visible = true;
@@ -84,12 +89,6 @@ void Control::Peer::RenewFont() {
   FontHandle handle = MakeFont(*font, form.BackEnd().dpi);
   SetNativeFont(handle.Get());
   fontHandle = std::move(handle);
-}
-
-Control::Peer* PeerOf(HWND window) {
-  DWORD_PTR reference = 0;
-  if (!GetWindowSubclass(window, ControlThunk, kSubclassId, &reference)) return nullptr;
-  return reinterpret_cast<Control::Peer*>(reference);
 }
 
 }  // namespace controls
