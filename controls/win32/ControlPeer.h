@@ -81,7 +81,4 @@ struct Control::Peer {
   FontHandle fontHandle;
 };
 
-// The peer of a native control's window; null where the window is not a control of a form.
-Control::Peer* PeerOf(HWND window);
-
 }  // namespace controls

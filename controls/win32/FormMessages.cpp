@@ -1,5 +1,7 @@
 // What the system tells a form, as the form's own procedures and those of its controls.
 
+#include <algorithm>
+
 #include "controls/win32/DesktopPeer.h"
 #include "controls/win32/FormPeer.h"
 
@@ -25,6 +27,9 @@ INT_PTR Form::Peer::Handle(const Message& message) {
       return TRUE;
     case WM_SETCURSOR:
       return SetPointer(message);
+    case WM_GETFONT:
+      // A dialog knows its template's font only.
+      return fontHandle_ ? Answer(reinterpret_cast<LRESULT>(fontHandle_.Get())) : FALSE;
     case WM_GETMINMAXINFO:
       LimitSize(*reinterpret_cast<MINMAXINFO*>(message.lParam));
       return TRUE;
@@ -56,17 +61,22 @@ INT_PTR Form::Peer::Answer(LRESULT result) const {
   return TRUE;
 }
 
+Control::Peer* Form::Peer::ControlOf(HWND native) const {
+  const auto found = std::ranges::find(controls, native, &Control::Peer::window);
+  return native && found != controls.end() ? *found : nullptr;
+}
+
 INT_PTR Form::Peer::Command(const Message& message) {
   HWND from = reinterpret_cast<HWND>(message.lParam);
   if (!from) from = GetDlgItem(window, LOWORD(message.wParam));
-  Control::Peer* control = PeerOf(from);
+  Control::Peer* control = ControlOf(from);
   if (control) control->Command(HIWORD(message.wParam));
   return TRUE;
 }
 
 INT_PTR Form::Peer::Notify(const Message& message) {
   auto& header = *reinterpret_cast<NMHDR*>(message.lParam);
-  Control::Peer* control = PeerOf(header.hwndFrom);
+  Control::Peer* control = ControlOf(header.hwndFrom);
   return control ? Answer(control->Notify(header)) : FALSE;
 }
 

@@ -137,7 +137,6 @@ void Form::Peer::SetFont(const Font& wanted) {
 void Form::Peer::ShowFont() {
   FontHandle handle = font_ ? MakeFont(*font_, dpi) : ScaleFont(templateFont_, templateDpi_, dpi);
   const auto font = reinterpret_cast<WPARAM>(handle.Get());
-  SendMessageW(window, WM_SETFONT, font, FALSE);
   for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
     SendMessageW(child, WM_SETFONT, font, TRUE);
   }

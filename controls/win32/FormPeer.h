@@ -73,6 +73,8 @@ struct Form::Peer {
   void ShowFont();
   void DropWindows();
 
+  // Null where the window is not one of the form's controls.
+  Control::Peer* ControlOf(HWND native) const;
   INT_PTR Answer(LRESULT result) const;
   INT_PTR Command(const Message& message);
   INT_PTR Notify(const Message& message);

@@ -15,15 +15,20 @@ std::string Shown(const std::wstring& text) {
   std::string shown;
   for (const wchar_t c : text) {
     const auto unit = static_cast<unsigned>(c) & 0xFFFFU;
-    shown += unit >= 32 && unit < 127 ? std::string(1, static_cast<char>(unit))
-                                      : "<" + std::to_string(unit) + ">";
+    if (unit >= 32 && unit < 127) {
+      shown += static_cast<char>(unit);
+    } else {
+      shown.append("<").append(std::to_string(unit)).append(">");
+    }
   }
   return shown;
 }
 
 std::string Shown(const SeenBox& box) {
-  return "\"" + Shown(box.prompt) + "\", style " + std::to_string(box.style) + ", title \"" +
-         Shown(box.title) + "\"";
+  std::string shown = "\"";
+  shown.append(Shown(box.prompt)).append("\", style ").append(std::to_string(box.style));
+  shown.append(", title \"").append(Shown(box.title)).append("\"");
+  return shown;
 }
 
 int RefusingAnswer(int style) {

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+#include "controls/Desktop.h"
+#include "controls/win32/Handles.h"
+#include "tests/support/controls/Script.h"
+
+namespace testing_support {
+
+// Has the system show every message box, reads there what a user would read, and presses the
+// button that the script answers with.
+class BoxAnswerer {
+ public:
+  BoxAnswerer(controls::Desktop& desktop, Script& script);
+  ~BoxAnswerer();
+  BoxAnswerer(const BoxAnswerer&) = delete;
+  BoxAnswerer& operator=(const BoxAnswerer&) = delete;
+
+ private:
+  static LRESULT CALLBACK Called(HWND window, UINT number, WPARAM wParam, LPARAM lParam,
+                                 UINT_PTR id, DWORD_PTR answerer);
+
+  int Show(const std::wstring& prompt, int style, const std::wstring& title);
+  void Answer();
+
+  controls::Desktop& desktop_;
+  Script& script_;
+  controls::WindowHandle caller_;  // gets a message as soon as the box handles input
+  int style_ = 0;
+};
+
+}  // namespace testing_support

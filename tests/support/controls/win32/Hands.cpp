@@ -1,0 +1,229 @@
+#include "tests/support/controls/Hands.h"
+
+#include <cwctype>
+
+#include "controls/CommandButton.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
+#include "controls/TabStrip.h"
+#include "controls/TextBox.h"
+#include "controls/win32/FormPeer.h"
+#include "controls/win32/ListBoxPeer.h"
+#include "controls/win32/TreeViewPeer.h"
+#include "tests/support/controls/win32/BoxAnswerer.h"
+#include "tests/support/controls/win32/Input.h"
+#include "tests/support/controls/win32/ListMouse.h"
+#include "tests/support/controls/win32/TreeMouse.h"
+
+namespace testing_support {
+
+using namespace controls;
+
+namespace {
+
+TreeViewPeer& PeerOfTree(const TreeView& tree) {
+  return static_cast<TreeViewPeer&>(tree.BackEnd());
+}
+
+ListBoxPeer& PeerOfList(const ListBox& list) {
+  return static_cast<ListBoxPeer&>(list.BackEnd());
+}
+
+POINT Middle(HWND window) {
+  RECT client = {};
+  GetClientRect(window, &client);
+  return {client.right / 2, client.bottom / 2};
+}
+
+// Where a key pressed in the form arrives.
+HWND KeyTarget(const Form& form) {
+  HWND window = form.BackEnd().window;
+  HWND focus = GetFocus();
+  if (focus && (focus == window || IsChild(window, focus))) return focus;
+  SetActiveWindow(window);
+  focus = GetFocus();
+  return focus && IsChild(window, focus) ? focus : window;
+}
+
+bool HasMnemonic(const Control::Peer& control, wchar_t letter) {
+  wchar_t kind[16] = {};
+  GetClassNameW(control.window, kind, 16);
+  const bool label = lstrcmpiW(kind, WC_STATICW) == 0;
+  if (!label && lstrcmpiW(kind, WC_BUTTONW) != 0) return false;
+  if (label && (GetWindowLongPtrW(control.window, GWL_STYLE) & SS_NOPREFIX)) return false;
+  const std::wstring caption = control.WindowText();
+  for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+    if (caption[i] != L'&') continue;
+    if (caption[i + 1] != L'&') return std::towlower(caption[i + 1]) == std::towlower(letter);
+    ++i;
+  }
+  return false;
+}
+
+Font FontIn(HWND window, unsigned dpi) {
+  LOGFONTW font = {};
+  GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
+  return {font.lfFaceName, MulDiv(-font.lfHeight, 72, static_cast<int>(dpi)), font.lfCharSet};
+}
+
+}  // namespace
+
+struct Hands::Parts {
+  Parts(Desktop& desktop, Script& script) : input(desktop), boxes(desktop, script) {}
+
+  Input input;
+  BoxAnswerer boxes;
+};
+
+Hands::Hands(Desktop& desktop, Script& script) : parts_(std::make_unique<Parts>(desktop, script)) {}
+Hands::~Hands() = default;
+
+bool Hands::CanUse(const Control& control) const {
+  return control.BackEnd().TakesInput();
+}
+
+Font Hands::FontOf(const Control& control) const {
+  return FontIn(control.BackEnd().window, control.Owner().BackEnd().dpi);
+}
+Font Hands::FontOf(const Form& form) const {
+  return FontIn(form.BackEnd().window, form.BackEnd().dpi);
+}
+
+bool Hands::Focus(Control& control) {
+  if (!CanUse(control) || !control.BackEnd().TakesFocus()) return false;
+  ::SetFocus(control.BackEnd().window);
+  parts_->input.Drain();
+  return true;
+}
+
+// After Focus has moved the focus, what that set off may have put the control out of reach: the
+// gesture then ends there.
+
+bool Hands::Click(CommandButton& button) {
+  if (!Focus(button)) return false;
+  HWND window = button.BackEnd().window;
+  if (CanUse(button)) parts_->input.Click(window, Middle(window));
+  return true;
+}
+
+bool Hands::Type(TextBox& box, const std::wstring& text) {
+  if (!Focus(box)) return false;
+  for (const wchar_t character : text) {
+    if (!CanUse(box) || !box.HasFocus()) break;
+    parts_->input.Character(box.BackEnd().window, character);
+  }
+  parts_->input.Drain();
+  return true;
+}
+
+// What the control itself does with a text from the clipboard, which tests that run side by side
+// would have to share.
+bool Hands::Paste(TextBox& box, const std::wstring& text) {
+  if (!Focus(box)) return false;
+  if (CanUse(box)) box.BackEnd().Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+  parts_->input.Drain();
+  return true;
+}
+
+bool Hands::Choose(ListBox& list, int item) {
+  if (!PeerOfList(list).Has(item) || !Focus(list)) return false;
+  ListMouse mouse(PeerOfList(list), parts_->input);
+  if (CanUse(list) && PeerOfList(list).Has(item)) mouse.ClickText(item);
+  return true;
+}
+
+bool Hands::Toggle(ListBox& list, int item) {
+  ListBoxPeer& peer = PeerOfList(list);
+  if (peer.kind == ListBox::Kind::kPlain || !peer.Has(item) || !Focus(list)) return false;
+  ListMouse mouse(peer, parts_->input);
+  if (CanUse(list) && peer.Has(item)) mouse.Toggle(item);
+  return true;
+}
+
+bool Hands::DoubleClick(ListBox& list, int item) {
+  if (!Choose(list, item)) return false;
+  ListMouse mouse(PeerOfList(list), parts_->input);
+  if (CanUse(list) && PeerOfList(list).Has(item)) mouse.ClickTextAgain(item);
+  return true;
+}
+
+bool Hands::ChooseTab(TabStrip& tabs, int tab) {
+  if (tab < 0 || tab >= tabs.TabCount() || !Focus(tabs)) return false;
+  RECT place = {};
+  if (!CanUse(tabs)) return true;
+  tabs.BackEnd().Send(TCM_GETITEMRECT, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&place));
+  parts_->input.Click(tabs.BackEnd().window,
+                      {(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+  return true;
+}
+
+bool Hands::Select(TreeView& tree, int node) {
+  TreeViewPeer& peer = PeerOfTree(tree);
+  if (!peer.nodes.Exists(node) || !Focus(tree)) return false;
+  TreeMouse mouse(peer, parts_->input);
+  mouse.OpenWay(node);
+  if (CanUse(tree) && peer.nodes.Exists(node)) mouse.ClickText(node);
+  return true;
+}
+
+bool Hands::Expand(TreeView& tree, int node) {
+  TreeViewPeer& peer = PeerOfTree(tree);
+  if (!peer.nodes.Exists(node) || peer.nodes.Expanded(node)) return false;
+  if (!peer.nodes.HasChildren(node) || !Focus(tree)) return false;
+  TreeMouse mouse(peer, parts_->input);
+  mouse.OpenWay(node);
+  if (CanUse(tree) && peer.nodes.Exists(node)) mouse.ClickButton(node);
+  return true;
+}
+
+bool Hands::Collapse(TreeView& tree, int node) {
+  TreeViewPeer& peer = PeerOfTree(tree);
+  if (!peer.nodes.Exists(node) || !peer.nodes.Expanded(node)) return false;
+  if (!peer.nodes.HasChildren(node) || !Focus(tree)) return false;
+  TreeMouse mouse(peer, parts_->input);
+  mouse.OpenWay(node);
+  if (CanUse(tree) && peer.nodes.Exists(node)) mouse.ClickButton(node);
+  return true;
+}
+
+bool Hands::PressKey(Form& form, int keyCode, bool shift) {
+  Form::Peer& peer = form.BackEnd();
+  if (!peer.TakesInput()) return false;
+  std::optional<HeldKey> held;
+  if (shift) held.emplace(VK_SHIFT);
+  parts_->input.KeyDown(KeyTarget(form), keyCode);
+  if (peer.TakesInput()) parts_->input.KeyUp(KeyTarget(form), keyCode);
+  return true;
+}
+
+bool Hands::Mnemonic(Form& form, wchar_t letter) {
+  Form::Peer& peer = form.BackEnd();
+  if (!peer.TakesInput()) return false;
+  for (const Control::Peer* control : peer.controls) {
+    if (!control->IsUsable() || !HasMnemonic(*control, letter)) continue;
+    parts_->input.MenuCharacter(KeyTarget(form), letter);
+    return true;
+  }
+  return false;
+}
+
+bool Hands::Close(Form& form) {
+  if (!form.BackEnd().TakesInput()) return false;
+  parts_->input.Send(form.BackEnd().window, WM_SYSCOMMAND, SC_CLOSE, 0);
+  parts_->input.Drain();
+  return true;
+}
+
+void Hands::ClickLater(CommandButton& button) {
+  parts_->input.ClickLater(button.BackEnd().window);
+}
+
+void Hands::Settle() {
+  parts_->input.Settle();
+}
+
+void Hands::Discard(Form& form) {
+  if (form.IsLoaded()) form.BackEnd().Close();
+}
+
+}  // namespace testing_support
