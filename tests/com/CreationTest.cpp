@@ -1,0 +1,119 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "ClassEntry.h"
+#include "LateServer.h"
+#include "com/Apartment.h"
+#include "com/ComSessionServer.h"
+
+using Microsoft::WRL::ComPtr;
+
+namespace com_test {
+namespace {
+
+#ifdef _WIN64
+constexpr WORD kOtherMachine = IMAGE_FILE_MACHINE_I386;
+#else
+constexpr WORD kOtherMachine = IMAGE_FILE_MACHINE_AMD64;
+#endif
+
+data::RunTimeError ErrorOfCreating(const std::wstring& progId) {
+  const ::com::Apartment apartment;
+  return ErrorOf([&] {
+    ::com::CreateSessionServer(progId, {L"not registered", L"file missing", L"wrong bitness"});
+  });
+}
+
+void ExpectFault(const wchar_t* text, const std::wstring& progId) {
+  const data::RunTimeError error = ErrorOfCreating(progId);
+  EXPECT_EQ(data::kCannotCreateObject, error.Number());
+  EXPECT_EQ(text, error.Text());
+}
+
+// A file that looks like a library of a machine, as far as anybody reads it.
+class ImageStub {
+ public:
+  explicit ImageStub(WORD machine) {
+    std::string image(0x200, '\0');
+    image[0] = 'M';
+    image[1] = 'Z';
+    image[0x3C] = 0x40;
+    image.replace(0x40, 4, std::string("PE\0\0", 4));
+    image[0x44] = static_cast<char>(machine & 0xFF);
+    image[0x45] = static_cast<char>(machine >> 8);
+    std::ofstream(path_, std::ios::binary) << image;
+  }
+  ~ImageStub() {
+    std::error_code ignored;
+    std::filesystem::remove(path_, ignored);
+  }
+
+  std::wstring Path() const { return path_.wstring(); }
+
+ private:
+  std::filesystem::path path_ =
+      std::filesystem::temp_directory_path() /
+      (L"uadmin-stub-" + std::to_wstring(GetCurrentProcessId()) + L".dll");
+};
+
+TEST(Creation, OfAnUnknownObjectSaysSo) {
+  ExpectFault(L"not registered", L"Vardex.NoSuchObject.1");
+}
+
+TEST(Creation, OfANameWithoutItsClassSaysSo) {
+  const ClassEntry entry;
+  ExpectFault(L"not registered", entry.ProgId());
+}
+
+TEST(Creation, WithoutTheRegisteredFileSaysSo) {
+  ClassEntry entry;
+  entry.SetLibrary(L"C:\\no such folder\\server.dll");
+  ExpectFault(L"file missing", entry.ProgId());
+}
+
+TEST(Creation, OfALibraryForTheOtherMachineSaysSo) {
+  const ImageStub stub(kOtherMachine);
+  ClassEntry entry;
+  entry.SetLibrary(L"\"" + stub.Path() + L"\"");
+  ExpectFault(L"wrong bitness", entry.ProgId());
+}
+
+TEST(Creation, OfAClassKnownToOtherProgramsOnlySaysSo) {
+  ClassEntry entry;
+  entry.SetLibraryOfTheOtherView(L"C:\\no such folder\\server.dll");
+  ExpectFault(L"wrong bitness", entry.ProgId());
+}
+
+TEST(Creation, OfARegisteredClassGivesASessionServer) {
+  const ::com::Apartment apartment;
+  ClassEntry entry;
+  const ComPtr<FakeObject> object = FakeObject::Make();
+  object->Gives(L"GetRights", SmallValue(5));
+  const RunningClass running(entry.ClassId(), object.Get());
+  const ULONG before = object->references;
+  {
+    const auto server = ::com::CreateSessionServer(entry.ProgId(), {L"", L"", L""});
+    EXPECT_EQ(5, server->GetRights());
+  }
+  EXPECT_EQ(before, object->references);
+}
+
+TEST(Creation, OfAnObjectThatScriptsCannotCallIsError430) {
+  const ::com::Apartment apartment;
+  ClassEntry entry;
+  const ComPtr<FakeObject> object = FakeObject::Make();
+  object->isDispatch = false;
+  const RunningClass running(entry.ClassId(), object.Get());
+  EXPECT_EQ(data::kNoAutomation, ErrorOfCreating(entry.ProgId()).Number());
+}
+
+TEST(Apartments, CannotBeHadInAThreadOfAnotherKind) {
+  ASSERT_EQ(S_OK, CoInitializeEx(nullptr, COINIT_MULTITHREADED));
+  EXPECT_EQ(RPC_E_CHANGED_MODE, ErrorOf([] { const ::com::Apartment apartment; }).Number());
+  CoUninitialize();
+}
+
+}  // namespace
+}  // namespace com_test

@@ -1,0 +1,128 @@
+#include "FakeObject.h"
+
+#include <memory>
+
+using Microsoft::WRL::ComPtr;
+
+namespace com_test {
+
+ComPtr<FakeObject> FakeObject::Make(DISPID firstId) {
+  ComPtr<FakeObject> object;
+  *object.GetAddressOf() = std::unique_ptr<FakeObject>(new FakeObject(firstId)).release();
+  return object;
+}
+
+FakeObject& FakeObject::On(const wchar_t* name, Handler handler) {
+  entries_.push_back({name, nextId_, std::move(handler)});
+  nextId_ += nextId_ < 0 ? -3 : 7;
+  return *this;
+}
+
+FakeObject& FakeObject::Gives(const wchar_t* name, const VARIANT& value) {
+  return On(name, [value](const FakeCall& call) { return Give(call.result, value); });
+}
+
+HRESULT FakeObject::QueryInterface(REFIID id, void** object) {
+  *object = nullptr;
+  if (id == IID_IUnknown || (id == IID_IDispatch && isDispatch)) {
+    *object = static_cast<IDispatch*>(this);
+  } else if (id == IID_ISupportErrorInfo && supportsErrorInfo) {
+    *object = static_cast<ISupportErrorInfo*>(this);
+  } else {
+    return E_NOINTERFACE;
+  }
+  AddRef();
+  return S_OK;
+}
+
+ULONG FakeObject::AddRef() {
+  return ++references;
+}
+
+ULONG FakeObject::Release() {
+  const ULONG left = --references;
+  if (left == 0) {
+    const std::unique_ptr<FakeObject> last(this);
+    if (onLastRelease) onLastRelease();
+  }
+  return left;
+}
+
+HRESULT FakeObject::GetTypeInfoCount(UINT* count) {
+  *count = 0;
+  return S_OK;
+}
+
+HRESULT FakeObject::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
+  *info = nullptr;
+  return E_NOTIMPL;
+}
+
+HRESULT FakeObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) {
+  ++lookups;
+  ids[0] = DISPID_UNKNOWN;
+  for (const Entry& entry : entries_) {
+    if (lstrcmpiW(entry.name.c_str(), names[0]) == 0) ids[0] = entry.id;
+  }
+  return ids[0] == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
+}
+
+HRESULT FakeObject::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* params, VARIANT* result,
+                           EXCEPINFO* exception, UINT*) {
+  ++calls;
+  for (const Entry& entry : entries_) {
+    if (entry.id == id) return entry.handler({kind, params, result, exception});
+  }
+  return DISP_E_MEMBERNOTFOUND;
+}
+
+HRESULT FakeObject::InterfaceSupportsErrorInfo(REFIID id) {
+  return id == IID_IDispatch ? S_OK : S_FALSE;
+}
+
+HRESULT Give(VARIANT* target, VARIANT value) {
+  return target == nullptr ? S_OK : VariantCopy(target, &value);
+}
+
+VARIANT Value(std::int32_t number) {
+  VARIANT value{};
+  value.vt = VT_I4;
+  value.lVal = number;
+  return value;
+}
+
+VARIANT SmallValue(std::int16_t number) {
+  VARIANT value{};
+  value.vt = VT_I2;
+  value.iVal = number;
+  return value;
+}
+
+VARIANT RealValue(double number) {
+  VARIANT value{};
+  value.vt = VT_R8;
+  value.dblVal = number;
+  return value;
+}
+
+VARIANT NullValue() {
+  VARIANT value{};
+  value.vt = VT_NULL;
+  return value;
+}
+
+VARIANT ObjectValue(IDispatch* object) {
+  VARIANT value{};
+  value.vt = VT_DISPATCH;
+  value.pdispVal = object;
+  return value;
+}
+
+VARIANT TextValue(const wchar_t* text) {
+  VARIANT value{};
+  value.vt = VT_BSTR;
+  value.bstrVal = SysAllocString(text);
+  return value;
+}
+
+}  // namespace com_test
