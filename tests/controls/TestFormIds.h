@@ -1,4 +1,5 @@
 // The numbers of the test forms and their controls, for the compiler and the resource compiler.
+#pragma once
 
 #define IDD_TEST_FORM 9001
 #define IDD_SMALL_FORM 9002
