@@ -8,14 +8,10 @@ namespace {
 
 constexpr UINT_PTR kSubclassId = 1;
 
-// The window property that leads from a native control to its peer.
-constexpr const wchar_t* kPeerProperty = L"UadminControlPeer";
-
 }  // namespace
 
 void Control::Peer::Attach(HWND native) {
   window = native;
-  SetPropW(native, kPeerProperty, this);
   SetWindowSubclass(native, ControlThunk, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
   ShowState();
   Attached();
@@ -25,7 +21,6 @@ void Control::Peer::Detach() {
   if (!window) return;
   Detached();
   RemoveWindowSubclass(window, ControlThunk, kSubclassId);
-  RemovePropW(window, kPeerProperty);
   window = nullptr;
   enabled = true;
   visible = true;

@@ -61,35 +61,48 @@ void FormBackground::Forget() {
 void FormBackground::Erase(HWND form, HDC context) {
   RECT client = {};
   GetClientRect(form, &client);
+  const int before = SaveDC(context);
   if (WindowFromDC(context) != form) {
     FillRect(context, &client, PlainBrush());
-    return;
+    for (Strip& strip : strips_) {
+      if (IsShown(strip.window)) Draw(strip, form, context);
+    }
+  } else {
+    EachShownChild(form, [&](HWND child) { Exclude(context, PlaceIn(form, child)); });
+    FillRect(context, &client, PlainBrush());
+    RestoreDC(context, -1);
+    SaveDC(context);
+    FillFrames(form, context);
   }
-  const int before = SaveDC(context);
-  EachShownChild(form, [&](HWND child) { Exclude(context, PlaceIn(form, child)); });
-  FillRect(context, &client, PlainBrush());
   RestoreDC(context, before);
-  EachShownChild(form, [&](HWND child) {
-    if (IsFrame(child)) FillFrame(form, context, child);
-  });
 }
 
-void FormBackground::FillFrame(HWND form, HDC context, HWND frame) {
-  const int before = SaveDC(context);
+// A frame lets its form be seen, or the strip that it lies on.
+void FormBackground::FillFrames(HWND form, HDC context) {
   EachShownChild(form, [&](HWND child) {
     const bool lets = IsFrame(child) || IsOfClass(child, WC_TABCONTROLW);
     if (!lets) Exclude(context, PlaceIn(form, child));
   });
-  const RECT place = PlaceIn(form, frame);
-  HBRUSH brush = PlainBrush();
-  if (Strip* strip = Under(frame)) {
-    const RECT origin = PlaceIn(form, strip->window);
-    SetBrushOrgEx(context, origin.left, origin.top, nullptr);
-    Picture(*strip);
-    if (strip->brush) brush = strip->brush.Get();
-  }
-  FillRect(context, &place, brush);
-  RestoreDC(context, before);
+  EachShownChild(form, [&](HWND child) {
+    if (!IsFrame(child)) return;
+    const RECT place = PlaceIn(form, child);
+    SaveDC(context);
+    IntersectClipRect(context, place.left, place.top, place.right, place.bottom);
+    FillRect(context, &place, PlainBrush());
+    if (Strip* strip = Under(child)) Draw(*strip, form, context);
+    RestoreDC(context, -1);
+  });
+}
+
+void FormBackground::Draw(Strip& strip, HWND form, HDC context) {
+  Picture(strip);
+  const MemoryContext source(CreateCompatibleDC(context));
+  if (!source || !strip.picture) return;
+  HGDIOBJ old = SelectObject(source.Get(), strip.picture.Get());
+  const RECT place = PlaceIn(form, strip.window);
+  BitBlt(context, place.left, place.top, place.right - place.left, place.bottom - place.top,
+         source.Get(), 0, 0, SRCCOPY);
+  SelectObject(source.Get(), old);
 }
 
 HBRUSH FormBackground::Behind(HWND control, HDC context) {

@@ -30,7 +30,8 @@ class FormBackground {
 
   Strip* Under(HWND control);
   static void Picture(Strip& strip);
-  void FillFrame(HWND form, HDC context, HWND frame);
+  void FillFrames(HWND form, HDC context);
+  static void Draw(Strip& strip, HWND form, HDC context);
 
   std::vector<Strip> strips_;
 };
