@@ -40,7 +40,9 @@ BSTR Copy(std::wstring_view text) {
 }  // namespace
 
 Arguments::~Arguments() {
-  for (const BSTR text : converted_) SysFreeString(text);
+  for (const BSTR text : converted_) {
+    if (text != nullptr) SysFreeString(text);
+  }
 }
 
 std::int32_t Arguments::Integer(unsigned at) const {

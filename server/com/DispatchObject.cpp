@@ -60,7 +60,7 @@ HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
   if (names == nullptr || ids == nullptr) return E_POINTER;
   if (count == 0) return E_INVALIDARG;
   for (UINT i = 0; i < count; ++i) ids[i] = DISPID_UNKNOWN;
-  for (std::size_t i = 0; i < members_.size(); ++i) {
+  for (std::size_t i = 0; i < members_.size() && ids[0] == DISPID_UNKNOWN; ++i) {
     if (IsNamed(members_[i], names[0])) ids[0] = static_cast<DISPID>(i + 1);
   }
   return count == 1 && ids[0] != DISPID_UNKNOWN ? S_OK : DISP_E_UNKNOWNNAME;
@@ -81,7 +81,7 @@ HRESULT DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* c
   if (FAILED(found)) return found;
   VARIANT unwanted;
   VARIANT& target = answer == nullptr ? unwanted : *answer;
-  VariantInit(&target);
+  target.vt = VT_EMPTY;
   try {
     Arguments arguments(*call);
     Run(id, arguments, target);
