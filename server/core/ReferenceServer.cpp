@@ -14,7 +14,6 @@ namespace server {
 namespace {
 
 constexpr std::wstring_view kTitle = L"Serveur de session Vardex";
-constexpr std::wstring_view kVersion = L"1.0.0";
 
 }  // namespace
 
@@ -88,7 +87,7 @@ std::wstring ReferenceServer::GetDisplayName(std::wstring_view text, std::int32_
 void ReferenceServer::ShowAbout(std::wstring_view executableName, std::int32_t, std::int32_t) {
   if (!options_.showAbout) return;
   const std::wstring title(kTitle);
-  options_.showAbout(title, title + L", version " + std::wstring(kVersion) +
+  options_.showAbout(title, title + L", version " + data::FromUtf8(SERVER_VERSION) +
                                 L"\r\n\r\nAppelé par " + std::wstring(executableName) + L".");
 }
 

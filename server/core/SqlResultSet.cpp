@@ -26,11 +26,11 @@ void SqlResultSet::RequireRow() {
 
 data::ColumnValue SqlResultSet::Column(int position) {
   CursorLoan& cursor = Open();
-  if (position < 0 || static_cast<std::size_t>(position) >= cursor->Columns()) {
+  if (position < 0 || static_cast<std::size_t>(position) >= cursor.Rows().Columns()) {
     Fail(kColumnUnknown, data::Decimal(position));
   }
   RequireRow();
-  return detached_ ? rows_.Read(position) : cursor->Read(position);
+  return detached_ ? rows_.Read(position) : cursor.Rows().Read(position);
 }
 
 void SqlResultSet::MoveNext() {
@@ -68,7 +68,7 @@ void SqlResultSet::RequireWritable() {
 void SqlResultSet::Detach() {
   if (detached_) return;
   rows_.Clear();
-  if (onRow_) rows_.Fill(*cursor_->operator->());
+  if (onRow_) rows_.Fill(cursor_->Rows());
   cursor_->Get().Reset();
   detached_ = true;
 }
@@ -112,7 +112,7 @@ void SqlResultSet::SetColumn(std::wstring_view name, const data::FieldValue& val
 }
 
 void SqlResultSet::SetColumn(int position, const data::FieldValue& value) {
-  if (position < 0 || static_cast<std::size_t>(position) >= Open()->Columns()) {
+  if (position < 0 || static_cast<std::size_t>(position) >= Open().Rows().Columns()) {
     Fail(kColumnUnknown, data::Decimal(position));
   }
   Set(static_cast<std::size_t>(position), value);

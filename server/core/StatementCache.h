@@ -45,7 +45,7 @@ class CursorLoan {
   CursorLoan& operator=(const CursorLoan&) = delete;
 
   const StatementPlan& Plan() const { return statement_->plan; }
-  Cursor* operator->() const { return cursor_.get(); }
+  Cursor& Rows() const { return *cursor_; }
   Statement& Get() const { return cursor_->Get(); }
 
  private:

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <olectl.h>
+
 #include <filesystem>
 #include <memory>
 #include <sstream>
@@ -29,6 +31,8 @@ std::filesystem::path FolderOfTool() {
 }
 
 std::string Describe(HRESULT result) {
+  if (result == SELFREG_E_CLASS) return "another session server is registered, and stays so";
+  if (result == E_ACCESSDENIED) return "an administrator must do that, or use --user";
   wchar_t text[512] = L"";
   const DWORD size = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
                                     nullptr, static_cast<DWORD>(result), 0, text, 512, nullptr);
