@@ -38,7 +38,9 @@ ClassFault FaultBehind(HRESULT result, const std::wstring& progId) {
   if (result == HRESULT_FROM_WIN32(ERROR_BAD_EXE_FORMAT)) return ClassFault::kWrongBitness;
   if (result == E_NOINTERFACE) return ClassFault::kNone;
   const ClassFault fault = FindClassFault(progId);
-  if (fault != ClassFault::kNone) return fault;
+  // A class may be known from a manifest alone, of which the registry says nothing.
+  const bool isUnknown = result == CO_E_CLASSSTRING || result == REGDB_E_CLASSNOTREG;
+  if (fault == ClassFault::kNotRegistered ? isUnknown : fault != ClassFault::kNone) return fault;
   const bool noLibrary =
       result == HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND) || result == CO_E_DLLNOTFOUND;
   return noLibrary ? ClassFault::kFileMissing : ClassFault::kNone;
