@@ -1,0 +1,54 @@
+// The ways out of the program.
+
+#include "resources/ResourceIds.h"
+#include "tests/program/ProgramTest.h"
+#include "tests/program/driver/Button.h"
+#include "tests/program/driver/Keyboard.h"
+
+namespace program {
+namespace {
+
+class Exit : public ProgramTest {};
+
+TEST_F(Exit, TheButtonEndsTheProgramAndTheSessionStaysUsable) {
+  const std::wstring session = SampleSession();
+  MainWindow window = Open(session);
+  const std::wstring before = Box().Database().Contents();
+  driver::Press(window.Control(IDC_CMD_BTN + 1));
+  ExpectExit(0);
+  EXPECT_EQ(before, Box().Database().Contents());
+  window = Open(session);
+  EXPECT_GT(window.Tree(kUsersTab).Count(), 1);
+}
+
+TEST_F(Exit, ClosingTheWindowEndsTheProgram) {
+  const MainWindow window = Open(SampleSession());
+  window.Form().Post(WM_CLOSE);
+  ExpectExit(0);
+}
+
+TEST_F(Exit, AltF4EndsTheProgram) {
+  const MainWindow window = Open(SampleSession());
+  driver::PressKey(window.Form(), VK_F4, {VK_MENU});
+  ExpectExit(0);
+}
+
+TEST_F(Exit, TheMnemonicOfTheExitButtonEndsTheProgram) {
+  const MainWindow window = Open(SampleSession());
+  driver::PressKey(window.Form(), 'Q', {VK_MENU});
+  ExpectExit(0);
+}
+
+TEST_F(Exit, EscapeDoesNotEndTheProgram) {
+  const MainWindow window = Open(SampleSession());
+  driver::PressKey(window.Form(), VK_ESCAPE);
+  // The key is in the queue before this one, whose effect can be seen.
+  driver::PressKey(window.Form(), VK_DOWN);
+  driver::TreeView tree = window.Tree(kUsersTab);
+  driver::Await("the first user to be selected",
+                [&] { return tree.Selected().item != tree.Root().item; });
+  EXPECT_TRUE(Program().IsRunning());
+}
+
+}  // namespace
+}  // namespace program

@@ -1,0 +1,71 @@
+// The window used without a mouse.
+
+#include "data/Text.h"
+#include "resources/ResourceIds.h"
+#include "tests/program/ProgramTest.h"
+#include "tests/program/driver/Keyboard.h"
+
+namespace program {
+namespace {
+
+class Keyboard : public ProgramTest {
+ protected:
+  // The controls that the Tab key visits from the one with the focus on, until it is back there.
+  static std::vector<int> Walk(const MainWindow& window, std::initializer_list<WORD> modifiers) {
+    std::vector<int> visited;
+    const int first = driver::FocusIn(window.Form()).Id();
+    for (int last = first; visited.empty() || last != first;) {
+      driver::PressKey(window.Form(), VK_TAB, modifiers);
+      driver::Await("the focus to move",
+                    [&] { return driver::FocusIn(window.Form()).Id() != last; });
+      last = driver::FocusIn(window.Form()).Id();
+      visited.push_back(last);
+      if (visited.size() > 30) break;
+    }
+    return visited;
+  }
+
+  static void AwaitFocus(const MainWindow& window, int control) {
+    driver::Await("the focus to be in the tree",
+                  [&] { return driver::FocusIn(window.Form()).Id() == control; });
+  }
+};
+
+TEST_F(Keyboard, TheTabKeyWalksTheControlsInTheOrderTheyAreSeen) {
+  const MainWindow window = Open(SampleSession());
+  AwaitFocus(window, IDC_TREE_USERS);
+  EXPECT_EQ((std::vector<int>{IDC_CMD_BTN, IDC_CMD_ABOUT, IDC_HELP_BUTTON, IDC_CMD_BTN + 1, IDC_TAB,
+                              IDC_TREE_USERS}),
+            Walk(window, {}));
+}
+
+TEST_F(Keyboard, ShiftAndTabWalkBack) {
+  const MainWindow window = Open(SampleSession());
+  AwaitFocus(window, IDC_TREE_USERS);
+  EXPECT_EQ((std::vector<int>{IDC_TAB, IDC_CMD_BTN + 1, IDC_HELP_BUTTON, IDC_CMD_ABOUT, IDC_CMD_BTN,
+                              IDC_TREE_USERS}),
+            Walk(window, {VK_SHIFT}));
+}
+
+TEST_F(Keyboard, TheArrowKeysChangeTheTabAndTheTabKeyThenEntersItsTree) {
+  const MainWindow window = Open(SampleSession());
+  AwaitFocus(window, IDC_TREE_USERS);
+  driver::PressKey(window.Form(), VK_TAB, {VK_SHIFT});
+  AwaitFocus(window, IDC_TAB);
+  driver::PressKey(window.Form(), VK_RIGHT);
+  driver::Await("the groups tree", [&] { return window.Control(IDC_TREE_GROUPS).IsVisible(); });
+  driver::PressKey(window.Form(), VK_TAB);
+  AwaitFocus(window, IDC_TREE_GROUPS);
+}
+
+TEST_F(Keyboard, TheMnemonicOfRefreshReadsTheTreesAnew) {
+  const MainWindow window = Open(SampleSession());
+  driver::TreeView tree = window.Tree(kUsersTab);
+  const int before = tree.Count();
+  Box().Database().Run(L"INSERT INTO QRUSER (USERID, NAME) VALUES (60000, 'Nouveau')");
+  driver::PressKey(window.Form(), 'F', {VK_MENU});
+  driver::Await("the new user", [&] { return tree.Count() == before + 1; });
+}
+
+}  // namespace
+}  // namespace program

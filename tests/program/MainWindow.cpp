@@ -1,0 +1,68 @@
+#include "tests/program/MainWindow.h"
+
+#include "resources/ResourceIds.h"
+#include "tests/program/Texts.h"
+#include "tests/program/driver/Failure.h"
+#include "tests/program/driver/PromptBox.h"
+#include "tests/program/driver/Wait.h"
+
+namespace program {
+namespace {
+
+bool IsMainWindow(const driver::Window& window) {
+  return window.IsVisible() && window.HasChild(IDC_TAB);
+}
+
+// The status line tells the counts when all is read. They are shown once before the permissions,
+// of which there is at least one, are counted.
+bool TellsAllCounts(const std::wstring& status) {
+  const std::wstring pattern = String(404);
+  const std::wstring end = pattern.substr(pattern.find(L"%3") + 2);
+  return status.ends_with(end) && !status.ends_with(L" 0" + end);
+}
+
+}  // namespace
+
+driver::Window FindMainWindow(DWORD processId) {
+  const auto found = driver::TopWindows(processId, IsMainWindow);
+  return found.empty() ? driver::Window() : found.front();
+}
+
+MainWindow::MainWindow(const driver::Process& process) {
+  driver::Await("the main window", [&] {
+    form_ = FindMainWindow(process.Id());
+    return form_ || !process.IsRunning() || driver::FindPrompt(process.Id());
+  });
+  if (form_) return;
+  if (process.IsRunning()) throw driver::Failure("the program shows a message box");
+  throw driver::Failure("the program has ended, exit code " +
+                        std::to_string(process.WaitForExit().value()));
+}
+
+driver::TabStrip MainWindow::Tabs() const {
+  return driver::TabStrip(Control(IDC_TAB));
+}
+
+driver::TreeView MainWindow::Tree(Tab tab) const {
+  return driver::TreeView(Control(tab == kUsersTab ? IDC_TREE_USERS : IDC_TREE_GROUPS));
+}
+
+std::wstring MainWindow::Status() const {
+  return Control(IDC_STATUS).Text();
+}
+
+void MainWindow::AwaitStarted() const {
+  driver::Await("both trees to be read", [this] { return TellsAllCounts(Status()); });
+}
+
+void MainWindow::SelectTab(Tab tab) const {
+  Tabs().Select(tab);
+  const int tree = tab == kUsersTab ? IDC_TREE_USERS : IDC_TREE_GROUPS;
+  driver::Await("the tab to show its tree", [&] { return Control(tree).IsVisible(); });
+}
+
+void MainWindow::PressAndWait(int button) const {
+  Control(button).Send(BM_CLICK);
+}
+
+}  // namespace program

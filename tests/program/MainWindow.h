@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "tests/program/driver/Process.h"
+#include "tests/program/driver/TabStrip.h"
+#include "tests/program/driver/TreeView.h"
+#include "tests/program/driver/Window.h"
+
+namespace program {
+
+enum Tab { kUsersTab = 0, kGroupsTab = 1 };
+
+// The program's main window as its user finds it.
+class MainWindow {
+ public:
+  // Waits for the window. It may still be reading.
+  explicit MainWindow(const driver::Process& process);
+
+  const driver::Window& Form() const { return form_; }
+  driver::Window Control(int id) const { return form_.Child(id); }
+  driver::TabStrip Tabs() const;
+  driver::TreeView Tree(Tab tab) const;
+  std::wstring Status() const;
+
+  // Waits until both trees are read.
+  void AwaitStarted() const;
+  void SelectTab(Tab tab) const;
+  // Presses a button and waits until its handler is done. For those that open no modal window.
+  void PressAndWait(int button) const;
+
+ private:
+  driver::Window form_;
+};
+
+// The main window of a process, if it has one that is visible.
+driver::Window FindMainWindow(DWORD processId);
+
+}  // namespace program

@@ -1,0 +1,65 @@
+#include "tests/program/ProgramTest.h"
+
+#include "data/Text.h"
+#include "tests/program/Paths.h"
+#include "tests/program/Texts.h"
+#include "tests/program/driver/Failure.h"
+
+namespace program {
+
+void ProgramTest::TearDown() {
+  for (const auto& program : programs_) {
+    if (!program->IsRunning()) continue;
+    const auto prompt = driver::FindPrompt(program->Id());
+    if (prompt) ADD_FAILURE() << "unannounced message box: " << data::ToUtf8(prompt->Text());
+  }
+  programs_.clear();
+}
+
+std::wstring ProgramTest::SampleSession() {
+  sandbox_.CreateDatabase();
+  sandbox_.FillSample();
+  return sandbox_.OpenSession();
+}
+
+driver::Process& ProgramTest::Start(const std::wstring& commandLine,
+                                    const std::filesystem::path& folder) {
+  driver::Command command;
+  command.program = folder / L"uadmin.exe";
+  command.arguments = commandLine;
+  command.environment = sandbox_.Environment();
+  command.folder = sandbox_.Folder();
+  programs_.push_back(std::make_unique<driver::Process>(command));
+  return *programs_.back();
+}
+
+driver::Process& ProgramTest::Start(const std::wstring& commandLine) {
+  return Start(commandLine, BinFolder());
+}
+
+MainWindow ProgramTest::Open(const std::wstring& commandLine) {
+  const MainWindow window(Start(commandLine));
+  window.AwaitStarted();
+  return window;
+}
+
+void ProgramTest::ExpectReport(const driver::Process& process, const std::wstring& text) {
+  const driver::PromptBox report = driver::AwaitPrompt(process.Id());
+  EXPECT_EQ(data::ToUtf8(text), data::ToUtf8(report.Text()));
+  EXPECT_EQ(data::ToUtf8(String(250)), data::ToUtf8(report.Title()));
+  EXPECT_EQ(std::vector<int>{IDOK}, report.Buttons());
+  EXPECT_TRUE(report.HasIcon());
+  report.Answer(IDOK);
+}
+
+void ProgramTest::ExpectExit(const driver::Process& process, DWORD code) {
+  driver::Await("the program to end", [&] {
+    return !process.IsRunning() || driver::FindPrompt(process.Id()).has_value();
+  });
+  if (const auto prompt = driver::FindPrompt(process.Id())) {
+    throw driver::Failure("unannounced message box: " + data::ToUtf8(prompt->Text()));
+  }
+  EXPECT_EQ(code, process.WaitForExit());
+}
+
+}  // namespace program

@@ -1,0 +1,138 @@
+// What the window shows once it has started on the sample database.
+
+#include "data/Text.h"
+#include "resources/ResourceIds.h"
+#include "tests/program/Outline.h"
+#include "tests/program/ProgramTest.h"
+#include "tests/program/Texts.h"
+
+namespace program {
+namespace {
+
+using data::ToUtf8;
+
+class StartUp : public ProgramTest {};
+
+struct Captioned {
+  int control;
+  int text;
+};
+
+constexpr Captioned kUserCommands[] = {
+    {IDC_CMD_USER, 108},
+    {IDC_CMD_USER + 1, 109},
+    {IDC_CMD_USER + 2, 110},
+    {IDC_CMD_MEMBER_OF, 131},
+    {IDC_CMD_MEMBER_OF + 1, 133},
+    {IDC_CMD_USER_PERMISSION, 131},
+    {IDC_CMD_USER_PERMISSION + 1, 133},
+};
+constexpr Captioned kGroupCommands[] = {
+    {IDC_CMD_GROUP, 108},
+    {IDC_CMD_GROUP + 1, 109},
+    {IDC_CMD_GROUP + 2, 110},
+    {IDC_CMD_MEMBER, 131},
+    {IDC_CMD_MEMBER + 1, 133},
+    {IDC_CMD_GROUP_PERMISSION, 131},
+    {IDC_CMD_GROUP_PERMISSION + 1, 133},
+};
+constexpr Captioned kWindowCommands[] = {
+    {IDC_CMD_BTN, 105}, {IDC_CMD_BTN + 1, 103}, {IDC_CMD_ABOUT, 106}, {IDC_HELP_BUTTON, 104}};
+
+template <std::size_t Count>
+void ExpectCommands(const MainWindow& window, const Captioned (&commands)[Count], bool enabled) {
+  for (const Captioned& command : commands) {
+    const driver::Window button = window.Control(command.control);
+    EXPECT_EQ(ToUtf8(String(command.text)), ToUtf8(button.Text())) << command.control;
+    EXPECT_TRUE(button.IsVisible()) << command.control;
+    EXPECT_EQ(enabled, button.IsEnabled()) << command.control;
+  }
+}
+
+TEST_F(StartUp, TheWindowAndItsTabsBearTheirCaptions) {
+  const MainWindow window = Open(SampleSession());
+  EXPECT_EQ(L"Admin Utilisateurs", window.Form().Text());
+  EXPECT_EQ((std::vector<std::wstring>{L"Utilisateurs", L"Groupes"}), window.Tabs().Captions());
+  EXPECT_EQ(0, window.Tabs().Selected());
+}
+
+TEST_F(StartUp, TheRootsAreSelectedAndOpen) {
+  const MainWindow window = Open(SampleSession());
+  for (const Tab tab : {kUsersTab, kGroupsTab}) {
+    driver::TreeView tree = window.Tree(tab);
+    const driver::TreeNode root = tree.Root();
+    EXPECT_EQ(ToUtf8(String(tab == kUsersTab ? 303 : 308)), ToUtf8(root.text));
+    EXPECT_TRUE(root.selected);
+    EXPECT_TRUE(root.expanded);
+    EXPECT_EQ(root.item, tree.Selected().item);
+    EXPECT_TRUE(tree.HasImages());
+  }
+}
+
+TEST_F(StartUp, OnlyTheTreeOfTheChosenTabIsVisible) {
+  const MainWindow window = Open(SampleSession());
+  EXPECT_TRUE(window.Control(IDC_TREE_USERS).IsVisible());
+  EXPECT_FALSE(window.Control(IDC_TREE_GROUPS).IsVisible());
+  window.SelectTab(kGroupsTab);
+  EXPECT_FALSE(window.Control(IDC_TREE_USERS).IsVisible());
+  EXPECT_TRUE(window.Control(IDC_TREE_GROUPS).IsVisible());
+}
+
+TEST_F(StartUp, EveryCommandIsShownAndOnlyTheWindowsOwnAreEnabled) {
+  const MainWindow window = Open(SampleSession());
+  ExpectCommands(window, kUserCommands, false);
+  ExpectCommands(window, kWindowCommands, true);
+  window.SelectTab(kGroupsTab);
+  ExpectCommands(window, kGroupCommands, false);
+  ExpectCommands(window, kWindowCommands, true);
+}
+
+TEST_F(StartUp, TheFramesBearTheirCaptionsAndChangeWithTheTab) {
+  constexpr Captioned kUserFrames[] = {
+      {IDC_FRA_USER, 303}, {IDC_FRA_MEMBER_OF, 304}, {IDC_FRA_USER_PERMISSION, 305}};
+  constexpr Captioned kGroupFrames[] = {
+      {IDC_FRA_GROUP, 308}, {IDC_FRA_MEMBER, 309}, {IDC_FRA_GROUP_PERMISSION, 310}};
+  const MainWindow window = Open(SampleSession());
+  ExpectCommands(window, kUserFrames, true);
+  for (const Captioned& frame : kGroupFrames) {
+    EXPECT_FALSE(window.Control(frame.control).IsVisible());
+  }
+  window.SelectTab(kGroupsTab);
+  ExpectCommands(window, kGroupFrames, true);
+  for (const Captioned& frame : kUserFrames) {
+    EXPECT_FALSE(window.Control(frame.control).IsVisible());
+  }
+  for (const Captioned& command : kUserCommands) {
+    EXPECT_FALSE(window.Control(command.control).IsVisible());
+  }
+}
+
+TEST_F(StartUp, TheStatusLineTellsTheCounts) {
+  const MainWindow window = Open(SampleSession());
+  Database database = Box().Database();
+  const std::wstring expected = String(404, {database.Text(L"SELECT COUNT(*) FROM QRUSERV"),
+                                             database.Text(L"SELECT COUNT(*) FROM QRGROUPV"),
+                                             database.Text(L"SELECT COUNT(*) FROM QRPERM")});
+  EXPECT_EQ(ToUtf8(expected), ToUtf8(window.Status()));
+}
+
+TEST_F(StartUp, TheControlIsToldOfTheAccountsAloneUntilOneIsOpened) {
+  const MainWindow window = Open(SampleSession());
+  Database database = Box().Database();
+  EXPECT_EQ(1 + database.Number(L"SELECT COUNT(*) FROM QRUSERV"), window.Tree(kUsersTab).Count());
+  EXPECT_EQ(1 + database.Number(L"SELECT COUNT(*) FROM QRGROUPV"), window.Tree(kGroupsTab).Count());
+  driver::TreeView tree = window.Tree(kUsersTab);
+  for (const driver::TreeNode& account : tree.KnownChildren(tree.Root().item)) {
+    EXPECT_TRUE(account.hasChildren);
+    EXPECT_FALSE(account.expanded);
+  }
+}
+
+TEST_F(StartUp, TheKeyboardIsInTheUsersTree) {
+  const MainWindow window = Open(SampleSession());
+  driver::Await("the tree to have the keyboard",
+                [&] { return driver::FocusIn(window.Form()).Id() == IDC_TREE_USERS; });
+}
+
+}  // namespace
+}  // namespace program

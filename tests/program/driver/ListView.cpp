@@ -1,0 +1,94 @@
+#include "tests/program/driver/ListView.h"
+
+#include <commctrl.h>
+
+#include "data/Text.h"
+#include "tests/program/driver/Failure.h"
+#include "tests/program/driver/Wait.h"
+
+namespace driver {
+namespace {
+
+constexpr int kLongestText = 8192;
+constexpr std::size_t kTextAt = 256;
+constexpr UINT kCheckedImage = 2;
+
+// A check box is the state image of its row, whose number stands in these bits.
+UINT StateImage(UINT state) {
+  return (state & LVIS_STATEIMAGEMASK) >> 12;
+}
+
+}  // namespace
+
+ListView::ListView(const Window& window)
+    : window_(window), memory_(window.ProcessId(), kTextAt + kLongestText * sizeof(wchar_t)) {}
+
+int ListView::Count() const {
+  return static_cast<int>(window_.Send(LVM_GETITEMCOUNT));
+}
+
+UINT ListView::State(int row, UINT mask) const {
+  return static_cast<UINT>(window_.Send(LVM_GETITEMSTATE, static_cast<WPARAM>(row), mask));
+}
+
+bool ListView::IsRowChecked(int row) const {
+  return StateImage(State(row, LVIS_STATEIMAGEMASK)) == kCheckedImage;
+}
+
+ListRow ListView::Row(int row) {
+  LVITEMW item{};
+  item.mask = LVIF_TEXT | LVIF_PARAM;
+  item.iItem = row;
+  item.pszText = static_cast<wchar_t*>(memory_.At(kTextAt));
+  item.cchTextMax = kLongestText;
+  memory_.Write(0, &item, sizeof item);
+  if (window_.Send(LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(memory_.At(0))) == 0) {
+    throw Failure("the list has no row " + std::to_string(row));
+  }
+  memory_.Read(0, &item, sizeof item);
+  return {memory_.ReadText(kTextAt, kLongestText), item.lParam, IsRowChecked(row),
+          State(row, LVIS_SELECTED) != 0};
+}
+
+std::vector<ListRow> ListView::Rows() {
+  std::vector<ListRow> rows;
+  const int count = Count();
+  for (int row = 0; row < count; ++row) rows.push_back(Row(row));
+  return rows;
+}
+
+int ListView::Find(std::wstring_view text) {
+  const int count = Count();
+  for (int row = 0; row < count; ++row) {
+    if (Row(row).text == text) return row;
+  }
+  throw Failure("the list has no row " + data::ToUtf8(text));
+}
+
+int ListView::FocusedRow() const {
+  return static_cast<int>(
+      window_.Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), MAKELPARAM(LVNI_FOCUSED, 0)));
+}
+
+void ListView::SetState(int row, UINT state, UINT mask) {
+  LVITEMW item{};
+  item.state = state;
+  item.stateMask = mask;
+  memory_.Write(0, &item, sizeof item);
+  window_.Send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(memory_.At(0)));
+}
+
+void ListView::Select(int row, bool selected) {
+  const UINT on = selected ? LVIS_SELECTED | LVIS_FOCUSED : 0;
+  SetState(row, on, LVIS_SELECTED | LVIS_FOCUSED);
+}
+
+void ListView::Toggle(int row) {
+  const bool before = IsRowChecked(row);
+  Select(row);
+  window_.Post(WM_KEYDOWN, VK_SPACE);
+  window_.Post(WM_KEYUP, VK_SPACE);
+  Await("a check box to turn over", [&] { return IsRowChecked(row) != before; });
+}
+
+}  // namespace driver

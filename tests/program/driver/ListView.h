@@ -1,0 +1,47 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/program/driver/RemoteMemory.h"
+#include "tests/program/driver/Window.h"
+
+namespace driver {
+
+struct ListRow {
+  std::wstring text;
+  LPARAM data = 0;
+  bool checked = false;
+  bool selected = false;
+};
+
+// A list of one column, with check boxes or without.
+class ListView {
+ public:
+  explicit ListView(const Window& window);
+
+  const Window& Control() const { return window_; }
+  int Count() const;
+  ListRow Row(int row);
+  std::vector<ListRow> Rows();
+  // The row of that text; throws a Failure when there is none.
+  int Find(std::wstring_view text);
+  int FocusedRow() const;
+
+  void Select(int row, bool selected = true);
+  // Turns a row's check box over by the space bar, as a user does. Waits until it has turned.
+  void Toggle(int row);
+
+ private:
+  void SetState(int row, UINT state, UINT mask);
+  UINT State(int row, UINT mask) const;
+  bool IsRowChecked(int row) const;
+
+  Window window_;
+  RemoteMemory memory_;
+};
+
+}  // namespace driver
