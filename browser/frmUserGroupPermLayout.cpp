@@ -33,6 +33,8 @@ void frmUserGroupPerm::SettingControls() {
   cmdBtn[1].SetCaption(text(app::kExit));
   cmdAbout.SetCaption(text(app::kAbout));
   Command1.SetCaption(text(app::kHelp));
+  // Exit stands last in its row; the Tab key is to come to it last, too.
+  cmdBtn[1].SetTabIndex(Command1.TabIndex());
   lblStatus.SetPlainCaption({});
 }
 
