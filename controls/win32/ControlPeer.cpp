@@ -4,15 +4,12 @@
 #include "controls/win32/FormPeer.h"
 
 namespace controls {
-namespace {
-
-constexpr UINT_PTR kSubclassId = 1;
-
-}  // namespace
 
 void Control::Peer::Attach(HWND native) {
   window = native;
-  SetWindowSubclass(native, ControlThunk, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
+  SetWindowLongPtrW(native, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  const auto thunk = reinterpret_cast<LONG_PTR>(ControlThunk);
+  procedure_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(native, GWLP_WNDPROC, thunk));
   ShowState();
   Attached();
 }
@@ -20,7 +17,7 @@ void Control::Peer::Attach(HWND native) {
 void Control::Peer::Detach() {
   if (!window) return;
   Detached();
-  RemoveWindowSubclass(window, ControlThunk, kSubclassId);
+  SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure_));
   window = nullptr;
   enabled = true;
   visible = true;
@@ -44,7 +41,8 @@ LRESULT Control::Peer::Send(UINT number, WPARAM wParam, LPARAM lParam) const {
 }
 
 LRESULT Control::Peer::Native(const Message& message) const {
-  return window ? DefSubclassProc(window, message.number, message.wParam, message.lParam) : 0;
+  if (!window) return 0;
+  return CallWindowProcW(procedure_, window, message.number, message.wParam, message.lParam);
 }
 
 std::wstring Control::Peer::WindowText() const {
@@ -67,12 +65,13 @@ bool Control::Peer::TakesInput() const {
   return IsUsable() && form.BackEnd().TakesInput();
 }
 
-void Control::Peer::ShowState() const {
-  if (!window) return;
+bool Control::Peer::ShowState() const {
+  if (!window) return false;
   const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
   if (((style & WS_DISABLED) == 0) != IsEnabled()) EnableWindow(window, IsEnabled());
-  if (((style & WS_VISIBLE) != 0) != IsVisible())
-    ShowWindow(window, IsVisible() ? SW_SHOW : SW_HIDE);
+  if (((style & WS_VISIBLE) != 0) == IsVisible()) return false;
+  ShowWindow(window, IsVisible() ? SW_SHOW : SW_HIDE);
+  return true;
 }
 
 void Control::Peer::SetNativeFont(HFONT handle) const {

@@ -63,8 +63,8 @@ struct Control::Peer {
   bool MayHaveFocus() const { return TakesFocus() && IsUsable(); }
   // Whether a user can reach it: not while a modal form stands over its own.
   bool TakesInput() const;
-  // Brings the native window to that state.
-  void ShowState() const;
+  // Brings the native window to that state. True when that has shown or hidden it.
+  bool ShowState() const;
   void SetNativeFont(HFONT handle) const;
   // Makes the font asked for anew, in the form's resolution.
   void RenewFont();
@@ -79,6 +79,9 @@ struct Control::Peer {
   unsigned anchors = kAnchorLeft | kAnchorTop;
   std::optional<Font> font;
   FontHandle fontHandle;
+
+ private:
+  WNDPROC procedure_ = nullptr;  // the native control's own
 };
 
 }  // namespace controls

@@ -47,38 +47,36 @@ void Exclude(HDC context, const RECT& place) {
 void FormBackground::Capture(HWND form) {
   strips_.clear();
   for (HWND child = GetWindow(form, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-    if (IsOfClass(child, WC_TABCONTROLW)) strips_.push_back({child, {}, {}});
+    if (IsOfClass(child, WC_TABCONTROLW)) strips_.push_back({child, {}, {}, {}});
   }
 }
 
 void FormBackground::Forget() {
   for (Strip& strip : strips_) {
     strip.brush.Reset();
-    strip.picture.Reset();
   }
 }
 
 void FormBackground::Erase(HWND form, HDC context) {
   RECT client = {};
   GetClientRect(form, &client);
-  const int before = SaveDC(context);
-  if (WindowFromDC(context) != form) {
+  if (drawing_ || WindowFromDC(context) != form) {
     FillRect(context, &client, PlainBrush());
     for (Strip& strip : strips_) {
       if (IsShown(strip.window)) Draw(strip, form, context);
     }
-  } else {
-    EachShownChild(form, [&](HWND child) { Exclude(context, PlaceIn(form, child)); });
-    FillRect(context, &client, PlainBrush());
-    RestoreDC(context, -1);
-    SaveDC(context);
-    FillFrames(form, context);
+    return;
   }
-  RestoreDC(context, before);
+  SaveDC(context);
+  EachShownChild(form, [&](HWND child) { Exclude(context, PlaceIn(form, child)); });
+  FillRect(context, &client, PlainBrush());
+  RestoreDC(context, -1);
+  FillFrames(form, context);
 }
 
 // A frame lets its form be seen, or the strip that it lies on.
 void FormBackground::FillFrames(HWND form, HDC context) {
+  SaveDC(context);
   EachShownChild(form, [&](HWND child) {
     const bool lets = IsFrame(child) || IsOfClass(child, WC_TABCONTROLW);
     if (!lets) Exclude(context, PlaceIn(form, child));
@@ -92,9 +90,12 @@ void FormBackground::FillFrames(HWND form, HDC context) {
     if (Strip* strip = Under(child)) Draw(*strip, form, context);
     RestoreDC(context, -1);
   });
+  RestoreDC(context, -1);
 }
 
 void FormBackground::Draw(Strip& strip, HWND form, HDC context) {
+  // The strip asks for what lies behind its tabs, which is the form alone.
+  if (drawing_) return;
   Picture(strip);
   const MemoryContext source(CreateCompatibleDC(context));
   if (!source || !strip.picture) return;
@@ -128,11 +129,14 @@ FormBackground::Strip* FormBackground::Under(HWND control) {
   return nullptr;
 }
 
-// Lets the strip draw itself once into a bitmap of its size, which then serves as the brush.
+// Lets the strip draw itself once into a bitmap of its size, which then serves as the brush. While
+// its form is hidden a strip draws nothing.
 void FormBackground::Picture(Strip& strip) {
-  if (strip.brush) return;
+  if (drawing_ || !IsWindowVisible(strip.window)) return;
   RECT area = {};
   GetClientRect(strip.window, &area);
+  if (strip.brush && strip.size.cx == area.right && strip.size.cy == area.bottom) return;
+  strip.size = {area.right, area.bottom};
   HDC screen = GetDC(strip.window);
   const MemoryContext context(CreateCompatibleDC(screen));
   strip.picture.Reset(CreateCompatibleBitmap(screen, area.right, area.bottom));
@@ -140,8 +144,10 @@ void FormBackground::Picture(Strip& strip) {
   if (!context || !strip.picture) return;
   HGDIOBJ old = SelectObject(context.Get(), strip.picture.Get());
   FillRect(context.Get(), &area, PlainBrush());
+  drawing_ = true;
   SendMessageW(strip.window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(context.Get()),
                PRF_CLIENT | PRF_ERASEBKGND);
+  drawing_ = false;
   SelectObject(context.Get(), old);
   strip.brush.Reset(CreatePatternBrush(strip.picture.Get()));
 }

@@ -18,7 +18,7 @@ class FormBackground {
   void Erase(HWND form, HDC context);
   // The brush behind a label or frame, and its origin set; null where the system's own is right.
   HBRUSH Behind(HWND control, HDC context);
-  // The strips have changed their size or look.
+  // The strips have changed their look.
   void Forget();
 
  private:
@@ -26,14 +26,16 @@ class FormBackground {
     HWND window;
     BitmapHandle picture;
     BrushHandle brush;
+    SIZE size;
   };
 
   Strip* Under(HWND control);
-  static void Picture(Strip& strip);
+  void Picture(Strip& strip);
   void FillFrames(HWND form, HDC context);
-  static void Draw(Strip& strip, HWND form, HDC context);
+  void Draw(Strip& strip, HWND form, HDC context);
 
   std::vector<Strip> strips_;
+  bool drawing_ = false;  // a strip is drawing its picture
 };
 
 }  // namespace controls

@@ -40,7 +40,7 @@ INT_PTR Form::Peer::Handle(const Message& message) {
       DpiChanged(LOWORD(message.wParam), *reinterpret_cast<const RECT*>(message.lParam));
       return TRUE;
     case WM_THEMECHANGED:
-      background_.Forget();
+      LookChanged();
       return FALSE;
     case WM_ERASEBKGND:
     case WM_PRINTCLIENT:
@@ -77,7 +77,10 @@ INT_PTR Form::Peer::Command(const Message& message) {
 INT_PTR Form::Peer::Notify(const Message& message) {
   auto& header = *reinterpret_cast<NMHDR*>(message.lParam);
   Control::Peer* control = ControlOf(header.hwndFrom);
-  return control ? Answer(control->Notify(header)) : FALSE;
+  if (!control) return FALSE;
+  // Most notifications want no answer, and there may be one for each of ten thousand nodes.
+  const LRESULT result = control->Notify(header);
+  return result != 0 ? Answer(result) : FALSE;
 }
 
 INT_PTR Form::Peer::Activate(bool active) {
@@ -106,15 +109,15 @@ void Form::Peer::LimitSize(MINMAXINFO& limits) const {
 
 void Form::Peer::Resized(WPARAM kind) {
   if (kind == SIZE_MINIMIZED || !window) return;
-  background_.Forget();
   layout_.Apply(window);
-  RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+  RepaintLater();
 }
 
 void Form::Peer::DpiChanged(unsigned newDpi, const RECT& place) {
   const unsigned oldDpi = std::exchange(dpi, newDpi);
   layout_.Rescale(oldDpi, newDpi);
   ShowFont();
+  background_.Forget();
   if (icon_) SetIcon(icon_);
   for (Control::Peer* control : controls) control->DpiChanged();
   SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,

@@ -122,8 +122,19 @@ bool Form::Peer::TakesInput() const {
 
 void Form::Peer::ShowStates() {
   if (!window) return;
-  for (const Control::Peer* control : controls) control->ShowState();
+  bool shownOrHidden = false;
+  for (const Control::Peer* control : controls) shownOrHidden |= control->ShowState();
+  if (shownOrHidden) RepaintLater();
   focus.LeaveUnfit();
+}
+
+// All of it: what a frame lets be seen is painted by the form below it.
+void Form::Peer::RepaintLater() const {
+  RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void Form::Peer::LookChanged() {
+  background_.Forget();
 }
 
 void Form::Peer::SetFont(const Font& wanted) {

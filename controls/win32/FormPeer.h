@@ -37,6 +37,8 @@ struct Form::Peer {
   bool TakesInput() const;
   // Brings every control to the state asked for, and the focus to where it may be.
   void ShowStates();
+  // A tab strip looks different from now on.
+  void LookChanged();
   void SetFont(const Font& wanted);
   void SetIcon(int iconResource);
   void SetResizable(bool wanted);
@@ -72,6 +74,7 @@ struct Form::Peer {
   void CenterOver(HWND below) const;
   void ShowFont();
   void DropWindows();
+  void RepaintLater() const;
 
   // Null where the window is not one of the form's controls.
   Control::Peer* ControlOf(HWND native) const;

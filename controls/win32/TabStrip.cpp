@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "controls/win32/ControlPeer.h"
+#include "controls/win32/FormPeer.h"
 
 namespace controls {
 namespace {
@@ -60,6 +60,7 @@ void TabStrip::AddTab(const std::wstring& caption) {
   peer.captions.push_back(caption);
   TCITEMW item = ItemOf(peer.captions.back());
   peer.Send(TCM_INSERTITEMW, peer.captions.size() - 1, reinterpret_cast<LPARAM>(&item));
+  Owner().BackEnd().LookChanged();
   if (peer.selected >= 0) return;
   peer.selected = 0;
   peer.Send(TCM_SETCURSEL, 0);
@@ -72,6 +73,7 @@ void TabStrip::SetTabCaption(int tab, const std::wstring& caption) {
   kept = caption;
   TCITEMW item = ItemOf(kept);
   peer.Send(TCM_SETITEMW, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&item));
+  Owner().BackEnd().LookChanged();
 }
 
 int TabStrip::TabCount() const {

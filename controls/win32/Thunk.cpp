@@ -27,13 +27,9 @@ INT_PTR CALLBACK FormThunk(HWND window, UINT number, WPARAM wParam, LPARAM lPara
   return result;
 }
 
-LRESULT CALLBACK ControlThunk(HWND window, UINT number, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                              DWORD_PTR reference) {
-  auto& peer = *reinterpret_cast<Control::Peer*>(reference);
-  if (number == WM_NCDESTROY) {
-    RemoveWindowSubclass(window, ControlThunk, id);
-    return DefSubclassProc(window, number, wParam, lParam);
-  }
+LRESULT CALLBACK ControlThunk(HWND window, UINT number, WPARAM wParam, LPARAM lParam) {
+  auto& peer = *reinterpret_cast<Control::Peer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (number == WM_NCDESTROY) return peer.Native({number, wParam, lParam});
   LRESULT result = 0;
   const Form::Peer::Frame frame(peer.form.BackEnd());
   Guarded(peer.Surroundings(), [&] { result = peer.Handle({number, wParam, lParam}); });
