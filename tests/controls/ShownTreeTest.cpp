@@ -1,0 +1,158 @@
+#include <algorithm>
+#include <memory>
+#include <random>
+
+#include "tests/controls/TreeTest.h"
+#include "tests/support/controls/Eyes.h"
+
+namespace controls_test {
+namespace {
+
+using controls::kNoNode;
+using testing_support::ShownNode;
+using testing_support::ShownNodes;
+
+// What a tree is to show of its nodes.
+void Expect(const controls::TreeView& tree, int first, int level, std::vector<ShownNode>& lines) {
+  const controls::TreeNodes& nodes = tree.Nodes();
+  for (int node = first; node != kNoNode; node = nodes.Next(node)) {
+    const bool open = nodes.HasChildren(node) && nodes.Expanded(node);
+    lines.push_back({level, nodes.Text(node), nodes.Image(node), node == tree.SelectedNode(),
+                     nodes.HasChildren(node), open});
+    if (open) Expect(tree, nodes.FirstChild(node), level + 1, lines);
+  }
+}
+
+std::vector<ShownNode> Expected(const controls::TreeView& tree) {
+  std::vector<ShownNode> lines;
+  Expect(tree, tree.Nodes().Root(), 0, lines);
+  return lines;
+}
+
+class ShownTree : public TreeTest {};
+
+TEST_F(ShownTree, IsTheRootAtFirst) {
+  EXPECT_EQ(ShownNodes(tree),
+            (std::vector<ShownNode>{{0, L"Utilisateurs", 0, false, true, false}}));
+}
+
+TEST_F(ShownTree, HasTheWayToTheSelectedNode) {
+  tree.SetSorted(root, true);
+  tree.SetSelectedNode(folder);
+  EXPECT_EQ(ShownNodes(tree),
+            (std::vector<ShownNode>{{0, L"Utilisateurs", 0, false, true, true},
+                                    {1, L"Adam", 1, false, true, true},
+                                    {2, L"Membre du Groupe", 2, true, true, false},
+                                    {1, L"Martin", 1, false, false, false},
+                                    {1, L"Zoé", 1, false, false, false}}));
+}
+
+TEST_F(ShownTree, KeepsTheNodesBelowAClosedOne) {
+  tree.SetSelectedNode(six);
+  tree.SetExpanded(adam, false);
+  tree.SetText(six, L"Ventes");
+  tree.Remove(five);
+  tree.SetExpanded(adam, true);
+  EXPECT_EQ(ShownNodes(tree), Expected(tree));
+  EXPECT_EQ(ShownNodes(tree).size(), 6U);
+}
+
+// A long row of changes by the program and the user, alone and in batches; what is shown is at any
+// time what the nodes say.
+class RandomTree {
+ public:
+  RandomTree(controls::TreeView& tree, testing_support::User& user, unsigned seed)
+      : tree_(tree), user_(user), random_(seed) {
+    tree_.Clear();
+    tree_.Add(kNoNode, kRootForm, 0, L"root", 0);
+  }
+
+  void Step() {
+    if (Below(4) > 0) {
+      Change();
+    } else if (Below(3) == 0) {
+      const controls::TreeView::Update update(tree_);
+      for (int i = Below(30); i > 0; --i) Change();
+    } else {
+      Gesture();
+    }
+  }
+
+  void Compare() {
+    ASSERT_EQ(ShownNodes(tree_), Expected(tree_));
+    const int selected = tree_.SelectedNode();
+    const std::vector<ShownNode> lines = Expected(tree_);
+    const bool shown = std::any_of(lines.begin(), lines.end(),
+                                   [](const ShownNode& line) { return line.selected; });
+    ASSERT_EQ(shown, selected != kNoNode);
+  }
+
+ private:
+  int Below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
+  std::wstring AnyText() {
+    return std::wstring(1 + Below(2), static_cast<wchar_t>(L'a' + Below(26)));
+  }
+  int Any() {
+    std::vector<int> living;
+    const controls::TreeNodes& nodes = tree_.Nodes();
+    for (int i = nodes.NextIndex(0); i != kNoNode; i = nodes.NextIndex(i)) living.push_back(i);
+    return living[Below(static_cast<int>(living.size()))];
+  }
+
+  void Change() {
+    const int node = Any();
+    switch (Below(12)) {
+      case 0:
+        if (tree_.Nodes().Parent(node) != kNoNode) tree_.Remove(node);
+        break;
+      case 1:
+        if (tree_.Nodes().Parent(node) != kNoNode) tree_.RemoveChildren(node);
+        break;
+      case 2:
+        tree_.SetText(node, AnyText());
+        break;
+      case 3:
+        tree_.SetImage(node, Below(7));
+        break;
+      case 4:
+        tree_.SetSorted(node, Below(3) > 0);
+        break;
+      case 5:
+        tree_.SetExpanded(node, Below(3) > 0);
+        break;
+      case 6:
+        tree_.SetSelectedNode(Below(10) > 0 ? node : kNoNode);
+        break;
+      default:
+        tree_.Add(node, kUserForm, Below(1000), AnyText(), Below(7));
+    }
+  }
+
+  void Gesture() {
+    const int node = Any();
+    const int kind = Below(3);
+    if (kind == 0) user_.TrySelect(tree_, node);
+    if (kind == 1) user_.TryExpand(tree_, node);
+    if (kind == 2) user_.TryCollapse(tree_, node);
+  }
+
+  controls::TreeView& tree_;
+  testing_support::User& user_;
+  std::mt19937 random_;
+};
+
+TEST_F(ShownTree, IsWhatTheNodesSayAfterAnyChanges) {
+  for (unsigned seed = 1; seed <= 6; ++seed) {
+    SCOPED_TRACE(seed);
+    RandomTree random(tree, user, seed);
+    for (int step = 0; step < 250; ++step) {
+      SCOPED_TRACE(step);
+      random.Step();
+      random.Compare();
+      if (HasFailure()) return;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace controls_test

@@ -1,0 +1,27 @@
+#include "tests/support/controls/Eyes.h"
+
+namespace testing_support {
+namespace {
+
+std::string Ascii(const std::wstring& text) {
+  std::string ascii;
+  for (const wchar_t c : text) {
+    if (c >= 32 && c < 127) ascii += static_cast<char>(c);
+  }
+  return ascii;
+}
+
+}  // namespace
+
+std::ostream& operator<<(std::ostream& out, const ShownNode& node) {
+  out << '\n' << std::string(2 * static_cast<std::size_t>(node.level), ' ');
+  out << (node.hasButton ? (node.open ? "- " : "+ ") : ". ") << Ascii(node.text);
+  return out << " #" << node.image << (node.selected ? " selected" : "");
+}
+
+std::ostream& operator<<(std::ostream& out, const ShownItem& item) {
+  return out << (item.marked ? "[x] " : "[ ] ") << Ascii(item.text)
+             << (item.focused ? " focused" : "");
+}
+
+}  // namespace testing_support
