@@ -1,4 +1,4 @@
-#include <windows.h>
+#include <cstdlib>
 
 #include "bench/Server.h"
 #include "com/ComSessionServer.h"
@@ -6,7 +6,8 @@
 namespace bench {
 
 std::unique_ptr<data::SessionServer> CreateServer(const test_support::SampleDatabase& database) {
-  SetEnvironmentVariableW(L"VARDEX_HOME", database.Home().c_str());
+  // Both the environment and the run-time library's copy of it, which the server may read.
+  _wputenv_s(L"VARDEX_HOME", database.Home().c_str());
   return com::CreateSessionServer(L"Vardex.Vardex.1", {});
 }
 
