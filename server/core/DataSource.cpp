@@ -38,7 +38,7 @@ bool IsNameLetter(char letter) {
 }  // namespace
 
 std::filesystem::path DataSources::DefaultHome() {
-  const std::filesystem::path own = Environment("VARDEX_HOME");
+  std::filesystem::path own = Environment("VARDEX_HOME");
   if (!own.empty()) return own;
 #ifdef _WIN32
   return Environment("ProgramData") / "Vardex";

@@ -53,16 +53,13 @@ constexpr std::size_t kPermissionsOfGroup = 20;
 // the generator itself does not.
 class Wheel {
  public:
-  int Turn(int first, int last) {
-    return first + static_cast<int>(generator_() % static_cast<unsigned>(last - first + 1));
-  }
-  // Adds different numbers between first and last to some that are taken already, up to count in
-  // all.
+  // Adds different numbers from first to last to some that are taken already, up to count in all.
   void Fill(std::vector<int>& taken, int first, int last, std::size_t count) {
-    const std::size_t most =
-        std::min(count, taken.size() + static_cast<std::size_t>(std::max(last - first + 1, 0)));
+    if (last < first) return;
+    const auto choices = static_cast<unsigned>(last - first + 1);
+    const std::size_t most = std::min(count, taken.size() + choices);
     while (taken.size() < most) {
-      const int number = Turn(first, last);
+      const int number = first + static_cast<int>(generator_() % choices);
       if (std::find(taken.begin(), taken.end(), number) == taken.end()) taken.push_back(number);
     }
   }

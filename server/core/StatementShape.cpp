@@ -27,7 +27,7 @@ constexpr std::array<Letter, 128> MakeLetters() {
 constexpr std::array<Letter, 128> kLetters = MakeLetters();
 
 Letter LetterOf(wchar_t unit) {
-  const auto code = static_cast<std::uint32_t>(unit);
+  const auto code = static_cast<char32_t>(unit);
   return code < kLetters.size() ? kLetters[code] : Letter::kRefused;
 }
 
