@@ -1,5 +1,7 @@
 #include "tests/support/data/SampleDatabase.h"
 
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 
 #include "data/Text.h"
@@ -8,18 +10,65 @@
 #include "server/core/Crypto.h"
 #include "server/core/Encoding.h"
 #include "server/core/NewDatabase.h"
+#include "server/core/PrivateFile.h"
+#include "server/core/Query.h"
 #include "server/core/Sessions.h"
 #include "server/core/SqliteEngine.h"
 
 namespace test_support {
 namespace {
 
+constexpr std::string_view kSource = "test";
+
+std::filesystem::path FileIn(const std::filesystem::path& home) {
+  return home / "test.db";
+}
+
+// For what a test sets up, which need not survive a power cut.
 server::SqliteEngine OpenEngine(const server::DataSource& source) {
-  return {source.database, server::SqliteEngine::Mode::kExisting, std::chrono::seconds(5)};
+  server::SqliteEngine engine(source.database, server::SqliteEngine::Mode::kExisting,
+                              std::chrono::seconds(5));
+  server::Run(engine, "PRAGMA synchronous = OFF");
+  return engine;
 }
 
 server::DataSource Create(const std::filesystem::path& home) {
-  return server::CreateDatabase(server::DataSources(home), "test", home / "test.db");
+  return server::CreateDatabase(server::DataSources(home), kSource, FileIn(home));
+}
+
+std::string ReadBytes(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// The sample as it is made once for a whole test program; each test has a copy of its own.
+struct Original {
+  std::string database;
+  std::string key;
+};
+
+Original MakeOriginal() {
+  const std::filesystem::path home = MakeTestFolder();
+  const server::DataSource source = Create(home);
+  {
+    server::SqliteEngine engine = OpenEngine(source);
+    server::FillSample(engine, server::PasswordCipher(server::ReadKey(source)));
+  }
+  Original original{ReadBytes(source.database), server::ReadKey(source)};
+  std::filesystem::remove_all(home);
+  return original;
+}
+
+server::DataSource CopySample(const std::filesystem::path& home) {
+  static const Original original = MakeOriginal();
+  const server::DataSource source = server::DataSources(home).Create(kSource, FileIn(home));
+  std::filesystem::remove(source.keyFile);
+  std::ofstream(source.database, std::ios::binary) << original.database;
+  if (!server::WritePrivateFile(source.keyFile, original.key) ||
+      std::filesystem::file_size(source.database) != original.database.size()) {
+    throw std::runtime_error("the sample cannot be copied");
+  }
+  return source;
 }
 
 }  // namespace
@@ -31,10 +80,7 @@ std::filesystem::path MakeTestFolder() {
   return folder;
 }
 
-SampleDatabase::SampleDatabase() : home_(MakeTestFolder()), source_(Create(home_)) {
-  server::SqliteEngine engine = OpenEngine(source_);
-  server::FillSample(engine, server::PasswordCipher(server::ReadKey(source_)));
-}
+SampleDatabase::SampleDatabase() : home_(MakeTestFolder()), source_(CopySample(home_)) {}
 
 SampleDatabase::SampleDatabase(const server::GeneratedSize& size)
     : home_(MakeTestFolder()), source_(Create(home_)) {
