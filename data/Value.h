@@ -24,8 +24,8 @@ class ColumnValue {
   // for a text that is no number, 6 for one that does not fit.
   std::int32_t Integer() const;
 
-  // The value as it is, for passing it on without a copy: a number when IsNumber, else a text, which
-  // a null has no characters of.
+  // The value as it is, for passing it on without a copy: a number when IsNumber, else a text, of
+  // which a null has no characters.
   bool IsNumber() const { return kind_ == Kind::kNumber; }
   std::int64_t Number() const { return number_; }
   std::wstring_view BorrowedText() const { return text_; }
