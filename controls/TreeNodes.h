@@ -130,7 +130,7 @@ class TreeNodes {
   void Free(int node);
   void FreeBelow(int node);
   void ComposeKey(int node, std::wstring& key) const;
-  bool MayHaveKey(int node, std::wstring_view key) const;
+  bool HasTail(int node, std::wstring_view tail) const;
   void MarkOrderPending(int parent);
   bool WorthRanking() const;
   bool StandsBefore(int a, int b);

@@ -20,6 +20,20 @@ bool Same(const KeyForm& a, const KeyForm& b) {
   return a.hasId == b.hasId && Same(a.prefix, b.prefix) && Same(a.suffix, b.suffix);
 }
 
+// Takes a number's decimal text off the end of a text; false when it does not stand there.
+bool TakeDecimal(std::wstring_view& tail, std::int32_t number) {
+  std::int64_t rest = std::abs(static_cast<std::int64_t>(number));
+  do {
+    if (tail.empty() || tail.back() != static_cast<wchar_t>(L'0' + rest % 10)) return false;
+    tail.remove_suffix(1);
+    rest /= 10;
+  } while (rest > 0);
+  if (number >= 0) return true;
+  if (!tail.ends_with(L'-')) return false;
+  tail.remove_suffix(1);
+  return true;
+}
+
 }  // namespace
 
 int TreeNodes::KnownForm(const KeyForm& keyForm) const {
@@ -65,21 +79,24 @@ void TreeNodes::ComposeKey(int node, std::wstring& key) const {
   if (form.hasId) key += std::to_wstring(keyed.id);
 }
 
-// A cheap look before a key is composed: the prefix and the id's last digit must be there.
-bool TreeNodes::MayHaveKey(int node, std::wstring_view key) const {
+// Looks from the end of the key, where most nodes differ, up to the root, and composes nothing.
+bool TreeNodes::HasTail(int node, std::wstring_view tail) const {
   const Node& keyed = At(node);
   const KeyForm& form = forms_[keyed.form];
-  if (key.substr(0, kPrefixLength) != form.prefix) return false;
-  return !form.hasId || key.back() == L'0' + std::abs(keyed.id % 10);
+  if (form.hasId && !TakeDecimal(tail, keyed.id)) return false;
+  if (!tail.ends_with(form.suffix)) return false;
+  tail.remove_suffix(form.suffix.size());
+  return keyed.parent == kNoNode ? tail.empty() : HasTail(keyed.parent, tail);
 }
 
 int TreeNodes::Find(std::wstring_view key) const {
-  if (key.empty()) return kNoNode;
-  std::wstring candidate;
-  for (int node = NextIndex(0); node != kNoNode; node = NextIndex(node)) {
-    if (!MayHaveKey(node, key)) continue;
-    ComposeKey(node, candidate);
-    if (candidate == key) return node;
+  if (key.size() < kPrefixLength) return kNoNode;
+  const std::wstring_view tail = key.substr(kPrefixLength);
+  std::vector<char> hasPrefix;
+  for (const KeyForm& form : forms_) hasPrefix.push_back(key.starts_with(form.prefix));
+  for (int node = 1; node < used_; ++node) {
+    const Node& candidate = At(node);
+    if (candidate.alive && hasPrefix[candidate.form] && HasTail(node, tail)) return node;
   }
   return kNoNode;
 }

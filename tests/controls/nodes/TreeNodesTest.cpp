@@ -102,6 +102,19 @@ TEST_F(TreeNodesOf, KeysThatNoNodeHasAreNotFound) {
   EXPECT_EQ(nodes.Find(L"\\TUS \\U12"), user);
 }
 
+TEST_F(TreeNodesOf, AnIdAtTheEndOfAnotherIsNotTakenForIt) {
+  const int user = Add(root, kUser, 112, L"x");
+  const int folder = Add(user, kFolder, 0, L"folder");
+  const int leaf = Add(folder, kLeaf, 15, L"leaf");
+  Add(folder, kLeaf, 5, L"other leaf");
+  EXPECT_EQ(nodes.Find(L"\\TGU \\U112 \\G15"), leaf);
+  EXPECT_EQ(nodes.Find(L"\\TGU \\U12 \\G15"), kNoNode);
+  EXPECT_EQ(nodes.Find(L"\\TGU \\U112 \\G115"), kNoNode);
+  EXPECT_EQ(nodes.Find(L"\\TGU \\U112 \\G-15"), kNoNode);
+  EXPECT_EQ(nodes.Find(L"\\TGU \\U112 \\G"), kNoNode);
+  EXPECT_EQ(nodes.Find(L"\\TGU"), kNoNode);
+}
+
 TEST_F(TreeNodesOf, FreedIndexesAreUsedAgainTheLatestFirst) {
   const int a = Add(root, kUser, 1, L"a");
   const int b = Add(root, kUser, 2, L"b");
