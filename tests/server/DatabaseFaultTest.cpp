@@ -72,7 +72,6 @@ TEST_F(DatabaseFault, AFileCutShortUnderAnOpenSessionIsAnErrorAndNoCrash) {
   const auto server = sample_.OpenServer();
   const auto connection = server->DatabaseConnection();
   std::filesystem::resize_file(sample_.File(), 4096);
-  sample_.Raw();
   EXPECT_EQ(server_test::NumberOf(
                 [&] { server_test::ReadRows(*connection, data::SqlSelectAllUsers(), 3); }),
             server::kDatabaseError);
