@@ -58,7 +58,10 @@ HRESULT LateBound::InvokeOn(IDispatch* object, DISPID id, DISPPARAMS& arguments,
     answer = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &arguments, result, &details,
                             nullptr);
   });
-  if (fate_->exception != 0) RaiseLost();
+  if (fate_->exception != 0) {
+    if (result != nullptr) result->vt = VT_EMPTY;  // it may have died with half an answer
+    RaiseLost();
+  }
   if (answer == DISP_E_EXCEPTION) RaiseFailure(answer, details, object, fate_->texts.lost);
   return answer;
 }

@@ -58,6 +58,16 @@ TEST(DyingServer, MayDieOfItsLastReference) {
   SUCCEED() << "the program goes on";
 }
 
+TEST(DyingServer, MayLeaveHalfAnAnswer) {
+  const ComPtr<FakeObject> server = FakeObject::Make();
+  server->On(L"GetSessionUserText", [](const FakeCall& call) {
+    call.result->vt = VT_BSTR;
+    call.result->bstrVal = reinterpret_cast<BSTR>(8);
+    return WriteNowhere(call);
+  });
+  EXPECT_EQ(kAccessViolation, ErrorOf([&] { Adapt(server.Get())->GetSessionUserText(); }).Number());
+}
+
 TEST(DyingServer, MayDieAgainAndAgain) {
   for (int i = 0; i < 100; ++i) {
     const ComPtr<FakeObject> server = FakeObject::Make();
