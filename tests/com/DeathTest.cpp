@@ -61,8 +61,8 @@ TEST(DyingServer, MayDieOfItsLastReference) {
 TEST(DyingServer, MayLeaveHalfAnAnswer) {
   const ComPtr<FakeObject> server = FakeObject::Make();
   server->On(L"GetSessionUserText", [](const FakeCall& call) {
-    call.result->vt = VT_BSTR;
-    call.result->bstrVal = reinterpret_cast<BSTR>(8);
+    call.result->vt = VT_DISPATCH;
+    call.result->pdispVal = reinterpret_cast<IDispatch*>(8);
     return WriteNowhere(call);
   });
   EXPECT_EQ(kAccessViolation, ErrorOf([&] { Adapt(server.Get())->GetSessionUserText(); }).Number());
