@@ -53,6 +53,7 @@ class TreeItems {
   void Forget(int node);
   void DeleteDoomed();
   HTREEITEM TopThatStays() const;
+  HTREEITEM ShownLine(HTREEITEM item) const;
   void FollowChildren(int parent);
   bool InOrder(const std::vector<int>& told, const std::vector<int>& wanted) const;
   void InsertInPlace(const std::vector<int>& wanted);

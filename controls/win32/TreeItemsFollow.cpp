@@ -57,6 +57,7 @@ void TreeItems::Follow(int selected, bool show) {
     Reselect(selected);
   }
   ++busy_;
+  top = ShownLine(top);
   if (top && reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE, 0)) != top) {
     Send(TVM_SELECTITEM, TVGN_FIRSTVISIBLE, reinterpret_cast<LPARAM>(top));
   }
@@ -83,6 +84,16 @@ HTREEITEM TreeItems::TopThatStays() const {
         Send(TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, reinterpret_cast<LPARAM>(line)));
   }
   return nullptr;
+}
+
+// The item, or the closed one above it that stands in its place.
+HTREEITEM TreeItems::ShownLine(HTREEITEM item) const {
+  if (!item) return nullptr;
+  int shown = NodeOf(item);
+  for (int above = shown; above != kNoNode; above = nodes_.Parent(above)) {
+    if (above != shown && !nodes_.Expanded(above)) shown = above;
+  }
+  return ItemOf(shown);
 }
 
 void TreeItems::DeleteDoomed() {
@@ -180,7 +191,16 @@ void TreeItems::ShowExpansion(int node) {
   if (open) Fill(node);
   if (open == IsOpen(node)) return;
   const Quiet quiet(*this, true);
-  Send(TVM_EXPAND, open ? TVE_EXPAND : TVE_COLLAPSE, reinterpret_cast<LPARAM>(item));
+  if (nodes_.HasChildren(node)) {
+    Send(TVM_EXPAND, open ? TVE_EXPAND : TVE_COLLAPSE, reinterpret_cast<LPARAM>(item));
+    return;
+  }
+  // Without children the control does not close the item.
+  TVITEMW native = {};
+  native.mask = TVIF_HANDLE | TVIF_STATE;
+  native.hItem = item;
+  native.stateMask = TVIS_EXPANDED;
+  Send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&native));
 }
 
 void TreeItems::Fill(int node) {

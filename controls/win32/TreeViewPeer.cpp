@@ -97,6 +97,9 @@ LRESULT TreeViewPeer::Handle(const Message& message) {
   switch (message.number) {
     case TVM_EXPAND:
       return items.Busy() ? Native(message) : Expand(message);
+    case TVM_SELECTITEM:
+    case TVM_ENSUREVISIBLE:
+      return items.Busy() ? Native(message) : Reach(message);
     case WM_SETFOCUS:
       // A tree view without a selection makes one when it gets the focus; no user has.
       if (selected == kNoNode) {
@@ -128,6 +131,14 @@ LRESULT TreeViewPeer::Expand(const Message& message) {
   const LRESULT result = Native({message.number, action, message.lParam});
   if (window && nodes.Exists(node)) Opened(node, items.IsOpen(node));
   return result;
+}
+
+// Another program selects or looks for a node. The control would open what stands above it, and not
+// always tell.
+LRESULT TreeViewPeer::Reach(const Message& message) {
+  const int node = items.NodeOf(reinterpret_cast<HTREEITEM>(message.lParam));
+  if (nodes.Exists(node)) OpenWay(node);
+  return Native(message);
 }
 
 void TreeViewPeer::Opened(int node, bool expanded) {

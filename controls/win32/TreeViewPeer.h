@@ -39,6 +39,7 @@ struct TreeViewPeer : Control::Peer {
  private:
   bool Refuses() const;
   LRESULT Expand(const Message& message);
+  LRESULT Reach(const Message& message);
   void Chosen(int node);
   void Opened(int node, bool expanded);
 };

@@ -1,0 +1,95 @@
+#include "controls/win32/FormPeer.h"
+#include "tests/controls/ControlsTest.h"
+
+namespace controls_test {
+namespace {
+
+using namespace controls;
+
+class NativeLayout : public ControlsTest {
+ protected:
+  NativeLayout() {
+    form.SetResizable(true);
+    form.tree.SetAnchors(kAnchorLeft | kAnchorTop | kAnchorRight | kAnchorBottom);
+    form.more.SetAnchors(kAnchorRight | kAnchorBottom);
+  }
+
+  HWND Window() const { return form.BackEnd().window; }
+  RECT Place(const Control& control) const {
+    RECT place = {};
+    GetWindowRect(control.BackEnd().window, &place);
+    MapWindowPoints(nullptr, Window(), reinterpret_cast<POINT*>(&place), 2);
+    return place;
+  }
+  void Grow(int dx, int dy) const {
+    RECT outer = {};
+    GetWindowRect(Window(), &outer);
+    SetWindowPos(Window(), nullptr, 0, 0, outer.right - outer.left + dx,
+                 outer.bottom - outer.top + dy, SWP_NOMOVE | SWP_NOZORDER);
+  }
+  static void ExpectPlace(const RECT& is, const RECT& was, RECT moves) {
+    EXPECT_EQ(is.left, was.left + moves.left);
+    EXPECT_EQ(is.top, was.top + moves.top);
+    EXPECT_EQ(is.right, was.right + moves.right);
+    EXPECT_EQ(is.bottom, was.bottom + moves.bottom);
+  }
+};
+
+TEST_F(NativeLayout, KeepsControlsAtTheirDistancesFromTheSides) {
+  const RECT tree = Place(form.tree);
+  const RECT more = Place(form.more);
+  const RECT ok = Place(form.ok);
+  Grow(100, 60);
+  ExpectPlace(Place(form.tree), tree, {0, 0, 100, 60});
+  ExpectPlace(Place(form.more), more, {100, 60, 100, 60});
+  ExpectPlace(Place(form.ok), ok, {0, 0, 0, 0});
+  Grow(-100, -60);
+  ExpectPlace(Place(form.tree), tree, {0, 0, 0, 0});
+  ExpectPlace(Place(form.more), more, {0, 0, 0, 0});
+}
+
+TEST_F(NativeLayout, NeverShrinksBelowTheTemplate) {
+  RECT before = {};
+  GetClientRect(Window(), &before);
+  Grow(-200, -200);
+  RECT after = {};
+  GetClientRect(Window(), &after);
+  EXPECT_EQ(after.right, before.right);
+  EXPECT_EQ(after.bottom, before.bottom);
+}
+
+TEST_F(NativeLayout, KeepsTheClientAreaWhenTheFrameChanges) {
+  RECT before = {};
+  GetClientRect(Window(), &before);
+  form.SetResizable(false);
+  RECT after = {};
+  GetClientRect(Window(), &after);
+  EXPECT_EQ(after.right, before.right);
+  EXPECT_EQ(after.bottom, before.bottom);
+  EXPECT_EQ(GetWindowLongPtrW(Window(), GWL_STYLE) & WS_THICKFRAME, 0);
+}
+
+TEST_F(NativeLayout, FollowsTheResolutionOfAnotherScreen) {
+  const RECT tree = Place(form.tree);
+  const LONG height = [this] {
+    LOGFONTW font = {};
+    GetObjectW(reinterpret_cast<HFONT>(form.ok.BackEnd().Send(WM_GETFONT)), sizeof font, &font);
+    return font.lfHeight;
+  }();
+  RECT outer = {};
+  GetWindowRect(Window(), &outer);
+  RECT twice = {outer.left, outer.top, outer.left + 2 * (outer.right - outer.left),
+                outer.top + 2 * (outer.bottom - outer.top)};
+  const WPARAM dpi = 2 * form.BackEnd().dpi;
+  SendMessageW(Window(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&twice));
+  const RECT grown = Place(form.tree);
+  EXPECT_EQ(grown.left, 2 * tree.left);
+  EXPECT_EQ(grown.top, 2 * tree.top);
+  LOGFONTW font = {};
+  GetObjectW(reinterpret_cast<HFONT>(form.ok.BackEnd().Send(WM_GETFONT)), sizeof font, &font);
+  EXPECT_EQ(font.lfHeight, 2 * height);
+  EXPECT_EQ(form.BackEnd().dpi, dpi);
+}
+
+}  // namespace
+}  // namespace controls_test

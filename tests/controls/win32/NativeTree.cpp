@@ -1,0 +1,81 @@
+#include "tests/controls/win32/NativeTree.h"
+
+namespace controls_test {
+
+using controls::kNoNode;
+
+HTREEITEM NativeTree::Next(UINT relation, HTREEITEM item) const {
+  return reinterpret_cast<HTREEITEM>(
+      Send(TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
+}
+
+HTREEITEM NativeTree::Find(int node) const {
+  const int parent = peer_.nodes.Parent(node);
+  HTREEITEM above = parent == kNoNode ? nullptr : Find(parent);
+  if (parent != kNoNode && !above) return nullptr;
+  HTREEITEM item = above ? Next(TVGN_CHILD, above) : Next(TVGN_ROOT);
+  while (item && NodeOf(item) != node) item = Next(TVGN_NEXT, item);
+  return item;
+}
+
+TVITEMW NativeTree::Read(HTREEITEM item) const {
+  TVITEMW native = {};
+  native.mask = TVIF_PARAM | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN | TVIF_STATE;
+  native.stateMask = TVIS_EXPANDED;
+  native.hItem = item;
+  Send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&native));
+  return native;
+}
+
+std::wstring NativeTree::Text(HTREEITEM item) const {
+  std::wstring text(5000, L'\0');
+  TVITEMW native = {};
+  native.mask = TVIF_TEXT;
+  native.hItem = item;
+  native.pszText = text.data();
+  native.cchTextMax = static_cast<int>(text.size());
+  Send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&native));
+  return native.pszText;
+}
+
+bool NativeTree::IsOpen(HTREEITEM item) const {
+  return (Read(item).state & TVIS_EXPANDED) != 0;
+}
+
+int NativeTree::Selected() const {
+  HTREEITEM item = Next(TVGN_CARET);
+  return item ? NodeOf(item) : kNoNode;
+}
+
+std::string NativeTree::Difference() const {
+  if (Selected() != peer_.selected) return "another node is selected";
+  return CompareChildren(Next(TVGN_ROOT), peer_.nodes.Root());
+}
+
+std::string NativeTree::CompareChildren(HTREEITEM first, int firstNode) const {
+  int node = firstNode;
+  for (HTREEITEM item = first; item || node != kNoNode; item = Next(TVGN_NEXT, item)) {
+    if (!item) return "a child is missing";
+    if (node == kNoNode) return "a child too many";
+    const std::string found = Compare(item, node);
+    if (!found.empty()) return found;
+    node = peer_.nodes.Next(node);
+  }
+  return {};
+}
+
+std::string NativeTree::Compare(HTREEITEM item, int node) const {
+  const TVITEMW native = Read(item);
+  const std::string name = "node " + std::to_string(node) + ": ";
+  if (native.lParam != node) return name + "another one stands there";
+  if (Text(item) != peer_.nodes.Text(node)) return name + "text";
+  const int image = peer_.nodes.Image(node);
+  if (native.iImage != image || native.iSelectedImage != image) return name + "image";
+  if ((native.cChildren != 0) != peer_.nodes.HasChildren(node)) return name + "button";
+  const bool open = peer_.nodes.Expanded(node) && peer_.nodes.HasChildren(node);
+  if (((native.state & TVIS_EXPANDED) != 0) != open) return name + "open or closed";
+  HTREEITEM child = Next(TVGN_CHILD, item);
+  return child ? CompareChildren(child, peer_.nodes.FirstChild(node)) : std::string();
+}
+
+}  // namespace controls_test

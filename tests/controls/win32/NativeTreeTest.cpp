@@ -1,0 +1,185 @@
+#include <cstring>
+
+#include "tests/controls/TreeTest.h"
+#include "tests/controls/win32/NativeTree.h"
+
+namespace controls_test {
+namespace {
+
+using controls::kNoNode;
+
+class NativeTreeView : public TreeTest {
+ protected:
+  void ExpandFromOutside(int node, UINT action) {
+    native.Send(TVM_EXPAND, action, reinterpret_cast<LPARAM>(native.Find(node)));
+  }
+
+  NativeTree native{tree};
+};
+
+TEST_F(NativeTreeView, IsToldOfChildrenWhenTheyAreFirstShown) {
+  EXPECT_EQ(native.Count(), 1);
+  tree.SetExpanded(root, true);
+  EXPECT_EQ(native.Count(), 4);
+  EXPECT_EQ(native.Difference(), "");
+  user.Expand(tree, folder);
+  EXPECT_EQ(native.Count(), 7);
+  EXPECT_EQ(native.Difference(), "");
+}
+
+TEST_F(NativeTreeView, OpensWhatWasExpandedBeforeItWasTold) {
+  tree.SetExpanded(folder, true);
+  tree.SetExpanded(adam, true);
+  EXPECT_EQ(native.Count(), 1);
+  tree.SetExpanded(root, true);
+  EXPECT_EQ(native.Count(), 7);
+  EXPECT_EQ(native.Difference(), "");
+}
+
+TEST_F(NativeTreeView, ShowsWhatWasUntilAnUpdateEnds) {
+  tree.SetExpanded(root, true);
+  {
+    controls::TreeView::Update update(tree);
+    tree.Remove(martin);
+    tree.Add(root, kUserForm, 99, L"Nadia", 1);
+    tree.SetText(zoe, L"Zoë");
+    EXPECT_NE(native.Find(zoe), nullptr);
+    EXPECT_EQ(native.Text(native.Find(zoe)), L"Zoé");
+    EXPECT_EQ(native.Count(), 4);
+  }
+  EXPECT_EQ(native.Count(), 4);
+  EXPECT_EQ(native.Text(native.Find(zoe)), L"Zoë");
+  EXPECT_EQ(native.Difference(), "");
+}
+
+TEST_F(NativeTreeView, LosesTheButtonOfANodeWithoutChildren) {
+  tree.SetExpanded(root, true);
+  tree.SetExpanded(adam, true);
+  tree.SetExpanded(folder, true);
+  tree.RemoveChildren(folder);
+  EXPECT_EQ(native.Difference(), "");
+  tree.Add(folder, kLeafForm, 8, L"Ventes", 3);
+  EXPECT_EQ(native.Difference(), "");
+  EXPECT_TRUE(native.IsOpen(native.Find(folder)));
+}
+
+TEST_F(NativeTreeView, HoldsLongTextsOfAnyLetters) {
+  const std::wstring text = std::wstring(3990, L'x') + L"\xD83D\xDE00\x05D0&\\";
+  tree.SetExpanded(root, true);
+  tree.SetText(zoe, text);
+  EXPECT_EQ(native.Text(native.Find(zoe)), text);
+  UpdateWindow(native.Window());
+  EXPECT_EQ(native.Difference(), "");
+}
+
+TEST_F(NativeTreeView, MayBeExpandedByAnotherProgramAgainAndAgain) {
+  for (int round = 0; round < 3; ++round) {
+    events.clear();
+    ExpandFromOutside(root, TVE_EXPAND);
+    EXPECT_EQ(events, (Events{L"expand Utilisateurs"}));
+    EXPECT_EQ(native.Count(), 4 + round);
+    ExpandFromOutside(root, TVE_COLLAPSE);
+    EXPECT_EQ(events, (Events{L"expand Utilisateurs", L"collapse Utilisateurs"}));
+    EXPECT_FALSE(tree.Nodes().Expanded(root));
+    tree.Add(root, kUserForm, 100 + round, L"Neuf", 1);
+    EXPECT_EQ(native.Difference(), "");
+  }
+  ExpandFromOutside(root, TVE_TOGGLE);
+  EXPECT_TRUE(tree.Nodes().Expanded(root));
+  EXPECT_EQ(native.Difference(), "");
+}
+
+TEST_F(NativeTreeView, KeepsItsChildrenWhenAnotherProgramWantsThemForgotten) {
+  tree.SetExpanded(root, true);
+  ExpandFromOutside(root, TVE_COLLAPSE | TVE_COLLAPSERESET);
+  EXPECT_EQ(native.Count(), 4);
+  ExpandFromOutside(root, TVE_EXPAND);
+  EXPECT_EQ(native.Difference(), "");
+}
+
+TEST_F(NativeTreeView, ReportsASelectionMadeByAnotherProgramAndNotItsOwn) {
+  tree.SetExpanded(root, true);
+  tree.SetSelectedNode(zoe);
+  events.clear();
+  native.Send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(native.Find(martin)));
+  EXPECT_EQ(events, (Events{L"click Martin"}));
+  EXPECT_EQ(tree.SelectedNode(), martin);
+}
+
+TEST_F(NativeTreeView, SelectsNothingByGettingTheFocus) {
+  tree.SetFocus();
+  EXPECT_EQ(tree.SelectedNode(), kNoNode);
+  EXPECT_EQ(native.Selected(), kNoNode);
+  EXPECT_EQ(events, Events{});
+  user.Select(tree, root);
+  EXPECT_EQ(events, (Events{L"click Utilisateurs"}));
+}
+
+TEST_F(NativeTreeView, OpensOneLevelByTheKeyThatWouldOpenAll) {
+  user.Select(tree, root);
+  events.clear();
+  user.PressKey(form, VK_MULTIPLY);
+  EXPECT_EQ(events, (Events{L"expand Utilisateurs"}));
+  EXPECT_EQ(native.Count(), 4);
+}
+
+TEST_F(NativeTreeView, KeepsTheTopLineWhenSomethingIsInsertedAboveIt) {
+  {
+    controls::TreeView::Update update(tree);
+    for (int i = 0; i < 200; ++i) tree.Add(root, kUserForm, 1000 + i, L"U" + std::to_wstring(i), 1);
+  }
+  tree.SetExpanded(root, true);
+  native.Send(TVM_SELECTITEM, TVGN_FIRSTVISIBLE, reinterpret_cast<LPARAM>(native.Find(martin)));
+  HTREEITEM top = native.Next(TVGN_FIRSTVISIBLE);
+  EXPECT_EQ(native.NodeOf(top), martin);
+  tree.SetSorted(root, true);
+  EXPECT_EQ(native.NodeOf(native.Next(TVGN_FIRSTVISIBLE)), martin);
+  tree.Add(root, kUserForm, 5000, L"Aaron", 1);
+  EXPECT_EQ(native.NodeOf(native.Next(TVGN_FIRSTVISIBLE)), martin);
+  EXPECT_EQ(native.Difference(), "");
+}
+
+TEST_F(NativeTreeView, BringsTheSelectedNodeIntoView) {
+  {
+    controls::TreeView::Update update(tree);
+    for (int i = 0; i < 200; ++i) tree.Add(root, kUserForm, 1000 + i, L"U" + std::to_wstring(i), 1);
+    tree.SetSelectedNode(tree.Nodes().LastChild(root));
+  }
+  HTREEITEM item = native.Find(tree.SelectedNode());
+  ASSERT_NE(item, nullptr);
+  RECT line = {};
+  std::memcpy(&line, &item, sizeof item);
+  EXPECT_TRUE(native.Send(TVM_GETITEMRECT, FALSE, reinterpret_cast<LPARAM>(&line)));
+  RECT client = {};
+  GetClientRect(native.Window(), &client);
+  EXPECT_GE(line.top, 0);
+  EXPECT_LE(line.bottom, client.bottom);
+}
+
+TEST_F(NativeTreeView, TakesThirtyThousandAccounts) {
+  constexpr int kAccounts = 30000;
+  {
+    controls::TreeView::Update update(tree);
+    tree.Clear();
+    root = tree.Add(kNoNode, kRootForm, 0, L"Utilisateurs", 0);
+    tree.SetSorted(root, true);
+    for (int i = 0; i < kAccounts; ++i) {
+      const int account =
+          tree.AddUnique(root, kUserForm, i, tree.Share(L"User " + std::to_wstring(i)), 1);
+      tree.AddUnique(account, kFolderForm, 0, tree.Share(L"Membre du Groupe"), 2);
+    }
+    tree.SetSelectedNode(root);
+    tree.SetExpanded(root, true);
+  }
+  EXPECT_EQ(native.Count(), kAccounts + 1);
+  const int last = tree.Nodes().LastChild(root);
+  EXPECT_EQ(tree.Nodes().Text(last), L"User 9999");
+  tree.SetText(last, L"A new name");
+  EXPECT_EQ(tree.Nodes().FirstChild(root), last);
+  EXPECT_EQ(native.NodeOf(native.Next(TVGN_CHILD, native.Next(TVGN_ROOT))), last);
+  tree.Remove(last);
+  EXPECT_EQ(native.Count(), kAccounts);
+}
+
+}  // namespace
+}  // namespace controls_test
