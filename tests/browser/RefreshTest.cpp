@@ -97,6 +97,27 @@ TEST_F(Refresh, AFailureIsReportedSaidInTheStatusLineAndTheProgramGoesOn) {
   });
 }
 
+TEST_F(Refresh, TheWindowSaysHowFarItIsWhileATreeIsRead) {
+  Run([this](frmUserGroupPerm& window) {
+    bool users = false;
+    bool groups = false;
+    log.FailAt = [&](const std::wstring& call) {
+      const std::wstring status = window.lblStatus.Caption();
+      if (call == data::SqlSelectUserGroups(9)) {
+        users = status.starts_with(L"Lecture des utilisateurs : ") && status.ends_with(L" sur 39");
+        EXPECT_EQ(desktop.Pointer(), controls::MousePointer::kWait);
+      } else if (call == data::SqlSelectGroupUsers(12)) {
+        groups = status.starts_with(L"Lecture des groupes : ") && status.ends_with(L" sur 12");
+      }
+      return 0L;
+    };
+    user.Click(window.cmdBtn[0]);
+    EXPECT_TRUE(users);
+    EXPECT_TRUE(groups);
+    EXPECT_EQ(desktop.Pointer(), controls::MousePointer::kDefault);
+  });
+}
+
 TEST_F(Refresh, ALockedDatabaseIsReportedWithItsOwnMessageAndReadOnceItIsFree) {
   Database().SetLockWait(std::chrono::milliseconds(50));
   Run([this](frmUserGroupPerm& window) {
