@@ -58,16 +58,20 @@ void frmUserGroupPerm::SetPages() {
   TabStrip1_Click();
 }
 
+// What is hidden loses the focus; a tree hands it to the one that takes its place.
 void frmUserGroupPerm::TabStrip1_Click() {
-  const bool users = TabStrip1.SelectedTab() == 0;
-  TreeView1[0].SetVisible(users);
-  fraUser.SetVisible(users);
-  fraMemberOf.SetVisible(users);
-  fraUserPermission.SetVisible(users);
-  TreeView1[1].SetVisible(!users);
-  fraGroup.SetVisible(!users);
-  fraMember.SetVisible(!users);
-  fraGroupPermission.SetVisible(!users);
+  const int shown = TabStrip1.SelectedTab();
+  const int hidden = 1 - shown;
+  const bool treeHadFocus = TreeView1[hidden].HasFocus();
+  TreeView1[shown].SetVisible(true);
+  if (treeHadFocus) TreeView1[shown].SetFocus();
+  TreeView1[hidden].SetVisible(false);
+  for (controls::Frame* frame : {&fraUser, &fraMemberOf, &fraUserPermission}) {
+    frame->SetVisible(shown == 0);
+  }
+  for (controls::Frame* frame : {&fraGroup, &fraMember, &fraGroupPermission}) {
+    frame->SetVisible(shown == 1);
+  }
 }
 
 // The trees take what the window gains; the buttons keep to its right and lower edges.

@@ -58,6 +58,15 @@ TEST_F(Keyboard, TheArrowKeysChangeTheTabAndTheTabKeyThenEntersItsTree) {
   AwaitFocus(window, IDC_TREE_GROUPS);
 }
 
+TEST_F(Keyboard, AnotherTabsTreeTakesTheFocusOfTheOneItReplaces) {
+  const MainWindow window = Open(SampleSession());
+  AwaitFocus(window, IDC_TREE_USERS);
+  window.SelectTab(kGroupsTab);
+  AwaitFocus(window, IDC_TREE_GROUPS);
+  window.SelectTab(kUsersTab);
+  AwaitFocus(window, IDC_TREE_USERS);
+}
+
 TEST_F(Keyboard, TheMnemonicOfRefreshReadsTheTreesAnew) {
   const MainWindow window = Open(SampleSession());
   driver::TreeView tree = window.Tree(kUsersTab);
