@@ -48,6 +48,8 @@ std::vector<std::uint32_t> ReadPixels(const RECT& area) {
   BITMAPINFO info = Format(width, height);
   GetDIBits(memory.get(), bitmap.get(), 0, static_cast<UINT>(height), pixels.data(), &info,
             DIB_RGB_COLORS);
+  // The fourth byte means nothing here, and transparency to some who read it.
+  for (std::uint32_t& pixel : pixels) pixel |= 0xFF000000U;
   return pixels;
 }
 
