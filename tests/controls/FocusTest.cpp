@@ -87,6 +87,14 @@ TEST_F(Focus, MayBeMovedOnByAHandler) {
   EXPECT_TRUE(form.more.HasFocus());
 }
 
+TEST_F(Focus, EndsWithAFormThatIsUnloadedByTheControlThatLosesIt) {
+  Watch(form.password, L"password");
+  form.name.LostFocus = [this] { form.Unload(); };
+  form.password.SetFocus();
+  EXPECT_FALSE(form.IsLoaded());
+  EXPECT_EQ(events, Events{});
+}
+
 TEST_F(Focus, LetsAGotFocusHandlerChooseTheSelection) {
   form.password.SetText(L"secret");
   form.password.GotFocus = [this] {

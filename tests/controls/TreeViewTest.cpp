@@ -151,6 +151,19 @@ TEST_F(TreeView, FindsSiblings) {
   EXPECT_EQ(nodes.LastSibling(root), root);
 }
 
+TEST_F(TreeView, ForgetsTextsThatNoNodeShowsAtTheEndOfAnUpdate) {
+  const auto rename = [this](int i) {
+    controls::TreeView::Update update(tree);
+    tree.SetText(zoe, L"Zoé " + std::to_wstring(i % 10));
+  };
+  rename(1);
+  rename(2);
+  const std::size_t before = tree.Nodes().TextBytes();
+  for (int i = 3; i < 100; ++i) rename(i);
+  EXPECT_EQ(tree.Nodes().TextBytes(), before);
+  EXPECT_EQ(Text(zoe), L"Zoé 9");
+}
+
 TEST_F(TreeView, SurvivesTheEndOfAnUpdateAfterItsFormHasGone) {
   {
     controls::TreeView::Update update(tree);

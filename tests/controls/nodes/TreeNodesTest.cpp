@@ -112,6 +112,7 @@ TEST_F(TreeNodesOf, AnIdAtTheEndOfAnotherIsNotTakenForIt) {
   EXPECT_EQ(nodes.Find(L"\\TGU \\U112 \\G115"), kNoNode);
   EXPECT_EQ(nodes.Find(L"\\TGU \\U112 \\G-15"), kNoNode);
   EXPECT_EQ(nodes.Find(L"\\TGU \\U112 \\G"), kNoNode);
+  EXPECT_EQ(nodes.Find(L"\\TGUx \\U112 \\G15"), kNoNode);
   EXPECT_EQ(nodes.Find(L"\\TGU"), kNoNode);
 }
 
