@@ -26,6 +26,8 @@ TreeView::Update::~Update() {
 
 void TreeView::SetImageList(const ImageList& images) {
   TreeViewPeer& peer = PeerOfTree(*this);
+  // Given once more the same list, the native control would paint all of itself anew.
+  if (peer.images == &images) return;
   peer.images = &images;
   peer.ShowImages();
 }
@@ -61,7 +63,7 @@ void TreeView::Remove(int node) {
 
 void TreeView::RemoveChildren(int node) {
   TreeViewPeer& peer = PeerOfTree(*this);
-  if (peer.selected != kNoNode && peer.nodes.IsBelow(peer.selected, node)) peer.selected = node;
+  peer.LeaveBelow(node);
   peer.items.RemovingChildren(node);
   peer.nodes.RemoveChildren(node);
   peer.EndChange();
