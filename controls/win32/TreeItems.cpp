@@ -22,21 +22,29 @@ void TreeItems::Added(int parent) {
 void TreeItems::Removing(int node) {
   const auto found = items_.find(node);
   const int parent = nodes_.Parent(node);
-  if (found != items_.end()) doomed_.push_back(found->second);
+  if (found != items_.end()) removals_.push_back({found->second, false});
   if (parent == kNoNode || items_.contains(parent)) changedParents_.insert(parent);
   Forget(node);
 }
 
+// All at once, for each item alone would cost the control a search among all it has. What comes in
+// their place is told of when it is shown.
 void TreeItems::RemovingChildren(int node) {
-  if (!items_.contains(node)) return;
-  for (int child = nodes_.FirstChild(node); child != kNoNode; child = nodes_.Next(child)) {
-    Removing(child);
-  }
+  const auto found = items_.find(node);
+  if (found == items_.end()) return;
+  changedParents_.insert(node);
+  if (!filled_.contains(node)) return;
+  removals_.push_back({found->second, true});
+  ForgetBelow(node);
 }
 
 // The index of a node that goes may be given to another one before the native control follows.
 void TreeItems::Forget(int node) {
   items_.erase(node);
+  ForgetBelow(node);
+}
+
+void TreeItems::ForgetBelow(int node) {
   const auto found = filled_.find(node);
   if (found == filled_.end()) return;
   const std::vector<int> children = std::move(found->second);
@@ -50,7 +58,7 @@ void TreeItems::Cleared() {
   items_.clear();
   filled_.clear();
   filled_[kNoNode];
-  doomed_.clear();
+  removals_.clear();
   changedParents_.clear();
   changedNodes_.clear();
   changedExpansions_.clear();
@@ -72,7 +80,7 @@ void TreeItems::Reordered(const std::vector<int>& parents) {
 }
 
 bool TreeItems::Pending() const {
-  return cleared_ || !doomed_.empty() || !changedParents_.empty() || !changedExpansions_.empty();
+  return cleared_ || !removals_.empty() || !changedParents_.empty() || !changedExpansions_.empty();
 }
 
 HTREEITEM TreeItems::ItemOf(int node) const {

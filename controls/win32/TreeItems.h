@@ -47,11 +47,19 @@ class TreeItems {
  private:
   class Quiet;
 
+  // An item that goes, or all that is below it.
+  struct Removal {
+    HTREEITEM item;
+    bool childrenOnly;
+  };
+
   HTREEITEM ItemOf(int node) const;
   int FirstChild(int parent) const;
   bool Pending() const;
   void Forget(int node);
-  void DeleteDoomed();
+  void ForgetBelow(int node);
+  void DeleteRemoved();
+  void DeleteChildren(HTREEITEM item) const;
   HTREEITEM TopThatStays() const;
   HTREEITEM ShownLine(HTREEITEM item) const;
   void FollowChildren(int parent);
@@ -70,7 +78,8 @@ class TreeItems {
   int busy_ = 0;
   std::unordered_map<int, HTREEITEM> items_;
   std::unordered_map<int, std::vector<int>> filled_;  // the children told of, in native order
-  std::vector<HTREEITEM> doomed_;
+  // In the order in which they happened: what is above a removed item may be removed after it.
+  std::vector<Removal> removals_;
   bool cleared_ = false;
   std::unordered_set<int> changedParents_;
   std::unordered_set<int> changedNodes_;

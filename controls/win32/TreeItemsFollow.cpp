@@ -48,7 +48,7 @@ void TreeItems::Follow(int selected, bool show) {
   {
     const Quiet quiet(*this, Pending());
     top = TopThatStays();
-    DeleteDoomed();
+    DeleteRemoved();
     const auto parents = std::exchange(changedParents_, {});
     for (const int parent : parents) FollowChildren(parent);
     for (const int node : std::exchange(changedNodes_, {})) Refresh(node);
@@ -96,12 +96,17 @@ HTREEITEM TreeItems::ShownLine(HTREEITEM item) const {
   return ItemOf(shown);
 }
 
-void TreeItems::DeleteDoomed() {
+void TreeItems::DeleteRemoved() {
   if (std::exchange(cleared_, false)) {
     Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
   }
-  for (HTREEITEM item : doomed_) Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(item));
-  doomed_.clear();
+  for (const Removal& removal : std::exchange(removals_, {})) {
+    if (removal.childrenOnly) {
+      DeleteChildren(removal.item);
+    } else {
+      Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(removal.item));
+    }
+  }
   // Before anything is inserted, for a new child may have the index of one that has gone.
   for (const int parent : changedParents_) {
     const auto found = filled_.find(parent);
@@ -109,6 +114,17 @@ void TreeItems::DeleteDoomed() {
     std::erase_if(found->second, [&](int child) {
       return !items_.contains(child) || nodes_.Parent(child) != parent;
     });
+  }
+}
+
+void TreeItems::DeleteChildren(HTREEITEM item) const {
+  const auto above = reinterpret_cast<LPARAM>(item);
+  // Closed first, which moves the control's own selection out of what goes.
+  Send(TVM_EXPAND, TVE_COLLAPSE, above);
+  Send(TVM_EXPAND, TVE_COLLAPSE | TVE_COLLAPSERESET, above);
+  // The control may do that for an open item only.
+  while (const LRESULT child = Send(TVM_GETNEXTITEM, TVGN_CHILD, above)) {
+    Send(TVM_DELETEITEM, 0, child);
   }
 }
 

@@ -38,10 +38,15 @@ void TreeViewPeer::LeaveNode(int node) {
   if (selected == kNoNode) selected = nodes.Parent(node);
 }
 
+// Before the control moves its own selection there, which it reports as if a user had.
+void TreeViewPeer::LeaveBelow(int node) {
+  if (selected != kNoNode && nodes.IsBelow(selected, node)) selected = node;
+}
+
 void TreeViewPeer::SetExpanded(int node, bool expanded) {
   nodes.SetExpanded(node, expanded);
   items.Expanded(node);
-  if (!expanded && selected != kNoNode && nodes.IsBelow(selected, node)) selected = node;
+  if (!expanded) LeaveBelow(node);
   EndChange();
   Raise(expanded ? Tree().Expand : Tree().Collapse, node);
 }
@@ -78,7 +83,11 @@ LRESULT TreeViewPeer::Notify(NMHDR& header) {
   switch (header.code) {
     case TVN_ITEMEXPANDINGW:
       if (Refuses()) return TRUE;
-      if (change.action & TVE_EXPAND) items.Fill(node);
+      if (change.action & TVE_EXPAND) {
+        items.Fill(node);
+      } else {
+        LeaveBelow(node);
+      }
       return FALSE;
     case TVN_ITEMEXPANDEDW:
       Opened(node, (change.action & TVE_EXPAND) != 0);
@@ -126,6 +135,7 @@ LRESULT TreeViewPeer::Expand(const Message& message) {
   const int node = items.NodeOf(reinterpret_cast<HTREEITEM>(message.lParam));
   if (!nodes.Exists(node)) return FALSE;
   items.Fill(node);
+  if (items.IsOpen(node)) LeaveBelow(node);
   // Children that the control forgot would have to be told of again.
   const WPARAM action = message.wParam & ~static_cast<WPARAM>(TVE_COLLAPSERESET);
   const LRESULT result = Native({message.number, action, message.lParam});

@@ -18,8 +18,9 @@ struct TreeViewPeer : Control::Peer {
   void ShowImages() const;
   // Passes the selection on before the node and what is below it are removed.
   void LeaveNode(int node);
-  // Notes that a node is open or closed now, and tells the form. A selection below a node that is
-  // closed passes to it.
+  // Passes a selection below a node that is closed on to it.
+  void LeaveBelow(int node);
+  // Notes that a node is open or closed now, and tells the form.
   void SetExpanded(int node, bool expanded);
   // Expands what stands above the node, the topmost first.
   void OpenWay(int node);
