@@ -107,7 +107,8 @@ void FormBackground::Draw(Strip& strip, HWND form, HDC context) {
 }
 
 HBRUSH FormBackground::Behind(HWND control, HDC context) {
-  Strip* strip = Under(control);
+  // A text box that is disabled asks as well; its own surface is right.
+  Strip* strip = IsOfClass(control, WC_EDITW) ? nullptr : Under(control);
   if (!strip) return nullptr;
   Picture(*strip);
   if (!strip->brush) return nullptr;
