@@ -67,6 +67,7 @@ TEST_F(Expansion, EveryNodeHasAnIdentityOfItsOwn) {
   const MainWindow window = Open(SampleSession());
   for (const Tab tab : {kUsersTab, kGroupsTab}) {
     driver::TreeView tree = window.Tree(tab);
+    ReadOutline(tree);
     std::multiset<LPARAM> all;
     CollectData(tree, tree.Root(), all);
     EXPECT_EQ(all.size(), std::set<LPARAM>(all.begin(), all.end()).size());

@@ -17,6 +17,7 @@ Outline ReadOutline(driver::TreeView& tree, const driver::TreeNode& node) {
 }
 
 Outline ReadOutline(driver::TreeView& tree) {
+  const driver::PaintingHeld held(tree.Control());
   return ReadOutline(tree, tree.Root());
 }
 

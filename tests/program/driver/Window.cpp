@@ -70,6 +70,17 @@ void Window::Post(UINT message, WPARAM wParam, LPARAM lParam) const {
   }
 }
 
+PaintingHeld::PaintingHeld(const Window& control) : control_(control) {
+  control_.Send(WM_SETREDRAW, FALSE);
+}
+
+// The program may have ended meanwhile, which is for the test to find out.
+PaintingHeld::~PaintingHeld() {
+  SendMessageTimeoutW(control_.Handle(), WM_SETREDRAW, TRUE, 0, SMTO_ABORTIFHUNG,
+                      static_cast<UINT>(kPatience.count()), nullptr);
+  InvalidateRect(control_.Handle(), nullptr, TRUE);
+}
+
 std::vector<Window> AllTopWindows() {
   std::vector<Window> windows;
   EnumWindows(Collect, reinterpret_cast<LPARAM>(&windows));

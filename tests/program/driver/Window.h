@@ -44,6 +44,19 @@ class Window {
   HWND handle_ = nullptr;
 };
 
+// Keeps a control from painting while it lives, where much is opened of which nobody looks at each
+// step.
+class PaintingHeld {
+ public:
+  explicit PaintingHeld(const Window& control);
+  ~PaintingHeld();
+  PaintingHeld(const PaintingHeld&) = delete;
+  PaintingHeld& operator=(const PaintingHeld&) = delete;
+
+ private:
+  Window control_;
+};
+
 // The top-level windows of a process that meet the condition.
 std::vector<Window> TopWindows(DWORD processId,
                                const std::function<bool(const Window&)>& condition);
