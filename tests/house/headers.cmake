@@ -10,8 +10,7 @@ file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
 list(REMOVE_ITEM headers resources/strings_fr.h)
 # Each compiler is given the headers of its own: those of the folders that only Windows has, or the
 # portable ones.
-set(windowsFolders "com|controls/win32|server/com|server/kvh_util|tests/com|tests/help")
-string(APPEND windowsFolders "|tests/program|tests/support/controls/win32|tests/support/window")
+set(windowsFolders "(.*/)?(win32|com|window)|server/kvh_util|tests/help|tests/program")
 if(WIN32)
   list(FILTER headers INCLUDE REGEX "^(${windowsFolders})/")
 else()
