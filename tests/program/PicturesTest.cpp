@@ -1,5 +1,8 @@
 // Pictures of both tabs, opened to leaves, kept where there is a display to take them from.
 
+#include <algorithm>
+#include <utility>
+
 #include "tests/program/Outline.h"
 #include "tests/program/Paths.h"
 #include "tests/program/ProgramTest.h"
@@ -23,13 +26,24 @@ class Pictures : public ProgramTest {
     FAIL() << "no such account";
   }
 
+  static bool IsPainted(const driver::Window& window) {
+    if (window.IsVisible() && GetUpdateRect(window.Handle(), nullptr, FALSE)) return false;
+    const std::vector<driver::Window> children = window.Children();
+    return std::all_of(children.begin(), children.end(), IsPainted);
+  }
+
+  // What has been painted may still be on its way to the screen, so two looks have to agree.
   static void Keep(const MainWindow& window, const wchar_t* name) {
     std::filesystem::create_directories(PicturesFolder());
     const std::filesystem::path file = PicturesFolder() / name;
     std::filesystem::remove(file);
-    RedrawWindow(window.Form().Handle(), nullptr, nullptr,
-                 RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-    driver::SaveScreenshot(window.Form().Rectangle(), file);
+    std::string before;
+    driver::Await("the picture to stand still", [&] {
+      if (!IsPainted(window.Form())) return false;
+      driver::SaveScreenshot(window.Form().Rectangle(), file);
+      std::string now = FileBytes(file);
+      return std::exchange(before, now) == now;
+    });
   }
 };
 
