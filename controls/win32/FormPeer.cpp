@@ -6,6 +6,20 @@
 #include "controls/win32/Fonts.h"
 
 namespace controls {
+namespace {
+
+// The form lays itself out anew for another resolution, by its anchors; the system's own way knows
+// the template only. Systems that have no such way lack the function.
+void KeepLayoutFromSystem(HWND window) {
+  using Function = BOOL(WINAPI*)(HWND, int mask, int values);
+  constexpr int kDisableAll = 1;  // DDC_DISABLE_ALL
+  FARPROC found = GetProcAddress(GetModuleHandleW(L"user32.dll"), "SetDialogDpiChangeBehavior");
+  // By way of void*: the compiler warns of any direct cast between function types.
+  auto set = reinterpret_cast<Function>(reinterpret_cast<void*>(found));
+  if (set) set(window, kDisableAll, kDisableAll);
+}
+
+}  // namespace
 
 Form::Peer::Peer(Form& owned, Desktop& surroundings)
     : form(owned), desktop(surroundings), focus(*this), keys(*this) {}
@@ -31,6 +45,7 @@ void Form::Peer::Create() {
                               nullptr, FormThunk, reinterpret_cast<LPARAM>(this));
   Require(window != nullptr, "a form's dialog template is missing or broken");
   desktop.BackEnd().forms.push_back(this);
+  KeepLayoutFromSystem(window);
   dpi = templateDpi_ = GetDpiForWindow(window);
   templateFont_ = reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
   // The form paints what lies behind its frames, which are children like any other.
