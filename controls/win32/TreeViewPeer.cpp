@@ -118,6 +118,9 @@ LRESULT TreeViewPeer::Handle(const Message& message) {
         return FocusArrived();
       }
       return Peer::Handle(message);
+    case WM_SYSKEYDOWN:
+      // Wine's tree view keeps these keys to itself, and with them Alt+F4.
+      return DefWindowProcW(window, message.number, message.wParam, message.lParam);
     case WM_KEYDOWN:
       // The key that opens all there is below a node opens one level: below the root there may be
       // a million nodes.
