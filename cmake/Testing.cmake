@@ -19,7 +19,7 @@ set(UADMIN_RESULTS ${CMAKE_BINARY_DIR}/results)
 if(WIN32 AND NOT CMAKE_HOST_WIN32)
   set(UADMIN_RESULTS Z:${UADMIN_RESULTS})
 endif()
-set(UADMIN_TEST_SECONDS 300 CACHE STRING "How long a test program may run")
+set(UADMIN_TEST_SECONDS 900 CACHE STRING "How long a test program may run")
 
 # The sanitizers' strictest settings; whatever they find ends the program.
 set(UADMIN_SANITIZER_SETTINGS
