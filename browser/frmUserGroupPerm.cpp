@@ -80,7 +80,7 @@ int frmUserGroupPerm::FillTree(int Index) {
   tree.SetSorted(root, true);
   (Index == 0 ? userCount : groupCount) = 0;
   fillingTree_ = Index;
-  nextProgress_ = std::chrono::steady_clock::now();
+  nextProgress_ = std::chrono::steady_clock::now() + kProgressInterval;
   const int status = Index == 0 ? userTree_.Build(-1) : groupTree_.Build(-1);
   tree.SetSelectedNode(root);
   tree.SetExpanded(root, true);
@@ -89,11 +89,14 @@ int frmUserGroupPerm::FillTree(int Index) {
 
 void frmUserGroupPerm::ShowProgress(int done, int total) {
   const auto now = std::chrono::steady_clock::now();
-  if (now < nextProgress_) return;
-  nextProgress_ = now + kProgressInterval;
+  const bool due = now >= nextProgress_;
+  if (!due && done > 1) return;
   const int text = fillingTree_ == 0 ? app::kReadingUsers : app::kReadingGroups;
   lblStatus.SetPlainCaption(
       app::FillIn(global_.LoadResString(text), {data::Decimal(done), data::Decimal(total)}));
+  // A tree that is read at once is not worth painting the window in between.
+  if (!due) return;
+  nextProgress_ = now + kProgressInterval;
   Repaint();
 }
 
