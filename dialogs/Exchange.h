@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "app/mGlobal.h"
+#include "controls/TreeView.h"
+
+namespace dialogs {
+
+// What the main window and its dialogs tell each other: the window owns it, a dialog borrows it and
+// so needs to know nothing of the window.
+struct Exchange {
+  app::mGlobal& global;
+  // The trees on screen, against which names are checked for being taken.
+  const controls::TreeView& usersTree;
+  const controls::TreeView& groupsTree;
+  // The user "Admin"; 0 when there is none, and then nobody is protected.
+  std::int32_t adminUserId = 0;
+
+  // True only after a dialog has written all that it had to write.
+  bool AddNode = false;
+  // Set when the account being edited had no row any more at the moment of writing, because
+  // somebody else was faster.
+  bool accountGone = false;
+  // The account concerned, -1 for none, and the text of its node.
+  std::int32_t UserID = -1;
+  std::wstring UserName;
+  std::int32_t GroupID = -1;
+  std::wstring GroupName;
+};
+
+}  // namespace dialogs
