@@ -11,6 +11,11 @@ AccountTree::AccountTree(const TreeContext& context, controls::TreeView& tree, s
                          AccountKind kind)
     : context_(context), tree_(tree), count_(count), kind_(std::move(kind)) {}
 
+AccountTree::Together::Together(AccountTree& tree)
+    : tree_(tree), update_(tree.tree_), filler_(tree.context_, tree.tree_) {
+  tree_.shared_ = &filler_;
+}
+
 int AccountTree::Build(std::int32_t id, Section section, int folder) {
   try {
     const controls::TreeView::Update update(tree_);
@@ -43,7 +48,10 @@ void AccountTree::AddAll() {
 void AccountTree::AddOne(std::int32_t id) {
   FolderFiller filler(context_, tree_);
   data::Connection& connection = *context_.global.databaseConnection;
-  for (const AccountRow& row : ReadAccountRows(connection, kind_.oneAccount(id))) Add(filler, row);
+  for (const AccountRow& row : ReadAccountRows(connection, kind_.oneAccount(id))) {
+    const controls::TreeNodes& nodes = tree_.Nodes();
+    if (nodes.FindChild(nodes.Root(), kind_.key, row.id) == controls::kNoNode) Add(filler, row);
+  }
 }
 
 void AccountTree::Add(FolderFiller& filler, const AccountRow& row) {
@@ -67,7 +75,15 @@ int AccountTree::AddFolder(int account, const FolderKind& kind) {
 }
 
 void AccountTree::Refill(std::int32_t id, Section section, int folder) {
-  FolderFiller filler(context_, tree_);
+  if (shared_ != nullptr) {
+    Refill(*shared_, id, section, folder);
+  } else {
+    FolderFiller filler(context_, tree_);
+    Refill(filler, id, section, folder);
+  }
+}
+
+void AccountTree::Refill(FolderFiller& filler, std::int32_t id, Section section, int folder) {
   for (const FolderKind& kind : kind_.folders) {
     if (kind.section == section) kind.Fill(filler, folder, id);
   }

@@ -47,17 +47,34 @@ class AccountTree {
   // folder is the folder's node. Reports its errors itself and returns kDone or kFailed.
   int Build(std::int32_t id, Section section = kWholeAccount, int folder = controls::kNoNode);
 
+  // Stands around the refilling of many folders: the control follows once at the end, and display
+  // forms and texts are asked for once in all.
+  class Together {
+   public:
+    explicit Together(AccountTree& tree);
+    ~Together() { tree_.shared_ = nullptr; }
+    Together(const Together&) = delete;
+    Together& operator=(const Together&) = delete;
+
+   private:
+    AccountTree& tree_;
+    controls::TreeView::Update update_;
+    FolderFiller filler_;
+  };
+
  private:
   void AddAll();
   void AddOne(std::int32_t id);
   void Add(FolderFiller& filler, const AccountRow& row);
   int AddFolder(int account, const FolderKind& kind);
   void Refill(std::int32_t id, Section section, int folder);
+  void Refill(FolderFiller& filler, std::int32_t id, Section section, int folder);
 
   const TreeContext& context_;
   controls::TreeView& tree_;
   std::int16_t& count_;
   AccountKind kind_;
+  FolderFiller* shared_ = nullptr;
 };
 
 // The two kinds of accounts. What they borrow from the context must outlive them.

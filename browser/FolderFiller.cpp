@@ -28,10 +28,9 @@ std::wstring FolderFiller::PermissionRow(data::ResultSet& row) {
   return names_.Get(row.Column(1).Text(), kPermissionName);
 }
 
-std::uint32_t FolderFiller::Fill(int folder, const controls::KeyForm& keyForm,
-                                 std::wstring_view statement, LeafTexts& texts, MakeText makeText,
+std::uint32_t FolderFiller::Read(std::wstring_view statement, LeafTexts& texts, MakeText makeText,
                                  const std::function<int(std::int32_t)>& image) {
-  tree_.RemoveChildren(folder);
+  wanted_.clear();
   const std::uint32_t number = texts.NextFolder();
   const auto rows = context_.global.databaseConnection->OpenResultSet(statement);
   for (; !rows->EndOfRows(); rows->MoveNext()) {
@@ -43,10 +42,44 @@ std::uint32_t FolderFiller::Fill(int folder, const controls::KeyForm& keyForm,
       leaf.text = tree_.Share((this->*makeText)(*rows));
       leaf.known = true;
     }
-    tree_.AddUnique(folder, keyForm, id, leaf.text, image(id));
+    leaf.image = static_cast<std::uint8_t>(image(id));
+    wanted_.push_back(id);
   }
   rows->Close();
   return number;
+}
+
+void FolderFiller::Put(int folder, std::uint32_t number, const controls::KeyForm& keyForm,
+                       LeafTexts& texts) {
+  if (tree_.Nodes().HasChildren(folder)) Sift(folder, number, texts);
+  for (const std::int32_t id : wanted_) {
+    const LeafTexts::Leaf& leaf = texts.At(id);
+    if (leaf.present == number) continue;
+    tree_.AddUnique(folder, keyForm, id, leaf.text, leaf.image);
+  }
+}
+
+void FolderFiller::Sift(int folder, std::uint32_t number, LeafTexts& texts) {
+  const controls::TreeNodes& nodes = tree_.Nodes();
+  int next = controls::kNoNode;
+  for (int node = nodes.FirstChild(folder); node != controls::kNoNode; node = next) {
+    next = nodes.Next(node);
+    LeafTexts::Leaf& leaf = texts.At(nodes.Id(node));
+    if (leaf.folder != number) {
+      tree_.Remove(node);
+      continue;
+    }
+    leaf.present = number;
+    if (nodes.TextOf(node) != leaf.text) tree_.SetText(node, nodes.SharedText(leaf.text));
+    if (nodes.Image(node) != leaf.image) tree_.SetImage(node, leaf.image);
+  }
+}
+
+void FolderFiller::Fill(int folder, const controls::KeyForm& keyForm, std::wstring_view statement,
+                        LeafTexts& texts, MakeText makeText,
+                        const std::function<int(std::int32_t)>& image) {
+  const std::uint32_t number = Read(statement, texts, makeText, image);
+  Put(folder, number, keyForm, texts);
 }
 
 void FolderFiller::FillGroups(int folder, std::wstring_view statement) {
@@ -76,12 +109,16 @@ void FolderFiller::FillAllPermissions(int folder, int ownFolder, std::wstring_vi
   const auto image = [this, owner](std::int32_t id) {
     return permissions_.At(id).owner == owner ? kPermissionImage : kInheritedPermissionImage;
   };
-  const std::uint32_t filled =
-      Fill(folder, kAnyPermissionKey, statement, permissions_, &FolderFiller::PermissionRow, image);
+  const std::uint32_t number = Read(statement, permissions_, &FolderFiller::PermissionRow, image);
   for (int own = nodes.FirstChild(ownFolder); own != controls::kNoNode; own = nodes.Next(own)) {
-    if (permissions_.At(nodes.Id(own)).folder == filled) continue;
-    tree_.AddUnique(folder, kAnyPermissionKey, nodes.Id(own), nodes.TextOf(own), kPermissionImage);
+    LeafTexts::Leaf& leaf = permissions_.At(nodes.Id(own));
+    if (leaf.folder == number) continue;
+    leaf.folder = number;
+    leaf.image = kPermissionImage;
+    if (!leaf.known) leaf.text = nodes.TextOf(own);
+    wanted_.push_back(nodes.Id(own));
   }
+  Put(folder, number, kAnyPermissionKey, permissions_);
 }
 
 }  // namespace browser

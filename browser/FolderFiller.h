@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "browser/DisplayNames.h"
 #include "browser/LeafTexts.h"
@@ -15,11 +16,15 @@ namespace browser {
 // Puts the rows of statements as leaves into folders. One filler serves one filling of a tree, from
 // a single folder to all accounts; texts and display forms are asked for once in that time. The
 // caller keeps a TreeView::Update open meanwhile.
+//
+// A folder that has leaves already ends up with those of the rows. Leaves that are in both stay the
+// nodes they were, and with them the selection; and a folder whose rows could not be read to the
+// end keeps what it had.
 class FolderFiller {
  public:
   FolderFiller(const TreeContext& context, controls::TreeView& tree);
 
-  // Empties the folder and fills it with the rows (identifier, name, description) of groups.
+  // Fills the folder with the rows (identifier, name, description) of groups.
   void FillGroups(int folder, std::wstring_view statement);
   // With the rows (identifier, name, full name) of users.
   void FillUsers(int folder, std::wstring_view statement);
@@ -35,10 +40,15 @@ class FolderFiller {
  private:
   using MakeText = std::wstring (FolderFiller::*)(data::ResultSet& row);
 
-  // Returns the folder's number in texts.
-  std::uint32_t Fill(int folder, const controls::KeyForm& keyForm, std::wstring_view statement,
-                     LeafTexts& texts, MakeText makeText,
+  void Fill(int folder, const controls::KeyForm& keyForm, std::wstring_view statement,
+            LeafTexts& texts, MakeText makeText, const std::function<int(std::int32_t)>& image);
+  // Reads the rows into wanted_, each identifier once, and returns the folder's number in texts.
+  std::uint32_t Read(std::wstring_view statement, LeafTexts& texts, MakeText makeText,
                      const std::function<int(std::int32_t)>& image);
+  // Makes the folder's leaves those of wanted_.
+  void Put(int folder, std::uint32_t number, const controls::KeyForm& keyForm, LeafTexts& texts);
+  // Takes the leaves away that are not wanted and brings the others up to date.
+  void Sift(int folder, std::uint32_t number, LeafTexts& texts);
   std::wstring GroupRow(data::ResultSet& row);
   std::wstring UserRow(data::ResultSet& row);
   std::wstring PermissionRow(data::ResultSet& row);
@@ -49,6 +59,7 @@ class FolderFiller {
   LeafTexts groups_;
   LeafTexts users_;
   LeafTexts permissions_;
+  std::vector<std::int32_t> wanted_;  // the identifiers that the folder at hand is to list
 };
 
 }  // namespace browser

@@ -15,9 +15,11 @@ class LeafTexts {
  public:
   struct Leaf {
     controls::TextRef text = 0;
-    std::uint32_t folder = 0;  // the number of the folder that lists it
-    std::uint32_t owner = 0;   // the number of the folder whose user holds it directly
-    bool known = false;        // text is set
+    std::uint32_t folder = 0;   // the number of the folder that lists it
+    std::uint32_t present = 0;  // the number of the folder that has a node for it already
+    std::uint32_t owner = 0;    // the number of the folder whose user holds it directly
+    std::uint8_t image = 0;     // in the folder that lists it
+    bool known = false;         // text is set
   };
 
   Leaf& At(std::int32_t id);

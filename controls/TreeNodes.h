@@ -48,6 +48,7 @@ class TreeNodes {
   // none does, until the next SweepTexts or Clear.
   TextRef Share(std::wstring_view text) { return texts_.Share(text); }
   void SweepTexts() { texts_.Sweep(); }
+  const std::wstring& SharedText(TextRef text) const { return texts_.Text(text); }
 
   bool Exists(int node) const;
   int Count() const { return count_; }
