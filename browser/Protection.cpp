@@ -1,0 +1,38 @@
+#include "browser/Protection.h"
+
+namespace browser {
+
+UserProtection ProtectUser(const ProtectedAccounts& accounts, std::int32_t userId,
+                           std::int32_t groupId) {
+  UserProtection off;
+  // Nobody leaves "Everyone", and nobody deletes the account he works under.
+  if (IsAccount(accounts.everyoneGroupId, groupId)) off.membership = true;
+  if (IsAccount(accounts.currentUserId, userId)) off.account = true;
+  if (IsAccount(accounts.adminUserId, userId)) {
+    off.account = true;
+    if (IsAccount(accounts.administratorsGroupId, groupId) ||
+        IsAccount(accounts.everyoneGroupId, groupId)) {
+      off.membership = true;
+    }
+    off.administrator = true;
+  }
+  return off;
+}
+
+GroupProtection ProtectGroup(const ProtectedAccounts& accounts, std::int32_t groupId,
+                             std::wstring_view text) {
+  GroupProtection off;
+  if (IsAccount(accounts.administratorsGroupId, groupId)) {
+    off.account = true;
+    if (text == L"Admin") off.member = true;
+    off.admin = true;
+    off.permissions = true;
+  }
+  if (IsAccount(accounts.everyoneGroupId, groupId)) {
+    off.account = true;
+    off.member = true;
+  }
+  return off;
+}
+
+}  // namespace browser

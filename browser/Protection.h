@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "browser/TreeContext.h"
+
+// What the administrator is kept from doing to the four protected accounts: the user "Admin", the
+// user he works as, and the groups "Administrators" and "Everyone".
+namespace browser {
+
+// Whether the identifier is that of a protected account. One that was not found is 0 and protects
+// nothing.
+constexpr bool IsAccount(std::int32_t protectedId, std::int32_t id) {
+  return protectedId != 0 && protectedId == id;
+}
+
+struct UserProtection {
+  bool account = false;        // the user may not be deleted
+  bool membership = false;     // he may not be taken out of the group
+  bool administrator = false;  // nor out of "Administrators", which is for the dialog to see to
+};
+
+// groupId is the group of the selected membership, 0 when none is selected.
+UserProtection ProtectUser(const ProtectedAccounts& accounts, std::int32_t userId,
+                           std::int32_t groupId);
+
+struct GroupProtection {
+  bool account = false;      // the group may not be deleted
+  bool member = false;       // the selected member may not be taken out
+  bool permissions = false;  // permissions are neither granted nor withdrawn
+  bool admin = false;        // "Admin" may not be taken out, which is for the dialog to see to
+};
+
+// text is that of the selected node.
+GroupProtection ProtectGroup(const ProtectedAccounts& accounts, std::int32_t groupId,
+                             std::wstring_view text);
+
+}  // namespace browser
