@@ -25,9 +25,11 @@ struct Exchange {
   bool accountGone = false;
   // The account concerned, -1 for none, and the text of its node.
   std::int32_t UserID = -1;
-  std::wstring UserName;
+  std::wstring UserName = {};
   std::int32_t GroupID = -1;
-  std::wstring GroupName;
+  std::wstring GroupName = {};
+  // The account's name as an edit dialog has written it, without full name or description.
+  std::wstring StoredName = {};
 };
 
 }  // namespace dialogs
