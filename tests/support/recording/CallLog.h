@@ -17,8 +17,12 @@ struct CallLog {
   std::vector<std::wstring> serverCalls;
   // Every statement opened or executed, and "BeginRead" and "EndRead".
   std::vector<std::wstring> statements;
+  // All of both in one order, and between them every step of writing by an open result set, with
+  // the set's statement: "MoveFirst SELECT ...", "AddNew SELECT ...", "Edit SELECT ...", "Update
+  // SELECT ...".
+  std::vector<std::wstring> calls;
 
-  // Asked before each call or statement with its text; a number other than 0 makes it fail with
+  // Asked before each of these calls with its text; a number other than 0 makes it fail with
   // that error. Empty: nothing fails.
   std::function<long(const std::wstring& call)> FailAt;
   // Given out instead of the session's own rights mask.
@@ -26,15 +30,14 @@ struct CallLog {
 
   void Server(const std::wstring& call) {
     serverCalls.push_back(call);
-    Fail(call);
+    Step(call);
   }
   void Statement(const std::wstring& text) {
     statements.push_back(text);
-    Fail(text);
+    Step(text);
   }
-
- private:
-  void Fail(const std::wstring& call) const {
+  void Step(const std::wstring& call) {
+    calls.push_back(call);
     const long number = FailAt ? FailAt(call) : 0;
     if (number != 0) throw data::RunTimeError(number, L"injected: " + call);
   }

@@ -7,6 +7,46 @@
 namespace testing_support {
 namespace {
 
+// Reading is not recorded: it would drown the rest.
+class RecordingResultSet : public data::ResultSet {
+ public:
+  RecordingResultSet(std::unique_ptr<data::ResultSet> rows, std::wstring_view statement,
+                     CallLog& log)
+      : rows_(std::move(rows)), statement_(statement), log_(log) {}
+
+  bool EndOfRows() override { return rows_->EndOfRows(); }
+  data::ColumnValue Column(int position) override { return rows_->Column(position); }
+  void MoveNext() override { rows_->MoveNext(); }
+  void MoveFirst() override {
+    log_.Step(L"MoveFirst " + statement_);
+    rows_->MoveFirst();
+  }
+  void AddNew() override {
+    log_.Step(L"AddNew " + statement_);
+    rows_->AddNew();
+  }
+  void Edit() override {
+    log_.Step(L"Edit " + statement_);
+    rows_->Edit();
+  }
+  void SetColumn(std::wstring_view name, const data::FieldValue& value) override {
+    rows_->SetColumn(name, value);
+  }
+  void SetColumn(int position, const data::FieldValue& value) override {
+    rows_->SetColumn(position, value);
+  }
+  void Update() override {
+    log_.Step(L"Update " + statement_);
+    rows_->Update();
+  }
+  void Close() override { rows_->Close(); }
+
+ private:
+  std::unique_ptr<data::ResultSet> rows_;
+  std::wstring statement_;
+  CallLog& log_;
+};
+
 class RecordingConnection : public data::Connection {
  public:
   RecordingConnection(std::unique_ptr<data::Connection> connection, CallLog& log)
@@ -14,7 +54,8 @@ class RecordingConnection : public data::Connection {
 
   std::unique_ptr<data::ResultSet> OpenResultSet(std::wstring_view statement) override {
     log_.Statement(std::wstring(statement));
-    return connection_->OpenResultSet(statement);
+    return std::make_unique<RecordingResultSet>(connection_->OpenResultSet(statement), statement,
+                                                log_);
   }
   std::int32_t Execute(std::wstring_view statement) override {
     log_.Statement(std::wstring(statement));

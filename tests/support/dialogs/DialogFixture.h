@@ -1,0 +1,65 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "browser/frmUserGroupPerm.h"
+#include "dialogs/Exchange.h"
+#include "tests/support/window/MainWindow.h"
+
+namespace testing_support {
+
+// A dialog's surroundings: the started main window on a database of its own, its trees filled, and
+// an Exchange over them with nothing in it yet but Admin's identifier. The window is started by
+// SetUp, in a session of Admin; a test that wants another session, or that changes the database
+// behind the program's back and wants the trees to show it, calls Start again.
+class DialogFixture : public MainWindow {
+ protected:
+  void SetUp() override { Start(); }
+  void TearDown() override { Stop(); }
+
+  // Starts the program anew, and forgets what the log has recorded of that.
+  void Start(std::wstring_view userName = L"Admin");
+  void Stop();
+
+  // Shows a dialog over the main window. The script runs on the shown dialog and has to bring it to
+  // its end. A dialog that must close itself in its load is shown by its own ShowModal(window):
+  // the fixture then fails the test if it appears.
+  template <class Dialog>
+  void Show(Dialog& dialog, const std::function<void(Dialog&)>& script,
+            Where where = Where::current()) {
+    user.ExpectModal([&](controls::Form&) { script(dialog); }, where);
+    dialog.ShowModal(window);
+  }
+
+  // Forgets what was recorded so far.
+  void ClearLog();
+  // Lets the call at this position from now on fail, 0 being the next one, whatever it is: a call
+  // of the server, a statement, or a write to an open result set. The others go on as they should.
+  void FailAtPosition(std::size_t position);
+  // Lets every call of this text fail.
+  void FailAt(const std::wstring& call);
+  // Whether the failure asked for last has happened.
+  bool HasFailed() const { return !failedCall_.empty(); }
+  const std::wstring& FailedCall() const { return failedCall_; }
+  // The failure's number. Its text is "injected: " and the call.
+  static constexpr long kInjected = 1234;
+
+  // Announces the standard error report of an injected failure. Without a call it may be any.
+  void ExpectReport(const std::wstring& procedure, const std::wstring& call = {},
+                    Where where = Where::current());
+  // Announces a message box with one button, the information icon and the program's title.
+  void ExpectInformation(const std::wstring& prompt, Where where = Where::current());
+  // Announces the question whether changes are to be thrown away.
+  void ExpectDiscardQuestion(int answer, Where where = Where::current());
+
+  browser::frmUserGroupPerm window{global};
+  dialogs::Exchange exchange{global, window.TreeView1[0], window.TreeView1[1]};
+
+ private:
+  std::wstring failedCall_;
+};
+
+}  // namespace testing_support
