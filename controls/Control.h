@@ -21,12 +21,16 @@ struct Font {
   int charset = 0;
 };
 
-// The sides of its form that a control keeps its distance from when the form is resized.
+// The sides of its form that a control keeps its distance from when the form is resized. A left or
+// right side of the control may keep its distance from the form's middle instead, so that controls
+// side by side share the width.
 enum Anchor : unsigned {
   kAnchorLeft = 1,
   kAnchorTop = 2,
   kAnchorRight = 4,
   kAnchorBottom = 8,
+  kAnchorLeftMiddle = 16,
+  kAnchorRightMiddle = 32,
 };
 
 class Control {

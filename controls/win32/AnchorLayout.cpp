@@ -41,6 +41,8 @@ RECT AnchorLayout::Moved(const Place& place, int dx, int dy) {
     moved.right += dx;
     if (!(anchors & kAnchorLeft)) moved.left += dx;
   }
+  if (anchors & kAnchorRightMiddle) moved.right = place.base.right + dx / 2;
+  if (anchors & kAnchorLeftMiddle) moved.left = place.base.left + dx / 2;
   if (anchors & kAnchorBottom) {
     moved.bottom += dy;
     if (!(anchors & kAnchorTop)) moved.top += dy;

@@ -48,6 +48,21 @@ TEST_F(NativeLayout, KeepsControlsAtTheirDistancesFromTheSides) {
   ExpectPlace(Place(form.more), more, {0, 0, 0, 0});
 }
 
+TEST_F(NativeLayout, LetsControlsShareTheWidth) {
+  form.tree.SetAnchors(kAnchorLeft | kAnchorTop | kAnchorRightMiddle);
+  form.ok.SetAnchors(kAnchorLeftMiddle | kAnchorTop | kAnchorRightMiddle);
+  form.more.SetAnchors(kAnchorLeftMiddle | kAnchorTop | kAnchorRight);
+  const RECT tree = Place(form.tree);
+  const RECT more = Place(form.more);
+  const RECT ok = Place(form.ok);
+  Grow(100, 60);
+  ExpectPlace(Place(form.tree), tree, {0, 0, 50, 0});
+  ExpectPlace(Place(form.ok), ok, {50, 0, 50, 0});
+  ExpectPlace(Place(form.more), more, {50, 0, 100, 0});
+  Grow(-100, -60);
+  ExpectPlace(Place(form.more), more, {0, 0, 0, 0});
+}
+
 TEST_F(NativeLayout, NeverShrinksBelowTheTemplate) {
   RECT before = {};
   GetClientRect(Window(), &before);
