@@ -45,3 +45,21 @@
 #define IDC_CMD_BTN 1070               // Refresh, Exit
 #define IDC_CMD_ABOUT 1072
 #define IDC_STATUS 1080
+
+// Controls of the group dialogs.
+#define IDC_LBL_GROUP_NAME 1201
+#define IDC_TXT_GROUP_NAME 1202
+#define IDC_LBL_GROUP_DESC 1203
+#define IDC_TXT_GROUP_DESC 1204
+#define IDC_FRA_MEMBERS 1205
+#define IDC_FRA_PERMISSIONS_OF_GROUP 1206
+#define IDC_LIST_GROUP 1210     // + 1 members, + 2 permissions
+#define IDC_CMD_GROUP_BTN 1220  // + 11 Assign, + 12 All, + 21 Remove, + 22 None
+
+// Controls of the add-users dialog.
+#define IDC_LBL_ADD_USER 1300   // + 1 to + 4, the steps
+#define IDC_TXT_ADD_USER 1310   // + 1 and + 2, as the lists
+#define IDC_LIST_ADD_USER 1320  // + 1 users outside the group, + 2 members
+#define IDC_CMD_ADD_USER 1330   // + 1 to + 4: > >> < <<
+#define IDC_FRA_AVAILABLE_USER 1340
+#define IDC_FRA_SELECTED_USERS 1341

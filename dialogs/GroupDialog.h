@@ -1,0 +1,89 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "controls/CommandButton.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
+#include "controls/ListBox.h"
+#include "controls/TextBox.h"
+#include "data/SessionServer.h"
+#include "dialogs/ControlArray.h"
+#include "dialogs/EditingDialog.h"
+#include "dialogs/ExitStatus.h"
+#include "dialogs/frmAddUserInGroup.h"
+
+namespace dialogs {
+
+// What creating a group and editing one have in common: the controls, the lists, the checks of the
+// name and the writing of the links.
+class GroupDialog : public EditingDialog {
+ public:
+  // The group being edited; a new one gets its identifier when it is saved.
+  std::int32_t GroupID = 0;
+  // Whether the user Admin may be taken out of the group.
+  bool IsRemoveAdmin = true;
+
+  controls::Label lblGroupName;
+  controls::TextBox txtGroupName;
+  controls::Label lblDesc;
+  controls::TextBox txtDesc;
+  controls::Frame fraMembers;
+  controls::Frame fraGroupPermission;
+  ControlArray<controls::ListBox, 1, 2> List1;  // 1 members, 2 permissions to be checked
+  ControlArray<controls::CommandButton, 11, 12, 21, 22> cmdBtn;  // Assign, All, Remove, None
+  controls::CommandButton cmdOK;
+  controls::CommandButton cmdCancel;
+  controls::CommandButton Command1;  // help
+
+ protected:
+  GroupDialog(Exchange& exchange, int templateId, CallerMode mode);
+
+  // Captions, anchors and events. titleId is the string of the caption.
+  void SettingControls(int titleId);
+
+  // The lists (GroupDialogLists.cpp).
+  ExitStatus List1AddItem(std::wstring_view statement, int Index);
+  void SelectAllRecord(int Index);
+  void RemoveAllRecord(int Index);
+  void EnableRemove();
+
+  // The save (GroupDialogSave.cpp). The steps report their errors themselves.
+  virtual ExitStatus UpdateTransaction() = 0;
+  void AddMemberRows();
+  void AddPermissionRows();
+  // Tells the main window which group was written.
+  void HandBack();
+
+  void cmdOK_Click() override;
+  // Whether the name may not be given to this group for being reserved.
+  virtual bool IsNameReserved(std::wstring_view name) = 0;
+  // The protected name that a shown or typed name stands for, else the name mapped.
+  std::wstring RecognisedName(std::wstring_view name);
+
+  std::wstring TypedName() const;
+  std::wstring TypedDescription() const;
+  data::Connection& Connection() const { return *exchange_.global.databaseConnection; }
+  data::SessionServer& Server() const { return *exchange_.global.SessionServer; }
+
+  // The member named Admin; 0 while there is none.
+  std::int32_t adminUserId_ = 0;
+  // Set for a group whose members cannot be taken out here.
+  bool keepsMembers_ = false;
+
+ private:
+  void SetCaptions(int titleId);
+  void SetLayout();
+  void SetEvents();
+  void cmdBtn_Click(int Index);
+  void AssignMembers();
+  void RemoveMember();
+  bool IsNameAccepted();
+  void ReturnToName();
+
+  CallerMode mode_;
+};
+
+}  // namespace dialogs

@@ -1,0 +1,170 @@
+#include "dialogs/frmEditGroup.h"
+
+#include "app/ErrorReport.h"
+#include "app/StringIds.h"
+#include "data/MSQLStatement.h"
+#include "data/Text.h"
+#include "dialogs/AccountNames.h"
+#include "dialogs/DisplayCodes.h"
+#include "dialogs/StoredGroupName.h"
+#include "resources/ResourceIds.h"
+
+namespace dialogs {
+
+frmEditGroup::frmEditGroup(Exchange& exchange)
+    : GroupDialog(exchange, IDD_EDIT_GROUP, CallerMode::kEditDialog) {
+  GroupID = -1;
+}
+
+void frmEditGroup::Form_Load() {
+  try {
+    IsRemoveAdmin = true;
+    adminUserId_ = 0;
+    keepsMembers_ = false;
+    SettingControls(app::kEditGroupTitle);
+    ReadGroup();
+    if (Fill() == kFailed) {
+      exchange_.AddNode = false;
+      Close();
+      return;
+    }
+    EnableRemove();
+    ProtectGroup();
+    bChanged = false;
+  } catch (...) {
+    app::ReportError(exchange_.global, L"Form Load");
+    exchange_.AddNode = false;
+    Close();
+  }
+}
+
+// The rows are read to their end: a set that rests on a row would keep others from writing for as
+// long as the dialog is open.
+void frmEditGroup::ReadGroup() {
+  group_ = Connection().OpenResultSet(data::SqlSelectGroup(GroupID));
+  for (; !group_->EndOfRows(); group_->MoveNext()) {
+    const std::wstring name = group_->Column(1).Text();
+    txtGroupName.SetText(Server().GetDisplayName(data::Trim(name), kGroupName));
+    if (group_->Column(2).IsNullOrEmpty()) continue;
+    const std::wstring description = group_->Column(2).Text();
+    txtDesc.SetText(Server().GetDisplayName(data::Trim(description), kGroupDescription));
+  }
+}
+
+ExitStatus frmEditGroup::Fill() {
+  if (List1AddItem(data::SqlSelectGroupUsers(GroupID), 1) == kFailed) return kFailed;
+  if (List1AddItem(data::SqlSelectAllPermissions(), 2) == kFailed) return kFailed;
+  return SelectListItem(GroupID, 2);
+}
+
+ExitStatus frmEditGroup::SelectListItem(std::int32_t groupId, int Index) {
+  try {
+    const controls::ListBox::Update update(List1[Index]);
+    for (int i = 0; i < List1[Index].ListCount(); ++i) {
+      const auto rows = Connection().OpenResultSet(
+          data::SqlSelectGroupPermission(groupId, List1[Index].ItemData(i)));
+      if (!rows->EndOfRows()) List1[Index].SetSelected(i, true);
+      rows->Close();
+    }
+    return kDone;
+  } catch (...) {
+    app::ReportError(exchange_.global, L"SelectListItem");
+    return kFailed;
+  }
+}
+
+// Nobody leaves Everyone, and nobody, Admin least of all, is taken out of Administrators here.
+void frmEditGroup::ProtectGroup() {
+  const std::wstring name = RecognisedName(TypedName());
+  if (!IsReservedGroupName(name)) return;
+  txtGroupName.SetEnabled(false);
+  if (name == L"Everyone") {
+    List1[1].SetEnabled(false);
+    cmdBtn[11].SetEnabled(false);
+    cmdBtn[12].SetEnabled(false);
+  } else {
+    List1[2].SetEnabled(false);
+    cmdBtn[21].SetEnabled(false);
+    cmdBtn[22].SetEnabled(false);
+    keepsMembers_ = true;
+    IsRemoveAdmin = false;
+  }
+}
+
+void frmEditGroup::Form_Unload(bool& cancel) {
+  GroupDialog::Form_Unload(cancel);
+  if (!cancel) group_.reset();
+}
+
+// Reports under the name that administrators know from the dialog's load.
+ExitStatus frmEditGroup::UpdateTransaction() {
+  try {
+    exchange_.AddNode = false;
+    exchange_.accountGone = false;
+    if (!EditGroup() || EditGroupUser() == kFailed || EditGroupPermissions() == kFailed) {
+      return kFailed;
+    }
+    HandBack();
+    return kDone;
+  } catch (...) {
+    exchange_.AddNode = false;
+    app::ReportError(exchange_.global, L"Form Load");
+    return kFailed;
+  }
+}
+
+bool frmEditGroup::EditGroup() {
+  try {
+    const bool written = RewriteRow();
+    group_->Close();
+    exchange_.accountGone = !written;
+    return written;
+  } catch (...) {
+    app::ReportError(exchange_.global, L"EditGroup");
+    return false;
+  }
+}
+
+// False when the group has no row any more.
+bool frmEditGroup::RewriteRow() {
+  const StoredGroupName stored(Server());
+  const std::wstring description = TypedDescription();
+  bool written = false;
+  for (group_->MoveFirst(); !group_->EndOfRows(); group_->MoveNext()) {
+    if (group_->Column(0).Integer() != GroupID) continue;
+    group_->Edit();
+    group_->SetColumn(L"NAME", stored.Of(TypedName()));
+    data::FieldValue newDescription;
+    if (!description.empty()) {
+      newDescription = Server().GetDisplayName(description, kDescriptionToStore);
+    }
+    group_->SetColumn(L"DESCR", newDescription);
+    group_->Update();
+    written = true;
+  }
+  return written;
+}
+
+ExitStatus frmEditGroup::EditGroupUser() {
+  try {
+    Connection().Execute(data::SqlDeleteGroupMemberships(GroupID));
+    AddMemberRows();
+    return kDone;
+  } catch (...) {
+    app::ReportError(exchange_.global, L"EditGroupUser");
+    return kFailed;
+  }
+}
+
+ExitStatus frmEditGroup::EditGroupPermissions() {
+  try {
+    Connection().Execute(data::SqlDeleteGroupPermissions(GroupID));
+    AddPermissionRows();
+    return kDone;
+  } catch (...) {
+    app::ReportError(exchange_.global, L"EditGroupPermissions");
+    return kFailed;
+  }
+}
+
+}  // namespace dialogs

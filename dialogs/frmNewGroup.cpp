@@ -1,0 +1,90 @@
+#include "dialogs/frmNewGroup.h"
+
+#include "app/ErrorReport.h"
+#include "app/StringIds.h"
+#include "data/MSQLStatement.h"
+#include "data/RunTimeError.h"
+#include "data/Text.h"
+#include "dialogs/AccountNames.h"
+#include "dialogs/StoredGroupName.h"
+#include "resources/ResourceIds.h"
+
+namespace dialogs {
+
+frmNewGroup::frmNewGroup(Exchange& exchange)
+    : GroupDialog(exchange, IDD_NEW_GROUP, CallerMode::kNewDialog) {}
+
+void frmNewGroup::Form_Load() {
+  try {
+    GroupID = 0;
+    SettingControls(app::kNewGroupTitle);
+    if (List1AddItem(data::SqlSelectAllPermissions(), 2) == kFailed) {
+      exchange_.AddNode = false;
+      Close();
+      return;
+    }
+    EnableRemove();
+    bChanged = false;
+  } catch (...) {
+    app::ReportError(exchange_.global, L"Form Load");
+    exchange_.AddNode = false;
+    Close();
+  }
+}
+
+bool frmNewGroup::IsNameReserved(std::wstring_view name) {
+  return IsReservedGroupName(RecognisedName(name));
+}
+
+ExitStatus frmNewGroup::UpdateTransaction() {
+  try {
+    exchange_.AddNode = false;
+    if (NewGroup() && NewUserGroups() == kDone && NewGroupPermissions() == kDone) HandBack();
+  } catch (...) {
+    app::ReportError(exchange_.global, L"UpdateTransaction");
+  }
+  return kDone;
+}
+
+// A counter gives each identifier once. Where a group has the new one all the same, its row is left
+// alone, and so are its members.
+bool frmNewGroup::NewGroup() {
+  try {
+    const StoredGroupName stored(Server());
+    GroupID = Server().NewIdentifier(L"QRGPRN");
+    const auto rows = Connection().OpenResultSet(data::SqlSelectGroup(GroupID));
+    if (!rows->EndOfRows()) throw data::RunTimeError(data::kKeyAlreadyUsed);
+    rows->AddNew();
+    rows->SetColumn(L"GROUPID", GroupID);
+    rows->SetColumn(L"NAME", stored.Of(TypedName()));
+    if (!TypedDescription().empty()) rows->SetColumn(L"DESCR", txtDesc.Text());
+    rows->Update();
+    rows->Close();
+    return true;
+  } catch (...) {
+    app::ReportError(exchange_.global, L"NewGroup");
+    return false;
+  }
+}
+
+ExitStatus frmNewGroup::NewUserGroups() {
+  try {
+    AddMemberRows();
+    return kDone;
+  } catch (...) {
+    app::ReportError(exchange_.global, L"NewUserGroups");
+    return kFailed;
+  }
+}
+
+ExitStatus frmNewGroup::NewGroupPermissions() {
+  try {
+    AddPermissionRows();
+    return kDone;
+  } catch (...) {
+    app::ReportError(exchange_.global, L"NewGroupPermissions");
+    return kFailed;
+  }
+}
+
+}  // namespace dialogs

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "dialogs/GroupDialog.h"
+
+namespace dialogs {
+
+// Creates a group.
+class frmNewGroup : public GroupDialog {
+ public:
+  explicit frmNewGroup(Exchange& exchange);
+
+  void Form_Load() override;
+
+ protected:
+  app::HelpTopic Topic() const override { return app::kTopicNewGroup; }
+  bool IsNameReserved(std::wstring_view name) override;
+  // The caller ignores the status, which is kDone in every case; AddNode tells.
+  ExitStatus UpdateTransaction() override;
+
+ private:
+  bool NewGroup();
+  ExitStatus NewUserGroups();
+  ExitStatus NewGroupPermissions();
+};
+
+}  // namespace dialogs
