@@ -11,6 +11,10 @@
 // hands out and the result sets opened on it. Every operation raises RunTimeError when it fails.
 namespace data {
 
+// The number of the error that Update raises when the row to be changed is no longer there, because
+// somebody else was faster. A server that does not know it raises whatever its database says.
+inline constexpr long kRowGone = -2147220969;  // 0x80040217
+
 // A forward-walked set of rows. Closing is the destructor's work too; Close reports a failure.
 class ResultSet {
  public:

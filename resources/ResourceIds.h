@@ -46,6 +46,20 @@
 #define IDC_CMD_ABOUT 1072
 #define IDC_STATUS 1080
 
+// Controls of the user dialogs.
+#define IDC_LBL_USER_NAME 1101
+#define IDC_TXT_USER_NAME 1102
+#define IDC_LBL_FULL_NAME 1103
+#define IDC_TXT_FULL_NAME 1104
+#define IDC_LBL_PASSWORD 1105
+#define IDC_TXT_PASSWORD 1106
+#define IDC_LBL_CONFIRM_PASSWORD 1107
+#define IDC_TXT_VERIFY 1108
+#define IDC_FRA_GROUPS_OF_USER 1109
+#define IDC_FRA_PERMISSIONS_OF_USER 1110
+#define IDC_LIST_USER 1120     // + 1 groups, + 2 permissions
+#define IDC_CMD_USER_BTN 1130  // + 11 and + 12 check all, + 21 and + 22 uncheck all
+
 // Controls of the group dialogs.
 #define IDC_LBL_GROUP_NAME 1201
 #define IDC_TXT_GROUP_NAME 1202

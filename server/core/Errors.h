@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "data/RunTimeError.h"
+#include "data/SessionServer.h"
 
 // Every failure of the session server is a data::RunTimeError. What the database refuses, and what
 // the statement guard refuses in its name, carries kDatabaseError and the database's own message.
@@ -35,7 +36,7 @@ enum SessionError : long {
   kSetNotWritable = -2147220972,         // 20: AddNew or Edit where rows cannot be written
   kNothingToWrite = -2147220971,         // 21: SetColumn or Update without AddNew or Edit
   kKeyMissing = -2147220970,             // 22: a new row without its identifiers
-  kRowGone = -2147220969,                // 23: changed or deleted by somebody else
+  kRowGone = data::kRowGone,             // 23: changed or deleted by somebody else
   kReadNotBegun = -2147220968,           // 24: EndRead without BeginRead
 };
 
