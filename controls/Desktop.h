@@ -28,6 +28,8 @@ class Desktop {
   // a MsgBoxResult.
   int MsgBox(const std::wstring& prompt, int style, const std::wstring& title);
   void Beep();
+  // Puts a text on the clipboard; false when another program keeps it occupied.
+  bool SetClipboardText(const std::wstring& text);
   void SetMousePointer(MousePointer pointer);
   MousePointer Pointer() const;
 

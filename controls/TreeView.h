@@ -67,6 +67,15 @@ class TreeView : public Control {
   std::function<void(int node)> NodeClick;
   std::function<void(int node)> Expand;
   std::function<void(int node)> Collapse;
+  // When the user asks for the menu of a node: with the right mouse button, which selects the node
+  // first (and raises NodeClick when that changes the selection), or with the Apps key or Shift+F10
+  // for the selected node. See ShowPopupMenu.
+  std::function<void(int node)> ContextMenu;
+  // When the user wants the selected node on the clipboard: Ctrl+C or Ctrl+Insert.
+  std::function<void(int node)> Copy;
+  // What there is to say about a node, empty for nothing. Asked when the mouse rests on the node
+  // and, for who cannot see that, when the node has the focus. May change nothing.
+  std::function<std::wstring(int node)> Tip;
 };
 
 }  // namespace controls

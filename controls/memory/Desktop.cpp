@@ -36,6 +36,10 @@ void Desktop::Beep() {
   if (Instead.Beep) Instead.Beep();
 }
 
+bool Desktop::SetClipboardText(const std::wstring& text) {
+  return Instead.SetClipboardText && Instead.SetClipboardText(text);
+}
+
 void Desktop::SetMousePointer(MousePointer pointer) {
   peer_->pointer = pointer;
 }

@@ -35,6 +35,14 @@ void TreeViewPeer::LeaveNode(int node) {
   if (selected == kNoNode) selected = nodes.Parent(node);
 }
 
+void TreeViewPeer::AskForMenu(const TreeView& tree) const {
+  if (selected != kNoNode) Raise(tree.Owner(), tree.ContextMenu, selected);
+}
+
+void TreeViewPeer::AskForCopy(const TreeView& tree) const {
+  if (selected != kNoNode) Raise(tree.Owner(), tree.Copy, selected);
+}
+
 void TreeViewPeer::EndChange() {
   if (updates > 0) return;
   nodes.SortPending();

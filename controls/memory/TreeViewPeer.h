@@ -15,6 +15,9 @@ struct TreeViewPeer : Control::Peer {
   void OpenWay(TreeView& tree, int node);
   // Passes the selection on before the node and what is below it are removed.
   void LeaveNode(int node);
+  // What a user asks for with the keyboard; nothing where no node is selected.
+  void AskForMenu(const TreeView& tree) const;
+  void AskForCopy(const TreeView& tree) const;
   // Once for a batch of changes: outside of one, after every change.
   void EndChange();
 

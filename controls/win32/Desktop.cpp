@@ -1,6 +1,7 @@
 #include "controls/Desktop.h"
 
 #include "controls/Form.h"
+#include "controls/win32/Clipboard.h"
 #include "controls/win32/DesktopPeer.h"
 #include "controls/win32/FormPeer.h"
 
@@ -24,6 +25,11 @@ int Desktop::MsgBox(const std::wstring& prompt, int style, const std::wstring& t
 void Desktop::Beep() {
   if (Instead.Beep) return Instead.Beep();
   MessageBeep(MB_OK);
+}
+
+bool Desktop::SetClipboardText(const std::wstring& text) {
+  if (Instead.SetClipboardText) return Instead.SetClipboardText(text);
+  return PutOnClipboard(peer_->ActiveWindow(), text);
 }
 
 void Desktop::SetMousePointer(MousePointer pointer) {

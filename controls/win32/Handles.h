@@ -24,6 +24,9 @@ inline void Release(HDC memoryContext) {
 inline void Release(HICON icon) {
   DestroyIcon(icon);
 }
+inline void Release(HMENU menu) {
+  DestroyMenu(menu);
+}
 inline void Release(HIMAGELIST images) {
   ImageList_Destroy(images);
 }
@@ -61,6 +64,7 @@ using BrushHandle = Owned<HBRUSH>;
 using BitmapHandle = Owned<HBITMAP>;
 using MemoryContext = Owned<HDC>;
 using IconHandle = Owned<HICON>;
+using MenuHandle = Owned<HMENU>;
 using ImageListHandle = Owned<HIMAGELIST>;
 using WindowHandle = Owned<HWND>;
 

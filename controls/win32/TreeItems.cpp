@@ -100,6 +100,10 @@ int TreeItems::NodeOf(HTREEITEM item) const {
   return static_cast<int>(native.lParam);
 }
 
+HTREEITEM TreeItems::SelectedItem() const {
+  return reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_CARET, 0));
+}
+
 bool TreeItems::IsOpen(int node) const {
   const auto item = reinterpret_cast<WPARAM>(ItemOf(node));
   return item && (Send(TVM_GETITEMSTATE, item, TVIS_EXPANDED) & TVIS_EXPANDED);

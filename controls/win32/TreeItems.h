@@ -40,6 +40,9 @@ class TreeItems {
   // Whether the native control is being changed from here: what it then reports is no user's doing.
   bool Busy() const { return busy_ > 0; }
   int NodeOf(HTREEITEM item) const;
+  // Null where the native control has not been told of the node.
+  HTREEITEM ItemOf(int node) const;
+  HTREEITEM SelectedItem() const;
   bool IsOpen(int node) const;
   // Gives back a selection that the native control has made by itself.
   void Reselect(int selected);
@@ -53,7 +56,6 @@ class TreeItems {
     bool childrenOnly;
   };
 
-  HTREEITEM ItemOf(int node) const;
   int FirstChild(int parent) const;
   bool Pending() const;
   void Forget(int node);

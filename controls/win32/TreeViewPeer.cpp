@@ -15,14 +15,21 @@ TreeViewPeer::TreeViewPeer(Form& owner, int controlId)
 void TreeViewPeer::Attached() {
   Send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
   items.Attach(window);
+  tips_.Attach();
 }
 
 void TreeViewPeer::Detached() {
+  tips_.Detach();
   items.Detach();
   nodes.Clear();
   selected = kNoNode;
   show = false;
   images = nullptr;
+}
+
+void TreeViewPeer::DpiChanged() {
+  ShowImages();
+  tips_.SetWidth();
 }
 
 void TreeViewPeer::ShowImages() const {
@@ -68,6 +75,7 @@ void TreeViewPeer::EndChange() {
 void TreeViewPeer::Follow() {
   items.Reordered(nodes.SortPending());
   items.Follow(selected, std::exchange(show, false));
+  tips_.Changed();
 }
 
 // In the middle of a change or of long work the native control shows what was; a user who acts on
@@ -97,12 +105,16 @@ LRESULT TreeViewPeer::Notify(NMHDR& header) {
     case TVN_SELCHANGEDW:
       Chosen(change.itemNew.hItem ? node : kNoNode);
       return 0;
+    case TVN_GETINFOTIPW:
+      tips_.Answer(reinterpret_cast<NMTVGETINFOTIPW&>(header));
+      return 0;
     default:
       return 0;
   }
 }
 
 LRESULT TreeViewPeer::Handle(const Message& message) {
+  tips_.Mouse(message);
   switch (message.number) {
     case TVM_EXPAND:
       return items.Busy() ? Native(message) : Expand(message);
@@ -110,25 +122,40 @@ LRESULT TreeViewPeer::Handle(const Message& message) {
     case TVM_ENSUREVISIBLE:
       return items.Busy() ? Native(message) : Reach(message);
     case WM_SETFOCUS:
-      // A tree view without a selection makes one when it gets the focus; no user has.
-      if (selected == kNoNode) {
-        const int before = std::exchange(updates, 1);
-        Native(message);
-        updates = before;
-        return FocusArrived();
-      }
-      return Peer::Handle(message);
-    case WM_SYSKEYDOWN:
-      // Wine's tree view keeps these keys to itself, and with them Alt+F4.
+      return FocusMessage(message);
+    case WM_RBUTTONDOWN:
+      return PressRight(message);
+    case WM_RBUTTONUP:
+      // Which asks for the menu.
       return DefWindowProcW(window, message.number, message.wParam, message.lParam);
+    case WM_CONTEXTMENU:
+      return AskForMenu(message);
+    case WM_SYSKEYDOWN:
+      return SystemKey(message);
     case WM_KEYDOWN:
-      // The key that opens all there is below a node opens one level: below the root there may be
-      // a million nodes.
-      if (message.wParam == VK_MULTIPLY) return Native({message.number, VK_ADD, message.lParam});
-      return Peer::Handle(message);
+      return Key(message);
+    case WM_CHAR:
+      return Character(message);
+    case WM_NOTIFY:
+      return tips_.Notify(*reinterpret_cast<NMHDR*>(message.lParam)) ? 0 : Peer::Handle(message);
+    case WM_NOTIFYFORMAT:
+      return message.lParam == NF_QUERY ? NFR_UNICODE : Peer::Handle(message);
+    case kDescribe:
+      tips_.Describe();
+      return 0;
     default:
       return Peer::Handle(message);
   }
+}
+
+LRESULT TreeViewPeer::FocusMessage(const Message& message) {
+  tips_.DescribeSoon();
+  if (selected != kNoNode) return Peer::Handle(message);
+  // A tree view without a selection makes one when it gets the focus; no user has.
+  const int before = std::exchange(updates, 1);
+  Native(message);
+  updates = before;
+  return FocusArrived();
 }
 
 // Another program opens or closes a node. The control does not tell of that where the node has been
@@ -161,6 +188,7 @@ void TreeViewPeer::Opened(int node, bool expanded) {
 void TreeViewPeer::Chosen(int node) {
   if (node == selected) return;
   selected = node;
+  tips_.DescribeSoon();
   if (nodes.Exists(node)) Raise(Tree().NodeClick, node);
 }
 

@@ -58,6 +58,18 @@ TEST_F(Desktop, BeepsAndShowsThePointer) {
   desktop.SetMousePointer(controls::MousePointer::kDefault);
 }
 
+TEST_F(Desktop, PutsATextOnTheClipboard) {
+  EXPECT_TRUE(desktop.SetClipboardText(L"Utilisateurs\r\n\tZoé"));
+  EXPECT_EQ(user.Clipboard(), L"Utilisateurs\r\n\tZoé");
+}
+
+TEST_F(Desktop, SaysWhenTheClipboardTakesNothing) {
+  desktop.SetClipboardText(L"before");
+  user.SetClipboardOccupied(true);
+  EXPECT_FALSE(desktop.SetClipboardText(L"after"));
+  EXPECT_EQ(user.Clipboard(), L"before");
+}
+
 TEST_F(Desktop, OpensHelpAtATopicForAForm) {
   EXPECT_EQ(desktop.HtmlHelp(form, L"C:\\x\\ORMEX.chm", 109), controls::HelpOutcome::kShown);
   user.SetHelpOutcome(controls::HelpOutcome::kFileMissing);

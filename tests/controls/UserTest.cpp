@@ -1,5 +1,6 @@
 #include <gtest/gtest-spi.h>
 
+#include "controls/PopupMenu.h"
 #include "tests/controls/ControlsTest.h"
 
 namespace controls_test {
@@ -57,6 +58,33 @@ TEST_F(UserOfTests, FailsInTheEndOnABoxThatHasNotAppeared) {
   controls::Desktop other;
   auto someone = std::make_unique<testing_support::User>(other);
   someone->ExpectMsgBox(controls::kResultOk);
+  EXPECT_NONFATAL_FAILURE(someone.reset(), "has not appeared");
+}
+
+TEST_F(UserOfTests, FailsOnAMenuThatWasNotAnnouncedAndChoosesNothing) {
+  const int root = form.tree.Add(controls::kNoNode, {L"\\TRT", L""}, 0, L"root", 0);
+  int chosen = -1;
+  EXPECT_NONFATAL_FAILURE(
+      chosen = controls::ShowPopupMenu(form.tree, root, {{1, L"surprise", true}}), "surprise");
+  EXPECT_EQ(chosen, 0);
+}
+
+TEST_F(UserOfTests, FailsOnACommandThatTheMenuDoesNotOffer) {
+  const int root = form.tree.Add(controls::kNoNode, {L"\\TRT", L""}, 0, L"root", 0);
+  for (const int command : {1, 2}) {
+    user.ExpectMenu(command);
+    int chosen = -1;
+    EXPECT_NONFATAL_FAILURE(
+        chosen = controls::ShowPopupMenu(form.tree, root, {{1, L"disabled", false}}),
+        "not to be had");
+    EXPECT_EQ(chosen, 0);
+  }
+}
+
+TEST_F(UserOfTests, FailsInTheEndOnAMenuThatHasNotAppeared) {
+  controls::Desktop other;
+  auto someone = std::make_unique<testing_support::User>(other);
+  someone->ExpectMenu(1);
   EXPECT_NONFATAL_FAILURE(someone.reset(), "has not appeared");
 }
 

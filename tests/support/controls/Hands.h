@@ -42,9 +42,14 @@ class Hands {
   bool DoubleClick(controls::ListBox& list, int item);
   bool ChooseTab(controls::TabStrip& tabs, int tab);
   bool Select(controls::TreeView& tree, int node);
+  bool RightClick(controls::TreeView& tree, int node);
   bool Expand(controls::TreeView& tree, int node);
   bool Collapse(controls::TreeView& tree, int node);
 
+  // Shift+F10 in a tree that has the focus.
+  bool PressMenuKey(controls::TreeView& tree);
+  // A key with the Control key held.
+  bool PressCtrl(controls::Form& form, int keyCode);
   // Without a focused control the key goes to the form alone. False where the form takes no input.
   bool PressKey(controls::Form& form, int keyCode, bool shift);
   // False also where nothing answers to the letter.
@@ -58,6 +63,7 @@ class Hands {
 
   // What a user sees of a control, without touching anything.
   bool CanUse(const controls::Control& control) const;
+  std::wstring TipOf(controls::TreeView& tree, int node) const;
   controls::Font FontOf(const controls::Control& control) const;
   controls::Font FontOf(const controls::Form& form) const;
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "controls/Form.h"
@@ -31,6 +32,12 @@ std::string Shown(const SeenBox& box) {
   return shown;
 }
 
+bool Offers(const std::vector<controls::MenuItem>& items, int command) {
+  return std::any_of(items.begin(), items.end(), [command](const controls::MenuItem& item) {
+    return item.command == command && item.enabled;
+  });
+}
+
 int RefusingAnswer(int style) {
   return (style & controls::kYesNo) != 0 ? controls::kResultNo : controls::kResultOk;
 }
@@ -41,6 +48,10 @@ Script::Script(std::function<void(controls::Form&)> discard) : discard_(std::mov
 
 void Script::ExpectBox(ExpectedBox box, Where where) {
   boxes_.push_back({std::move(box), where});
+}
+
+void Script::ExpectMenu(MenuAnswer answer, Where where) {
+  menus_.push_back({std::move(answer), where});
 }
 
 void Script::ExpectModal(FormScript script, Where where) {
@@ -59,6 +70,21 @@ int Script::AnswerBox(const std::wstring& prompt, int style, const std::wstring&
   }
   seen_.push_back(seen);
   return seen.answer;
+}
+
+int Script::AnswerMenu(const std::vector<controls::MenuItem>& items) {
+  if (menus_.empty()) {
+    ADD_FAILURE() << "unexpected menu of " << items.size() << " lines, the first \""
+                  << (items.empty() ? std::string() : Shown(items.front().caption)) << "\"";
+    return 0;
+  }
+  const WaitingMenu expected = std::move(menus_.front());
+  menus_.pop_front();
+  const int command = expected.answer(items);
+  if (command == 0 || Offers(items, command)) return command;
+  ADD_FAILURE_AT(expected.where.file_name(), expected.where.line())
+      << "command " << command << " is not to be had from the menu";
+  return 0;
 }
 
 void Script::Compare(const WaitingBox& expected, const SeenBox& seen) {
@@ -100,11 +126,16 @@ void Script::FailLeftovers() {
     ADD_FAILURE_AT(waiting.where.file_name(), waiting.where.line())
         << "the message box expected here has not appeared";
   }
+  for (const WaitingMenu& waiting : menus_) {
+    ADD_FAILURE_AT(waiting.where.file_name(), waiting.where.line())
+        << "the menu expected here has not appeared";
+  }
   for (const WaitingForm& waiting : forms_) {
     ADD_FAILURE_AT(waiting.where.file_name(), waiting.where.line())
         << "the modal form expected here has not appeared";
   }
   boxes_.clear();
+  menus_.clear();
   forms_.clear();
 }
 

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "controls/PopupMenu.h"
+
 namespace controls {
 class Form;
 }
@@ -23,6 +25,9 @@ struct ExpectedBox {
   std::optional<std::wstring> title = {};
 };
 
+// Sees the lines of a popup menu and gives the command that is chosen, 0 for none.
+using MenuAnswer = std::function<int(const std::vector<controls::MenuItem>& items)>;
+
 // A message box that has appeared, with the answer it was given.
 struct SeenBox {
   std::wstring prompt;
@@ -31,8 +36,8 @@ struct SeenBox {
   int answer = 0;
 };
 
-// The answers that a test has prepared for message boxes and modal forms, each kind in its own
-// order. What appears unannounced and what does not appear fails the test.
+// The answers that a test has prepared for message boxes, menus and modal forms, each kind in its
+// own order. What appears unannounced and what does not appear fails the test.
 class Script {
  public:
   using FormScript = std::function<void(controls::Form&)>;
@@ -41,10 +46,13 @@ class Script {
   explicit Script(std::function<void(controls::Form&)> discard);
 
   void ExpectBox(ExpectedBox box, Where where);
+  void ExpectMenu(MenuAnswer answer, Where where);
   void ExpectModal(FormScript script, Where where);
 
   // The answer to a box that has appeared.
   int AnswerBox(const std::wstring& prompt, int style, const std::wstring& title);
+  // The command chosen from a menu that has appeared.
+  int AnswerMenu(const std::vector<controls::MenuItem>& items);
   // Runs the next form script on a form that has become modal, and sees to it that the form is
   // unloaded afterwards.
   void RunModal(controls::Form& form);
@@ -58,6 +66,10 @@ class Script {
     ExpectedBox box;
     Where where;
   };
+  struct WaitingMenu {
+    MenuAnswer answer;
+    Where where;
+  };
   struct WaitingForm {
     FormScript script;
     Where where;
@@ -67,6 +79,7 @@ class Script {
 
   std::function<void(controls::Form&)> discard_;
   std::deque<WaitingBox> boxes_;
+  std::deque<WaitingMenu> menus_;
   std::deque<WaitingForm> forms_;
   std::vector<SeenBox> seen_;
 };

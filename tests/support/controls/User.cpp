@@ -38,6 +38,13 @@ void User::PutStandIns() {
     return script_.AnswerBox(prompt, style, title);
   };
   instead.ModalShown = [this](controls::Form& form) { script_.RunModal(form); };
+  instead.PopupMenu = [this](const std::vector<controls::MenuItem>& items) {
+    return script_.AnswerMenu(items);
+  };
+  instead.SetClipboardText = [this](const std::wstring& text) {
+    if (!clipboardOccupied_) clipboard_ = text;
+    return !clipboardOccupied_;
+  };
   instead.Beep = [this] { ++beepCount_; };
   instead.UserDefaultLcid = [this] { return lcid_; };
   instead.ProgramFolder = [this] { return programFolder_; };
@@ -125,6 +132,24 @@ bool User::TryCollapse(controls::TreeView& tree, int node) {
   return hands_->Collapse(tree, node);
 }
 
+void User::RightClick(controls::TreeView& tree, int node, Where where) {
+  Require(TryRightClick(tree, node), "RightClick", tree.Id(), where);
+}
+bool User::TryRightClick(controls::TreeView& tree, int node) {
+  return hands_->RightClick(tree, node);
+}
+
+void User::PressMenuKey(controls::TreeView& tree, Where where) {
+  Require(TryPressMenuKey(tree), "PressMenuKey", tree.Id(), where);
+}
+bool User::TryPressMenuKey(controls::TreeView& tree) {
+  return hands_->PressMenuKey(tree);
+}
+
+void User::PressCtrl(controls::Form& form, int keyCode, Where where) {
+  Require(hands_->PressCtrl(form, keyCode), "PressCtrl", form.TemplateId(), where);
+}
+
 void User::PressKey(controls::Form& form, int keyCode, Where where) {
   Require(TryPressKey(form, keyCode), "PressKey", form.TemplateId(), where);
 }
@@ -162,6 +187,12 @@ void User::ExpectMsgBox(int answer, Where where) {
 }
 void User::ExpectMsgBox(ExpectedBox box, Where where) {
   script_.ExpectBox(std::move(box), where);
+}
+void User::ExpectMenu(int command, Where where) {
+  ExpectMenu([command](const std::vector<controls::MenuItem>&) { return command; }, where);
+}
+void User::ExpectMenu(MenuAnswer answer, Where where) {
+  script_.ExpectMenu(std::move(answer), where);
 }
 void User::ExpectModal(Script::FormScript script, Where where) {
   script_.ExpectModal(std::move(script), where);

@@ -14,7 +14,14 @@
 namespace testing_support {
 
 // Keys by their Windows codes, for PressKey; the function keys stand in controls/Form.h.
-enum Key : int { kKeyTab = 9, kKeyEnter = 13, kKeyEscape = 27, kKeySpace = 32 };
+enum Key : int {
+  kKeyTab = 9,
+  kKeyEnter = 13,
+  kKeyEscape = 27,
+  kKeySpace = 32,
+  kKeyInsert = 45,
+  kKeyC = 67,
+};
 
 // A call of the help viewer.
 struct HelpCall {
@@ -25,9 +32,9 @@ struct HelpCall {
 
 // The user in front of a desktop. A test makes one on its Desktop before any form and calls what a
 // person would do. Every gesture has run to its end, events and modal forms included, when it
-// returns: announce what it will bring up (ExpectMsgBox, ExpectModal) before it. A gesture that a
-// person could not make, on a disabled or hidden control or behind a modal form, fails the test;
-// the Try form answers instead, and leaves everything as it was when it says false.
+// returns: announce what it will bring up (ExpectMsgBox, ExpectMenu, ExpectModal) before it. A
+// gesture that a person could not make, on a disabled or hidden control or behind a modal form,
+// fails the test; the Try form answers instead, and leaves everything as it was when it says false.
 //
 // What is the same for both back ends stands in User.cpp and Script.cpp, what differs in Hands.
 class User {
@@ -75,12 +82,21 @@ class User {
   void Collapse(controls::TreeView& tree, int node, Where where = Where::current());
   bool TryCollapse(controls::TreeView& tree, int node);
 
+  // The right mouse button on the node's text, after the same.
+  void RightClick(controls::TreeView& tree, int node, Where where = Where::current());
+  bool TryRightClick(controls::TreeView& tree, int node);
+  // The keyboard's way to a menu, Shift+F10; the tree has the focus.
+  void PressMenuKey(controls::TreeView& tree, Where where = Where::current());
+  bool TryPressMenuKey(controls::TreeView& tree);
+
   // Down and up again. Enter presses the focused button, else the default one; Escape the cancel
   // button; Tab moves the focus; Space toggles the item that has a check list's focus, presses the
   // focused button or types a blank. All reach the form's key procedures first.
   void PressKey(controls::Form& form, int keyCode, Where where = Where::current());
   bool TryPressKey(controls::Form& form, int keyCode);
   void PressShiftTab(controls::Form& form, Where where = Where::current());
+  // A key with the Control key held: kKeyC or kKeyInsert copies in a tree that has the focus.
+  void PressCtrl(controls::Form& form, int keyCode, Where where = Where::current());
   // Alt and a letter: presses the button, or focuses the control behind the label or frame, that
   // has the letter as its mnemonic. Hidden and disabled ones do not answer.
   void Mnemonic(controls::Form& form, wchar_t letter, Where where = Where::current());
@@ -99,6 +115,10 @@ class User {
   // Whether a person could work with the control now: it is enabled and on view, its container
   // included, and its form takes input.
   bool CanUse(const controls::Control& control) const { return hands_->CanUse(control); }
+  // What the mouse brings up over a node. A tip that only repeats a text that has no room is none.
+  std::wstring TipOf(controls::TreeView& tree, int node) const { return hands_->TipOf(tree, node); }
+  // What the program has put on the clipboard last.
+  const std::wstring& Clipboard() const { return clipboard_; }
   // As last set; without that a back end's own default.
   controls::Font FontOf(const controls::Control& control) const { return hands_->FontOf(control); }
   controls::Font FontOf(const controls::Form& form) const { return hands_->FontOf(form); }
@@ -109,6 +129,10 @@ class User {
   void ExpectMsgBox(int answer, Where where = Where::current());
   // Compares what is given as well: ExpectMsgBox({.answer = kResultYes, .prompt = L"..."}).
   void ExpectMsgBox(ExpectedBox box, Where where = Where::current());
+  // The command is chosen from the next menu, 0 for none, which Escape does; or what sees the
+  // menu's lines says which. A command that is not there or disabled fails the test.
+  void ExpectMenu(int command, Where where = Where::current());
+  void ExpectMenu(MenuAnswer answer, Where where = Where::current());
   // The script runs on the next form that is shown modally, or by Desktop::Run, and has to bring it
   // to its end. It may announce more itself.
   void ExpectModal(Script::FormScript script, Where where = Where::current());
@@ -122,6 +146,8 @@ class User {
   void SetProgramFolder(const std::wstring& folder) { programFolder_ = folder; }
   void SetCommandLine(const std::wstring& commandLine) { commandLine_ = commandLine; }
   void SetHelpOutcome(controls::HelpOutcome outcome) { helpOutcome_ = outcome; }
+  // Another program holds the clipboard, or lets go of it.
+  void SetClipboardOccupied(bool occupied) { clipboardOccupied_ = occupied; }
   int BeepCount() const { return beepCount_; }
   const std::vector<HelpCall>& HelpCalls() const { return helpCalls_; }
 
@@ -135,6 +161,8 @@ class User {
   std::wstring commandLine_;
   controls::HelpOutcome helpOutcome_ = controls::HelpOutcome::kShown;
   int beepCount_ = 0;
+  std::wstring clipboard_;
+  bool clipboardOccupied_ = false;
   std::vector<HelpCall> helpCalls_;
   std::unique_ptr<Hands> hands_;
 };

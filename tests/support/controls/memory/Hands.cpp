@@ -99,6 +99,26 @@ bool Hands::Select(TreeView& tree, int node) {
   return true;
 }
 
+bool Hands::RightClick(TreeView& tree, int node) {
+  if (!Select(tree, node)) return false;
+  const auto& peer = PeerOf<TreeViewPeer>(tree);
+  if (CanUse(tree) && peer.nodes.Exists(node) && peer.selected == node) peer.AskForMenu(tree);
+  return true;
+}
+
+bool Hands::PressMenuKey(TreeView& tree) {
+  if (!CanUse(tree) || !tree.HasFocus()) return false;
+  PeerOf<TreeViewPeer>(tree).AskForMenu(tree);
+  return true;
+}
+
+std::wstring Hands::TipOf(TreeView& tree, int node) const {
+  std::wstring tip;
+  if (!tree.Tip || !PeerOf<TreeViewPeer>(tree).nodes.Exists(node)) return tip;
+  RunGuarded(tree.Owner().OwnerDesktop(), [&] { tip = tree.Tip(node); });
+  return tip;
+}
+
 bool Hands::Expand(TreeView& tree, int node) {
   auto& peer = PeerOf<TreeViewPeer>(tree);
   if (!peer.nodes.Exists(node) || peer.nodes.Expanded(node)) return false;
@@ -121,6 +141,15 @@ bool Hands::PressKey(Form& form, int keyCode, bool shift) {
   if (!form.BackEnd().TakesInput()) return false;
   RunGuarded(form.OwnerDesktop(), [&] { form.Form_KeyDown(keyCode); });
   if (form.BackEnd().TakesInput()) PressOnControls(form.BackEnd(), keyCode, shift);
+  if (!form.BackEnd().TakesInput()) return true;
+  RunGuarded(form.OwnerDesktop(), [&] { form.Form_KeyUp(keyCode); });
+  return true;
+}
+
+bool Hands::PressCtrl(Form& form, int keyCode) {
+  if (!form.BackEnd().TakesInput()) return false;
+  RunGuarded(form.OwnerDesktop(), [&] { form.Form_KeyDown(keyCode); });
+  if (form.BackEnd().TakesInput()) PressCtrlOnControls(form.BackEnd(), keyCode);
   if (!form.BackEnd().TakesInput()) return true;
   RunGuarded(form.OwnerDesktop(), [&] { form.Form_KeyUp(keyCode); });
   return true;

@@ -4,6 +4,7 @@
 
 #include "controls/CommandButton.h"
 #include "controls/memory/ControlPeer.h"
+#include "controls/memory/TreeViewPeer.h"
 #include "tests/support/controls/User.h"
 
 namespace testing_support {
@@ -12,6 +13,8 @@ namespace {
 using controls::CommandButton;
 using controls::Control;
 using controls::Form;
+using controls::TreeView;
+using controls::TreeViewPeer;
 
 void PressIfUsable(CommandButton* button) {
   if (button != nullptr && button->BackEnd().Usable()) button->BackEnd().PressEnter(*button);
@@ -58,6 +61,14 @@ void PressOnControls(Form::Peer& form, int keyCode, bool shift) {
   if (keyCode == kKeyTab) PressTab(form, shift);
   Control* const focused = form.Focused();
   if (keyCode == kKeySpace && focused != nullptr) focused->BackEnd().PressSpace(*focused);
+}
+
+void PressCtrlOnControls(Form::Peer& form, int keyCode) {
+  if (keyCode != kKeyC && keyCode != kKeyInsert) return;
+  if (auto* tree = dynamic_cast<TreeViewPeer*>(
+          form.Focused() == nullptr ? nullptr : &form.Focused()->BackEnd())) {
+    tree->AskForCopy(static_cast<TreeView&>(*form.Focused()));
+  }
 }
 
 bool PressMnemonic(Form::Peer& form, wchar_t letter) {

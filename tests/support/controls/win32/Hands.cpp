@@ -166,6 +166,29 @@ bool Hands::Select(TreeView& tree, int node) {
   return true;
 }
 
+bool Hands::RightClick(TreeView& tree, int node) {
+  TreeViewPeer& peer = PeerOfTree(tree);
+  if (!peer.nodes.Exists(node) || !Focus(tree)) return false;
+  TreeMouse mouse(peer, parts_->input);
+  mouse.OpenWay(node);
+  if (CanUse(tree) && peer.nodes.Exists(node)) mouse.RightClickText(node);
+  return true;
+}
+
+bool Hands::PressMenuKey(TreeView& tree) {
+  if (!CanUse(tree) || !tree.HasFocus()) return false;
+  const HeldKey shift(VK_SHIFT);
+  parts_->input.SystemKeyDown(KeyTarget(tree.Owner()), VK_F10);
+  return true;
+}
+
+std::wstring Hands::TipOf(TreeView& tree, int node) const {
+  TreeViewPeer& peer = PeerOfTree(tree);
+  if (!peer.window || !peer.nodes.Exists(node)) return {};
+  const std::wstring tip = TreeMouse(peer, parts_->input).AskTip(node);
+  return tip == peer.nodes.Text(node) ? std::wstring() : tip;
+}
+
 bool Hands::Expand(TreeView& tree, int node) {
   TreeViewPeer& peer = PeerOfTree(tree);
   if (!peer.nodes.Exists(node) || peer.nodes.Expanded(node)) return false;
@@ -194,6 +217,11 @@ bool Hands::PressKey(Form& form, int keyCode, bool shift) {
   parts_->input.KeyDown(KeyTarget(form), keyCode);
   if (peer.TakesInput()) parts_->input.KeyUp(KeyTarget(form), keyCode);
   return true;
+}
+
+bool Hands::PressCtrl(Form& form, int keyCode) {
+  const HeldKey control(VK_CONTROL);
+  return PressKey(form, keyCode, false);
 }
 
 bool Hands::Mnemonic(Form& form, wchar_t letter) {

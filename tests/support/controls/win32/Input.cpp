@@ -26,6 +26,12 @@ void Input::Click(HWND window, POINT place, WPARAM keys) {
   Drain();
 }
 
+void Input::RightClick(HWND window, POINT place) {
+  PostMessageW(window, WM_RBUTTONDOWN, MK_RBUTTON, At(place));
+  PostMessageW(window, WM_RBUTTONUP, 0, At(place));
+  Drain();
+}
+
 void Input::ClickAgain(HWND window, POINT place) {
   PostMessageW(window, WM_LBUTTONDBLCLK, MK_LBUTTON, At(place));
   PostMessageW(window, WM_LBUTTONUP, 0, At(place));
@@ -34,6 +40,11 @@ void Input::ClickAgain(HWND window, POINT place) {
 
 void Input::KeyDown(HWND window, int keyCode) {
   Send(window, WM_KEYDOWN, static_cast<WPARAM>(keyCode), ScanCode(keyCode) | kFirstTime);
+  Drain();
+}
+
+void Input::SystemKeyDown(HWND window, int keyCode) {
+  Send(window, WM_SYSKEYDOWN, static_cast<WPARAM>(keyCode), ScanCode(keyCode) | kFirstTime);
   Drain();
 }
 

@@ -14,9 +14,13 @@ class Input {
 
   // Presses and releases the left button over a point of the window's client area.
   void Click(HWND window, POINT place, WPARAM keys = 0);
+  // The same with the right button.
+  void RightClick(HWND window, POINT place);
   // The second press of a double click, the first being over.
   void ClickAgain(HWND window, POINT place);
   void KeyDown(HWND window, int keyCode);
+  // A key that the system keeps for itself, such as F10.
+  void SystemKeyDown(HWND window, int keyCode);
   void KeyUp(HWND window, int keyCode);
   void Character(HWND window, wchar_t character);
   // A letter with the Alt key.

@@ -15,11 +15,29 @@ void TreeMouse::OpenWay(int node) {
 }
 
 void TreeMouse::ClickText(int node) {
-  ClickOn(node, TVHT_ONITEMLABEL);
+  if (const auto place = Place(node, TVHT_ONITEMLABEL)) input_.Click(tree_.window, *place);
+}
+
+void TreeMouse::RightClickText(int node) {
+  if (const auto place = Place(node, TVHT_ONITEMLABEL)) input_.RightClick(tree_.window, *place);
+}
+
+std::wstring TreeMouse::AskTip(int node) const {
+  constexpr int kMostText = 1024;
+  wchar_t text[kMostText] = {};
+  NMTVGETINFOTIPW question = {};
+  question.hdr = {tree_.window, static_cast<UINT_PTR>(tree_.id), TVN_GETINFOTIPW};
+  question.pszText = text;
+  question.cchTextMax = kMostText;
+  question.hItem = Find(node);
+  question.lParam = node;
+  SendMessageW(GetParent(tree_.window), WM_NOTIFY, question.hdr.idFrom,
+               reinterpret_cast<LPARAM>(&question));
+  return text;
 }
 
 void TreeMouse::ClickButton(int node) {
-  ClickOn(node, TVHT_ONITEMBUTTON);
+  if (const auto place = Place(node, TVHT_ONITEMBUTTON)) input_.Click(tree_.window, *place);
 }
 
 HTREEITEM TreeMouse::Next(UINT relation, HTREEITEM item) const {
@@ -40,11 +58,11 @@ HTREEITEM TreeMouse::Find(int node) const {
   return item;
 }
 
-void TreeMouse::ClickOn(int node, UINT part) {
+std::optional<POINT> TreeMouse::Place(int node, UINT part) const {
   HTREEITEM item = Find(node);
   if (!item) {
     ADD_FAILURE() << "the control does not show node " << node;
-    return;
+    return std::nullopt;
   }
   tree_.Send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
   // The message takes the item in the very place where it puts the rectangle.
@@ -58,9 +76,10 @@ void TreeMouse::ClickOn(int node, UINT part) {
     TVHITTESTINFO hit = {};
     hit.pt = {x, middle};
     tree_.Send(TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
-    if (hit.hItem == item && (hit.flags & part)) return input_.Click(tree_.window, hit.pt);
+    if (hit.hItem == item && (hit.flags & part)) return hit.pt;
   }
   ADD_FAILURE() << "the mouse does not find node " << node;
+  return std::nullopt;
 }
 
 }  // namespace testing_support

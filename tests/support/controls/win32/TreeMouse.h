@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "controls/win32/TreeViewPeer.h"
 #include "tests/support/controls/win32/Input.h"
 
@@ -13,11 +16,15 @@ class TreeMouse {
   // Opens the closed nodes above the node, the topmost first.
   void OpenWay(int node);
   void ClickText(int node);
+  void RightClickText(int node);
+  // What the tree view shows when the mouse rests on the node, asked as it does.
+  std::wstring AskTip(int node) const;
   // The button that opens and closes the node.
   void ClickButton(int node);
 
  private:
-  void ClickOn(int node, UINT part);
+  // A point of a part of the node, brought into view; fails the test where there is none.
+  std::optional<POINT> Place(int node, UINT part) const;
   HTREEITEM Find(int node) const;
   HTREEITEM Next(UINT relation, HTREEITEM item) const;
 

@@ -1,0 +1,115 @@
+// What a user asks of a tree view beyond selecting and opening: menus, copies, tips.
+
+#include <windowsx.h>
+
+#include <cstring>
+
+#include "controls/win32/DesktopPeer.h"
+#include "controls/win32/FormPeer.h"
+#include "controls/win32/TreeViewPeer.h"
+
+namespace controls {
+namespace {
+
+// What Ctrl+C types.
+constexpr WPARAM kCopyCharacter = 3;
+constexpr LPARAM kByKeyboard = -1;
+
+bool IsDown(int keyCode) {
+  return GetKeyState(keyCode) < 0;
+}
+
+bool IsCopy(WPARAM keyCode) {
+  if (!IsDown(VK_CONTROL) || IsDown(VK_SHIFT) || IsDown(VK_MENU)) return false;
+  return keyCode == 'C' || keyCode == VK_INSERT;
+}
+
+}  // namespace
+
+HTREEITEM TreeViewPeer::ItemAt(POINT place) const {
+  TVHITTESTINFO hit = {};
+  hit.pt = place;
+  Send(TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+  return hit.flags & TVHT_ONITEM ? hit.hItem : nullptr;
+}
+
+std::optional<RECT> TreeViewPeer::TextPlace(HTREEITEM item) const {
+  if (!item) return std::nullopt;
+  RECT place = {};
+  // The message takes the item in the very place where it puts the rectangle.
+  std::memcpy(&place, &item, sizeof item);
+  if (!Send(TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place))) return std::nullopt;
+  return place;
+}
+
+RECT TreeViewPeer::ScreenPlace(int node) const {
+  HTREEITEM item = items.ItemOf(node);
+  if (item) Send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
+  RECT place = TextPlace(item).value_or(RECT{});
+  MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&place), 2);
+  return place;
+}
+
+// The control itself would show the node under the mouse as chosen without choosing it, and wait
+// for the button in a loop of its own.
+LRESULT TreeViewPeer::PressRight(const Message& message) {
+  if (!TakesInput() || Refuses()) return 0;
+  ::SetFocus(window);
+  const POINT place = {GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)};
+  if (TakesInput()) Select(ItemAt(place));
+  return 0;
+}
+
+void TreeViewPeer::Select(HTREEITEM item) const {
+  if (item) Send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
+}
+
+LRESULT TreeViewPeer::AskForMenu(const Message& message) {
+  if (!TakesInput() || Refuses()) return 0;
+  int node = selected;
+  if (message.lParam != kByKeyboard) {
+    POINT place = {GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)};
+    menuPlace = place;
+    ScreenToClient(window, &place);
+    HTREEITEM item = ItemAt(place);
+    node = items.NodeOf(item);
+    Select(item);
+  }
+  // The selection's own procedure may have taken the node away.
+  if (nodes.Exists(node) && node == selected) Raise(Tree().ContextMenu, node);
+  menuPlace.reset();
+  return 0;
+}
+
+LRESULT TreeViewPeer::SystemKey(const Message& message) {
+  if (message.wParam == VK_F10 && IsDown(VK_SHIFT)) {
+    return AskForMenu({WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), kByKeyboard});
+  }
+  // Wine's tree view keeps these keys to itself, and with them Alt+F4.
+  return DefWindowProcW(window, message.number, message.wParam, message.lParam);
+}
+
+LRESULT TreeViewPeer::Key(const Message& message) {
+  if (IsCopy(message.wParam)) {
+    if (TakesInput() && !Refuses() && nodes.Exists(selected)) Raise(Tree().Copy, selected);
+    return 0;
+  }
+  // The key that opens all there is below a node opens one level: below the root there may be
+  // a million nodes.
+  if (message.wParam == VK_MULTIPLY) return Native({message.number, VK_ADD, message.lParam});
+  return Peer::Handle(message);
+}
+
+// No node's name begins with what a copy types: the control would look for one, and beep.
+LRESULT TreeViewPeer::Character(const Message& message) {
+  return message.wParam == kCopyCharacter ? 0 : Peer::Handle(message);
+}
+
+std::wstring TreeViewPeer::AskTip(int node) const {
+  std::wstring tip;
+  if (!Tree().Tip || !window || Refuses() || !nodes.Exists(node)) return tip;
+  Guarded(Surroundings(), [&] { tip = Tree().Tip(node); });
+  return tip;
+}
+
+}  // namespace controls
