@@ -33,8 +33,10 @@ void FormFocus::Give(Control::Peer& control) {
     wanted_ = &control;
     return;
   }
+  const unsigned before = moves_;
   if (GetFocus() != control.window && IsWindowEnabled(form_.window)) ::SetFocus(control.window);
-  MovedTo(&control);
+  // A procedure that was told of it may have moved the focus on, or unloaded the form.
+  if (moves_ == before) MovedTo(&control);
 }
 
 void FormFocus::Start() {
@@ -45,6 +47,7 @@ void FormFocus::Start() {
 
 void FormFocus::MovedTo(Control::Peer* control) {
   if (holder_ == control || !form_.shown) return;
+  ++moves_;
   const Control::Peer* left = std::exchange(holder_, control);
   ShowDefaultButton();
   if (left) left->Raise(left->control->LostFocus);

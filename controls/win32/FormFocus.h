@@ -48,6 +48,7 @@ class FormFocus {
   std::vector<Control::Peer*> constructed_;
   std::vector<Control::Peer*> order_;
   Control::Peer* holder_ = nullptr;
+  unsigned moves_ = 0;  // how often the holder has changed
   Control::Peer* wanted_ = nullptr;
   Control::Peer* default_ = nullptr;
   Control::Peer* cancel_ = nullptr;

@@ -42,6 +42,33 @@ TEST_F(Focus, MovesWithLostBeforeGot) {
   EXPECT_FALSE(form.name.HasFocus());
 }
 
+TEST_F(Focus, MayBeMovedOnByTheControlThatLosesIt) {
+  form.name.LostFocus = [this] { form.ok.SetFocus(); };
+  form.password.SetFocus();
+  EXPECT_TRUE(form.ok.HasFocus());
+  EXPECT_FALSE(form.password.HasFocus());
+  user.PressKey(form, kKeyTab);
+  EXPECT_TRUE(form.cancel.HasFocus());
+}
+
+TEST_F(Focus, MayBeMovedOnByTheControlThatTheTabKeyLeaves) {
+  form.name.LostFocus = [this] { form.ok.SetFocus(); };
+  user.PressKey(form, kKeyTab);
+  EXPECT_TRUE(form.ok.HasFocus());
+}
+
+TEST_F(Focus, MayBeKeptByTheControlThatLosesIt) {
+  form.name.LostFocus = [this] { form.name.SetFocus(); };
+  user.PressKey(form, kKeyTab);
+  EXPECT_TRUE(form.name.HasFocus());
+}
+
+TEST_F(Focus, MayBeKeptFromTheMouse) {
+  form.name.LostFocus = [this] { form.name.SetFocus(); };
+  user.Focus(form.password);
+  EXPECT_TRUE(form.name.HasFocus());
+}
+
 TEST_F(Focus, ReportsNothingWhenItStaysWhereItIs) {
   WatchBoth();
   form.name.SetFocus();
