@@ -25,6 +25,7 @@ enum StringId : int {
   kEditGroupTitle = 203,
   kNewUserTitle = 204,
   kEditUserTitle = 205,
+  kChoicesTitle = 206,  // followed by the kind of what is listed
   kTitle = 250,
   kUsersTab = 301,
   kGroupsTab = 302,
@@ -45,6 +46,9 @@ enum StringId : int {
   kFullNameLabel = 320,
   kPasswordLabel = 321,
   kConfirmationLabel = 322,
+  kCheckItems = 323,
+  kUsersTreeName = 331,
+  kGroupsTreeName = 332,
   kReady = 401,
   kReadingUsers = 402,
   kReadingGroups = 403,

@@ -25,6 +25,7 @@ constexpr const wchar_t* kExecutableName = L"uadmin.exe";
 frmUserGroupPerm::frmUserGroupPerm(app::mGlobal& global)
     : Form(global.desktop, IDD_USER_GROUP_PERM),
       TabStrip1(*this, IDC_TAB),
+      lblTree{{*this, IDC_LBL_TREE_USERS}, {*this, IDC_LBL_TREE_GROUPS}},
       TreeView1{{*this, IDC_TREE_USERS}, {*this, IDC_TREE_GROUPS}},
       fraUser(*this, IDC_FRA_USER),
       cmdUser{{*this, IDC_CMD_USER}, {*this, IDC_CMD_USER + 1}, {*this, IDC_CMD_USER + 2}},

@@ -33,6 +33,7 @@ class frmUserGroupPerm : public controls::Form {
   int RefreshTree();
 
   controls::TabStrip TabStrip1;
+  controls::Label lblTree[2];       // never on view: they name the trees for screen readers
   controls::TreeView TreeView1[2];  // 0 users, 1 groups
   controls::Frame fraUser;
   controls::CommandButton cmdUser[3];  // 0 Edit, 1 Delete, 2 New

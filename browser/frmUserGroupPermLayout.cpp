@@ -13,6 +13,9 @@ void frmUserGroupPerm::SettingControls() {
   SetIcon(IDI_PROGRAM);
   TabStrip1.AddTab(text(app::kUsersTab));
   TabStrip1.AddTab(text(app::kGroupsTab));
+  lblTree[0].SetPlainCaption(text(app::kUsersTreeName));
+  lblTree[1].SetPlainCaption(text(app::kGroupsTreeName));
+  for (controls::Label& label : lblTree) label.SetVisible(false);
   fraUser.SetCaption(text(app::kUsers));
   fraMemberOf.SetCaption(captions_.memberOfCaption);
   fraUserPermission.SetCaption(captions_.userPermissionsCaption);

@@ -30,6 +30,8 @@
 #define IDC_TAB 1000
 #define IDC_TREE_USERS 1001
 #define IDC_TREE_GROUPS 1002
+#define IDC_LBL_TREE_USERS 1003
+#define IDC_LBL_TREE_GROUPS 1004
 #define IDC_FRA_USER 1010
 #define IDC_CMD_USER 1011  // and the two behind it: Edit, Delete, New
 #define IDC_FRA_MEMBER_OF 1020
@@ -77,3 +79,9 @@
 #define IDC_CMD_ADD_USER 1330   // + 1 to + 4: > >> < <<
 #define IDC_FRA_AVAILABLE_USER 1340
 #define IDC_FRA_SELECTED_USERS 1341
+
+// Controls of the checklist chooser.
+#define IDC_LBL_LIST_ITEM 1401
+#define IDC_FRA_LIST_ITEM 1402
+#define IDC_LIST_LIST_ITEM 1403
+#define IDC_CMD_LIST_ITEM 1404  // All, and the one behind it: None

@@ -16,6 +16,8 @@ TEST_F(Window, EveryCaptionComesFromTheStringTable) {
     EXPECT_EQ(window.Caption(), Text(250));
     EXPECT_EQ(window.TabStrip1.TabCaption(0), Text(301));
     EXPECT_EQ(window.TabStrip1.TabCaption(1), Text(302));
+    EXPECT_EQ(window.lblTree[0].Caption(), Text(331));
+    EXPECT_EQ(window.lblTree[1].Caption(), Text(332));
     EXPECT_EQ(window.fraUser.Caption(), Text(303));
     EXPECT_EQ(window.fraMemberOf.Caption(), Text(304));
     EXPECT_EQ(window.fraUserPermission.Caption(), Text(305));
@@ -56,6 +58,21 @@ TEST_F(Window, ATabShowsItsTreeAndItsSectionsAndHidesTheOthers) {
     expectPage(false);
     user.ChooseTab(window.TabStrip1, 0);
     expectPage(true);
+  });
+}
+
+TEST_F(Window, TheNamesOfTheTreesAreNeverOnView) {
+  Run([this](frmUserGroupPerm& window) {
+    for (const int tab : {0, 1, 0}) {
+      user.ChooseTab(window.TabStrip1, tab);
+      for (int Index = 0; Index < 2; ++Index) {
+        EXPECT_FALSE(window.lblTree[Index].Visible());
+        // Directly before the tree that it names, for whoever walks the controls in their order.
+        EXPECT_LT(window.lblTree[Index].TabIndex(), window.TreeView1[Index].TabIndex());
+      }
+      user.PressKey(window, testing_support::kKeyTab);
+      EXPECT_TRUE(window.TreeView1[tab].HasFocus());
+    }
   });
 }
 

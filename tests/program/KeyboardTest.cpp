@@ -1,5 +1,9 @@
 // The window used without a mouse.
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
 #include "tests/program/ProgramTest.h"
@@ -45,6 +49,17 @@ TEST_F(Keyboard, ShiftAndTabWalkBack) {
   EXPECT_EQ((std::vector<int>{IDC_TAB, IDC_CMD_BTN + 1, IDC_HELP_BUTTON, IDC_CMD_ABOUT, IDC_CMD_BTN,
                               IDC_TREE_USERS}),
             Walk(window, {VK_SHIFT}));
+}
+
+TEST_F(Keyboard, AScreenReaderFindsTheNameOfATreeDirectlyBeforeIt) {
+  const MainWindow window = Open(SampleSession());
+  const std::vector<driver::Window> controls = window.Form().Children();
+  for (const auto& [tree, name] : {std::pair{IDC_TREE_USERS, 331}, {IDC_TREE_GROUPS, 332}}) {
+    const auto found = std::ranges::find(controls, tree, &driver::Window::Id);
+    ASSERT_TRUE(found != controls.end() && found != controls.begin());
+    EXPECT_EQ(data::ToUtf8(String(name)), data::ToUtf8((found - 1)->Text()));
+    EXPECT_FALSE((found - 1)->IsVisible());
+  }
 }
 
 TEST_F(Keyboard, TheArrowKeysChangeTheTabAndTheTabKeyThenEntersItsTree) {
