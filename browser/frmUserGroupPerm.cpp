@@ -44,30 +44,29 @@ frmUserGroupPerm::frmUserGroupPerm(app::mGlobal& global)
       cmdAbout(*this, IDC_CMD_ABOUT),
       Command1(*this, IDC_HELP_BUTTON),
       ImageList1(global.desktop, TreeImageResources()),
+      exchange{global, TreeView1[0], TreeView1[1]},
+      lookup(global, TreeView1[0], TreeView1[1]),
       global_(global),
       context_{global, captions_, accounts,
                [this](int done, int total) { ShowProgress(done, total); }},
       userTree_(context_, TreeView1[0], userCount, UserAccounts(context_, TreeView1[0])),
-      groupTree_(context_, TreeView1[1], groupCount, GroupAccounts(context_)) {}
+      groupTree_(context_, TreeView1[1], groupCount, GroupAccounts(context_)),
+      rebuild_(context_, TreeView1, userTree_, groupTree_) {}
 
 int frmUserGroupPerm::RefreshTree() {
+  incomplete_ = true;
   try {
     const WaitPointer wait(global_.desktop);
     data::ReadScope read(*global_.databaseConnection);
-    for (int Index = 0; Index < 2; ++Index) {
-      if (FillTree(Index) == kFailed) {
-        lblStatus.SetPlainCaption(global_.LoadResString(app::kIncomplete));
-        return kFailed;
-      }
+    if (FillTree(0) == kDone && FillTree(1) == kDone) {
+      read.Finish();
+      incomplete_ = false;
     }
-    read.Finish();
-    ShowCounts();
-    return kDone;
   } catch (...) {
-    lblStatus.SetPlainCaption(global_.LoadResString(app::kIncomplete));
     app::ReportError(global_, L"RefreshTree");
-    return kFailed;
   }
+  RefreshSelections(TabStrip1.SelectedTab());
+  return incomplete_ ? kFailed : kDone;
 }
 
 // Builds one tree from nothing; the selection then is on its root, which is open.
@@ -80,31 +79,50 @@ int frmUserGroupPerm::FillTree(int Index) {
   const int root = tree.Add(controls::kNoNode, kRootKey, 0, caption, kFolderClosed);
   tree.SetSorted(root, true);
   (Index == 0 ? userCount : groupCount) = 0;
-  fillingTree_ = Index;
-  nextProgress_ = std::chrono::steady_clock::now() + kProgressInterval;
+  StartProgress(Index == 0 ? app::kReadingUsers : app::kReadingGroups);
   const int status = Index == 0 ? userTree_.Build(-1) : groupTree_.Build(-1);
   tree.SetSelectedNode(root);
   tree.SetExpanded(root, true);
   return status;
 }
 
+void frmUserGroupPerm::StartProgress(int text) {
+  progressText_ = text;
+  nextProgress_ = std::chrono::steady_clock::now() + kProgressInterval;
+}
+
 void frmUserGroupPerm::ShowProgress(int done, int total) {
   const auto now = std::chrono::steady_clock::now();
   const bool due = now >= nextProgress_;
   if (!due && done > 1) return;
-  const int text = fillingTree_ == 0 ? app::kReadingUsers : app::kReadingGroups;
-  lblStatus.SetPlainCaption(
-      app::FillIn(global_.LoadResString(text), {data::Decimal(done), data::Decimal(total)}));
+  lblStatus.SetPlainCaption(app::FillIn(global_.LoadResString(progressText_),
+                                        {data::Decimal(done), data::Decimal(total)}));
   // A tree that is read at once is not worth painting the window in between.
   if (!due) return;
   nextProgress_ = now + kProgressInterval;
   Repaint();
 }
 
-void frmUserGroupPerm::ShowCounts() {
+// What an error has left out comes first, then where the selected permission comes from.
+void frmUserGroupPerm::ShowStatus() {
+  if (incomplete_) {
+    lblStatus.SetPlainCaption(global_.LoadResString(app::kIncomplete));
+    return;
+  }
+  const std::wstring origin =
+      TabStrip1.SelectedTab() == 0 ? OriginOf(TreeView1[0].SelectedNode()) : std::wstring();
+  if (!origin.empty()) {
+    lblStatus.SetPlainCaption(origin);
+    return;
+  }
   lblStatus.SetPlainCaption(app::FillIn(
       global_.LoadResString(app::kCounts),
       {data::Decimal(userCount), data::Decimal(groupCount), data::Decimal(permissionCount)}));
+}
+
+void frmUserGroupPerm::Rebuild(const std::function<int(FolderRebuild& rebuild)>& work) {
+  const WaitPointer wait(global_.desktop);
+  if (work(rebuild_) == kFailed) incomplete_ = true;
 }
 
 void frmUserGroupPerm::cmdBtn_Click(int Index) {
@@ -130,12 +148,17 @@ void frmUserGroupPerm::Command1_Click() {
 // Folders, the root among them, are drawn open while they are.
 void frmUserGroupPerm::TreeView1_Expand(int Index, int node, bool expanded) {
   controls::TreeView& tree = TreeView1[Index];
-  if (tree.Nodes().Image(node) > kFolderOpen) return;
-  tree.SetImage(node, expanded ? kFolderOpen : kFolderClosed);
+  if (tree.Nodes().Image(node) <= kFolderOpen) {
+    tree.SetImage(node, expanded ? kFolderOpen : kFolderClosed);
+  }
+  // Closing a node may have passed the selection to it.
+  if (!expanded && isStarted) RefreshSelection(Index);
 }
 
 void frmUserGroupPerm::Form_KeyDown(int keyCode) {
-  if (keyCode == controls::kKeyF5 && isStarted) cmdBtn_Click(0);
+  if (!isStarted) return;
+  if (keyCode == controls::kKeyF5) cmdBtn_Click(0);
+  if (keyCode == controls::kKeyF2 || keyCode == controls::kKeyDelete) TreeKey(keyCode);
 }
 
 void frmUserGroupPerm::Form_KeyUp(int keyCode) {

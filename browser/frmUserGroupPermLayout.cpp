@@ -58,11 +58,16 @@ void frmUserGroupPerm::SetPages() {
        {cmdMemberOf, cmdUserPermission, cmdMember, cmdGroupPermission}) {
     for (int Index = 0; Index < 2; ++Index) link[Index].SetEnabled(false);
   }
-  TabStrip1_Click();
+  ShowPage();
+}
+
+void frmUserGroupPerm::TabStrip1_Click() {
+  ShowPage();
+  if (isStarted) RefreshSelection(TabStrip1.SelectedTab());
 }
 
 // What is hidden loses the focus; a tree hands it to the one that takes its place.
-void frmUserGroupPerm::TabStrip1_Click() {
+void frmUserGroupPerm::ShowPage() {
   const int shown = TabStrip1.SelectedTab();
   const int hidden = 1 - shown;
   const bool treeHadFocus = TreeView1[hidden].HasFocus();
@@ -105,11 +110,29 @@ void frmUserGroupPerm::SetEvents() {
   TabStrip1.Click = [this] { TabStrip1_Click(); };
   for (int Index = 0; Index < 2; ++Index) {
     cmdBtn[Index].Click = [this, Index] { cmdBtn_Click(Index); };
+    TreeView1[Index].NodeClick = [this, Index](int) { RefreshSelection(Index); };
+    TreeView1[Index].ContextMenu = [this, Index](int node) { TreeView1_ContextMenu(Index, node); };
+    TreeView1[Index].Copy = [this, Index](int node) { TreeView1_Copy(Index, node); };
     TreeView1[Index].Expand = [this, Index](int node) { TreeView1_Expand(Index, node, true); };
     TreeView1[Index].Collapse = [this, Index](int node) { TreeView1_Expand(Index, node, false); };
   }
+  TreeView1[0].Tip = [this](int node) { return OriginOf(node); };
+  SetCommands();
   cmdAbout.Click = [this] { cmdAbout_Click(); };
   Command1.Click = [this] { Command1_Click(); };
+}
+
+void frmUserGroupPerm::SetCommands() {
+  for (int Index = 0; Index < 3; ++Index) {
+    cmdUser[Index].Click = [this, Index] { cmdUser_Click(Index); };
+    cmdGroup[Index].Click = [this, Index] { cmdGroup_Click(Index); };
+  }
+  for (int Index = 0; Index < 2; ++Index) {
+    cmdMemberOf[Index].Click = [this, Index] { cmdMemberOf_Click(Index); };
+    cmdUserPermission[Index].Click = [this, Index] { cmdUserPermission_Click(Index); };
+    cmdMember[Index].Click = [this, Index] { cmdMember_Click(Index); };
+    cmdGroupPermission[Index].Click = [this, Index] { cmdGroupPermission_Click(Index); };
+  }
 }
 
 }  // namespace browser

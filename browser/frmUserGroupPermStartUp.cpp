@@ -44,7 +44,7 @@ void frmUserGroupPerm::Form_Load() {
       return;
     }
     GetCountPerm();
-    ShowCounts();
+    ShowStatus();
     TreeView1[0].SetFocus();
     isStarted = true;
   } catch (...) {
@@ -80,7 +80,9 @@ void frmUserGroupPerm::TakeConnection() {
 // looked up for an error is another matter: the program does not go on without its protection.
 bool frmUserGroupPerm::FindAccounts() {
   accounts = {};
-  return GetCurrentUser() && GetAdminUser() && GetAdministratorsAndEveryoneGroup();
+  if (!GetCurrentUser() || !GetAdminUser() || !GetAdministratorsAndEveryoneGroup()) return false;
+  exchange.adminUserId = accounts.adminUserId;
+  return true;
 }
 
 bool frmUserGroupPerm::GetCurrentUser() {

@@ -11,7 +11,7 @@ class CommandButton;
 class Desktop;
 
 // Virtual key codes that forms handle; the values are those of Windows.
-enum KeyCode : int { kKeyF1 = 112, kKeyF5 = 116 };
+enum KeyCode : int { kKeyDelete = 46, kKeyF1 = 112, kKeyF2 = 113, kKeyF5 = 116 };
 
 // A window made from a dialog template. Life: constructed, public properties set by the caller,
 // loaded (the window exists, Form_Load has run), shown, unloaded (Form_Unload has run and not

@@ -30,7 +30,8 @@ void UserDialog::HandBack(bool written) {
   if (!written) return;
   const std::wstring name = txtUserName.Text();
   const std::wstring fullName = txtFullName.Text();
-  exchange_.UserName = data::Trim(name);
+  exchange_.StoredName = data::Trim(name);
+  exchange_.UserName = exchange_.StoredName;
   if (!data::Trim(fullName).empty()) {
     exchange_.UserName += L" (" + std::wstring(data::Trim(fullName)) + L")";
   }

@@ -133,7 +133,8 @@ bool frmEditGroup::RewriteRow() {
   for (group_->MoveFirst(); !group_->EndOfRows(); group_->MoveNext()) {
     if (group_->Column(0).Integer() != GroupID) continue;
     group_->Edit();
-    group_->SetColumn(L"NAME", stored.Of(TypedName()));
+    exchange_.StoredName = stored.Of(TypedName());
+    group_->SetColumn(L"NAME", exchange_.StoredName);
     data::FieldValue newDescription;
     if (!description.empty()) {
       newDescription = Server().GetDisplayName(description, kDescriptionToStore);

@@ -154,23 +154,5 @@ TEST_F(Window, AClickMadeWhileTheTreesAreReadWaitsUntilTheyStand) {
   });
 }
 
-TEST_F(Window, TheCommandsOfAccountsAndLinksAreShownAndDisabled) {
-  Run([](frmUserGroupPerm& window) {
-    for (const CommandButton* buttons : {window.cmdUser, window.cmdGroup}) {
-      for (int Index = 0; Index < 3; ++Index) {
-        EXPECT_TRUE(buttons[Index].Visible());
-        EXPECT_FALSE(buttons[Index].Enabled());
-      }
-    }
-    for (const CommandButton* buttons : {window.cmdMemberOf, window.cmdUserPermission,
-                                         window.cmdMember, window.cmdGroupPermission}) {
-      for (int Index = 0; Index < 2; ++Index) {
-        EXPECT_TRUE(buttons[Index].Visible());
-        EXPECT_FALSE(buttons[Index].Enabled());
-      }
-    }
-  });
-}
-
 }  // namespace
 }  // namespace browser

@@ -16,6 +16,11 @@ void MainWindow::UseGenerated(const server::GeneratedSize& size) {
   database_ = std::make_unique<test_support::SampleDatabase>(size);
 }
 
+void MainWindow::UseSample() {
+  database_.reset();
+  database_ = std::make_unique<test_support::SampleDatabase>();
+}
+
 void MainWindow::Run(const WindowScript& script, std::wstring_view userName) {
   user.SetCommandLine(database_->CommandLine(userName));
   if (script) {

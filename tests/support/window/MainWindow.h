@@ -28,6 +28,8 @@ class MainWindow : public ::testing::Test {
 
   // Replaces the sample by made-up accounts; before Run.
   void UseGenerated(const server::GeneratedSize& size);
+  // A sample as it was at first.
+  void UseSample();
   test_support::SampleDatabase& Database() { return *database_; }
   test_support::RawDatabase Raw() { return database_->Raw(); }
 
