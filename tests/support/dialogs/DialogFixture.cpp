@@ -51,6 +51,10 @@ void DialogFixture::ExpectReport(const std::wstring& procedure, const std::wstri
   user.ExpectMsgBox(std::move(box), where);
 }
 
+std::wstring DialogFixture::ReportOf(const std::wstring& procedure) const {
+  return procedure + L" Error [1234]\r\ninjected: " + failedCall_;
+}
+
 void DialogFixture::ExpectInformation(const std::wstring& prompt, Where where) {
   user.ExpectMsgBox({.answer = controls::kResultOk,
                      .prompt = prompt,

@@ -47,9 +47,12 @@ class DialogFixture : public MainWindow {
   // The failure's number. Its text is "injected: " and the call.
   static constexpr long kInjected = 1234;
 
-  // Announces the standard error report of an injected failure. Without a call it may be any.
+  // Announces the standard error report of an injected failure. Without the call that fails, the
+  // text is not compared: compare it afterwards with ReportOf.
   void ExpectReport(const std::wstring& procedure, const std::wstring& call = {},
                     Where where = Where::current());
+  // The text of the report that the failure asked for last has to bring up.
+  std::wstring ReportOf(const std::wstring& procedure) const;
   // Announces a message box with one button, the information icon and the program's title.
   void ExpectInformation(const std::wstring& prompt, Where where = Where::current());
   // Announces the question whether changes are to be thrown away.
