@@ -217,7 +217,7 @@ TEST_F(UserDialogSave, AnyNameIsStoredAsTypedByAnEditAndShownAgain) {
       user.Click(dialog.cmdOK);
     });
     EXPECT_EQ(Column(9, "NAME"), data::ToUtf8(name));
-    EXPECT_EQ(Column(9, "FULLNAME"), " " + data::ToUtf8(name) + " ");
+    EXPECT_EQ(Column(9, "FULLNAME"), data::ToUtf8(L" " + name + L" "));
     Edit(kMartin, [&](frmEditUser& dialog) {
       EXPECT_EQ(dialog.txtUserName.Text(), name);
       EXPECT_EQ(dialog.txtFullName.Text(), name);
