@@ -1,0 +1,288 @@
+#include <gtest/gtest.h>
+
+#include "GroupDialogs.h"
+#include "data/MSQLStatement.h"
+#include "data/Text.h"
+#include "resources/ResourceIds.h"
+
+namespace dialogs_test {
+namespace {
+
+using controls::kResultNo;
+using controls::kResultYes;
+using dialogs::CallerMode;
+using dialogs::frmAddUserInGroup;
+using dialogs::frmEditGroup;
+using dialogs::frmNewGroup;
+
+class AddUsersSave : public GroupDialogs {
+ protected:
+  void MoveRight(frmAddUserInGroup& dialog, std::int32_t userId) {
+    user.Choose(dialog.List1[1], ItemOf(dialog.List1[1], userId));
+    user.Click(dialog.cmdBtn[1]);
+  }
+  void MoveLeft(frmAddUserInGroup& dialog, std::int32_t userId) {
+    user.Choose(dialog.List1[2], ItemOf(dialog.List1[2], userId));
+    user.Click(dialog.cmdBtn[3]);
+  }
+};
+
+TEST_F(AddUsersSave, EachMemberIsLookedUpAndAddedWhereHeIsMissing) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    MoveRight(dialog, 3);
+    MoveRight(dialog, 2);
+    ClearLog();
+    user.Click(dialog.cmdOK);
+    EXPECT_FALSE(dialog.IsLoaded());
+  });
+  Strings calls;
+  for (const std::int32_t member : {9, 34, 38}) {
+    calls.push_back(data::SqlSelectMembership(12, member));
+  }
+  for (const std::int32_t added : {3, 2}) {
+    calls.push_back(data::SqlSelectMembership(12, added));
+    AppendNewRows(calls, data::SqlSelectMembership(12, added), 1);
+  }
+  EXPECT_EQ(log.calls, calls);
+  EXPECT_EQ(MembersOf(12), (Ids{2, 3, 9, 34, 38}));
+  EXPECT_TRUE(exchange.AddNode);
+}
+
+TEST_F(AddUsersSave, AUserAlreadyAMemberIsNotAddedTwice) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    MoveRight(dialog, 3);
+    Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (3, 12)");  // somebody else
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_EQ(MembersOf(12), (Ids{3, 9, 34, 38}));
+  EXPECT_TRUE(exchange.AddNode);
+}
+
+TEST_F(AddUsersSave, OneOfThreeMembersMovedOutKeepsTheMembership) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    MoveLeft(dialog, 34);
+    ClearLog();
+    user.Click(dialog.cmdOK);
+    EXPECT_EQ(log.calls,
+              (Strings{data::SqlSelectMembership(12, 9), data::SqlSelectMembership(12, 38)}));
+  });
+  EXPECT_EQ(MembersOf(12), (Ids{9, 34, 38}));
+  EXPECT_TRUE(exchange.AddNode);
+}
+
+TEST_F(AddUsersSave, AnEmptyRightListDeletesEveryMembershipByAStatementWithTwoBlanks) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    user.Click(dialog.cmdBtn[4]);
+    ClearLog();
+    user.Click(dialog.cmdOK);
+    EXPECT_EQ(log.calls, Strings{L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID =  12"});
+  });
+  EXPECT_EQ(MembersOf(12), Ids{});
+  EXPECT_EQ(MembersOf(6).size(), 4U);
+  EXPECT_TRUE(exchange.AddNode);
+}
+
+TEST_F(AddUsersSave, CancelAsksOnlyAfterAMoveAndWritesNothing) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    exchange.AddNode = true;
+    user.Type(dialog.txtUserName[1], L"mor");
+    user.Click(dialog.cmdCancel);
+    EXPECT_FALSE(dialog.IsLoaded());
+    EXPECT_FALSE(exchange.AddNode);
+  });
+  for (const bool escape : {true, false}) {
+    AddUsers(12, [&](frmAddUserInGroup& dialog) {
+      const auto leave = [&] {
+        if (escape) {
+          user.PressKey(dialog, testing_support::kKeyEscape);
+        } else {
+          user.Close(dialog);
+        }
+      };
+      MoveRight(dialog, 3);
+      exchange.AddNode = true;
+      ClearLog();
+      ExpectDiscardQuestion(kResultNo);
+      leave();
+      ASSERT_TRUE(dialog.IsLoaded());
+      EXPECT_EQ(dialog.List1[2].ListCount(), 4);
+      ExpectDiscardQuestion(kResultYes);
+      leave();
+      EXPECT_FALSE(dialog.IsLoaded());
+      EXPECT_FALSE(exchange.AddNode);
+      EXPECT_TRUE(log.calls.empty());
+    });
+  }
+  EXPECT_EQ(MembersOf(12), (Ids{9, 34, 38}));
+}
+
+TEST_F(AddUsersSave, HelpOpensTopic1205) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    user.Click(dialog.Command1);
+    user.PressKey(dialog, controls::kKeyF1);
+    dialog.Unload();
+  });
+  ASSERT_EQ(user.HelpCalls().size(), 2U);
+  EXPECT_EQ(user.HelpCalls()[0].topic, 1205);
+  EXPECT_EQ(user.HelpCalls()[1].topic, 1205);
+  EXPECT_EQ(user.HelpCalls()[0].formTemplateId, IDD_ADD_USER_IN_GROUP);
+}
+
+TEST_F(AddUsersSave, TheTabKeyGoesThroughTheControlsInOneOrder) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    for (controls::Control* control : std::initializer_list<controls::Control*>{
+             &dialog.txtUserName[1], &dialog.List1[1], &dialog.cmdBtn[1], &dialog.cmdBtn[2],
+             &dialog.cmdBtn[3], &dialog.cmdBtn[4], &dialog.txtUserName[2], &dialog.List1[2],
+             &dialog.cmdOK, &dialog.cmdCancel, &dialog.Command1, &dialog.txtUserName[1]}) {
+      EXPECT_TRUE(control->HasFocus()) << control->Id();
+      user.PressKey(dialog, testing_support::kKeyTab);
+    }
+    user.PressKey(dialog, testing_support::kKeyEscape);
+  });
+}
+
+TEST_F(AddUsersSave, AFailedLoadIsReportedByItsProcedureAndTheDialogDoesNotAppear) {
+  const std::pair<const wchar_t*, std::wstring> faults[] = {
+      {L"List1AddItem", data::SqlSelectAllUsers()},
+      {L"UpdateAddItem", data::SqlSelectGroupUsers(12)}};
+  for (std::size_t position = 0; position < 2; ++position) {
+    FailAtPosition(position);
+    ExpectReport(faults[position].first, faults[position].second);
+    frmAddUserInGroup dialog(exchange);
+    dialog.GroupID = 12;
+    dialog.ShowModal(window);
+    EXPECT_TRUE(HasFailed());
+    EXPECT_FALSE(dialog.IsLoaded());
+    EXPECT_FALSE(exchange.AddNode);
+  }
+}
+
+TEST_F(AddUsersSave, AFailedSaveIsReportedByItsStepAndKeepsWhatWasWrittenBefore) {
+  const std::size_t writes[] = {0, 0, 0, 0, 0, 0, 1, 1, 1};
+  for (std::size_t position = 0; position < 9; ++position) {
+    Raw().Execute("DELETE FROM QRUSGP WHERE GROUPID = 12 AND USERID IN (2, 3)");
+    exchange.AddNode = true;
+    AddUsers(12, [&](frmAddUserInGroup& dialog) {
+      MoveRight(dialog, 3);
+      MoveRight(dialog, 2);
+      FailAtPosition(position);
+      ExpectReport(L"NewUserGroups");
+      user.Click(dialog.cmdOK);
+      EXPECT_TRUE(HasFailed()) << position;
+      EXPECT_FALSE(dialog.IsLoaded());
+    });
+    log.FailAt = {};
+    EXPECT_FALSE(exchange.AddNode);
+    EXPECT_EQ(MembersOf(12).size(), 3 + writes[position]) << position;
+    EXPECT_EQ(user.SeenBoxes().back().prompt,
+              L"NewUserGroups Error [1234]\r\ninjected: " + FailedCall());
+  }
+}
+
+TEST_F(AddUsersSave, AFailedDeletionIsReportedAndDeletesNothing) {
+  exchange.AddNode = true;
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    user.Click(dialog.cmdBtn[4]);
+    FailAtPosition(0);
+    ExpectReport(L"DeleteUserGroups", data::SqlDeleteAllGroupUsers(12));
+    user.Click(dialog.cmdOK);
+    EXPECT_FALSE(dialog.IsLoaded());
+  });
+  EXPECT_FALSE(exchange.AddNode);
+  EXPECT_EQ(MembersOf(12), (Ids{9, 34, 38}));
+}
+
+// The chooser over a group dialog, which alone writes.
+class AddUsersForDialog : public AddUsersSave {};
+
+TEST_F(AddUsersForDialog, OkFillsTheEditDialogsMembersAndWritesNothing) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Type(dialog.txtGroupName, L" Essais ");
+    exchange.AddNode = true;
+    ClearLog();
+    ExpectChooser([this](frmAddUserInGroup& chooser) {
+      EXPECT_EQ(chooser.Mode, CallerMode::kEditDialog);
+      EXPECT_EQ(chooser.Caption(), L"Ajouter des Utilisateurs : Essais");
+      EXPECT_EQ(chooser.GroupID, 12);
+      EXPECT_TRUE(chooser.IsRemoveAdmin);
+      EXPECT_EQ(Texts(chooser.List1[2]), (Strings{L"Martin", L"Clément", L"Œuvrard"}));
+      EXPECT_EQ(chooser.List1[1].ListCount(), 36);
+      MoveLeft(chooser, 34);
+      MoveRight(chooser, 3);
+      user.Click(chooser.cmdOK);
+    });
+    user.Click(dialog.cmdBtn[11]);
+    EXPECT_EQ(log.calls, Strings{data::SqlSelectAllUsers()});
+    EXPECT_TRUE(exchange.AddNode);  // not the chooser's to say
+    EXPECT_EQ(Texts(dialog.List1[1]), (Strings{L"Martin", L"Œuvrard", L"Bernard"}));
+    EXPECT_EQ(DataOf(dialog.List1[1]), (Ids{9, 38, 3}));
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_EQ(MembersOf(12), (Ids{3, 9, 38}));
+}
+
+TEST_F(AddUsersForDialog, AnEmptyRightListEmptiesTheDialogsMembersAndDisablesRemove) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    ExpectChooser([this](frmAddUserInGroup& chooser) {
+      user.Click(chooser.cmdBtn[4]);
+      user.Click(chooser.cmdOK);
+    });
+    user.Click(dialog.cmdBtn[11]);
+    EXPECT_EQ(dialog.List1[1].ListCount(), 0);
+    EXPECT_FALSE(dialog.cmdBtn[21].Enabled());
+    EXPECT_EQ(MembersOf(12).size(), 3U);
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_EQ(MembersOf(12), Ids{});
+}
+
+TEST_F(AddUsersForDialog, CancelEscapeAndCloseBoxLeaveTheMembersWithoutAQuestion) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    for (int way = 0; way < 3; ++way) {
+      ExpectChooser([this, way](frmAddUserInGroup& chooser) {
+        user.Click(chooser.cmdBtn[2]);
+        if (way == 0) user.Click(chooser.cmdCancel);
+        if (way == 1) user.PressKey(chooser, testing_support::kKeyEscape);
+        if (way == 2) user.Close(chooser);
+      });
+      user.Click(dialog.cmdBtn[11]);
+      EXPECT_EQ(DataOf(dialog.List1[1]), (Ids{9, 34, 38}));
+    }
+    user.Click(dialog.cmdCancel);  // nothing has changed
+    EXPECT_FALSE(dialog.IsLoaded());
+  });
+}
+
+TEST_F(AddUsersForDialog, OkWithTheSameMembersIsNoChangeWithOthersItIs) {
+  New([this](frmNewGroup& dialog) {
+    ExpectChooser([this](frmAddUserInGroup& chooser) {
+      EXPECT_EQ(chooser.Mode, CallerMode::kNewDialog);
+      EXPECT_EQ(chooser.Caption(), L"Ajouter des Utilisateurs : ");
+      EXPECT_EQ(chooser.List1[2].ListCount(), 0);
+      user.Click(chooser.cmdOK);
+    });
+    user.Click(dialog.cmdBtn[11]);
+    ExpectChooser([this](frmAddUserInGroup& chooser) {
+      MoveRight(chooser, 9);
+      user.Click(chooser.cmdOK);
+    });
+    user.Click(dialog.cmdBtn[11]);
+    EXPECT_TRUE(dialog.cmdBtn[21].Enabled());
+    ExpectDiscardQuestion(kResultYes);
+    user.Click(dialog.cmdCancel);
+  });
+}
+
+TEST_F(AddUsersForDialog, AChooserThatCannotBeFilledLeavesTheMembersAsTheyWere) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    FailAt(data::SqlSelectAllUsers());
+    ExpectReport(L"List1AddItem", data::SqlSelectAllUsers());
+    user.Click(dialog.cmdBtn[11]);
+    EXPECT_EQ(dialog.List1[1].ListCount(), 3);
+    user.Click(dialog.cmdCancel);
+    EXPECT_FALSE(dialog.IsLoaded());
+  });
+}
+
+}  // namespace
+}  // namespace dialogs_test

@@ -1,0 +1,299 @@
+#include <gtest/gtest.h>
+
+#include "GroupDialogs.h"
+#include "data/MSQLStatement.h"
+#include "resources/ResourceIds.h"
+
+namespace dialogs_test {
+namespace {
+
+using dialogs::frmAddUserInGroup;
+
+class AddUsersToGroup : public GroupDialogs {
+ protected:
+  // Leaves these users alone in the left list, in this order.
+  void KeepUsers(const std::string& ids) {
+    Raw().Execute("UPDATE QRUSER SET VFLG = 'D' WHERE USERID NOT IN (" + ids + ")");
+  }
+  static void ExpectButtons(const frmAddUserInGroup& dialog, bool right, bool left) {
+    EXPECT_EQ(dialog.cmdBtn[1].Enabled(), right);
+    EXPECT_EQ(dialog.cmdBtn[2].Enabled(), right);
+    EXPECT_EQ(dialog.cmdBtn[3].Enabled(), left);
+    EXPECT_EQ(dialog.cmdBtn[4].Enabled(), left);
+  }
+  // Types into a box and tells which name its list has selected.
+  std::wstring Search(frmAddUserInGroup& dialog, int Index, const std::wstring& typed) {
+    user.Focus(dialog.cmdCancel);
+    user.Type(dialog.txtUserName[Index], typed);
+    EXPECT_EQ(dialog.List1[Index].SelCount(), 1);
+    return dialog.List1[Index].List(dialog.List1[Index].ListIndex());
+  }
+  void Leave(frmAddUserInGroup& dialog) {
+    ExpectDiscardQuestion(controls::kResultYes);
+    user.Click(dialog.cmdCancel);
+  }
+};
+
+TEST_F(AddUsersToGroup, ShowsTheMembersOnTheRightAndTheOthersOnTheLeftByName) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    EXPECT_EQ(dialog.Caption(), L"Ajouter des Utilisateurs : Labo");
+    EXPECT_EQ(dialog.lbl1[1].Caption(),
+              L"1 ) Saisissez les premières lettres du nom de l'utilisateur recherché.");
+    EXPECT_EQ(dialog.lbl1[2].Caption(),
+              L"2 ) Sélectionnez la personne souhaitée puis cliquez sur \">\".");
+    EXPECT_EQ(dialog.lbl1[3].Caption(),
+              L"3 ) Saisissez les premières lettres du nom de l'utilisateur recherché.");
+    EXPECT_EQ(dialog.lbl1[4].Caption(),
+              L"4 ) Sélectionnez la personne souhaitée puis cliquez sur \"<\".");
+    EXPECT_EQ(dialog.fraAvailableUser.Caption(), L"Ensemble des Utilisateurs");
+    EXPECT_EQ(dialog.fraSelecteUsers.Caption(), L"Utilisateurs Sélectionnés");
+    EXPECT_EQ(dialog.cmdBtn[1].Caption(), L">");
+    EXPECT_EQ(dialog.cmdBtn[2].Caption(), L">>");
+    EXPECT_EQ(dialog.cmdBtn[3].Caption(), L"<");
+    EXPECT_EQ(dialog.cmdBtn[4].Caption(), L"<<");
+    EXPECT_EQ(dialog.cmdOK.Caption(), L"OK");
+    EXPECT_EQ(dialog.cmdCancel.Caption(), L"Annuler");
+    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{9, 34, 38}));
+    EXPECT_EQ(dialog.List1[1].ListCount(), 36);
+    EXPECT_EQ(dialog.List1[1].List(0), L"Admin");
+    EXPECT_EQ(dialog.List1[1].List(1), L"Bernard");
+    EXPECT_EQ(Selected(dialog.List1[1]), Ids{1});
+    EXPECT_EQ(dialog.List1[1].ListIndex(), 0);
+    EXPECT_EQ(Selected(dialog.List1[2]), Ids{9});
+    ExpectButtons(dialog, true, true);
+    EXPECT_TRUE(dialog.txtUserName[1].HasFocus());
+    EXPECT_EQ(log.calls, (Strings{data::SqlSelectAllUsers(), data::SqlSelectGroupUsers(12)}));
+    user.Click(dialog.cmdCancel);
+  });
+}
+
+TEST_F(AddUsersToGroup, AGroupWithNoMembersHasAnEmptyRightListAndNothingToMoveLeft) {
+  Raw().Execute("DELETE FROM QRUSGP WHERE GROUPID = 12");
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    EXPECT_EQ(dialog.List1[2].ListCount(), 0);
+    EXPECT_EQ(dialog.List1[2].ListIndex(), -1);
+    EXPECT_EQ(dialog.List1[1].ListCount(), 39);
+    ExpectButtons(dialog, true, false);
+    user.Click(dialog.cmdCancel);
+  });
+}
+
+TEST_F(AddUsersToGroup, AGroupWithEverybodyHasAnEmptyLeftList) {
+  AddUsers(2, [this](frmAddUserInGroup& dialog) {
+    EXPECT_EQ(dialog.List1[1].ListCount(), 0);
+    EXPECT_EQ(dialog.List1[2].ListCount(), 39);
+    ExpectButtons(dialog, false, true);
+    user.Click(dialog.cmdCancel);
+  });
+}
+
+TEST_F(AddUsersToGroup, TypingMaSelectsMartinMzMoreauAndZzNothingNew) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    dialog.List1[1].Clear();
+    for (const wchar_t* name : {L"Bernard", L"Martin", L"Moreau"}) dialog.List1[1].AddItem(name);
+    EXPECT_EQ(Search(dialog, 1, L"ma"), L"Martin");
+    EXPECT_EQ(Search(dialog, 1, L"mz"), L"Moreau");
+    EXPECT_EQ(Search(dialog, 1, L"ma"), L"Martin");
+    EXPECT_EQ(Search(dialog, 1, L"zz"), L"Martin");
+    EXPECT_EQ(Search(dialog, 1, L"c"), L"Martin");  // the first that follows
+    EXPECT_EQ(Search(dialog, 1, L"MARTIN"), L"Martin");
+    EXPECT_EQ(Search(dialog, 1, L"martino"), L"Moreau");
+    EXPECT_EQ(Search(dialog, 1, L"  b "), L"Bernard");
+    EXPECT_EQ(Search(dialog, 1, L"mo"), L"Moreau");
+    EXPECT_EQ(Search(dialog, 1, L" "), L"Bernard");
+    dialog.Unload();
+  });
+}
+
+TEST_F(AddUsersToGroup, TypingOverAListOfOneItemSelectsNothing) {
+  KeepUsers("3, 9");
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    for (int Index : {1, 2}) {
+      ASSERT_EQ(dialog.List1[Index].ListCount(), 1);
+      dialog.List1[Index].SetSelected(0, false);
+      user.Type(dialog.txtUserName[Index], L"m");
+      EXPECT_EQ(dialog.List1[Index].SelCount(), 0);
+    }
+    dialog.Unload();
+  });
+}
+
+TEST_F(AddUsersToGroup, TheSearchLooksThroughAccentsAndCase) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    EXPECT_EQ(Search(dialog, 1, L"lefevre"), L"Lefèvre");
+    EXPECT_EQ(Search(dialog, 1, L"MULLER"), L"Müller");
+    EXPECT_EQ(Search(dialog, 1, L"guérin"), L"Guérin");
+    EXPECT_EQ(Search(dialog, 1, L"l'h"), L"L'Hermitte");
+    EXPECT_EQ(Search(dialog, 2, L"oeuv"), L"Œuvrard");
+    EXPECT_EQ(Search(dialog, 2, L"M"), L"Martin");
+    dialog.Unload();
+  });
+}
+
+TEST_F(AddUsersToGroup, OneUserIsMovedRightAndSelectedThere) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    user.Choose(dialog.List1[1], 1);  // Bernard
+    const std::wstring next = dialog.List1[1].List(2);
+    user.Click(dialog.cmdBtn[1]);
+    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{9, 34, 38, 3}));
+    EXPECT_EQ(dialog.List1[2].List(3), L"Bernard");
+    EXPECT_EQ(Selected(dialog.List1[2]), Ids{3});
+    EXPECT_EQ(dialog.List1[2].ListIndex(), 3);
+    EXPECT_EQ(dialog.List1[1].ListCount(), 35);
+    EXPECT_EQ(dialog.List1[1].ListIndex(), 1);
+    EXPECT_EQ(dialog.List1[1].List(1), next);
+    EXPECT_EQ(dialog.List1[1].SelCount(), 1);
+    Leave(dialog);
+  });
+}
+
+TEST_F(AddUsersToGroup, TheLastUserOfAListLeavesTheOneBeforeSelected) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    user.Choose(dialog.List1[2], 2);
+    user.Click(dialog.cmdBtn[3]);
+    EXPECT_EQ(Selected(dialog.List1[2]), Ids{34});
+    EXPECT_EQ(Selected(dialog.List1[1]), Ids{38});
+    EXPECT_EQ(dialog.List1[1].ListIndex(), 36);  // behind the others, as moved
+    Leave(dialog);
+  });
+}
+
+TEST_F(AddUsersToGroup, SeveralUsersAreMovedAtOnceInTheirOrder) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    user.Choose(dialog.List1[1], ItemOf(dialog.List1[1], 3));
+    user.Toggle(dialog.List1[1], ItemOf(dialog.List1[1], 12));
+    user.Toggle(dialog.List1[1], ItemOf(dialog.List1[1], 4));
+    user.Click(dialog.cmdBtn[1]);
+    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{9, 34, 38, 3, 4, 12}));
+    EXPECT_EQ(Selected(dialog.List1[2]), (Ids{3, 4, 12}));
+    EXPECT_EQ(dialog.List1[1].ListCount(), 33);
+    EXPECT_EQ(dialog.List1[1].SelCount(), 1);
+    EXPECT_EQ(dialog.List1[1].ListIndex(), 1);
+    user.Click(dialog.cmdBtn[3]);
+    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{9, 34, 38}));
+    EXPECT_EQ(Selected(dialog.List1[1]), (Ids{3, 4, 12}));
+    EXPECT_EQ(Selected(dialog.List1[2]), Ids{38});
+    Leave(dialog);
+  });
+}
+
+TEST_F(AddUsersToGroup, ADoubleClickMovesAUser) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    user.DoubleClick(dialog.List1[1], 0);
+    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{9, 34, 38, 1}));
+    user.DoubleClick(dialog.List1[2], 0);
+    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{34, 38, 1}));
+    EXPECT_EQ(dialog.List1[1].ItemData(35), 9);
+    Leave(dialog);
+  });
+}
+
+TEST_F(AddUsersToGroup, AllAreMovedInListOrderAndTheButtonsFollow) {
+  KeepUsers("2, 3, 9, 34");
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    EXPECT_EQ(DataOf(dialog.List1[1]), (Ids{3, 2}));
+    user.Click(dialog.cmdBtn[2]);
+    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{9, 34, 3, 2}));
+    EXPECT_EQ(Selected(dialog.List1[2]), (Ids{3, 2}));
+    EXPECT_EQ(dialog.List1[1].ListCount(), 0);
+    ExpectButtons(dialog, false, true);
+    user.Click(dialog.cmdBtn[4]);
+    EXPECT_EQ(DataOf(dialog.List1[1]), (Ids{9, 34, 3, 2}));
+    EXPECT_EQ(dialog.List1[2].ListCount(), 0);
+    ExpectButtons(dialog, true, false);
+    Leave(dialog);
+  });
+}
+
+TEST_F(AddUsersToGroup, NothingSelectedMovesNothingAndIsNoChange) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    dialog.List1[1].SetSelected(0, false);
+    user.Click(dialog.cmdBtn[1]);
+    EXPECT_EQ(dialog.List1[2].ListCount(), 3);
+    user.Click(dialog.cmdCancel);
+    EXPECT_FALSE(dialog.IsLoaded());
+  });
+}
+
+class AdminInAdministrators : public AddUsersToGroup {
+ protected:
+  void ExpectRefusal() {
+    ExpectInformation(L"Impossible de supprimer l'utilisateur de 'Admin' le groupe.");
+  }
+};
+
+TEST_F(AdminInAdministrators, IsRefusedAloneAndStaysSelected) {
+  AddUsers(1, [this](frmAddUserInGroup& dialog) {
+    user.Choose(dialog.List1[2], ItemOf(dialog.List1[2], 1));
+    ExpectRefusal();
+    user.Click(dialog.cmdBtn[3]);
+    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{1, 2}));
+    EXPECT_EQ(Selected(dialog.List1[2]), Ids{1});
+    ExpectRefusal();
+    user.DoubleClick(dialog.List1[2], 0);
+    user.Click(dialog.cmdCancel);  // nothing has changed
+    EXPECT_FALSE(dialog.IsLoaded());
+  });
+}
+
+TEST_F(AdminInAdministrators, StaysWhenSeveralOrAllOthersGo) {
+  AddUsers(1, [this](frmAddUserInGroup& dialog) {
+    user.Choose(dialog.List1[2], 0);
+    user.Toggle(dialog.List1[2], 1);
+    ExpectRefusal();
+    user.Click(dialog.cmdBtn[3]);
+    EXPECT_EQ(DataOf(dialog.List1[2]), Ids{1});
+    EXPECT_EQ(Selected(dialog.List1[2]), Ids{1});
+    EXPECT_EQ(Selected(dialog.List1[1]), Ids{2});
+    ExpectRefusal();
+    user.Click(dialog.cmdBtn[4]);
+    EXPECT_EQ(DataOf(dialog.List1[2]), Ids{1});
+    ExpectButtons(dialog, true, true);
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_EQ(MembersOf(1), (Ids{1, 2}));
+}
+
+TEST_F(AdminInAdministrators, MayLeaveOtherGroups) {
+  AddUsers(2, [this](frmAddUserInGroup& dialog) {
+    user.Click(dialog.cmdBtn[4]);
+    EXPECT_EQ(dialog.List1[2].ListCount(), 0);
+    Leave(dialog);
+  });
+}
+
+TEST_F(AdminInAdministrators, IsNobodyWhereThereIsNoAdmin) {
+  frmAddUserInGroup dialog(exchange);
+  dialog.IsRemoveAdmin = false;
+  dialog.adminUserId = 0;
+  dialog.GroupID = 1;
+  Show<frmAddUserInGroup>(dialog, [this](frmAddUserInGroup& shown) {
+    shown.List1[2].AddItem(L"Personne", 0);
+    user.Click(shown.cmdBtn[4]);
+    EXPECT_EQ(shown.List1[2].ListCount(), 0);
+    Leave(shown);
+  });
+}
+
+TEST_F(AddUsersToGroup, TenThousandUsersAreMovedTogether) {
+  Raw().Execute(
+      "WITH RECURSIVE n(i) AS (SELECT 1000 UNION ALL SELECT i + 1 FROM n WHERE i < 10999) "
+      "INSERT INTO QRUSER (USERID, NAME) SELECT i, 'User ' || i FROM n");
+  Raw().Execute(
+      "INSERT INTO QRUSGP (USERID, GROUPID) SELECT USERID, 12 FROM QRUSER "
+      "WHERE USERID >= 6000");
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    EXPECT_EQ(dialog.List1[1].ListCount(), 5036);
+    EXPECT_EQ(dialog.List1[2].ListCount(), 5003);
+    user.Click(dialog.cmdBtn[2]);
+    EXPECT_EQ(dialog.List1[2].ListCount(), 10039);
+    EXPECT_EQ(dialog.List1[2].SelCount(), 5036);
+    user.Click(dialog.cmdBtn[3]);
+    EXPECT_EQ(dialog.List1[2].ListCount(), 5003);
+    EXPECT_EQ(dialog.List1[1].ListCount(), 5036);
+    Leave(dialog);
+  });
+}
+
+}  // namespace
+}  // namespace dialogs_test

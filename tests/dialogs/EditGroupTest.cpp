@@ -1,0 +1,245 @@
+#include <gtest/gtest.h>
+
+#include "GroupDialogs.h"
+#include "data/MSQLStatement.h"
+
+namespace dialogs_test {
+namespace {
+
+using data::SqlSelectGroup;
+using dialogs::frmEditGroup;
+
+class EditGroup : public GroupDialogs {};
+
+Strings LoadStatements(std::int32_t groupId) {
+  Strings statements = {SqlSelectGroup(groupId), data::SqlSelectGroupUsers(groupId),
+                        data::SqlSelectAllPermissions()};
+  for (int id = 1; id <= 30; ++id) {
+    statements.push_back(data::SqlSelectGroupPermission(groupId, id));
+  }
+  return statements;
+}
+
+Strings SaveCalls(std::int32_t groupId, const Strings& mapped, int members, int permissions) {
+  Strings calls = {L"GetDisplayName 104 Administrators", L"GetDisplayName 104 Everyone",
+                   L"MoveFirst " + SqlSelectGroup(groupId), L"Edit " + SqlSelectGroup(groupId)};
+  calls.insert(calls.end(), mapped.begin(), mapped.end());
+  calls.push_back(L"Update " + SqlSelectGroup(groupId));
+  calls.push_back(data::SqlDeleteGroupMemberships(groupId));
+  calls.push_back(data::SqlSelectGroupMemberships(groupId));
+  AppendNewRows(calls, data::SqlSelectGroupMemberships(groupId), members);
+  calls.push_back(data::SqlDeleteGroupPermissions(groupId));
+  calls.push_back(data::SqlSelectGroupPermRows(groupId));
+  AppendNewRows(calls, data::SqlSelectGroupPermRows(groupId), permissions);
+  return calls;
+}
+
+TEST_F(EditGroup, ShowsTheGroupItsMembersAndItsPermissionsChecked) {
+  Edit(12, [](frmEditGroup& dialog) {
+    EXPECT_EQ(dialog.Caption(), L"Modifier le Groupe");
+    EXPECT_EQ(dialog.lblGroupName.Caption(), L"Groupe :");
+    EXPECT_EQ(dialog.txtGroupName.Text(), L"Laboratoire");
+    EXPECT_EQ(dialog.lblDesc.Caption(), L"Description :");
+    EXPECT_EQ(dialog.txtDesc.Text(), L"Mesures et essais");
+    EXPECT_EQ(dialog.fraMembers.Caption(), L"Membres");
+    EXPECT_EQ(Texts(dialog.List1[1]), (Strings{L"Martin", L"Clément", L"Œuvrard"}));
+    EXPECT_EQ(DataOf(dialog.List1[1]), (Ids{9, 34, 38}));
+    EXPECT_EQ(dialog.fraGroupPermission.Caption(), L"Droits du Groupe");
+    EXPECT_EQ(dialog.List1[2].ListCount(), 30);
+    EXPECT_EQ(dialog.List1[2].List(19), L"Saisir un relevé de contrôle");
+    EXPECT_EQ(Selected(dialog.List1[2]), Ids{20});
+    EXPECT_EQ(dialog.cmdBtn[11].Caption(), L"&Affecter...");
+    EXPECT_EQ(dialog.cmdBtn[12].Caption(), L"&Tous");
+    EXPECT_EQ(dialog.cmdBtn[21].Caption(), L"Supp&rimer...");
+    EXPECT_EQ(dialog.cmdBtn[22].Caption(), L"&Aucun");
+    EXPECT_EQ(dialog.cmdOK.Caption(), L"OK");
+    EXPECT_EQ(dialog.cmdCancel.Caption(), L"Annuler");
+    EXPECT_EQ(dialog.Command1.Caption(), L"A&ide");
+    EXPECT_TRUE(dialog.IsRemoveAdmin);
+    ExpectNameSelected(dialog);
+    dialog.Unload();
+  });
+}
+
+TEST_F(EditGroup, LoadsByTheseStatementsInThisOrder) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    EXPECT_EQ(log.statements, LoadStatements(12));
+    EXPECT_EQ(log.calls, [] {
+      Strings calls = LoadStatements(12);
+      calls.insert(calls.begin() + 1,
+                   {L"GetDisplayName 104 Laboratoire", L"GetDisplayName 105 Mesures et essais"});
+      calls.push_back(L"GetDisplayName 114 Laboratoire");
+      return calls;
+    }());
+    dialog.Unload();
+  });
+}
+
+TEST_F(EditGroup, ABlankDescriptionIsNotMappedAndShownEmpty) {
+  Edit(9, [this](frmEditGroup& dialog) {
+    EXPECT_EQ(dialog.txtDesc.Text(), L"");
+    EXPECT_EQ(log.serverCalls,
+              (Strings{L"GetDisplayName 104 Achats", L"GetDisplayName 114 Achats"}));
+    dialog.Unload();
+  });
+}
+
+TEST_F(EditGroup, NamesWithBlanksAroundAreShownTrimmed) {
+  Raw().Execute("UPDATE QRGROUP SET NAME = '  Labo  ', DESCR = '  Essais ' WHERE GROUPID = 12");
+  Raw().Execute("UPDATE QRUSER SET NAME = ' Martin ' WHERE USERID = 9");
+  Edit(12, [](frmEditGroup& dialog) {
+    EXPECT_EQ(dialog.txtGroupName.Text(), L"Labo");
+    EXPECT_EQ(dialog.txtDesc.Text(), L"Essais");
+    EXPECT_EQ(dialog.List1[1].List(0), L"Martin");
+    dialog.Unload();
+  });
+}
+
+TEST_F(EditGroup, OkWithoutAChangeWritesEverythingAnewAndHandsBack) {
+  exchange.accountGone = true;
+  Edit(12, [this](frmEditGroup& dialog) {
+    ClearLog();
+    user.Click(dialog.cmdOK);
+    EXPECT_FALSE(dialog.IsLoaded());
+    EXPECT_EQ(log.calls, SaveCalls(12, {L"GetDisplayName 0 Mesures et essais"}, 3, 1));
+  });
+  EXPECT_EQ(RowOf(12), (std::vector<std::string>{"Laboratoire", "Mesures et essais"}));
+  EXPECT_EQ(MembersOf(12), (Ids{9, 34, 38}));
+  EXPECT_EQ(PermissionsOf(12), Ids{20});
+  EXPECT_TRUE(exchange.AddNode);
+  EXPECT_FALSE(exchange.accountGone);
+  EXPECT_EQ(exchange.GroupID, 12);
+  EXPECT_EQ(exchange.GroupName, L"Laboratoire (Mesures et essais)");
+}
+
+TEST_F(EditGroup, EveryFieldAndListIsWritten) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Type(dialog.txtGroupName, L"  Essais ");
+    user.Type(dialog.txtDesc, L" Contrôle final  ");
+    user.Choose(dialog.List1[1], 1);
+    user.Click(dialog.cmdBtn[21]);
+    user.Toggle(dialog.List1[2], 19);
+    user.Toggle(dialog.List1[2], 0);
+    user.Toggle(dialog.List1[2], 29);
+    ClearLog();
+    user.Click(dialog.cmdOK);
+    EXPECT_EQ(log.calls, SaveCalls(12, {L"GetDisplayName 0 Contrôle final"}, 2, 2));
+  });
+  EXPECT_EQ(RowOf(12), (std::vector<std::string>{"Essais", "Contrôle final"}));
+  EXPECT_EQ(MembersOf(12), (Ids{9, 38}));
+  EXPECT_EQ(PermissionsOf(12), (Ids{1, 30}));
+  EXPECT_EQ(exchange.GroupName, L"Essais (Contrôle final)");
+}
+
+TEST_F(EditGroup, ADescriptionOfBlanksIsStoredAsNullAndNotShown) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Type(dialog.txtDesc, L"   ");
+    ClearLog();
+    user.Click(dialog.cmdOK);
+    EXPECT_EQ(log.calls, SaveCalls(12, {}, 3, 1));
+  });
+  EXPECT_EQ(RowOf(12), (std::vector<std::string>{"Laboratoire", "NULL"}));
+  EXPECT_EQ(exchange.GroupName, L"Laboratoire");
+}
+
+TEST_F(EditGroup, AllAndNoneCheckAndUncheckEveryPermission) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Click(dialog.cmdBtn[12]);
+    EXPECT_EQ(dialog.List1[2].SelCount(), 30);
+    user.Click(dialog.cmdBtn[22]);
+    EXPECT_EQ(dialog.List1[2].SelCount(), 0);
+    user.Click(dialog.cmdBtn[12]);
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_EQ(PermissionsOf(12).size(), 30U);
+}
+
+TEST_F(EditGroup, RemovingMembersGoesOnToTheNextAndEndsWithADisabledButton) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    EXPECT_TRUE(dialog.cmdBtn[21].Enabled());
+    user.Click(dialog.cmdBtn[21]);
+    EXPECT_EQ(dialog.List1[1].ListCount(), 3);  // nobody was selected
+    user.Choose(dialog.List1[1], 1);
+    user.Click(dialog.cmdBtn[21]);
+    EXPECT_EQ(Selected(dialog.List1[1]), Ids{38});
+    user.Click(dialog.cmdBtn[21]);
+    EXPECT_EQ(Selected(dialog.List1[1]), Ids{9});
+    user.Click(dialog.cmdBtn[21]);
+    EXPECT_EQ(dialog.List1[1].ListCount(), 0);
+    EXPECT_FALSE(dialog.cmdBtn[21].Enabled());
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_EQ(MembersOf(12), Ids{});
+}
+
+TEST_F(EditGroup, AGroupWithoutMembersStartsWithRemoveDisabled) {
+  Raw().Execute("DELETE FROM QRUSGP WHERE GROUPID = 12");
+  Edit(12, [](frmEditGroup& dialog) {
+    EXPECT_FALSE(dialog.cmdBtn[21].Enabled());
+    dialog.Unload();
+  });
+}
+
+TEST_F(EditGroup, AdminMayBeTakenOutOfAnOrdinaryGroup) {
+  Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (1, 12)");
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Choose(dialog.List1[1], ItemOf(dialog.List1[1], 1));
+    user.Click(dialog.cmdBtn[21]);
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_EQ(MembersOf(12), (Ids{9, 34, 38}));
+}
+
+TEST_F(EditGroup, TheRefusalNamesAdminAndLeavesHimWhereHeMustStay) {
+  Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (1, 12)");
+  Edit(12, [this](frmEditGroup& dialog) {
+    dialog.IsRemoveAdmin = false;
+    const int admin = ItemOf(dialog.List1[1], 1);
+    user.Choose(dialog.List1[1], admin);
+    ExpectInformation(L"Impossible de supprimer l'utilisateur de 'Admin' le groupe.");
+    user.Click(dialog.cmdBtn[21]);
+    EXPECT_EQ(dialog.List1[1].ListCount(), 4);
+    EXPECT_EQ(dialog.List1[1].ListIndex(), admin);
+    EXPECT_TRUE(dialog.cmdBtn[21].Enabled());
+    user.Choose(dialog.List1[1], ItemOf(dialog.List1[1], 9));
+    user.Click(dialog.cmdBtn[21]);
+    EXPECT_EQ(dialog.List1[1].ListCount(), 3);
+    dialog.cmdOK.Click();
+  });
+  EXPECT_EQ(MembersOf(12), (Ids{1, 34, 38}));
+}
+
+TEST_F(EditGroup, NobodyIsKeptFromWritingWhileTheDialogIsOpen) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    Raw().Execute("UPDATE QRGROUP SET DESCR = 'autre' WHERE GROUPID = 12");
+    Raw().Execute("DELETE FROM QRUSGP WHERE GROUPID = 12 AND USERID = 9");
+    Raw().Execute("INSERT INTO QRGPRM (GROUPID, PERMID) VALUES (12, 5)");
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_TRUE(exchange.AddNode);
+  EXPECT_EQ(RowOf(12), (std::vector<std::string>{"Laboratoire", "Mesures et essais"}));
+  EXPECT_EQ(MembersOf(12), (Ids{9, 34, 38}));
+  EXPECT_EQ(PermissionsOf(12), Ids{20});
+}
+
+TEST_F(EditGroup, AGroupThatIsGoneByThenIsToldAndItsLinksAreLeftAlone) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    Raw().Execute("UPDATE QRGROUP SET NAME = 'Laboratoire(12)', VFLG = 'D' WHERE GROUPID = 12");
+    exchange.AddNode = true;
+    user.Choose(dialog.List1[1], 0);
+    user.Click(dialog.cmdBtn[21]);
+    ClearLog();
+    user.Click(dialog.cmdOK);
+    EXPECT_FALSE(dialog.IsLoaded());
+    EXPECT_EQ(log.calls,
+              (Strings{L"GetDisplayName 104 Administrators", L"GetDisplayName 104 Everyone",
+                       L"MoveFirst " + SqlSelectGroup(12)}));
+  });
+  EXPECT_FALSE(exchange.AddNode);
+  EXPECT_TRUE(exchange.accountGone);
+  EXPECT_EQ(MembersOf(12), (Ids{9, 34, 38}));
+  EXPECT_EQ(RowOf(12)[0], "Laboratoire(12)");
+}
+
+}  // namespace
+}  // namespace dialogs_test

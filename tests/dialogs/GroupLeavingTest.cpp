@@ -1,0 +1,216 @@
+#include <gtest/gtest.h>
+
+#include "GroupDialogs.h"
+#include "app/MShowHelp.h"
+#include "resources/ResourceIds.h"
+
+namespace dialogs_test {
+namespace {
+
+using controls::kResultNo;
+using controls::kResultYes;
+using dialogs::frmAddUserInGroup;
+using dialogs::frmEditGroup;
+using dialogs::frmNewGroup;
+using dialogs::GroupDialog;
+
+// How the group dialogs are left without OK, and how they are used by keyboard alone.
+class GroupLeaving : public GroupDialogs {
+ protected:
+  // Whether Cancel asks; the dialog is left in any case.
+  void ExpectAsks(bool asks, GroupDialog& dialog) {
+    if (asks) ExpectDiscardQuestion(kResultYes);
+    exchange.AddNode = true;
+    ClearLog();
+    user.Click(dialog.cmdCancel);
+    EXPECT_FALSE(dialog.IsLoaded());
+    EXPECT_FALSE(exchange.AddNode);
+    EXPECT_TRUE(log.calls.empty());
+  }
+};
+
+TEST_F(GroupLeaving, CancelRightAfterOpeningClosesWithoutAQuestion) {
+  Edit(12, [this](frmEditGroup& dialog) { ExpectAsks(false, dialog); });
+  Edit(1, [this](frmEditGroup& dialog) { ExpectAsks(false, dialog); });
+  New([this](frmNewGroup& dialog) { ExpectAsks(false, dialog); });
+}
+
+TEST_F(GroupLeaving, EveryEditMakesCancelAsk) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Type(dialog.txtGroupName, L"x");
+    ExpectAsks(true, dialog);
+  });
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Type(dialog.txtDesc, L"x");
+    ExpectAsks(true, dialog);
+  });
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Toggle(dialog.List1[2], 3);
+    user.Toggle(dialog.List1[2], 3);
+    ExpectAsks(true, dialog);
+  });
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Click(dialog.cmdBtn[12]);
+    ExpectAsks(true, dialog);
+  });
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Choose(dialog.List1[1], 0);
+    user.Click(dialog.cmdBtn[21]);
+    ExpectAsks(true, dialog);
+  });
+}
+
+TEST_F(GroupLeaving, WhatChangesNothingDoesNotMakeCancelAsk) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Choose(dialog.List1[1], 1);
+    user.Choose(dialog.List1[2], 1);
+    user.Focus(dialog.txtDesc);
+    ExpectAsks(false, dialog);
+  });
+  New([this](frmNewGroup& dialog) {
+    user.Click(dialog.cmdBtn[22]);
+    ExpectAsks(false, dialog);
+  });
+}
+
+TEST_F(GroupLeaving, NoKeepsTheDialogAndItsChanges) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Type(dialog.txtGroupName, L"Essais");
+    for (int time = 0; time < 2; ++time) {
+      ExpectDiscardQuestion(kResultNo);
+      user.Click(dialog.cmdCancel);
+      ASSERT_TRUE(dialog.IsLoaded());
+      EXPECT_EQ(dialog.txtGroupName.Text(), L"Essais");
+    }
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_TRUE(exchange.AddNode);
+  EXPECT_EQ(RowOf(12)[0], "Essais");
+}
+
+TEST_F(GroupLeaving, EscapeAndTheCloseBoxAskTheSameOnce) {
+  for (const bool escape : {true, false}) {
+    Edit(12, [&](frmEditGroup& dialog) {
+      const auto leave = [&] {
+        if (escape) {
+          user.PressKey(dialog, testing_support::kKeyEscape);
+        } else {
+          user.Close(dialog);
+        }
+      };
+      user.Type(dialog.txtDesc, L"x");
+      exchange.AddNode = true;
+      ExpectDiscardQuestion(kResultNo);
+      leave();
+      ASSERT_TRUE(dialog.IsLoaded());
+      ExpectDiscardQuestion(kResultYes);
+      leave();
+      EXPECT_FALSE(dialog.IsLoaded());
+      EXPECT_FALSE(exchange.AddNode);
+    });
+  }
+  EXPECT_EQ(user.SeenBoxes().size(), 4U);
+  EXPECT_EQ(RowOf(12)[1], "Mesures et essais");
+}
+
+TEST_F(GroupLeaving, ADialogCanBeShownAgainAndForgetsWhatWasDiscarded) {
+  frmEditGroup dialog(exchange);
+  dialog.GroupID = 12;
+  for (int time = 0; time < 2; ++time) {
+    Show<frmEditGroup>(dialog, [this](frmEditGroup& shown) {
+      EXPECT_EQ(shown.txtGroupName.Text(), L"Laboratoire");
+      EXPECT_EQ(shown.List1[1].ListCount(), 3);
+      user.Type(shown.txtGroupName, L"Essais");
+      ExpectAsks(true, shown);
+    });
+  }
+}
+
+TEST_F(GroupLeaving, AGroupIsCreatedByKeyboardAlone) {
+  New([this](frmNewGroup& dialog) {
+    user.Type(dialog.txtGroupName, L"Essais");
+    user.PressKey(dialog, testing_support::kKeyTab);
+    EXPECT_TRUE(dialog.txtDesc.HasFocus());
+    user.PressKey(dialog, testing_support::kKeyTab);
+    EXPECT_TRUE(dialog.List1[1].HasFocus());
+    ExpectChooser([this](frmAddUserInGroup& chooser) {
+      EXPECT_TRUE(chooser.txtUserName[1].HasFocus());
+      user.Type(chooser.txtUserName[1], L"mart");
+      user.PressKey(chooser, testing_support::kKeyTab);
+      EXPECT_TRUE(chooser.List1[1].HasFocus());
+      user.PressKey(chooser, testing_support::kKeyTab);
+      EXPECT_TRUE(chooser.cmdBtn[1].HasFocus());
+      user.PressKey(chooser, testing_support::kKeySpace);
+      user.Focus(chooser.txtUserName[2]);
+      user.PressKey(chooser, testing_support::kKeyEnter);
+    });
+    user.PressKey(dialog, testing_support::kKeyTab);
+    EXPECT_TRUE(dialog.cmdBtn[11].HasFocus());
+    user.PressKey(dialog, testing_support::kKeySpace);
+    EXPECT_EQ(Texts(dialog.List1[1]), Strings{L"Martin"});
+    user.PressKey(dialog, testing_support::kKeyTab);
+    EXPECT_TRUE(dialog.cmdBtn[21].HasFocus());
+    user.PressKey(dialog, testing_support::kKeyTab);
+    EXPECT_TRUE(dialog.List1[2].HasFocus());
+    user.Mnemonic(dialog, L't');
+    user.Focus(dialog.txtGroupName);
+    user.PressKey(dialog, testing_support::kKeyEnter);
+    EXPECT_FALSE(dialog.IsLoaded());
+  });
+  EXPECT_EQ(RowOf(13)[0], "Essais");
+  EXPECT_EQ(MembersOf(13), Ids{9});
+  EXPECT_EQ(PermissionsOf(13).size(), 30U);
+}
+
+TEST_F(GroupLeaving, TheTabKeyGoesThroughTheControlsInOneOrder) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    for (controls::Control* control : std::initializer_list<controls::Control*>{
+             &dialog.txtGroupName, &dialog.txtDesc, &dialog.List1[1], &dialog.cmdBtn[11],
+             &dialog.cmdBtn[21], &dialog.List1[2], &dialog.cmdBtn[12], &dialog.cmdBtn[22],
+             &dialog.cmdOK, &dialog.cmdCancel, &dialog.Command1, &dialog.txtGroupName}) {
+      EXPECT_TRUE(control->HasFocus()) << control->Id();
+      user.PressKey(dialog, testing_support::kKeyTab);
+    }
+    user.PressKey(dialog, testing_support::kKeyEscape);
+  });
+}
+
+TEST_F(GroupLeaving, TextsAreSelectedWhenTheyGetTheFocus) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Focus(dialog.txtDesc);
+    EXPECT_EQ(dialog.txtDesc.SelStart(), 0);
+    EXPECT_EQ(dialog.txtDesc.SelLength(), 17);
+    dialog.Unload();
+  });
+}
+
+TEST_F(GroupLeaving, HelpOpensTheDialogsOwnTopicFromTheButtonAndF1) {
+  New([this](frmNewGroup& dialog) {
+    user.Click(dialog.Command1);
+    user.PressKey(dialog, controls::kKeyF1);
+    dialog.Unload();
+  });
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Click(dialog.Command1);
+    user.PressKey(dialog, controls::kKeyF1);
+    dialog.Unload();
+  });
+  ASSERT_EQ(user.HelpCalls().size(), 4U);
+  EXPECT_EQ(user.HelpCalls()[0].topic, 1203);
+  EXPECT_EQ(user.HelpCalls()[1].topic, 1203);
+  EXPECT_EQ(user.HelpCalls()[0].formTemplateId, IDD_NEW_GROUP);
+  EXPECT_EQ(user.HelpCalls()[2].topic, 1204);
+  EXPECT_EQ(user.HelpCalls()[3].topic, 1204);
+}
+
+TEST_F(GroupLeaving, ALocaleWithAFontOfItsOwnGetsItInEveryControl) {
+  user.SetLcid(1041);
+  Edit(12, [this](frmEditGroup& dialog) {
+    EXPECT_EQ(user.FontOf(dialog.txtGroupName).charset, 128);
+    EXPECT_EQ(user.FontOf(dialog.List1[2]).size, 9);
+    dialog.Unload();
+  });
+}
+
+}  // namespace
+}  // namespace dialogs_test

@@ -1,0 +1,121 @@
+#include <gtest/gtest.h>
+
+#include "GroupDialogs.h"
+#include "data/MSQLStatement.h"
+
+namespace dialogs_test {
+namespace {
+
+using dialogs::frmAddUserInGroup;
+using dialogs::frmEditGroup;
+
+class ProtectedGroup : public GroupDialogs {};
+
+TEST_F(ProtectedGroup, EveryoneShownAsToutLeMondeHasNameMembersAssignAndAllDisabled) {
+  Edit(2, [this](frmEditGroup& dialog) {
+    EXPECT_EQ(dialog.txtGroupName.Text(), L"Tout le monde");
+    EXPECT_EQ(dialog.txtDesc.Text(), L"Tous les utilisateurs");
+    EXPECT_FALSE(dialog.txtGroupName.Enabled());
+    EXPECT_FALSE(dialog.List1[1].Enabled());
+    EXPECT_FALSE(dialog.cmdBtn[11].Enabled());
+    EXPECT_FALSE(dialog.cmdBtn[12].Enabled());
+    EXPECT_TRUE(dialog.List1[2].Enabled());
+    EXPECT_TRUE(dialog.cmdBtn[21].Enabled());
+    EXPECT_TRUE(dialog.cmdBtn[22].Enabled());
+    EXPECT_TRUE(dialog.txtDesc.HasFocus());
+    EXPECT_TRUE(dialog.IsRemoveAdmin);
+    EXPECT_FALSE(user.TryChoose(dialog.List1[1], 0));
+    user.Click(dialog.cmdBtn[21]);
+    EXPECT_EQ(dialog.List1[1].ListCount(), 39);
+    dialog.Unload();
+  });
+}
+
+TEST_F(ProtectedGroup, EveryoneIsStoredUnderItsOwnNameAndDescription) {
+  Edit(2, [this](frmEditGroup& dialog) {
+    user.Click(dialog.cmdBtn[22]);
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_EQ(RowOf(2), (std::vector<std::string>{"Everyone", "All users"}));
+  EXPECT_EQ(MembersOf(2).size(), 39U);
+  EXPECT_EQ(PermissionsOf(2), Ids{});
+  EXPECT_EQ(exchange.GroupName, L"Tout le monde (Tous les utilisateurs)");
+  EXPECT_TRUE(exchange.AddNode);
+}
+
+TEST_F(ProtectedGroup, AdministratorsHasNamePermissionsRemoveAndNoneDisabledAndGuardsAdmin) {
+  Edit(1, [](frmEditGroup& dialog) {
+    EXPECT_EQ(dialog.txtGroupName.Text(), L"Administrateurs");
+    EXPECT_FALSE(dialog.txtGroupName.Enabled());
+    EXPECT_TRUE(dialog.List1[1].Enabled());
+    EXPECT_TRUE(dialog.cmdBtn[11].Enabled());
+    EXPECT_TRUE(dialog.cmdBtn[12].Enabled());
+    EXPECT_FALSE(dialog.List1[2].Enabled());
+    EXPECT_FALSE(dialog.cmdBtn[21].Enabled());
+    EXPECT_FALSE(dialog.cmdBtn[22].Enabled());
+    EXPECT_FALSE(dialog.IsRemoveAdmin);
+    dialog.Unload();
+  });
+}
+
+TEST_F(ProtectedGroup, RemoveStaysDisabledForAdministratorsAfterAnyOtherButton) {
+  Edit(1, [this](frmEditGroup& dialog) {
+    user.Click(dialog.cmdBtn[12]);
+    EXPECT_FALSE(dialog.cmdBtn[21].Enabled());
+    ExpectChooser([this](frmAddUserInGroup& chooser) { user.Click(chooser.cmdOK); });
+    user.Click(dialog.cmdBtn[11]);
+    EXPECT_FALSE(dialog.cmdBtn[21].Enabled());
+    ExpectDiscardQuestion(controls::kResultYes);
+    user.Click(dialog.cmdCancel);
+  });
+}
+
+TEST_F(ProtectedGroup, AdminCannotBeMovedOutOfAdministratorsThroughTheChooserEither) {
+  Edit(1, [this](frmEditGroup& dialog) {
+    ExpectChooser([this](frmAddUserInGroup& chooser) {
+      EXPECT_FALSE(chooser.IsRemoveAdmin);
+      EXPECT_EQ(chooser.adminUserId, 1);
+      ExpectInformation(L"Impossible de supprimer l'utilisateur de 'Admin' le groupe.");
+      user.Click(chooser.cmdBtn[4]);
+      EXPECT_EQ(DataOf(chooser.List1[2]), Ids{1});
+      user.Click(chooser.cmdOK);
+    });
+    user.Click(dialog.cmdBtn[11]);
+    EXPECT_EQ(DataOf(dialog.List1[1]), Ids{1});
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_EQ(MembersOf(1), Ids{1});
+  EXPECT_EQ(RowOf(1),
+            (std::vector<std::string>{"Administrators", "Full control of the application"}));
+  EXPECT_EQ(PermissionsOf(1), (Ids{1, 29, 30}));
+}
+
+TEST_F(ProtectedGroup, WithoutDisplayFormsTheNamesThemselvesAreRecognised) {
+  Raw().Execute("DELETE FROM QRDISPLAY");
+  Start();
+  Edit(2, [](frmEditGroup& dialog) {
+    EXPECT_EQ(dialog.txtGroupName.Text(), L"Everyone");
+    EXPECT_FALSE(dialog.txtGroupName.Enabled());
+    EXPECT_FALSE(dialog.List1[1].Enabled());
+    dialog.Unload();
+  });
+  Edit(1, [this](frmEditGroup& dialog) {
+    EXPECT_EQ(dialog.txtGroupName.Text(), L"Administrators");
+    EXPECT_FALSE(dialog.List1[2].Enabled());
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_EQ(RowOf(1)[0], "Administrators");
+}
+
+TEST_F(ProtectedGroup, AnotherCaseIsAnotherGroup) {
+  Raw().Execute("UPDATE QRGROUP SET NAME = 'administrators' WHERE GROUPID = 12");
+  Edit(12, [](frmEditGroup& dialog) {
+    EXPECT_TRUE(dialog.txtGroupName.Enabled());
+    EXPECT_TRUE(dialog.List1[2].Enabled());
+    EXPECT_TRUE(dialog.IsRemoveAdmin);
+    dialog.Unload();
+  });
+}
+
+}  // namespace
+}  // namespace dialogs_test
