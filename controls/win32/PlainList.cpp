@@ -34,7 +34,15 @@ struct PlainList : ListBoxPeer {
       Send(LB_SETCARETINDEX, static_cast<WPARAM>(index), FALSE);
     }
   }
-  void ShowSelected(int item) override { Send(LB_SETSEL, Selected(item), item); }
+  // LB_SETSEL would also put the caret on an item that it selects, and scroll to it: thousands of
+  // items selected in a row would scroll thousands of times.
+  void ShowSelected(int item) override {
+    if (Selected(item)) {
+      Send(LB_SELITEMRANGEEX, static_cast<WPARAM>(item), item);
+    } else {
+      Send(LB_SETSEL, FALSE, item);
+    }
+  }
 
   void Command(int code) override {
     if (code == LBN_SELCHANGE && TakeOver()) RaiseClick();
