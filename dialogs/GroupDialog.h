@@ -70,6 +70,8 @@ class GroupDialog : public EditingDialog {
 
   // The member named Admin; 0 while there is none.
   std::int32_t adminUserId_ = 0;
+  // The name that a save has written.
+  std::wstring storedName_;
   // Set for a group whose members cannot be taken out here.
   bool keepsMembers_ = false;
 

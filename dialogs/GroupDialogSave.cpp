@@ -35,6 +35,7 @@ void GroupDialog::HandBack() {
   exchange_.GroupID = GroupID;
   exchange_.GroupName = TypedName();
   if (!description.empty()) exchange_.GroupName += L" (" + description + L")";
+  exchange_.StoredName = storedName_;
   exchange_.AddNode = true;
 }
 

@@ -39,10 +39,9 @@ void AddSelected(ListBox& list, const std::vector<ListItem>& items) {
   const ListBox::Update update(list);
   for (int i = 0; list.SelCount() > 0; ++i) list.SetSelected(i, false);
   for (const ListItem& item : items) {
-    const int added = list.AddItem(item.text, item.itemData);
-    list.SetSelected(added, true);
-    list.SetListIndex(added);
+    list.SetSelected(list.AddItem(item.text, item.itemData), true);
   }
+  list.SetListIndex(list.ListCount() - 1);
 }
 
 }  // namespace

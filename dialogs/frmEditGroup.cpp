@@ -127,14 +127,13 @@ bool frmEditGroup::EditGroup() {
 
 // False when the group has no row any more.
 bool frmEditGroup::RewriteRow() {
-  const StoredGroupName stored(Server());
+  storedName_ = StoredGroupName(Server()).Of(TypedName());
   const std::wstring description = TypedDescription();
   bool written = false;
   for (group_->MoveFirst(); !group_->EndOfRows(); group_->MoveNext()) {
     if (group_->Column(0).Integer() != GroupID) continue;
     group_->Edit();
-    exchange_.StoredName = stored.Of(TypedName());
-    group_->SetColumn(L"NAME", exchange_.StoredName);
+    group_->SetColumn(L"NAME", storedName_);
     data::FieldValue newDescription;
     if (!description.empty()) {
       newDescription = Server().GetDisplayName(description, kDescriptionToStore);

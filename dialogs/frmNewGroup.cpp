@@ -50,13 +50,13 @@ ExitStatus frmNewGroup::UpdateTransaction() {
 // alone, and so are its members.
 bool frmNewGroup::NewGroup() {
   try {
-    const StoredGroupName stored(Server());
+    storedName_ = StoredGroupName(Server()).Of(TypedName());
     GroupID = Server().NewIdentifier(L"QRGPRN");
     const auto rows = Connection().OpenResultSet(data::SqlSelectGroup(GroupID));
     if (!rows->EndOfRows()) throw data::RunTimeError(data::kKeyAlreadyUsed);
     rows->AddNew();
     rows->SetColumn(L"GROUPID", GroupID);
-    rows->SetColumn(L"NAME", stored.Of(TypedName()));
+    rows->SetColumn(L"NAME", storedName_);
     if (!TypedDescription().empty()) rows->SetColumn(L"DESCR", txtDesc.Text());
     rows->Update();
     rows->Close();

@@ -129,6 +129,7 @@ TEST_F(EditGroup, EveryFieldAndListIsWritten) {
   EXPECT_EQ(MembersOf(12), (Ids{9, 38}));
   EXPECT_EQ(PermissionsOf(12), (Ids{1, 30}));
   EXPECT_EQ(exchange.GroupName, L"Essais (Contrôle final)");
+  EXPECT_EQ(exchange.StoredName, L"Essais");
 }
 
 TEST_F(EditGroup, ADescriptionOfBlanksIsStoredAsNullAndNotShown) {
@@ -238,6 +239,18 @@ TEST_F(EditGroup, AGroupThatIsGoneByThenIsToldAndItsLinksAreLeftAlone) {
   EXPECT_FALSE(exchange.AddNode);
   EXPECT_TRUE(exchange.accountGone);
   EXPECT_EQ(MembersOf(12), (Ids{9, 34, 38}));
+  EXPECT_EQ(RowOf(12)[0], "Laboratoire(12)");
+}
+
+TEST_F(EditGroup, AGroupThatIsGoneBeforeTheDialogOpensIsShownEmptyAndToldOnOk) {
+  Raw().Execute("UPDATE QRGROUP SET NAME = 'Laboratoire(12)', VFLG = 'D' WHERE GROUPID = 12");
+  Edit(12, [this](frmEditGroup& dialog) {
+    EXPECT_EQ(dialog.txtGroupName.Text(), L"");
+    user.Type(dialog.txtGroupName, L"Laboratoire");
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_FALSE(exchange.AddNode);
+  EXPECT_TRUE(exchange.accountGone);
   EXPECT_EQ(RowOf(12)[0], "Laboratoire(12)");
 }
 

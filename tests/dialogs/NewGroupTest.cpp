@@ -70,6 +70,7 @@ TEST_F(NewGroup, WritesRowMembersAndPermissionsInThisOrder) {
   EXPECT_TRUE(exchange.AddNode);
   EXPECT_EQ(exchange.GroupID, 13);
   EXPECT_EQ(exchange.GroupName, L"Qualité Annecy (Contrôle final)");
+  EXPECT_EQ(exchange.StoredName, L"Qualité Annecy");
 }
 
 TEST_F(NewGroup, ADescriptionOfBlanksIsLeftEmpty) {

@@ -40,6 +40,7 @@ TEST_F(ProtectedGroup, EveryoneIsStoredUnderItsOwnNameAndDescription) {
   EXPECT_EQ(MembersOf(2).size(), 39U);
   EXPECT_EQ(PermissionsOf(2), Ids{});
   EXPECT_EQ(exchange.GroupName, L"Tout le monde (Tous les utilisateurs)");
+  EXPECT_EQ(exchange.StoredName, L"Everyone");
   EXPECT_TRUE(exchange.AddNode);
 }
 
