@@ -7,6 +7,7 @@
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
 #include "tests/program/ProgramTest.h"
+#include "tests/program/Texts.h"
 #include "tests/program/driver/Keyboard.h"
 
 namespace program {

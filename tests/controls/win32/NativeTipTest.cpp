@@ -114,6 +114,23 @@ TEST_F(NativeTip, IsNotAskedForInTheMiddleOfAChange) {
   EXPECT_EQ(user.TipOf(tree, adam), L"");
 }
 
+// What a system makes of descriptions cannot be read back everywhere; here they must do no harm.
+TEST_F(NativeTip, MayDescribeTheNodeThatHasTheFocus) {
+  tree.Tip = [this](int node) { return Text(node); };
+  user.Select(tree, adam);
+  user.Select(tree, zoe);
+  tree.Remove(zoe);
+  user.Settle();
+  controls::Annotation annotation;
+  annotation.Set(Peer().window, 1, L"");
+  annotation.Set(Peer().window, 1, L"Adam");
+  annotation.Set(Peer().window, 2, L"Martin");
+  annotation.Clear();
+  annotation.Clear();
+  annotation.Reset();
+  EXPECT_TRUE(annotation.Possible());
+}
+
 TEST_F(NativeTip, SurvivesThatItsNodeIsTakenAway) {
   tree.Tip = [this](int node) { return Text(node); };
   Hover(adam);
