@@ -160,6 +160,7 @@ class frmUserGroupPerm : public controls::Form {
   void ForgetAccount(int tree, const Selection& at);
   void ShowNew(int tree, const controls::KeyForm& keyForm, std::int32_t id,
                const std::wstring& text);
+  void CountNew(int tree);
   void BringInStep(int tree);
 
   // The commands on links (frmUserGroupPermLinks.cpp).

@@ -1,5 +1,6 @@
 // The commands of the main window that create, edit and delete whole accounts.
 
+#include "app/ErrorReport.h"
 #include "app/MQVXMsgBox.h"
 #include "app/StringIds.h"
 #include "browser/AccountRows.h"
@@ -156,7 +157,7 @@ void frmUserGroupPerm::ShowNew(int tree, const controls::KeyForm& keyForm, std::
                                const std::wstring& text) {
   AccountTree& builder = tree == kUsers ? userTree_ : groupTree_;
   Rebuild([&](FolderRebuild&) { return builder.Build(id); });
-  CountOneMore(tree == kUsers ? userCount : groupCount);
+  CountNew(tree);
   const controls::TreeNodes& nodes = TreeView1[tree].Nodes();
   int added = lookup.GetIndexNode(tree, nodes.Text(nodes.Root()) + L"\\" + text);
   // Another account may show the same text, and a text may be mapped when it is shown.
@@ -165,6 +166,15 @@ void frmUserGroupPerm::ShowNew(int tree, const controls::KeyForm& keyForm, std::
   }
   if (added != controls::kNoNode) TreeView1[tree].SetSelectedNode(added);
   BringInStep(1 - tree);
+}
+
+// An account too many is in the database all the same, and the trees go on to show it.
+void frmUserGroupPerm::CountNew(int tree) {
+  try {
+    CountOneMore(tree == kUsers ? userCount : groupCount);
+  } catch (...) {
+    app::ReportError(global_, tree == kUsers ? L"cmdUser_Click" : L"cmdGroup_Click");
+  }
 }
 
 void frmUserGroupPerm::BringInStep(int tree) {

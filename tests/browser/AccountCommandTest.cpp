@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
@@ -289,6 +290,22 @@ TEST_F(AccountCommands, ANewUserIsSelectedAndStandsInBothTrees) {
     EXPECT_EQ(window.exchange.UserID, id);
     EXPECT_TRUE(window.cmdUser[1].Enabled());
     EXPECT_EQ(window.userCount, 40);
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(AccountCommands, AnAccountThatCannotBeCountedIsReportedAndShownAllTheSame) {
+  Run([this](frmUserGroupPerm& window) {
+    window.userCount = std::numeric_limits<std::int16_t>::max();
+    ExpectDialog<dialogs::frmNewUser>([this](dialogs::frmNewUser& dialog) {
+      user.Type(dialog.txtUserName, L"Lambert");
+      user.Type(dialog.txtPassword, L"secret1");
+      user.Type(dialog.txtVerify, L"secret1");
+      user.ExpectMsgBox({.answer = controls::kResultOk,
+                         .prompt = L"cmdUser_Click Error [6]\r\n" + desktop.LoadResString(10006)});
+    });
+    user.Click(window.cmdUser[2]);
+    NodeAt(window.TreeView1[0], {L"Lambert"});
     ExpectInStep(window);
   });
 }
