@@ -93,6 +93,12 @@ TEST_F(UserDialogList, TheRuleAlsoSpeaksWhenAProtectedGroupIsChecked) {
     EXPECT_EQ(Checked(dialog.List1[1]), (Ids{2, 7, 12}));
     Discard(dialog);
   });
+  Edit(kMartin, [this](frmEditUser& dialog) {
+    ExpectInformation(Refusal(L"Tout le monde"));
+    user.Click(dialog.cmdBtn[11]);
+    EXPECT_EQ(Checked(dialog.List1[1]), All(12));
+    Discard(dialog);
+  });
 }
 
 TEST_F(UserDialogList, AdministratorsIsProtectedOnlyWhereItMayNotBeTakenAway) {

@@ -64,6 +64,7 @@ TEST_F(UserDialogSave, ANewUsersRowsAreWhatWasTypedAndChecked) {
   EXPECT_TRUE(exchange.AddNode);
   EXPECT_EQ(exchange.UserID, 41);
   EXPECT_EQ(exchange.UserName, L"Nouveau (Jeanne  Nouveau)");
+  EXPECT_EQ(exchange.StoredName, L"Nouveau");
 }
 
 TEST_F(UserDialogSave, AFullNameOfBlanksStaysUnsetInANewRowAndOutOfTheText) {
@@ -132,6 +133,7 @@ TEST_F(UserDialogSave, AnExistingUsersRowsAreWhatWasTypedAndChecked) {
   EXPECT_TRUE(exchange.AddNode);
   EXPECT_FALSE(exchange.accountGone);
   EXPECT_EQ(exchange.UserName, L"Martineau (Jean Martineau)");
+  EXPECT_EQ(exchange.StoredName, L"Martineau");
   EXPECT_EQ(exchange.UserID, 1234);  // the window's own, which an edit leaves alone
 }
 
