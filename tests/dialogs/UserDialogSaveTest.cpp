@@ -240,6 +240,14 @@ TEST_F(UserDialogSave, AnyPasswordThatFitsIsStoredAsTyped) {
   }
 }
 
+TEST_F(UserDialogSave, ANewUsersPasswordIsStoredWithTheBlanksPastedAroundIt) {
+  New([this](frmNewUser& dialog) {
+    Fill(dialog, L"Nouveau", L"", L"  padded  ");
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_EQ(StoredPassword(41), L"  padded  ");
+}
+
 TEST_F(UserDialogSave, OthersCanWriteWhileTheDialogIsOpen) {
   Edit(kMartin, [this](frmEditUser& dialog) {
     const auto other = Database().OpenServer(L"Moreau")->DatabaseConnection();
