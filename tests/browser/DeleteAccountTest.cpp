@@ -1,0 +1,163 @@
+#include "data/MSQLStatement.h"
+#include "dialogs/frmEditUser.h"
+#include "tests/browser/CommandTest.h"
+
+namespace browser {
+namespace {
+
+class DeleteCommands : public CommandTest {};
+
+TEST_F(DeleteCommands, ADeletedUserGoesFromBothTreesWithOneStatement) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TUS \\U9");
+    log.statements.clear();
+    ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
+    user.Click(window.cmdUser[1]);
+    EXPECT_EQ(log.statements,
+              Joined({L"UPDATE QRUSER SET QRUSER.NAME = 'Martin(9)', QRUSER.VFLG = 'D' Where "
+                      L"QRUSER.USERID = 9"},
+                     GroupRebuild(window)));
+    EXPECT_FALSE(Has(window, 0, L"\\TUS \\U9"));
+    EXPECT_FALSE(Has(window, 1, L"\\TUG \\G7 \\U9"));
+    EXPECT_EQ(window.userCount, 38);
+    EXPECT_EQ(Raw().Rows("SELECT NAME, VFLG FROM QRUSER WHERE USERID = 9"),
+              (std::vector<std::vector<std::string>>{{"Martin(9)", "D"}}));
+    EXPECT_EQ(Raw().Number("SELECT COUNT(*) FROM QRUSGP WHERE USERID = 9 AND GROUPID <> 2"), 2);
+    EXPECT_EQ(Selected(window, 0), L"\\TUS \\U10");
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(DeleteCommands, ADeletedGroupGoesFromBothTreesWithOneStatement) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 1, L"\\TGR \\G6");
+    log.statements.clear();
+    ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce groupe ?");
+    user.Click(window.cmdGroup[1]);
+    EXPECT_EQ(log.statements,
+              Joined({L"UPDATE QRGROUP SET QRGROUP.NAME = 'Qualité(6)', QRGROUP.VFLG = 'D' Where "
+                      L"QRGROUP.GROUPID = 6"},
+                     UserRebuild(window)));
+    EXPECT_FALSE(Has(window, 1, L"\\TGR \\G6"));
+    EXPECT_FALSE(Has(window, 0, L"\\TGU \\U15 \\G6"));
+    EXPECT_EQ(window.groupCount, 11);
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(DeleteCommands, DeletingFromAnyNodeOfAnAccountDeletesTheAccount) {
+  for (const wchar_t* key : {L"\\TMO \\U9 \\G", L"\\TGU \\U9 \\G12", L"\\TUP \\U9 \\P",
+                             L"\\TPU \\U9 \\P14", L"\\TAP \\U9 \\P", L"\\TPA \\U9 \\P14"}) {
+    UseSample();
+    Run([this, key](frmUserGroupPerm& window) {
+      Select(window, 0, key);
+      ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
+      user.Click(window.cmdUser[1]);
+      EXPECT_FALSE(Has(window, 0, L"\\TUS \\U9"));
+      EXPECT_EQ(window.TreeView1[0].Nodes().Children(1), 38);
+      ExpectInStep(window);
+    });
+  }
+}
+
+TEST_F(DeleteCommands, ALeafNamedLikeAFolderDeletesItsAccountAndNothingElse) {
+  Raw().Execute("UPDATE QRGROUP SET NAME = 'Droits Utilisateur', DESCR = NULL WHERE GROUPID = 12");
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TGU \\U9 \\G12");
+    ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
+    user.Click(window.cmdUser[1]);
+    EXPECT_FALSE(Has(window, 0, L"\\TUS \\U9"));
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(DeleteCommands, AnsweringNoLeavesDatabaseAndTreesAndSetsTheButtonsAgain) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TUS \\U9");
+    const Strings before = Look(window);
+    log.statements.clear();
+    window.cmdUser[0].SetEnabled(false);
+    ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer cet utilisateur ?");
+    user.Click(window.cmdUser[1]);
+    EXPECT_TRUE(log.statements.empty());
+    EXPECT_EQ(Look(window), before);
+    EXPECT_TRUE(window.cmdUser[0].Enabled());
+  });
+}
+
+TEST_F(DeleteCommands, ADeleteThatTheDatabaseRefusesLeavesTheTreesAsTheyWere) {
+  Raw().Execute("UPDATE QRUSER SET NAME = 'd''Artagnan' WHERE USERID = 9");
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TUS \\U9");
+    const Strings before = Look(window);
+    ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
+    user.ExpectMsgBox(controls::kResultOk);
+    user.Click(window.cmdUser[1]);
+    EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"DeleteRecord Error ["));
+    EXPECT_EQ(Look(window), before);
+    EXPECT_EQ(window.userCount, 39);
+    EXPECT_EQ(Raw().Text("SELECT NAME FROM QRUSER WHERE USERID = 9"), "d'Artagnan");
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(DeleteCommands, ANameMadeToReachAnotherRowIsRefusedAndChangesNothing) {
+  for (const char* name :
+       {"x', VFLG = 'D' WHERE USERID = 10 --", "x' WHERE USERID = 10; DELETE FROM QRUSGP; --",
+        "x', QRUSER.VFLG = 'D' Where QRUSER.USERID = 10 or '' = '", "x' /*", "x''"}) {
+    UseSample();
+    auto raw = Raw();
+    std::string quoted(name);
+    for (std::size_t at = 0; (at = quoted.find('\'', at)) != std::string::npos; at += 2) {
+      quoted.insert(at, 1, '\'');
+    }
+    raw.Execute("UPDATE QRUSER SET NAME = '" + quoted + "' WHERE USERID = 9");
+    const auto before = raw.Rows("SELECT * FROM QRUSER ORDER BY 1");
+    const auto links = raw.Rows("SELECT * FROM QRUSGP ORDER BY 1, 2");
+    Run([&](frmUserGroupPerm& window) {
+      Select(window, 0, L"\\TUS \\U9");
+      const Strings look = Look(window);
+      ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
+      user.ExpectMsgBox(controls::kResultOk);
+      user.Click(window.cmdUser[1]);
+      EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"DeleteRecord Error [")) << name;
+      EXPECT_EQ(Look(window), look);
+    });
+    EXPECT_EQ(raw.Rows("SELECT * FROM QRUSER ORDER BY 1"), before) << name;
+    EXPECT_EQ(raw.Rows("SELECT * FROM QRUSGP ORDER BY 1, 2"), links) << name;
+  }
+}
+
+TEST_F(DeleteCommands, ADeleteThatMeetsNoRowTakesTheNodeAwayAndSaysWhy) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TUS \\U40");
+    Raw().Execute("DELETE FROM QRUSGP WHERE USERID = 40");
+    Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 40");
+    Raw().Execute("DELETE FROM QRUSER WHERE USERID = 40");
+    ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
+    ExpectWarning(
+        L"Un autre administrateur a modifié ces données entre-temps.\r\n"
+        L"L'affichage a été mis à jour ; vérifiez-le avant de poursuivre.",
+        controls::kInformation);
+    user.Click(window.cmdUser[1]);
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(DeleteCommands, ASoftDeletePassesTheNameThatAnEditHasStored) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TUS \\U9");
+    ExpectDialog<dialogs::frmEditUser>([this](dialogs::frmEditUser& dialog) {
+      user.Type(dialog.txtUserName, L"Zola");
+      user.Type(dialog.txtPassword, L"secret1");
+      user.Type(dialog.txtVerify, L"secret1");
+    });
+    user.Click(window.cmdUser[0]);
+    ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
+    user.Click(window.cmdUser[1]);
+    EXPECT_EQ(Raw().Text("SELECT NAME FROM QRUSER WHERE USERID = 9"), "Zola(9)");
+  });
+}
+
+}  // namespace
+}  // namespace browser
