@@ -3,6 +3,7 @@
 #include "app/ErrorReport.h"
 #include "app/StringIds.h"
 #include "data/MSQLStatement.h"
+#include "data/RunTimeError.h"
 #include "data/Text.h"
 #include "dialogs/AccountNames.h"
 #include "dialogs/DisplayCodes.h"
@@ -119,10 +120,13 @@ bool frmEditGroup::EditGroup() {
     group_->Close();
     exchange_.accountGone = !written;
     return written;
+  } catch (const data::RunTimeError& error) {
+    exchange_.accountGone = error.Number() == data::kRowGone;
+    app::ReportError(exchange_.global, L"EditGroup");
   } catch (...) {
     app::ReportError(exchange_.global, L"EditGroup");
-    return false;
   }
+  return false;
 }
 
 // False when the group has no row any more.

@@ -242,6 +242,23 @@ TEST_F(EditGroup, AGroupThatIsGoneByThenIsToldAndItsLinksAreLeftAlone) {
   EXPECT_EQ(RowOf(12)[0], "Laboratoire(12)");
 }
 
+TEST_F(EditGroup, AGroupThatGoesInTheVeryMomentOfWritingIsReportedAndTold) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    log.FailAt = [this](const std::wstring& call) {
+      if (call == L"Update " + SqlSelectGroup(12)) {
+        Raw().Execute("UPDATE QRGROUP SET VFLG = 'D' WHERE GROUPID = 12");
+      }
+      return 0L;
+    };
+    ExpectReport(L"EditGroup");
+    user.Click(dialog.cmdOK);
+    EXPECT_FALSE(dialog.IsLoaded());
+  });
+  EXPECT_FALSE(exchange.AddNode);
+  EXPECT_TRUE(exchange.accountGone);
+  EXPECT_EQ(MembersOf(12), (Ids{9, 34, 38}));
+}
+
 TEST_F(EditGroup, AGroupThatIsGoneBeforeTheDialogOpensIsShownEmptyAndToldOnOk) {
   Raw().Execute("UPDATE QRGROUP SET NAME = 'Laboratoire(12)', VFLG = 'D' WHERE GROUPID = 12");
   Edit(12, [this](frmEditGroup& dialog) {
