@@ -23,8 +23,8 @@ void frmEditGroup::Form_Load() {
     adminUserId_ = 0;
     keepsMembers_ = false;
     SettingControls(app::kEditGroupTitle);
-    ReadGroup();
-    if (Fill() == kFailed) {
+    exchange_.accountGone = !ReadGroup();
+    if (exchange_.accountGone || Fill() == kFailed) {
       exchange_.AddNode = false;
       Close();
       return;
@@ -41,8 +41,9 @@ void frmEditGroup::Form_Load() {
 
 // The rows are read to their end: a set that rests on a row would keep others from writing for as
 // long as the dialog is open.
-void frmEditGroup::ReadGroup() {
+bool frmEditGroup::ReadGroup() {
   group_ = Connection().OpenResultSet(data::SqlSelectGroup(GroupID));
+  const bool found = !group_->EndOfRows();
   for (; !group_->EndOfRows(); group_->MoveNext()) {
     const std::wstring name = group_->Column(1).Text();
     txtGroupName.SetText(Server().GetDisplayName(data::Trim(name), kGroupName));
@@ -50,6 +51,7 @@ void frmEditGroup::ReadGroup() {
     const std::wstring description = group_->Column(2).Text();
     txtDesc.SetText(Server().GetDisplayName(data::Trim(description), kGroupDescription));
   }
+  return found;
 }
 
 ExitStatus frmEditGroup::Fill() {

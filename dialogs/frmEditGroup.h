@@ -22,7 +22,8 @@ class frmEditGroup : public GroupDialog {
 
  private:
   ExitStatus Fill();
-  void ReadGroup();
+  // False when the group has no row any more.
+  bool ReadGroup();
   ExitStatus SelectListItem(std::int32_t groupId, int Index);
   void ProtectGroup();
   bool EditGroup();

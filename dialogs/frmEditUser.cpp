@@ -17,8 +17,9 @@ void frmEditUser::Form_Load() {
   try {
     ForgetUser();
     StartLoading(app::kEditUserTitle);
-    ReadUser();
-    if (Fill() == kFailed) {
+    exchange_.accountGone = !ReadUser();
+    if (exchange_.accountGone || Fill() == kFailed) {
+      exchange_.AddNode = false;
       Close();
       return;
     }
@@ -35,8 +36,9 @@ void frmEditUser::Form_Load() {
 
 // The set stays open for the save. It is read to its end now: one that rests on a row would keep
 // others from writing as long as the dialog is open.
-void frmEditUser::ReadUser() {
+bool frmEditUser::ReadUser() {
   rows_ = Connection().OpenResultSet(data::SqlSelectUser(UserID));
+  const bool found = !rows_->EndOfRows();
   for (; !rows_->EndOfRows(); rows_->MoveNext()) {
     const std::wstring name = rows_->Column(1).Text();
     strUserName = data::Trim(name);
@@ -52,6 +54,7 @@ void frmEditUser::ReadUser() {
       txtVerify.SetText(strPassword);
     }
   }
+  return found;
 }
 
 ExitStatus frmEditUser::Fill() {

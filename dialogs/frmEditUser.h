@@ -33,7 +33,8 @@ class frmEditUser : public UserDialog {
   ExitStatus UpdateTransaction() override;
 
  private:
-  void ReadUser();
+  // False when the user has no row any more.
+  bool ReadUser();
   ExitStatus Fill();
   ExitStatus SelectListItem(std::int32_t userId, int Index);
   void ForgetUser();

@@ -215,6 +215,18 @@ TEST_F(AccountCommands, AUserWhomSomebodyDeletedMeanwhileGoesFromTheTreesAndTheU
   });
 }
 
+TEST_F(AccountCommands, AGroupWhomSomebodyDeletedBeforeGoesFromTheTreesInsteadOfBeingEdited) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 1, L"\\TGR \\G6");
+    Raw().Execute("UPDATE QRGROUP SET NAME = 'Qualité(6)', VFLG = 'D' WHERE GROUPID = 6");
+    user.ExpectMsgBox({.answer = controls::kResultOk, .style = controls::kInformation});
+    user.Click(window.cmdGroup[0]);
+    EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"Un autre administrateur"));
+    EXPECT_EQ(window.groupCount, 11);
+    ExpectInStep(window);
+  });
+}
+
 TEST_F(AccountCommands, ANewUserIsSelectedAlsoWhereAnotherShowsTheSameText) {
   Run([this](frmUserGroupPerm& window) {
     ExpectDialog<dialogs::frmNewUser>([this](dialogs::frmNewUser& dialog) {
