@@ -23,13 +23,13 @@ class ControlArray {
   ControlKind& operator[](int number) { return controls_[Place(number)]; }
   const ControlKind& operator[](int number) const { return controls_[Place(number)]; }
 
-  static constexpr std::array<int, sizeof...(kNumbers)> Numbers() { return {kNumbers...}; }
+  const auto& Numbers() const { return kAll; }
 
  private:
+  static constexpr std::array<int, sizeof...(kNumbers)> kAll = {kNumbers...};
+
   static constexpr std::size_t Place(int number) {
-    constexpr std::array<int, sizeof...(kNumbers)> numbers = Numbers();
-    return static_cast<std::size_t>(std::find(numbers.begin(), numbers.end(), number) -
-                                    numbers.begin());
+    return static_cast<std::size_t>(std::find(kAll.begin(), kAll.end(), number) - kAll.begin());
   }
 
   std::array<ControlKind, sizeof...(kNumbers)> controls_;

@@ -98,8 +98,10 @@ void frmAddUserInGroup::RemoveAllItem() {
 }
 
 void frmAddUserInGroup::MoveSelected(int from) {
-  std::vector<bool> chosen;
-  for (int i = 0; i < List1[from].ListCount(); ++i) chosen.push_back(List1[from].Selected(i));
+  std::vector<bool> chosen(static_cast<std::size_t>(List1[from].ListCount()));
+  for (int i = 0; i < List1[from].ListCount(); ++i) {
+    chosen[static_cast<std::size_t>(i)] = List1[from].Selected(i);
+  }
   Move(from, chosen);
 }
 
