@@ -39,8 +39,8 @@ class Keyboard : public ProgramTest {
 TEST_F(Keyboard, TheTabKeyWalksTheControlsInTheOrderTheyAreSeen) {
   const MainWindow window = Open(SampleSession());
   AwaitFocus(window, IDC_TREE_USERS);
-  EXPECT_EQ((std::vector<int>{IDC_CMD_BTN, IDC_CMD_ABOUT, IDC_HELP_BUTTON, IDC_CMD_BTN + 1, IDC_TAB,
-                              IDC_TREE_USERS}),
+  EXPECT_EQ((std::vector<int>{IDC_CMD_USER + 2, IDC_CMD_BTN, IDC_CMD_ABOUT, IDC_HELP_BUTTON,
+                              IDC_CMD_BTN + 1, IDC_TAB, IDC_TREE_USERS}),
             Walk(window, {}));
 }
 
@@ -48,7 +48,7 @@ TEST_F(Keyboard, ShiftAndTabWalkBack) {
   const MainWindow window = Open(SampleSession());
   AwaitFocus(window, IDC_TREE_USERS);
   EXPECT_EQ((std::vector<int>{IDC_TAB, IDC_CMD_BTN + 1, IDC_HELP_BUTTON, IDC_CMD_ABOUT, IDC_CMD_BTN,
-                              IDC_TREE_USERS}),
+                              IDC_CMD_USER + 2, IDC_TREE_USERS}),
             Walk(window, {VK_SHIFT}));
 }
 
