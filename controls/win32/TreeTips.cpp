@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "controls/win32/FormPeer.h"
 #include "controls/win32/TreeViewPeer.h"
@@ -125,7 +126,7 @@ bool TreeTips::Notify(NMHDR& header) {
 }
 
 void TreeTips::Changed() {
-  hovered_ = nullptr;
+  if (std::exchange(hovered_, nullptr)) SendMessageW(tooltip_, TTM_POP, 0, 0);
   DescribeSoon();
 }
 

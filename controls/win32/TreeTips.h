@@ -28,7 +28,7 @@ class TreeTips {
   // A notification of the tree view's tooltip; false where it is for the tree view itself.
   bool Notify(NMHDR& header);
 
-  // The nodes have changed; the item under the mouse may be no more.
+  // The nodes have changed; the item under the mouse may be no more, and its tip goes.
   void Changed();
   // The selected node, or what can be said about it, may be another one now.
   void DescribeSoon();

@@ -131,12 +131,13 @@ TEST_F(NativeTip, MayDescribeTheNodeThatHasTheFocus) {
   EXPECT_TRUE(annotation.Possible());
 }
 
-TEST_F(NativeTip, SurvivesThatItsNodeIsTakenAway) {
+TEST_F(NativeTip, GoesWhenItsNodeIsTakenAway) {
   tree.Tip = [this](int node) { return Text(node); };
   Hover(adam);
   ASSERT_TRUE(Await([&] { return IsShown(); }));
   tree.Clear();
   user.Settle();
+  EXPECT_FALSE(IsShown());
   SendMessageW(Peer().window, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
   user.Settle();
   EXPECT_EQ(tree.Nodes().Count(), 0);
