@@ -2,10 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 #include "app/StringIds.h"
 #include "browser/TreeKeys.h"
+#include "data/Text.h"
 
 namespace browser {
 namespace {
@@ -24,6 +26,15 @@ bool Lists(const TreeNodes& nodes, int account, const controls::KeyForm& folder,
   return node != kNoNode && nodes.FindChild(node, leaf, id) != kNoNode;
 }
 
+// The group's name as it is shown, without the description: the text before the parentheses, unless
+// the name itself has some.
+std::wstring NameOf(const TreeNodes& groups, int group) {
+  const std::wstring& text = groups.Text(group);
+  if (groups.StoredName(group).find(L'(') != std::wstring::npos) return text;
+  const std::wstring_view whole = text;
+  return std::wstring(data::Trim(whole.substr(0, whole.find(L'('))));
+}
+
 // The names of the user's groups that hold the permission.
 std::vector<std::wstring> GivingGroups(const TreeNodes& users, const TreeNodes& groups, int user,
                                        std::int32_t permission) {
@@ -34,7 +45,7 @@ std::vector<std::wstring> GivingGroups(const TreeNodes& users, const TreeNodes& 
     const int group = groups.FindChild(groups.Root(), kGroupKey, users.Id(leaf));
     if (group != kNoNode &&
         Lists(groups, group, kGroupPermissionsKey, kGroupPermissionKey, permission)) {
-      names.push_back(users.Text(leaf));
+      names.push_back(NameOf(groups, group));
     }
   }
   return names;
