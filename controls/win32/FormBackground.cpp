@@ -31,13 +31,6 @@ HBRUSH PlainBrush() {
   return GetSysColorBrush(COLOR_3DFACE);
 }
 
-template <typename Visit>
-void EachShownChild(HWND form, Visit&& visit) {
-  for (HWND child = GetWindow(form, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-    if (IsShown(child)) visit(child);
-  }
-}
-
 void Exclude(HDC context, const RECT& place) {
   ExcludeClipRect(context, place.left, place.top, place.right, place.bottom);
 }
@@ -45,9 +38,12 @@ void Exclude(HDC context, const RECT& place) {
 }  // namespace
 
 void FormBackground::Capture(HWND form) {
+  children_.clear();
   strips_.clear();
   for (HWND child = GetWindow(form, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-    if (IsOfClass(child, WC_TABCONTROLW)) strips_.push_back({child, {}, {}, {}});
+    const bool isStrip = IsOfClass(child, WC_TABCONTROLW);
+    children_.push_back({child, IsFrame(child), isStrip});
+    if (isStrip) strips_.push_back({child, {}, {}, {}});
   }
 }
 
@@ -68,7 +64,9 @@ void FormBackground::Erase(HWND form, HDC context) {
     return;
   }
   SaveDC(context);
-  EachShownChild(form, [&](HWND child) { Exclude(context, PlaceIn(form, child)); });
+  for (const Child& child : children_) {
+    if (IsShown(child.window)) Exclude(context, PlaceIn(form, child.window));
+  }
   FillRect(context, &client, PlainBrush());
   RestoreDC(context, -1);
   FillFrames(form, context);
@@ -77,19 +75,19 @@ void FormBackground::Erase(HWND form, HDC context) {
 // A frame lets its form be seen, or the strip that it lies on.
 void FormBackground::FillFrames(HWND form, HDC context) {
   SaveDC(context);
-  EachShownChild(form, [&](HWND child) {
-    const bool lets = IsFrame(child) || IsOfClass(child, WC_TABCONTROLW);
-    if (!lets) Exclude(context, PlaceIn(form, child));
-  });
-  EachShownChild(form, [&](HWND child) {
-    if (!IsFrame(child)) return;
-    const RECT place = PlaceIn(form, child);
+  for (const Child& child : children_) {
+    if (child.isFrame || child.isStrip || !IsShown(child.window)) continue;
+    Exclude(context, PlaceIn(form, child.window));
+  }
+  for (const Child& child : children_) {
+    if (!child.isFrame || !IsShown(child.window)) continue;
+    const RECT place = PlaceIn(form, child.window);
     SaveDC(context);
     IntersectClipRect(context, place.left, place.top, place.right, place.bottom);
     FillRect(context, &place, PlainBrush());
-    if (Strip* strip = Under(child)) Draw(*strip, form, context);
+    if (Strip* strip = Under(child.window)) Draw(*strip, form, context);
     RestoreDC(context, -1);
-  });
+  }
   RestoreDC(context, -1);
 }
 

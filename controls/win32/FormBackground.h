@@ -11,7 +11,8 @@ namespace controls {
 // paint all of their area are left out, so that resizing does not flicker.
 class FormBackground {
  public:
-  // Finds the tab strips among the form's controls.
+  // Takes note of the form's controls. They stay the same as long as its window: to ask for them,
+  // and for what each is, whenever something is painted costs more than the painting.
   void Capture(HWND form);
   // Paints the background into a context of the form; everywhere, where the context is one that the
   // system lends to show a control's own background.
@@ -22,6 +23,12 @@ class FormBackground {
   void Forget();
 
  private:
+  struct Child {
+    HWND window;
+    bool isFrame;
+    bool isStrip;
+  };
+
   struct Strip {
     HWND window;
     BitmapHandle picture;
@@ -34,6 +41,7 @@ class FormBackground {
   void FillFrames(HWND form, HDC context);
   void Draw(Strip& strip, HWND form, HDC context);
 
+  std::vector<Child> children_;
   std::vector<Strip> strips_;
   bool drawing_ = false;  // a strip is drawing its picture
 };
