@@ -58,7 +58,8 @@ void Control::Peer::ShowText(const std::wstring& text) const {
 
 void Control::Peer::ChangeStyle(LONG_PTR remove, LONG_PTR add) const {
   const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
-  SetWindowLongPtrW(window, GWL_STYLE, (style & ~remove) | add);
+  const LONG_PTR wanted = (style & ~remove) | add;
+  if (wanted != style) SetWindowLongPtrW(window, GWL_STYLE, wanted);
 }
 
 bool Control::Peer::TakesInput() const {
@@ -70,7 +71,10 @@ bool Control::Peer::ShowState() const {
   const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
   if (((style & WS_DISABLED) == 0) != IsEnabled()) EnableWindow(window, IsEnabled());
   if (((style & WS_VISIBLE) != 0) == IsVisible()) return false;
-  ShowWindow(window, IsVisible() ? SW_SHOW : SW_HIDE);
+  // Without painting, now or later: the form sees to that for all that changes together.
+  SetWindowPos(window, nullptr, 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW |
+                   (IsVisible() ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
   return true;
 }
 

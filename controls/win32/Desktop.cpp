@@ -16,6 +16,7 @@ Desktop::Desktop() : peer_(std::make_unique<Peer>()) {
 Desktop::~Desktop() = default;
 
 int Desktop::MsgBox(const std::wstring& prompt, int style, const std::wstring& title) {
+  peer_->RepaintChanged();
   if (Instead.MsgBox) return Instead.MsgBox(prompt, style, title);
   HWND owner = peer_->ActiveWindow();
   const UINT alone = owner ? 0U : static_cast<UINT>(MB_TASKMODAL | MB_SETFOREGROUND);

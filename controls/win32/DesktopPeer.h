@@ -16,6 +16,8 @@ struct Desktop::Peer {
   void LoopWhileLoaded(const Desktop& desktop, Form& form);
   // What the loop does with each message; also for tests that make messages themselves.
   void Process(MSG& message);
+  // To be called before messages are handled in the middle of a procedure.
+  void RepaintChanged() const;
   // Paints what waits, and lets nothing else through.
   void PaintOnly(HWND window);
 

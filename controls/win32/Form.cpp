@@ -81,7 +81,9 @@ void Form::SetResizable(bool resizable) {
 }
 
 void Form::Repaint() {
-  if (peer_->window) desktop_.BackEnd().PaintOnly(peer_->window);
+  if (!peer_->window) return;
+  peer_->RepaintChanged();
+  desktop_.BackEnd().PaintOnly(peer_->window);
 }
 
 void Form::Form_Unload(bool& /*cancel*/) {}

@@ -69,6 +69,8 @@ void FormFocus::LeaveUnfit() {
   if (next) {
     Give(*next);
   } else {
+    // A hidden window would go on taking the keys.
+    if (GetFocus() == holder_->window) ::SetFocus(form_.window);
     MovedTo(nullptr);
   }
 }

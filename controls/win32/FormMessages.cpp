@@ -110,7 +110,7 @@ void Form::Peer::LimitSize(MINMAXINFO& limits) const {
 void Form::Peer::Resized(WPARAM kind) {
   if (kind == SIZE_MINIMIZED || !window) return;
   layout_.Apply(window);
-  RepaintLater();
+  RepaintLater(nullptr);
 }
 
 void Form::Peer::DpiChanged(unsigned newDpi, const RECT& place) {

@@ -1,6 +1,7 @@
 #include "controls/win32/FormPeer.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "controls/win32/DesktopPeer.h"
 #include "controls/win32/Fonts.h"
@@ -112,6 +113,7 @@ void Form::Peer::Close() {
   layout_.Clear();
   background_ = {};
   font_.reset();
+  changed_ = {};
   resizable_ = false;
   std::erase(desktop.BackEnd().forms, this);
   SetWindowLongPtrW(window, DWLP_USER, 0);
@@ -128,7 +130,9 @@ void Form::Peer::DropWindows() {
 }
 
 Form::Peer::Frame::~Frame() {
-  if (--form_.frames_ == 0 && !form_.closed_.empty()) form_.DropWindows();
+  if (--form_.frames_ > 0) return;
+  form_.RepaintChanged();
+  if (!form_.closed_.empty()) form_.DropWindows();
 }
 
 bool Form::Peer::TakesInput() const {
@@ -137,15 +141,25 @@ bool Form::Peer::TakesInput() const {
 
 void Form::Peer::ShowStates() {
   if (!window) return;
-  bool shownOrHidden = false;
-  for (const Control::Peer* control : controls) shownOrHidden |= control->ShowState();
-  if (shownOrHidden) RepaintLater();
+  for (const Control::Peer* control : controls) {
+    if (!control->ShowState()) continue;
+    RECT place = {};
+    GetWindowRect(control->window, &place);
+    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
+    UnionRect(&changed_, &changed_, &place);
+  }
+  if (frames_ == 0) RepaintChanged();
   focus.LeaveUnfit();
 }
 
-// All of it: what a frame lets be seen is painted by the form below it.
-void Form::Peer::RepaintLater() const {
-  RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+void Form::Peer::RepaintChanged() {
+  const RECT changed = std::exchange(changed_, {});
+  if (window && !IsRectEmpty(&changed)) RepaintLater(&changed);
+}
+
+// With all below it: what a frame lets be seen is painted by the form. A null area is all of it.
+void Form::Peer::RepaintLater(const RECT* area) const {
+  RedrawWindow(window, area, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 void Form::Peer::LookChanged() {

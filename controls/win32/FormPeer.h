@@ -37,6 +37,10 @@ struct Form::Peer {
   bool TakesInput() const;
   // Brings every control to the state asked for, and the focus to where it may be.
   void ShowStates();
+  // Has what was shown or hidden painted. While a message is being handled that waits for its end,
+  // so that what changes together is painted once; whoever runs a message loop meanwhile calls it
+  // first.
+  void RepaintChanged();
   // A tab strip looks different from now on.
   void LookChanged();
   void SetFont(const Font& wanted);
@@ -74,7 +78,7 @@ struct Form::Peer {
   void CenterOver(HWND below) const;
   void ShowFont();
   void DropWindows();
-  void RepaintLater() const;
+  void RepaintLater(const RECT* area) const;
 
   // Null where the window is not one of the form's controls.
   Control::Peer* ControlOf(HWND native) const;
@@ -89,6 +93,7 @@ struct Form::Peer {
 
   AnchorLayout layout_;
   FormBackground background_;
+  RECT changed_ = {};  // where controls have been shown or hidden, and not painted since
   bool resizable_ = false;
   int icon_ = 0;
   IconHandle bigIcon_;

@@ -14,6 +14,7 @@ constexpr int kMostPaints = 200;
 }  // namespace
 
 void Desktop::Peer::LoopWhileLoaded(const Desktop& desktop, Form& form) {
+  RepaintChanged();
   if (desktop.Instead.ModalShown) desktop.Instead.ModalShown(form);
   while (form.IsLoaded()) {
     MSG message = {};
@@ -34,6 +35,10 @@ void Desktop::Peer::Process(MSG& message) {
   if (form && form->window && IsDialogMessageW(form->window, &message)) return;
   TranslateMessage(&message);
   DispatchMessageW(&message);
+}
+
+void Desktop::Peer::RepaintChanged() const {
+  for (Form::Peer* form : forms) form->RepaintChanged();
 }
 
 void Desktop::Peer::PaintOnly(HWND window) {

@@ -29,6 +29,8 @@ struct TabStripPeer : Control::Peer {
   void Chosen(int tab) {
     if (tab == selected || !Has(tab)) return;
     selected = tab;
+    // What the tab shows and hides is painted once, also where no message has brought us here.
+    const Form::Peer::Frame frame(form.BackEnd());
     Raise(static_cast<TabStrip&>(*control).Click);
   }
 
