@@ -23,16 +23,22 @@ int CALLBACK CompareRanks(LPARAM a, LPARAM b, LPARAM ranks) {
 }  // namespace
 
 // While it stands the native control does not paint: each change of its structure would otherwise
-// cost a walk over all that stands below.
+// cost a walk over all that stands below. Told so itself, it still has its scroll bars painted as
+// they change; the system is told as well, which takes the window for hidden meanwhile.
 class TreeItems::Quiet {
  public:
   Quiet(TreeItems& items, bool structural) : items_(items), structural_(structural) {
-    if (items_.busy_++ == 0 && structural_) items_.Send(WM_SETREDRAW, FALSE, 0);
+    if (items_.busy_++ > 0 || !structural_) return;
+    shown_ = (GetWindowLongPtrW(items_.window_, GWL_STYLE) & WS_VISIBLE) != 0;
+    if (shown_) DefWindowProcW(items_.window_, WM_SETREDRAW, FALSE, 0);
+    items_.Send(WM_SETREDRAW, FALSE, 0);
   }
   ~Quiet() {
     if (--items_.busy_ > 0 || !structural_) return;
     items_.Send(WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(items_.window_, nullptr, TRUE);
+    if (!shown_) return;
+    DefWindowProcW(items_.window_, WM_SETREDRAW, TRUE, 0);
+    RedrawWindow(items_.window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
   }
   Quiet(const Quiet&) = delete;
   Quiet& operator=(const Quiet&) = delete;
@@ -40,6 +46,7 @@ class TreeItems::Quiet {
  private:
   TreeItems& items_;
   bool structural_;
+  bool shown_ = false;
 };
 
 void TreeItems::Follow(int selected, bool show) {

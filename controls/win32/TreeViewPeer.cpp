@@ -123,6 +123,11 @@ LRESULT TreeViewPeer::Handle(const Message& message) {
       return items.Busy() ? Native(message) : Reach(message);
     case WM_SETFOCUS:
       return FocusMessage(message);
+    case WM_ERASEBKGND:
+      return TRUE;
+    case WM_PAINT:
+      Paint();
+      return 0;
     case WM_RBUTTONDOWN:
       return PressRight(message);
     case WM_RBUTTONUP:
@@ -156,6 +161,34 @@ LRESULT TreeViewPeer::FocusMessage(const Message& message) {
   Native(message);
   updates = before;
   return FocusArrived();
+}
+
+// Into memory first and from there to the window at once. Where windows are emulated each of the
+// many pictures and lines of a tree is dear when it goes straight to a window.
+void TreeViewPeer::Paint() const {
+  PAINTSTRUCT paint = {};
+  HDC target = BeginPaint(window, &paint);
+  if (!target) return;
+  RECT client = {};
+  GetClientRect(window, &client);
+  BITMAPINFO info = {};
+  info.bmiHeader = {
+      sizeof info.bmiHeader, client.right, -client.bottom, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  void* bits = nullptr;
+  const MemoryContext memory(CreateCompatibleDC(target));
+  const BitmapHandle picture(CreateDIBSection(target, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+  if (memory && picture) {
+    HGDIOBJ old = SelectObject(memory.Get(), picture.Get());
+    const RECT& area = paint.rcPaint;
+    IntersectClipRect(memory.Get(), area.left, area.top, area.right, area.bottom);
+    const auto context = reinterpret_cast<WPARAM>(memory.Get());
+    Native({WM_ERASEBKGND, context, 0});
+    Native({WM_PRINTCLIENT, context, PRF_CLIENT});
+    BitBlt(target, area.left, area.top, area.right - area.left, area.bottom - area.top,
+           memory.Get(), area.left, area.top, SRCCOPY);
+    SelectObject(memory.Get(), old);
+  }
+  EndPaint(window, &paint);
 }
 
 // Another program opens or closes a node. The control does not tell of that where the node has been

@@ -62,6 +62,7 @@ struct TreeViewPeer : Control::Peer {
   LRESULT Key(const Message& message);
   LRESULT Character(const Message& message);
   LRESULT FocusMessage(const Message& message);
+  void Paint() const;
   LRESULT Expand(const Message& message);
   LRESULT Reach(const Message& message);
   void Chosen(int node);
