@@ -32,14 +32,20 @@ data::ColumnValue ComResultSet::Column(int position) {
     throw data::RunTimeError(data::kSubscriptOutOfRange);
   }
   const auto index = static_cast<std::size_t>(position);
-  if (index >= slots_.size()) slots_.resize(index + 1);
-  Slot& slot = slots_[index];
+  Slot& slot = SlotAt(index);
   if (slot.row != row_) {
     slot.value.Clear();
     object_.Read(kColumn, slot.value, Argument(position));
     slot.row = row_;
   }
   return ToColumnValue(slot.value);
+}
+
+ComResultSet::Slot& ComResultSet::SlotAt(std::size_t position) {
+  if (position < firstSlots_.size()) return firstSlots_[position];
+  const std::size_t further = position - firstSlots_.size();
+  if (further >= furtherSlots_.size()) furtherSlots_.resize(further + 1);
+  return furtherSlots_[further];
 }
 
 void ComResultSet::MoveNext() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <vector>
 
 #include "com/LateBound.h"
@@ -31,11 +33,14 @@ class ComResultSet final : public data::ResultSet {
     unsigned row = 0;  // the count of moves at which it was read; 0 is before the first
   };
 
+  Slot& SlotAt(std::size_t position);
   void Change(std::size_t member);
   void SetColumn(const VARIANT& column, const data::FieldValue& value);
 
   LateBound object_;
-  std::vector<Slot> slots_;
+  // Result sets are opened by the ten thousand, few of them wider than an account's row.
+  std::array<Slot, 3> firstSlots_;
+  std::vector<Slot> furtherSlots_;
   unsigned row_ = 1;
   bool open_ = true;
 };

@@ -5,8 +5,13 @@
 namespace data {
 namespace {
 
+// Room for two identifiers and what stands between them, so that a statement is composed in place.
+constexpr std::size_t kRoomBehind = 64;
+
 std::wstring With(std::wstring_view text, std::int32_t id) {
-  std::wstring statement(text);
+  std::wstring statement;
+  statement.reserve(text.size() + kRoomBehind);
+  statement = text;
   statement += Decimal(id);
   return statement;
 }

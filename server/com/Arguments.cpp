@@ -39,7 +39,7 @@ BSTR Copy(std::wstring_view text) {
 
 }  // namespace
 
-Arguments::~Arguments() {
+void Arguments::FreeConverted() {
   for (const BSTR text : converted_) {
     if (text != nullptr) SysFreeString(text);
   }
@@ -56,6 +56,7 @@ std::wstring_view Arguments::Text(unsigned at) {
   if (value.vt == kTextReference) return View(*value.pbstrVal);
   SysFreeString(converted_[at]);
   converted_[at] = nullptr;
+  anyConverted_ = true;
   converted_[at] = Converted(value, VT_BSTR, at).bstrVal;
   return View(converted_[at]);
 }

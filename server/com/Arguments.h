@@ -18,7 +18,9 @@ namespace server::com {
 class Arguments {
  public:
   explicit Arguments(const DISPPARAMS& call) : call_(call) {}
-  ~Arguments();
+  ~Arguments() {
+    if (anyConverted_) FreeConverted();
+  }
   Arguments(const Arguments&) = delete;
   Arguments& operator=(const Arguments&) = delete;
 
@@ -35,11 +37,14 @@ class Arguments {
  private:
   static constexpr unsigned kMostTexts = 3;
 
+  void FreeConverted();
+
   // Arguments arrive last first.
   VARIANT& Value(unsigned at) const { return call_.rgvarg[call_.cArgs - 1 - at]; }
 
   const DISPPARAMS& call_;
   std::array<BSTR, kMostTexts> converted_{};
+  bool anyConverted_ = false;
 };
 
 }  // namespace server::com

@@ -85,7 +85,8 @@ HRESULT DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* c
   try {
     Arguments arguments(*call);
     Run(id, arguments, target);
-    if (answer == nullptr) VariantClear(&unwanted);
+    // Most of what is called without a wish for an answer gives none: moving on, row by row.
+    if (answer == nullptr && unwanted.vt != VT_EMPTY) VariantClear(&unwanted);
     return S_OK;
   } catch (...) {
     return DescribeCurrentException(interfaceId_, call->cArgs, exception, wrongArgument);
