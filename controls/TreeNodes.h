@@ -142,6 +142,7 @@ class TreeNodes {
 
   TextPool texts_;
   std::vector<KeyForm> forms_;
+  std::uint8_t lastForm_ = 0;  // the one last asked for
   std::vector<std::unique_ptr<Node[]>> blocks_;
   int used_ = 1;              // index 0 is never given
   std::vector<int> free_;     // indexes to be used again, the latest freed last

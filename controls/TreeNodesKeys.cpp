@@ -45,8 +45,10 @@ int TreeNodes::KnownForm(const KeyForm& keyForm) const {
 }
 
 std::uint8_t TreeNodes::FormNumber(const KeyForm& keyForm) {
+  // One folder's leaves come in a row, by the hundred.
+  if (lastForm_ < forms_.size() && Same(forms_[lastForm_], keyForm)) return lastForm_;
   const int known = KnownForm(keyForm);
-  if (known >= 0) return static_cast<std::uint8_t>(known);
+  if (known >= 0) return lastForm_ = static_cast<std::uint8_t>(known);
   if (forms_.size() > std::numeric_limits<std::uint8_t>::max()) std::terminate();
   forms_.push_back(keyForm);
   return static_cast<std::uint8_t>(forms_.size() - 1);
