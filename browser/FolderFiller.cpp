@@ -28,7 +28,8 @@ std::wstring FolderFiller::PermissionRow(data::ResultSet& row) {
   return names_.Get(row.Column(1).Text(), kPermissionName);
 }
 
-std::uint32_t FolderFiller::Read(std::wstring_view statement, LeafTexts& texts, MakeText makeText,
+std::uint32_t FolderFiller::Read(std::wstring_view statement, LeafTexts& texts,
+                                 const MakeText& makeText,
                                  const std::function<int(std::int32_t)>& image) {
   wanted_.clear();
   const std::uint32_t number = texts.NextFolder();
@@ -39,7 +40,7 @@ std::uint32_t FolderFiller::Read(std::wstring_view statement, LeafTexts& texts, 
     if (leaf.folder == number) continue;
     leaf.folder = number;
     if (!leaf.known) {
-      leaf.text = tree_.Share((this->*makeText)(*rows));
+      leaf.text = tree_.Share(makeText(*rows));
       leaf.known = true;
     }
     leaf.image = static_cast<std::uint8_t>(image(id));
@@ -76,28 +77,33 @@ void FolderFiller::Sift(int folder, std::uint32_t number, LeafTexts& texts) {
 }
 
 void FolderFiller::Fill(int folder, const controls::KeyForm& keyForm, std::wstring_view statement,
-                        LeafTexts& texts, MakeText makeText,
+                        LeafTexts& texts, const MakeText& makeText,
                         const std::function<int(std::int32_t)>& image) {
   const std::uint32_t number = Read(statement, texts, makeText, image);
   Put(folder, number, keyForm, texts);
 }
 
 void FolderFiller::FillGroups(int folder, std::wstring_view statement) {
-  Fill(folder, kUserGroupKey, statement, groups_, &FolderFiller::GroupRow, [this](std::int32_t id) {
-    return context_.accounts.IsProtectedGroup(id) ? kProtectedGroupImage : kGroupImage;
-  });
+  Fill(
+      folder, kUserGroupKey, statement, groups_,
+      [this](data::ResultSet& row) { return GroupRow(row); },
+      [this](std::int32_t id) {
+        return context_.accounts.IsProtectedGroup(id) ? kProtectedGroupImage : kGroupImage;
+      });
 }
 
 void FolderFiller::FillUsers(int folder, std::wstring_view statement) {
-  Fill(folder, kGroupUserKey, statement, users_, &FolderFiller::UserRow, [this](std::int32_t id) {
+  Fill(folder, kGroupUserKey, statement, users_, UserRow, [this](std::int32_t id) {
     return context_.accounts.IsProtectedUser(id) ? kProtectedUserImage : kUserImage;
   });
 }
 
 void FolderFiller::FillPermissions(int folder, const controls::KeyForm& keyForm,
                                    std::wstring_view statement) {
-  Fill(folder, keyForm, statement, permissions_, &FolderFiller::PermissionRow,
-       [](std::int32_t) { return kPermissionImage; });
+  Fill(
+      folder, keyForm, statement, permissions_,
+      [this](data::ResultSet& row) { return PermissionRow(row); },
+      [](std::int32_t) { return kPermissionImage; });
 }
 
 void FolderFiller::FillAllPermissions(int folder, int ownFolder, std::wstring_view statement) {
@@ -109,7 +115,8 @@ void FolderFiller::FillAllPermissions(int folder, int ownFolder, std::wstring_vi
   const auto image = [this, owner](std::int32_t id) {
     return permissions_.At(id).owner == owner ? kPermissionImage : kInheritedPermissionImage;
   };
-  const std::uint32_t number = Read(statement, permissions_, &FolderFiller::PermissionRow, image);
+  const std::uint32_t number = Read(
+      statement, permissions_, [this](data::ResultSet& row) { return PermissionRow(row); }, image);
   for (int own = nodes.FirstChild(ownFolder); own != controls::kNoNode; own = nodes.Next(own)) {
     LeafTexts::Leaf& leaf = permissions_.At(nodes.Id(own));
     if (leaf.folder == number) continue;

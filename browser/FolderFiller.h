@@ -38,19 +38,20 @@ class FolderFiller {
   std::wstring GroupText(const std::wstring& name, const std::wstring& description);
 
  private:
-  using MakeText = std::wstring (FolderFiller::*)(data::ResultSet& row);
+  using MakeText = std::function<std::wstring(data::ResultSet& row)>;
 
   void Fill(int folder, const controls::KeyForm& keyForm, std::wstring_view statement,
-            LeafTexts& texts, MakeText makeText, const std::function<int(std::int32_t)>& image);
+            LeafTexts& texts, const MakeText& makeText,
+            const std::function<int(std::int32_t)>& image);
   // Reads the rows into wanted_, each identifier once, and returns the folder's number in texts.
-  std::uint32_t Read(std::wstring_view statement, LeafTexts& texts, MakeText makeText,
+  std::uint32_t Read(std::wstring_view statement, LeafTexts& texts, const MakeText& makeText,
                      const std::function<int(std::int32_t)>& image);
   // Makes the folder's leaves those of wanted_.
   void Put(int folder, std::uint32_t number, const controls::KeyForm& keyForm, LeafTexts& texts);
   // Takes the leaves away that are not wanted and brings the others up to date.
   void Sift(int folder, std::uint32_t number, LeafTexts& texts);
   std::wstring GroupRow(data::ResultSet& row);
-  std::wstring UserRow(data::ResultSet& row);
+  static std::wstring UserRow(data::ResultSet& row);
   std::wstring PermissionRow(data::ResultSet& row);
 
   const TreeContext& context_;

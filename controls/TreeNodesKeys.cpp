@@ -95,10 +95,10 @@ int TreeNodes::Find(std::wstring_view key) const {
   if (key.size() < kPrefixLength) return kNoNode;
   const std::wstring_view tail = key.substr(kPrefixLength);
   std::vector<char> hasPrefix;
-  for (const KeyForm& form : forms_) hasPrefix.push_back(key.starts_with(form.prefix));
+  for (const KeyForm& form : forms_) hasPrefix.push_back(key.starts_with(form.prefix) ? 1 : 0);
   for (int node = 1; node < used_; ++node) {
     const Node& candidate = At(node);
-    if (candidate.alive && hasPrefix[candidate.form] && HasTail(node, tail)) return node;
+    if (candidate.alive && hasPrefix[candidate.form] != 0 && HasTail(node, tail)) return node;
   }
   return kNoNode;
 }

@@ -19,7 +19,7 @@ void EditingDialog::SetDialogButtons(controls::CommandButton& ok, controls::Comm
   SetCancelButton(cancel);
 }
 
-bool EditingDialog::AskDiscardChanges() {
+bool EditingDialog::AskDiscardChanges() const {
   return app::MQVXMsgBox(exchange_.global).AskDiscardChanges() == controls::kResultYes;
 }
 

@@ -35,7 +35,7 @@ class EditingDialog : public controls::Form {
   bool bChanged = false;
 
  private:
-  bool AskDiscardChanges();
+  bool AskDiscardChanges() const;
 };
 
 }  // namespace dialogs

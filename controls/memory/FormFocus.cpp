@@ -17,7 +17,7 @@ void Form::Peer::MoveInTabOrder(Control& control, int index) {
   tabOrder_.insert(tabOrder_.begin() + place, &control);
 }
 
-bool Form::Peer::CanFocus(const Control& control) const {
+bool Form::Peer::CanFocus(const Control& control) {
   return control.BackEnd().TakesFocus() && control.BackEnd().Usable();
 }
 

@@ -21,7 +21,7 @@ struct Form::Peer {
 
   // --- Focus ---
   Control* Focused() const { return visible ? focus_ : nullptr; }
-  bool CanFocus(const Control& control) const;
+  static bool CanFocus(const Control& control);
   void SetFocus(Control& control);
   // Gives the focus, on showing, to the control that asked for it or to the first in the order.
   void StartFocus();

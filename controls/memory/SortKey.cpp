@@ -48,7 +48,7 @@ class KeyMaker {
       PutLetter(static_cast<char>(c), kNoMark);
     } else if (c >= L'0' && c <= L'9') {
       PutByte(kFirstDigit + static_cast<unsigned>(c - L'0'), kNoMark);
-    } else if (const std::size_t sign = kSigns.find(c); sign != kSigns.npos) {
+    } else if (const std::size_t sign = kSigns.find(c); sign != std::wstring_view::npos) {
       PutByte(kFirstSign + static_cast<unsigned>(sign), kNoMark);
     } else if (c >= kFirstMarked && c < kFirstMarked + static_cast<wchar_t>(kLetters.size())) {
       PutMarked(static_cast<std::size_t>(c - kFirstMarked));
@@ -71,7 +71,7 @@ class KeyMaker {
     }
     const std::size_t mark = kMarkOrder.find(kMarks[place]);
     PutLetter(letter,
-              mark == kMarkOrder.npos ? kNoMark : kNoMark + 1 + static_cast<unsigned>(mark));
+              mark == std::string_view::npos ? kNoMark : kNoMark + 1 + static_cast<unsigned>(mark));
   }
   void PutLetter(char letter, unsigned mark) {
     PutByte(kFirstLetter + static_cast<unsigned>(letter - 'A'), mark);

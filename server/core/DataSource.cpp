@@ -110,7 +110,7 @@ std::string ReadKey(const DataSource& source) {
 }
 
 std::filesystem::path PathFromUtf8(std::string_view text) {
-  return std::filesystem::path(std::u8string(text.begin(), text.end()));
+  return {std::u8string(text.begin(), text.end())};
 }
 
 std::string PathToUtf8(const std::filesystem::path& path) {
