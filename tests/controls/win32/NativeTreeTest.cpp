@@ -52,6 +52,35 @@ TEST_F(NativeTreeView, ShowsWhatWasUntilAnUpdateEnds) {
   EXPECT_EQ(native.Difference(), "");
 }
 
+TEST_F(NativeTreeView, StaysHiddenWhenItIsBuiltAnew) {
+  tree.SetVisible(false);
+  tree.Clear();
+  tree.SetExpanded(tree.Add(kNoNode, kRootForm, 0, L"Utilisateurs", 0), true);
+  EXPECT_FALSE(IsWindowVisible(native.Window()));
+  tree.SetVisible(true);
+  EXPECT_TRUE(IsWindowVisible(native.Window()));
+}
+
+TEST_F(NativeTreeView, IsShownAgainAndToBePaintedAfterAChange) {
+  tree.SetExpanded(root, true);
+  form.Repaint();
+  EXPECT_FALSE(GetUpdateRect(native.Window(), nullptr, FALSE));
+  tree.Remove(martin);
+  EXPECT_TRUE(IsWindowVisible(native.Window()));
+  EXPECT_TRUE(GetUpdateRect(native.Window(), nullptr, FALSE));
+}
+
+// A tab that is chosen hides and shows several controls: none of it is painted meanwhile, and
+// nothing of it is forgotten.
+TEST_F(NativeTreeView, IsPaintedWhenItIsShownAgain) {
+  tree.SetVisible(false);
+  form.Repaint();
+  tree.SetVisible(true);
+  EXPECT_TRUE(GetUpdateRect(native.Window(), nullptr, FALSE));
+  form.Repaint();
+  EXPECT_FALSE(GetUpdateRect(native.Window(), nullptr, FALSE));
+}
+
 TEST_F(NativeTreeView, LosesTheButtonOfANodeWithoutChildren) {
   tree.SetExpanded(root, true);
   tree.SetExpanded(adam, true);
