@@ -8,10 +8,48 @@
 #include "tests/support/recording/RecordingServer.h"
 
 namespace bench {
+namespace {
+
+// The database takes no table's name in front of a column that SET assigns.
+std::wstring Plain(std::wstring statement) {
+  for (const std::wstring_view table : {L"QRUSER.", L"QRGROUP."}) {
+    for (const std::wstring_view column : {L"NAME = ", L"VFLG = "}) {
+      const std::wstring qualified = std::wstring(table).append(column);
+      const std::size_t at = statement.find(qualified);
+      if (at != std::wstring::npos) statement.erase(at, table.size());
+    }
+  }
+  return statement;
+}
+
+std::vector<std::wstring> StatementsOf(const std::vector<std::wstring>& calls,
+                                       const std::vector<std::string>& writes) {
+  std::vector<std::wstring> statements;
+  std::size_t written = 0;
+  for (const std::wstring& call : calls) {
+    if (call == L"BeginRead") {
+      statements.push_back(L"BEGIN");
+    } else if (call == L"EndRead") {
+      statements.push_back(L"COMMIT");
+    } else if (call.starts_with(L"SELECT") || call.starts_with(L"DELETE")) {
+      statements.push_back(call);
+    } else if (call.starts_with(L"UPDATE")) {
+      statements.push_back(Plain(call));
+    } else if (call.starts_with(L"MoveFirst ")) {
+      statements.push_back(call.substr(call.find(L' ') + 1));
+    } else if (call.starts_with(L"Update ")) {
+      statements.push_back(data::FromUtf8(writes.at(written++)));
+    }
+  }
+  return statements;
+}
+
+}  // namespace
 
 Program::Program(const server::GeneratedSize& size) : database_(size) {
   desktop_.Instead.CommandLine = [line = database_.CommandLine()] { return line; };
-  desktop_.Instead.MsgBox = [](const std::wstring& prompt, int, const std::wstring&) -> int {
+  desktop_.Instead.MsgBox = [](const std::wstring& prompt, int style, const std::wstring&) -> int {
+    if ((style & controls::kYesNo) != 0) return controls::kResultYes;
     throw std::runtime_error(data::ToUtf8(prompt));
   };
 }
@@ -29,16 +67,23 @@ std::unique_ptr<browser::frmUserGroupPerm> Program::Start() {
   return Start([this] { return CreateServer(database_); });
 }
 
-std::vector<std::wstring> Program::RefreshStatements() {
+std::vector<std::wstring> Program::Statements(
+    const std::function<void(browser::frmUserGroupPerm& window)>& prepare,
+    const std::function<void(browser::frmUserGroupPerm& window)>& work,
+    const std::vector<std::string>& writes) {
   testing_support::CallLog log;
   const auto window =
       Start([this, &log] { return testing_support::Record(CreateServer(database_), log); });
-  log.statements.clear();
-  window->RefreshTree();
+  prepare(*window);
+  log.calls.clear();
+  work(*window);
+  const std::vector<std::wstring> calls = std::move(log.calls);
   window->Unload();
-  std::erase(log.statements, L"BeginRead");
-  std::erase(log.statements, L"EndRead");
-  return log.statements;
+  return StatementsOf(calls, writes);
+}
+
+void Program::AnswerDialogs(std::function<void(controls::Form& form)> answer) {
+  desktop_.Instead.ModalShown = std::move(answer);
 }
 
 }  // namespace bench

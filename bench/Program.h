@@ -20,9 +20,19 @@ class Program {
 
   // Starts the program; its window is usable then.
   std::unique_ptr<browser::frmUserGroupPerm> Start();
-  // The statements of a whole RefreshTree, in order, as a recorded run sends them.
-  std::vector<std::wstring> RefreshStatements();
+  // What the program sends while the work is done, in order, as a recorded run shows it:
+  // statements, BEGIN and COMMIT around what it reads as one state, and for each row that it writes
+  // by a result set the next of writes.
+  std::vector<std::wstring> Statements(
+      const std::function<void(browser::frmUserGroupPerm& window)>& prepare,
+      const std::function<void(browser::frmUserGroupPerm& window)>& work,
+      const std::vector<std::string>& writes = {});
+
+  // What a user would do in a dialog that appears.
+  void AnswerDialogs(std::function<void(controls::Form& form)> answer);
+
   std::string DatabaseFile() const { return database_.File().string(); }
+  test_support::RawDatabase Raw() const { return database_.Raw(); }
 
  private:
   std::unique_ptr<browser::frmUserGroupPerm> Start(

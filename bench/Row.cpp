@@ -1,6 +1,7 @@
 #include "bench/Row.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 
 namespace bench {
@@ -18,6 +19,12 @@ std::string Formatted(const char* format, double value) {
 }
 
 }  // namespace
+
+double SecondsOf(const std::function<void()>& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
 
 void Comparison::Add(double seconds, double floorSeconds) {
   seconds_.push_back(seconds);

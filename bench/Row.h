@@ -1,9 +1,12 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
 namespace bench {
+
+double SecondsOf(const std::function<void()>& work);
 
 // A measured work beside its floor: pairs of seconds, taken in turn so that a drift of the machine
 // meets both.

@@ -1,0 +1,232 @@
+// Measures commands on accounts and links, each from its button until the window is usable again,
+// and the opening of the dialogs, against the same statements on the database alone. Argument: the
+// number of users; 10000 without one.
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "bench/Floor.h"
+#include "bench/Program.h"
+#include "bench/Row.h"
+#include "data/Text.h"
+#include "dialogs/frmAddUserInGroup.h"
+#include "dialogs/frmEditUser.h"
+
+#ifdef _WIN32
+#include "com/Apartment.h"
+#endif
+
+namespace bench {
+namespace {
+
+using browser::frmUserGroupPerm;
+
+constexpr int kGroups = 200;
+constexpr int kPermissions = 200;
+constexpr int kPairs = 5;
+
+// The accounts that the commands are tried on, well inside the sample.
+constexpr int kUser = 500;
+constexpr int kGroup = 50;
+
+struct Command {
+  const char* name;
+  int tree;
+  std::string key;  // the node that is selected
+  std::function<void(frmUserGroupPerm& window)> press;
+  std::function<void(controls::Form& form)> answer;  // what is done in its dialog
+  std::vector<std::string> writes;                   // what the dialog's result sets write
+  std::vector<std::string> undo;
+};
+
+std::string Number(std::int64_t number) {
+  return std::to_string(number);
+}
+
+void Escape(controls::Form& form) {
+  form.Unload();
+}
+
+Command AddMember(test_support::RawDatabase& raw) {
+  const std::string group = Number(kGroup);
+  const std::int64_t user = raw.Number(
+      "SELECT MAX(USERID) FROM QRUSERV WHERE USERID NOT IN (SELECT USERID FROM QRUSGP WHERE "
+      "GROUPID = " +
+      group + ")");
+  Command command{"add a user to a group", 1, "\\TMS \\G" + group + " \\U", {}, {}, {}, {}};
+  command.press = [](frmUserGroupPerm& window) { window.cmdMember_Click(0); };
+  command.answer = [user](controls::Form& form) {
+    auto& dialog = dynamic_cast<dialogs::frmAddUserInGroup&>(form);
+    controls::ListBox& others = dialog.List1[1];
+    for (int i = 0; i < others.ListCount(); ++i) others.SetSelected(i, others.ItemData(i) == user);
+    dialog.cmdBtn[1].Click();
+    dialog.cmdOK.Click();
+  };
+  command.writes = {"INSERT INTO QRUSGP (USERID, GROUPID) VALUES (" + Number(user) + ", " + group +
+                    ")"};
+  command.undo = {"DELETE FROM QRUSGP WHERE USERID = " + Number(user) + " AND GROUPID = " + group};
+  return command;
+}
+
+Command RemovePermission(test_support::RawDatabase& raw) {
+  const std::string group = Number(kGroup);
+  const std::string permission =
+      Number(raw.Number("SELECT MIN(PERMID) FROM QRGPRM WHERE GROUPID = " + group));
+  Command command{"remove a permission from a group",
+                  1,
+                  "\\TPG \\G" + group + " \\P" + permission,
+                  {},
+                  {},
+                  {},
+                  {}};
+  command.press = [](frmUserGroupPerm& window) { window.cmdGroupPermission_Click(1); };
+  command.undo = {"INSERT INTO QRGPRM (GROUPID, PERMID) VALUES (" + group + ", " + permission +
+                  ")"};
+  return command;
+}
+
+// The dialog takes all links away and writes them again.
+std::vector<std::string> Links(test_support::RawDatabase& raw, const std::string& table,
+                               const std::string& column) {
+  std::vector<std::string> inserts;
+  for (const auto& row : raw.Rows("SELECT " + column + " FROM " + table +
+                                  " WHERE USERID = " + Number(kUser) + " ORDER BY 1")) {
+    inserts.push_back("INSERT INTO " + table + " (USERID, " + column + ") VALUES (" +
+                      Number(kUser) + ", " + row[0] + ")");
+  }
+  return inserts;
+}
+
+Command RenameUser(test_support::RawDatabase& raw) {
+  const std::string user = Number(kUser);
+  Command command{"rename a user", 0, "\\TUS \\U" + user, {}, {}, {}, {}};
+  command.press = [](frmUserGroupPerm& window) { window.cmdUser_Click(0); };
+  command.answer = [](controls::Form& form) {
+    auto& dialog = dynamic_cast<dialogs::frmEditUser&>(form);
+    dialog.txtUserName.SetText(L"Zacharie");
+    dialog.txtPassword.SetText(L"secret-1");
+    dialog.txtVerify.SetText(L"secret-1");
+    dialog.cmdOK.Click();
+  };
+  const std::string before = raw.Text("SELECT NAME FROM QRUSER WHERE USERID = " + user);
+  command.writes = {
+      "UPDATE QRUSER SET NAME = 'Zacharie', PASSWORD = hex(zeroblob(60)) WHERE "
+      "USERID = " +
+      user};
+  for (const auto& insert : Links(raw, "QRUSGP", "GROUPID")) command.writes.push_back(insert);
+  for (const auto& insert : Links(raw, "QRUPRM", "PERMID")) command.writes.push_back(insert);
+  command.undo = {"UPDATE QRUSER SET NAME = '" + before +
+                  "', PASSWORD = NULL WHERE USERID = " + user};
+  return command;
+}
+
+// A quote in a name would make the statement of the deletion invalid.
+Command DeleteGroup(test_support::RawDatabase& raw) {
+  const std::string group = Number(
+      raw.Number("SELECT MIN(GROUPID) FROM QRGROUP WHERE NAME NOT LIKE '%''%' AND GROUPID >= " +
+                 Number(kGroup)));
+  const std::string before = raw.Text("SELECT NAME FROM QRGROUP WHERE GROUPID = " + group);
+  const std::string flag = raw.Text("SELECT VFLG FROM QRGROUP WHERE GROUPID = " + group);
+  Command command{"delete a group", 1, "\\TGR \\G" + group, {}, {}, {}, {}};
+  command.press = [](frmUserGroupPerm& window) { window.cmdGroup_Click(1); };
+  command.undo = {"UPDATE QRGROUP SET NAME = '" + before + "', VFLG = '" + flag +
+                  "' WHERE GROUPID = " + group};
+  return command;
+}
+
+// Dialogs that are opened and closed again.
+std::vector<Command> Openings() {
+  const std::string user = "\\TUS \\U" + Number(kUser);
+  const std::string group = "\\TGR \\G" + Number(kGroup);
+  using Window = frmUserGroupPerm;
+  return {
+      {"open: edit user", 0, user, [](Window& w) { w.cmdUser_Click(0); }, Escape, {}, {}},
+      {"open: new user", 0, user, [](Window& w) { w.cmdUser_Click(2); }, Escape, {}, {}},
+      {"open: edit group", 1, group, [](Window& w) { w.cmdGroup_Click(0); }, Escape, {}, {}},
+      {"open: new group", 1, group, [](Window& w) { w.cmdGroup_Click(2); }, Escape, {}, {}},
+      {"open: add users", 1, group, [](Window& w) { w.cmdMember_Click(0); }, Escape, {}, {}},
+      {"open: groups of a user",
+       0,
+       user,
+       [](Window& w) { w.cmdMemberOf_Click(0); },
+       Escape,
+       {},
+       {}},
+  };
+}
+
+void Select(frmUserGroupPerm& window, const Command& command) {
+  controls::TreeView& tree = window.TreeView1[command.tree];
+  const int node = tree.Nodes().Find(data::FromUtf8(command.key));
+  if (node == controls::kNoNode) throw std::runtime_error("no node " + command.key);
+  window.TabStrip1.SetSelectedTab(command.tree);
+  tree.SetSelectedNode(node);
+  window.Repaint();
+}
+
+void Measure(Program& program, const Command& command) {
+  program.AnswerDialogs(command.answer);
+  const auto select = [&](frmUserGroupPerm& window) { Select(window, command); };
+  Floor floor(program.DatabaseFile(), program.Statements(select, command.press, command.writes));
+  const auto undo = [&] {
+    for (const std::string& sql : command.undo) floor.Execute(sql);
+  };
+  undo();
+  const auto window = program.Start();
+  floor.Run();
+  undo();
+  Comparison comparison;
+  for (int pair = 0; pair < kPairs; ++pair) {
+    select(*window);
+    const double seconds = SecondsOf([&] {
+      command.press(*window);
+      window->Repaint();
+    });
+    undo();
+    const double floorSeconds = floor.Run();
+    undo();
+    comparison.Add(seconds, floorSeconds);
+    if (!command.undo.empty()) window->RefreshTree();
+  }
+  PrintRow(command.name,
+           {std::to_string(floor.Statements()), Milliseconds(comparison.FloorMedian()),
+            Milliseconds(comparison.Median()), Times(comparison.Ratio())});
+  window->Unload();
+}
+
+int Run(int users) {
+#ifdef _WIN32
+  const com::Apartment apartment;
+#endif
+  PrintRow("command, " + Number(users) + " users", {"statements", "floor", "program", "ratio"});
+  try {
+    Program program({users, kGroups, kPermissions});
+    test_support::RawDatabase raw = program.Raw();
+    for (const auto& command :
+         {AddMember(raw), RemovePermission(raw), RenameUser(raw), DeleteGroup(raw)}) {
+      Measure(program, command);
+    }
+    for (const Command& opening : Openings()) Measure(program, opening);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
+  }
+  return 0;
+}
+
+}  // namespace
+}  // namespace bench
+
+#ifdef _WIN32
+int wmain(int argc, wchar_t** argv) {
+  const int users = argc > 1 ? _wtoi(argv[1]) : 10000;
+#else
+int main(int argc, char** argv) {
+  const int users = argc > 1 ? std::atoi(argv[1]) : 10000;
+#endif
+  return bench::Run(users);
+}
