@@ -88,6 +88,16 @@ std::vector<Database::Row> Database::Rows(const std::wstring& statement) {
   return Step(database_.get(), Prepare(database_.get(), statement).get());
 }
 
+std::vector<std::string> Database::Lines(const std::wstring& statement) {
+  std::vector<std::string> lines;
+  for (const Row& row : Rows(statement)) {
+    std::wstring line;
+    for (const auto& value : row) line += (line.empty() ? L"" : L"|") + value.value_or(L"(null)");
+    lines.push_back(data::ToUtf8(line));
+  }
+  return lines;
+}
+
 std::wstring Database::Text(const std::wstring& statement) {
   const std::vector<Row> rows = Rows(statement);
   if (rows.empty()) throw driver::Failure("no row for " + data::ToUtf8(statement));

@@ -24,6 +24,8 @@ class Database {
   // Runs one statement with its question marks replaced by texts.
   void Run(const std::wstring& statement, const Row& values);
   std::vector<Row> Rows(const std::wstring& statement);
+  // The rows as lines of UTF-8, their columns joined by a bar, to be compared and printed.
+  std::vector<std::string> Lines(const std::wstring& statement);
   // The first column of the first row.
   std::wstring Text(const std::wstring& statement);
   int Number(const std::wstring& statement);

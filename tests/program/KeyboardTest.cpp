@@ -15,21 +15,6 @@ namespace {
 
 class Keyboard : public ProgramTest {
  protected:
-  // The controls that the Tab key visits from the one with the focus on, until it is back there.
-  static std::vector<int> Walk(const MainWindow& window, std::initializer_list<WORD> modifiers) {
-    std::vector<int> visited;
-    const int first = driver::FocusIn(window.Form()).Id();
-    for (int last = first; visited.empty() || last != first;) {
-      driver::PressKey(window.Form(), VK_TAB, modifiers);
-      driver::Await("the focus to move",
-                    [&] { return driver::FocusIn(window.Form()).Id() != last; });
-      last = driver::FocusIn(window.Form()).Id();
-      visited.push_back(last);
-      if (visited.size() > 30) break;
-    }
-    return visited;
-  }
-
   static void AwaitFocus(const MainWindow& window, int control) {
     driver::Await("the focus to be in the tree",
                   [&] { return driver::FocusIn(window.Form()).Id() == control; });
@@ -41,7 +26,7 @@ TEST_F(Keyboard, TheTabKeyWalksTheControlsInTheOrderTheyAreSeen) {
   AwaitFocus(window, IDC_TREE_USERS);
   EXPECT_EQ((std::vector<int>{IDC_CMD_USER + 2, IDC_CMD_BTN, IDC_CMD_ABOUT, IDC_HELP_BUTTON,
                               IDC_CMD_BTN + 1, IDC_TAB, IDC_TREE_USERS}),
-            Walk(window, {}));
+            driver::WalkByTab(window.Form()));
 }
 
 TEST_F(Keyboard, ShiftAndTabWalkBack) {
@@ -49,7 +34,7 @@ TEST_F(Keyboard, ShiftAndTabWalkBack) {
   AwaitFocus(window, IDC_TREE_USERS);
   EXPECT_EQ((std::vector<int>{IDC_TAB, IDC_CMD_BTN + 1, IDC_HELP_BUTTON, IDC_CMD_ABOUT, IDC_CMD_BTN,
                               IDC_CMD_USER + 2, IDC_TREE_USERS}),
-            Walk(window, {VK_SHIFT}));
+            driver::WalkByTab(window.Form(), {VK_SHIFT}));
 }
 
 TEST_F(Keyboard, AScreenReaderFindsTheNameOfATreeDirectlyBeforeIt) {

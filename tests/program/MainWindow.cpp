@@ -3,6 +3,7 @@
 #include "resources/ResourceIds.h"
 #include "tests/program/Texts.h"
 #include "tests/program/driver/Failure.h"
+#include "tests/program/driver/Mouse.h"
 #include "tests/program/driver/PromptBox.h"
 #include "tests/program/driver/Wait.h"
 
@@ -55,10 +56,32 @@ void MainWindow::AwaitStarted() const {
   driver::Await("both trees to be read", [this] { return TellsAllCounts(Status()); });
 }
 
+void MainWindow::AwaitUsable() const {
+  driver::Await("the main window to be usable", [this] { return form_.IsEnabled(); });
+  form_.Send(WM_NULL);
+}
+
 void MainWindow::SelectTab(Tab tab) const {
   Tabs().Select(tab);
   const int tree = tab == kUsersTab ? IDC_TREE_USERS : IDC_TREE_GROUPS;
   driver::Await("the tab to show its tree", [&] { return Control(tree).IsVisible(); });
+}
+
+void MainWindow::ClickTab(Tab tab) const {
+  driver::TabStrip tabs = Tabs();
+  driver::ClickAt(tabs.Control(), tabs.Place(tab));
+  driver::Await("the tab to be selected", [&] { return tabs.Selected() == tab; });
+}
+
+void MainWindow::ClickNode(Tab tab, const std::vector<std::wstring>& path) const {
+  driver::TreeView tree = Tree(tab);
+  const HTREEITEM item = tree.Find(path).item;
+  driver::ClickAt(tree.Control(), tree.Reveal(item));
+  driver::Await("the node to be selected", [&] { return tree.Selected().item == item; });
+}
+
+void MainWindow::ClickOn(int button) const {
+  driver::ClickOn(Control(button));
 }
 
 void MainWindow::PressAndWait(int button) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "tests/program/driver/Process.h"
 #include "tests/program/driver/TabStrip.h"
@@ -25,7 +26,17 @@ class MainWindow {
 
   // Waits until both trees are read.
   void AwaitStarted() const;
+  // Waits until no dialog stands over the window and it answers.
+  void AwaitUsable() const;
   void SelectTab(Tab tab) const;
+  // The same with the real mouse.
+  void ClickTab(Tab tab) const;
+  // Clicks with the real mouse on the node reached from the root by these texts, and waits until it
+  // is selected.
+  void ClickNode(Tab tab, const std::vector<std::wstring>& path) const;
+  // Clicks on a button with the real mouse.
+  void ClickOn(int button) const;
+  bool IsEnabled(int control) const { return Control(control).IsEnabled(); }
   // Presses a button and waits until its handler is done. For those that open no modal window.
   void PressAndWait(int button) const;
 

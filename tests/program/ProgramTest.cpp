@@ -1,6 +1,9 @@
 #include "tests/program/ProgramTest.h"
 
+#include <algorithm>
+
 #include "data/Text.h"
+#include "tests/program/Outline.h"
 #include "tests/program/Paths.h"
 #include "tests/program/Texts.h"
 #include "tests/program/driver/Failure.h"
@@ -50,6 +53,41 @@ void ProgramTest::ExpectReport(const driver::Process& process, const std::wstrin
   EXPECT_EQ(std::vector<int>{IDOK}, report.Buttons());
   EXPECT_TRUE(report.HasIcon());
   report.Answer(IDOK);
+}
+
+void ProgramTest::ExpectQuestion(const std::wstring& text, int answer) {
+  const driver::PromptBox box = driver::AwaitPrompt(Program().Id());
+  EXPECT_EQ(data::ToUtf8(text), data::ToUtf8(box.Text()));
+  EXPECT_EQ(data::ToUtf8(String(250)), data::ToUtf8(box.Title()));
+  EXPECT_EQ((std::vector<int>{IDYES, IDNO}), box.Buttons());
+  EXPECT_EQ(IDNO, box.DefaultButton());
+  EXPECT_TRUE(box.HasIcon());
+  box.Answer(answer);
+}
+
+void ProgramTest::ExpectAccountAsStored(const MainWindow& window, Tab tab,
+                                        const std::wstring& account) {
+  Database database = Box().Database();
+  const Outline stored = tab == kUsersTab ? ExpectedUsers(database) : ExpectedGroups(database);
+  const auto expected = std::ranges::find(stored.children, account, &Outline::text);
+  ASSERT_TRUE(expected != stored.children.end()) << data::ToUtf8(account);
+  driver::TreeView tree = window.Tree(tab);
+  const Outline shown = ReadOutline(tree, tree.Find({account}));
+  EXPECT_EQ(Print(*expected), Print(shown));
+  EXPECT_EQ("", data::ToUtf8(OutOfOrder(shown)));
+}
+
+void ProgramTest::ExpectAccountsAsStored(const MainWindow& window, Tab tab) {
+  Database database = Box().Database();
+  Outline stored = tab == kUsersTab ? ExpectedUsers(database) : ExpectedGroups(database);
+  for (Outline& account : stored.children) account.children.clear();
+  driver::TreeView tree = window.Tree(tab);
+  Outline shown{tree.Root().text, {}};
+  for (const driver::TreeNode& node : tree.KnownChildren(tree.Root().item)) {
+    shown.children.push_back({node.text, {}});
+  }
+  EXPECT_EQ(Print(stored), Print(shown));
+  EXPECT_EQ("", data::ToUtf8(OutOfOrder(shown)));
 }
 
 void ProgramTest::ExpectExit(const driver::Process& process, DWORD code) {

@@ -32,9 +32,18 @@ class ProgramTest : public ::testing::Test {
   // The program started last.
   driver::Process& Program() { return *programs_.back(); }
 
-  // Waits for the standard error report, compares all of it, and closes it.
+  // Waits for a message with OK alone, as the standard error report is, compares all of it, and
+  // closes it.
   void ExpectReport(const driver::Process& process, const std::wstring& text);
   void ExpectReport(const std::wstring& text) { ExpectReport(Program(), text); }
+  // Waits for a question that Enter answers by No, compares all of it, and answers it.
+  void ExpectQuestion(const std::wstring& text, int answer);
+
+  // What the tree shows below the account of this text is what stands in the database.
+  void ExpectAccountAsStored(const MainWindow& window, Tab tab, const std::wstring& account);
+  // The accounts that the tree shows are those of the database.
+  void ExpectAccountsAsStored(const MainWindow& window, Tab tab);
+
   // The program ends with this exit code, and has shown nothing more.
   void ExpectExit(const driver::Process& process, DWORD code);
   void ExpectExit(DWORD code) { ExpectExit(Program(), code); }

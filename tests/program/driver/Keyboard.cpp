@@ -44,6 +44,9 @@ class SharedInput {
   DWORD thread_;
 };
 
+// What has lost its focus for good would send the walk round for ever.
+constexpr std::size_t kLongestWalk = 40;
+
 }  // namespace
 
 void BringToFront(const Window& window) {
@@ -72,6 +75,20 @@ void TypeText(const Window& window, const wchar_t* text) {
     strokes.push_back(CharacterStroke(*text, KEYEVENTF_KEYUP));
   }
   SendAll(strokes);
+}
+
+std::vector<int> WalkByTab(const Window& window, std::initializer_list<WORD> modifiers) {
+  BringToFront(window);
+  std::vector<int> visited;
+  const Window first = FocusIn(window);
+  for (Window last = first; visited.empty() || last != first;) {
+    PressKey(window, VK_TAB, modifiers);
+    Await("the focus to move", [&] { return FocusIn(window) && FocusIn(window) != last; });
+    last = FocusIn(window);
+    visited.push_back(last.Id());
+    if (visited.size() > kLongestWalk) throw Failure("the Tab key does not come back");
+  }
+  return visited;
 }
 
 }  // namespace driver

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <initializer_list>
+#include <vector>
 
 #include "tests/program/driver/Window.h"
 
@@ -17,5 +18,9 @@ void PressKey(const Window& window, WORD key, std::initializer_list<WORD> modifi
 
 // Types a text on the real keyboard.
 void TypeText(const Window& window, const wchar_t* text);
+
+// Presses the Tab key until the focus is back where it was, and answers the numbers of the controls
+// it came to.
+std::vector<int> WalkByTab(const Window& window, std::initializer_list<WORD> modifiers = {});
 
 }  // namespace driver

@@ -2,6 +2,7 @@
 
 #include "data/Text.h"
 #include "tests/program/driver/Failure.h"
+#include "tests/program/driver/Mouse.h"
 
 namespace driver {
 
@@ -39,6 +40,21 @@ int ListBox::Find(std::wstring_view text) const {
 
 bool ListBox::IsSelected(int row) const {
   return window_.Send(LB_GETSEL, static_cast<WPARAM>(row)) > 0;
+}
+
+std::vector<std::wstring> ListBox::Selected() const {
+  std::vector<std::wstring> texts;
+  const int count = Count();
+  for (int row = 0; row < count; ++row) {
+    if (IsSelected(row)) texts.push_back(Text(row));
+  }
+  return texts;
+}
+
+POINT ListBox::Place(int row) const {
+  RECT place{};
+  window_.Send(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+  return Middle(place);
 }
 
 // The messages that select do not notify the parent, so that is done here.

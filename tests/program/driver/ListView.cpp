@@ -70,6 +70,26 @@ int ListView::FocusedRow() const {
       window_.Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), MAKELPARAM(LVNI_FOCUSED, 0)));
 }
 
+std::vector<std::wstring> ListView::Checked() {
+  std::vector<std::wstring> texts;
+  for (const ListRow& row : Rows()) {
+    if (row.checked) texts.push_back(row.text);
+  }
+  return texts;
+}
+
+// The box stands before everything else, and is as wide as it is high.
+POINT ListView::CheckPlace(int row) {
+  window_.Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+  RECT place{};
+  place.left = LVIR_BOUNDS;
+  memory_.Write(0, &place, sizeof place);
+  window_.Send(LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(memory_.At(0)));
+  memory_.Read(0, &place, sizeof place);
+  const LONG half = (place.bottom - place.top) / 2;
+  return {place.left + half, place.top + half};
+}
+
 void ListView::SetState(int row, UINT state, UINT mask) {
   LVITEMW item{};
   item.state = state;

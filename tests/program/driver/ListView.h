@@ -31,6 +31,11 @@ class ListView {
   int Find(std::wstring_view text);
   int FocusedRow() const;
 
+  // The texts of the rows whose check boxes are on.
+  std::vector<std::wstring> Checked();
+  // Brings a row into view and answers the middle of its check box, in the control's coordinates.
+  POINT CheckPlace(int row);
+
   void Select(int row, bool selected = true);
   // Turns a row's check box over by the space bar, as a user does. Waits until it has turned.
   void Toggle(int row);

@@ -41,9 +41,14 @@ std::vector<int> PromptBox::Buttons() const {
   return buttons;
 }
 
+// Not every system's boxes answer by message which one it is, but all of them draw it.
 int PromptBox::DefaultButton() const {
-  const LRESULT answer = window_.Send(DM_GETDEFID);
-  return HIWORD(answer) == DC_HASDEFID ? LOWORD(answer) : 0;
+  for (const Window& control : window_.Children()) {
+    if (IsButton(control) && (control.Style() & BS_TYPEMASK) == BS_DEFPUSHBUTTON) {
+      return control.Id();
+    }
+  }
+  return 0;
 }
 
 void PromptBox::Answer(int button) const {

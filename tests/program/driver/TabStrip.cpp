@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include "tests/program/driver/Mouse.h"
+
 namespace driver {
 namespace {
 
@@ -30,6 +32,13 @@ std::vector<std::wstring> TabStrip::Captions() {
 
 int TabStrip::Selected() const {
   return static_cast<int>(window_.Send(TCM_GETCURSEL));
+}
+
+POINT TabStrip::Place(int tab) {
+  RECT place{};
+  window_.Send(TCM_GETITEMRECT, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(memory_.At(0)));
+  memory_.Read(0, &place, sizeof place);
+  return Middle(place);
 }
 
 // The focus message tells the parent of the change; setting the selection would not.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <windows.h>
+
 #include <string>
 #include <vector>
 
@@ -15,6 +17,9 @@ class TabStrip {
 
   std::vector<std::wstring> Captions();
   int Selected() const;
+  // The middle of a tab, in the control's coordinates.
+  POINT Place(int tab);
+  const Window& Control() const { return window_; }
   // Chooses a tab as a click on it does.
   void Select(int tab);
 

@@ -122,6 +122,14 @@ void TreeView::Select(HTREEITEM item) {
   window_.Send(TVM_SELECTITEM, TVGN_CARET, AsParameter(item));
 }
 
+// A text may run out of the view to the right.
+POINT TreeView::Reveal(HTREEITEM item) {
+  window_.Send(TVM_ENSUREVISIBLE, 0, AsParameter(item));
+  const RECT text = TextRectangle(item);
+  if (text.bottom <= text.top) throw Failure("the tree does not show a node");
+  return {text.left + (text.bottom - text.top) / 2, (text.top + text.bottom) / 2};
+}
+
 // The message takes the item in the place where it puts the rectangle.
 RECT TreeView::TextRectangle(HTREEITEM item) {
   RECT rectangle{};

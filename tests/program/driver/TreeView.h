@@ -51,6 +51,8 @@ class TreeView {
   void Collapse(HTREEITEM item);
   // Selects the node as an arrow key does.
   void Select(HTREEITEM item);
+  // Brings a node into view and answers a place on its text, in the control's coordinates.
+  POINT Reveal(HTREEITEM item);
   // The place of a node's text, in the control's coordinates; empty when it is out of view.
   RECT TextRectangle(HTREEITEM item);
 

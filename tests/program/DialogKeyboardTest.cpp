@@ -1,0 +1,247 @@
+// Every dialog used without a mouse.
+
+#include "data/Text.h"
+#include "resources/ResourceIds.h"
+#include "tests/program/DialogWindow.h"
+#include "tests/program/ProgramTest.h"
+#include "tests/program/Texts.h"
+#include "tests/program/driver/Keyboard.h"
+
+namespace program {
+namespace {
+
+using Ids = std::vector<int>;
+using Lines = std::vector<std::string>;
+using Texts = std::vector<std::wstring>;
+
+class DialogKeyboard : public ProgramTest {
+ protected:
+  // Moves the selection to a node as the arrow keys would, and the focus to its tree.
+  static void GoTo(const MainWindow& window, Tab tab, const Texts& path) {
+    driver::TreeView tree = window.Tree(tab);
+    tree.Select(tree.Find(path).item);
+    const int control = tab == kUsersTab ? IDC_TREE_USERS : IDC_TREE_GROUPS;
+    driver::BringToFront(window.Form());
+    for (int step = 0; step < 30 && driver::FocusIn(window.Form()).Id() != control; ++step) {
+      const driver::Window before = driver::FocusIn(window.Form());
+      driver::PressKey(window.Form(), VK_TAB);
+      driver::Await("the focus to move", [&] { return driver::FocusIn(window.Form()) != before; });
+    }
+  }
+
+  // Goes on by Tab to a button and presses it by the space bar.
+  static void PressByKeys(const MainWindow& window, int button) {
+    for (int step = 0; step < 30 && driver::FocusIn(window.Form()).Id() != button; ++step) {
+      const driver::Window before = driver::FocusIn(window.Form());
+      driver::PressKey(window.Form(), VK_TAB);
+      driver::Await("the focus to move", [&] { return driver::FocusIn(window.Form()) != before; });
+    }
+    driver::PressKey(window.Form(), VK_SPACE);
+  }
+
+  // Leaves by Escape, which nothing has to be asked for.
+  static void Leave(const DialogWindow& dialog, const MainWindow& window) {
+    dialog.Key(VK_ESCAPE);
+    dialog.AwaitClosed();
+    window.AwaitUsable();
+  }
+
+  static void AwaitChecked(const DialogWindow& dialog, int list, int count) {
+    driver::ListView checks = dialog.Checks(list);
+    driver::Await("the boxes to be checked",
+                  [&] { return static_cast<int>(checks.Checked().size()) == count; });
+  }
+};
+
+TEST_F(DialogKeyboard, ANewUserIsMadeWithoutTheMouse) {
+  const MainWindow window = Open(SampleSession());
+  GoTo(window, kUsersTab, {});
+  driver::PressKey(window.Form(), 'N', {VK_MENU});
+  const DialogWindow dialog(Program(), String(204));
+  EXPECT_EQ(IDC_TXT_USER_NAME, dialog.Focus());
+  EXPECT_EQ((Ids{IDC_TXT_FULL_NAME, IDC_TXT_PASSWORD, IDC_TXT_VERIFY, IDC_LIST_USER + 1,
+                 IDC_CMD_USER_BTN + 11, IDC_CMD_USER_BTN + 21, IDC_LIST_USER + 2,
+                 IDC_CMD_USER_BTN + 12, IDC_OK, IDC_CANCEL, IDC_HELP_BUTTON, IDC_TXT_USER_NAME}),
+            driver::WalkByTab(dialog.Form()));
+  dialog.Type(L"Vidal");
+  dialog.TabTo(IDC_TXT_PASSWORD);
+  dialog.Type(L"secret-9");
+  dialog.TabTo(IDC_TXT_VERIFY);
+  dialog.Type(L"secret-9");
+  dialog.Key('U', {VK_MENU});  // all groups
+  AwaitChecked(dialog, IDC_LIST_USER + 1, 12);
+  dialog.Key('T', {VK_MENU});  // all permissions
+  AwaitChecked(dialog, IDC_LIST_USER + 2, 30);
+  dialog.Key('A', {VK_MENU});  // none of them
+  AwaitChecked(dialog, IDC_LIST_USER + 2, 0);
+  dialog.Key('C', {VK_MENU});  // no group but the one that nobody leaves
+  ExpectReport(String(1009) + L" 'Everyone' " + String(1008));
+  AwaitChecked(dialog, IDC_LIST_USER + 1, 1);
+  dialog.TabTo(IDC_LIST_USER + 2);
+  dialog.Toggle(L"Saisir une commande");
+  dialog.Key(VK_RETURN);
+  dialog.AwaitClosed();
+  window.AwaitUsable();
+  EXPECT_EQ((Lines{"Vidal|(null)|2|5"}),
+            Box().Database().Lines(
+                L"SELECT NAME, FULLNAME, GROUPID, PERMID FROM QRUSER, QRUSGP, QRUPRM WHERE NAME ="
+                L" 'Vidal' AND QRUSGP.USERID = QRUSER.USERID AND QRUPRM.USERID = QRUSER.USERID"));
+}
+
+TEST_F(DialogKeyboard, AUserIsEditedWithoutTheMouse) {
+  const MainWindow window = Open(SampleSession());
+  GoTo(window, kUsersTab, {L"Blanc"});
+  driver::PressKey(window.Form(), VK_F2);
+  const DialogWindow dialog(Program(), String(205));
+  EXPECT_EQ(IDC_TXT_USER_NAME, dialog.Focus());
+  EXPECT_EQ((std::pair{0, 5}), dialog.Box(IDC_TXT_USER_NAME).Selection());
+  EXPECT_EQ((Ids{IDC_HELP_BUTTON, IDC_CANCEL, IDC_OK, IDC_CMD_USER_BTN + 12, IDC_LIST_USER + 2,
+                 IDC_CMD_USER_BTN + 21, IDC_CMD_USER_BTN + 11, IDC_LIST_USER + 1, IDC_TXT_VERIFY,
+                 IDC_TXT_PASSWORD, IDC_TXT_FULL_NAME, IDC_TXT_USER_NAME}),
+            driver::WalkByTab(dialog.Form(), {VK_SHIFT}));
+  dialog.TabTo(IDC_TXT_FULL_NAME);
+  dialog.Type(L"Louise Blanc");
+  dialog.TabTo(IDC_LIST_USER + 1);
+  dialog.Toggle(L"Achats");
+  dialog.Key(VK_RETURN);
+  dialog.AwaitClosed();
+  window.AwaitUsable();
+  EXPECT_EQ((Lines{"Louise Blanc|2"}),
+            Box().Database().Lines(L"SELECT FULLNAME, GROUPID FROM QRUSER, QRUSGP WHERE NAME ="
+                                   L" 'Blanc' AND QRUSGP.USERID = QRUSER.USERID"));
+  EXPECT_EQ(L"Blanc (Louise Blanc)", window.Tree(kUsersTab).Selected().text);
+}
+
+TEST_F(DialogKeyboard, ANewGroupIsMadeWithoutTheMouse) {
+  const MainWindow window = Open(SampleSession());
+  window.SelectTab(kGroupsTab);
+  GoTo(window, kGroupsTab, {});
+  driver::PressKey(window.Form(), 'N', {VK_MENU});
+  const DialogWindow dialog(Program(), String(202));
+  EXPECT_EQ(IDC_TXT_GROUP_NAME, dialog.Focus());
+  EXPECT_EQ((Ids{IDC_TXT_GROUP_DESC, IDC_LIST_GROUP + 1, IDC_CMD_GROUP_BTN + 11, IDC_LIST_GROUP + 2,
+                 IDC_CMD_GROUP_BTN + 12, IDC_CMD_GROUP_BTN + 22, IDC_OK, IDC_CANCEL,
+                 IDC_HELP_BUTTON, IDC_TXT_GROUP_NAME}),
+            driver::WalkByTab(dialog.Form()));
+  dialog.Type(L"Accueil");
+  dialog.Key('F', {VK_MENU});
+  const DialogWindow chooser(Program(), String(201) + L"Accueil");
+  EXPECT_EQ(IDC_TXT_ADD_USER + 1, chooser.Focus());
+  EXPECT_EQ(
+      (Ids{IDC_LIST_ADD_USER + 1, IDC_CMD_ADD_USER + 1, IDC_CMD_ADD_USER + 2, IDC_TXT_ADD_USER + 2,
+           IDC_LIST_ADD_USER + 2, IDC_OK, IDC_CANCEL, IDC_HELP_BUTTON, IDC_TXT_ADD_USER + 1}),
+      driver::WalkByTab(chooser.Form()));
+  chooser.Type(L"rou");
+  chooser.TabTo(IDC_CMD_ADD_USER + 1);
+  chooser.Key(VK_SPACE);
+  const driver::ListBox chosen = chooser.List(IDC_LIST_ADD_USER + 2);
+  driver::Await("somebody to be chosen", [&] { return chosen.Count() == 1; });
+  EXPECT_EQ(L"Rousseau", chosen.Text(0));
+  chooser.TabTo(IDC_OK);
+  chooser.Key(VK_RETURN);
+  chooser.AwaitClosed();
+  dialog.Key('T', {VK_MENU});  // all permissions
+  AwaitChecked(dialog, IDC_LIST_GROUP + 2, 30);
+  dialog.TabTo(IDC_TXT_GROUP_DESC);
+  dialog.Key(VK_RETURN);
+  dialog.AwaitClosed();
+  window.AwaitUsable();
+  EXPECT_EQ((Lines{"(null)|19|30"}),
+            Box().Database().Lines(
+                L"SELECT DESCR, USERID, COUNT(PERMID) FROM QRGROUP, QRUSGP, QRGPRM WHERE NAME ="
+                L" 'Accueil' AND QRUSGP.GROUPID = QRGROUP.GROUPID"
+                L" AND QRGPRM.GROUPID = QRGROUP.GROUPID GROUP BY USERID"));
+}
+
+TEST_F(DialogKeyboard, AGroupIsEditedWithoutTheMouse) {
+  const MainWindow window = Open(SampleSession());
+  window.SelectTab(kGroupsTab);
+  GoTo(window, kGroupsTab, {L"Achats"});
+  driver::PressKey(window.Form(), VK_F2);
+  const DialogWindow dialog(Program(), String(203));
+  EXPECT_EQ(IDC_TXT_GROUP_NAME, dialog.Focus());
+  dialog.TabTo(IDC_LIST_GROUP + 1);
+  const driver::ListBox members = dialog.List(IDC_LIST_GROUP + 1);
+  EXPECT_EQ((Texts{L"D'Angelo", L"Blanc", L"Chevalier"}), members.Texts());
+  dialog.Key(VK_END);
+  driver::Await("the last member to be selected", [&] { return members.IsSelected(2); });
+  dialog.Key('R', {VK_MENU});
+  driver::Await("the last member to be gone", [&] { return members.Count() == 2; });
+  dialog.TabTo(IDC_LIST_GROUP + 2);
+  dialog.Toggle(L"Libérer un lot");
+  dialog.Key(VK_RETURN);
+  dialog.AwaitClosed();
+  window.AwaitUsable();
+  Database database = Box().Database();
+  EXPECT_EQ((Lines{"11", "20"}),
+            database.Lines(L"SELECT USERID FROM QRUSGP WHERE GROUPID = 9 ORDER BY 1"));
+  EXPECT_EQ((Lines{"14", "21", "24", "25", "26", "27"}),
+            database.Lines(L"SELECT PERMID FROM QRGPRM WHERE GROUPID = 9 ORDER BY 1"));
+}
+
+TEST_F(DialogKeyboard, GroupsAreAssignedWithoutTheMouse) {
+  const MainWindow window = Open(SampleSession());
+  GoTo(window, kUsersTab, {L"Blanc", String(304)});
+  PressByKeys(window, IDC_CMD_MEMBER_OF);
+  const DialogWindow dialog(Program(), String(206) + String(308));
+  EXPECT_EQ(IDC_LIST_LIST_ITEM, dialog.Focus());
+  EXPECT_EQ((Ids{IDC_CMD_LIST_ITEM, IDC_OK, IDC_CANCEL, IDC_HELP_BUTTON, IDC_LIST_LIST_ITEM}),
+            driver::WalkByTab(dialog.Form()));
+  dialog.Toggle(L"Qualité");
+  dialog.Toggle(L"Direction");
+  dialog.Key('T', {VK_MENU});
+  AwaitChecked(dialog, IDC_LIST_LIST_ITEM, 10);
+  dialog.Key('A', {VK_MENU});
+  AwaitChecked(dialog, IDC_LIST_LIST_ITEM, 0);
+  dialog.TabTo(IDC_LIST_LIST_ITEM);
+  dialog.Toggle(L"Ventes");
+  dialog.Key(VK_RETURN);
+  dialog.AwaitClosed();
+  window.AwaitUsable();
+  EXPECT_EQ((Lines{"2", "9", "10"}),
+            Box().Database().Lines(L"SELECT GROUPID FROM QRUSGP WHERE USERID = 20 ORDER BY 1"));
+}
+
+TEST_F(DialogKeyboard, MembersAreChosenWithoutTheMouseAndF1Helps) {
+  const MainWindow window = Open(SampleSession());
+  window.SelectTab(kGroupsTab);
+  GoTo(window, kGroupsTab, {L"Achats", String(309)});
+  PressByKeys(window, IDC_CMD_MEMBER);
+  const DialogWindow dialog(Program(), String(201) + L"Achats");
+  EXPECT_EQ(IDC_TXT_ADD_USER + 1, dialog.Focus());
+  EXPECT_EQ((Ids{IDC_LIST_ADD_USER + 1, IDC_CMD_ADD_USER + 1, IDC_CMD_ADD_USER + 2,
+                 IDC_CMD_ADD_USER + 3, IDC_CMD_ADD_USER + 4, IDC_TXT_ADD_USER + 2,
+                 IDC_LIST_ADD_USER + 2, IDC_OK, IDC_CANCEL, IDC_HELP_BUTTON, IDC_TXT_ADD_USER + 1}),
+            driver::WalkByTab(dialog.Form()));
+  dialog.Type(L"mz");
+  const driver::ListBox others = dialog.List(IDC_LIST_ADD_USER + 1);
+  const driver::ListBox chosen = dialog.List(IDC_LIST_ADD_USER + 2);
+  EXPECT_EQ((Texts{L"Müller"}), others.Selected());
+  dialog.TabTo(IDC_LIST_ADD_USER + 1);
+  dialog.Key(VK_UP);
+  dialog.Key(VK_DOWN, {VK_SHIFT});
+  driver::Await("two to be selected", [&] { return others.Selected().size() == 2; });
+  const Texts selected = others.Selected();
+  dialog.TabTo(IDC_CMD_ADD_USER + 1);
+  dialog.Key(VK_SPACE);
+  driver::Await("both to be chosen", [&] { return chosen.Selected() == selected; });
+  dialog.TabTo(IDC_TXT_ADD_USER + 2);
+  dialog.Key(VK_RETURN);
+  dialog.AwaitClosed();
+  window.AwaitUsable();
+  EXPECT_EQ(5, Box().Database().Number(L"SELECT COUNT(*) FROM QRUSGP WHERE GROUPID = 9"));
+
+  GoTo(window, kGroupsTab, {L"Achats", String(310)});
+  PressByKeys(window, IDC_CMD_GROUP_PERMISSION);
+  const DialogWindow permissions(Program(), String(206) + String(307));
+  permissions.Key(VK_F1);
+  driver::Await("the help viewer", [this] {
+    return !driver::TopWindows(Program().Id(), [](const driver::Window& shown) {
+              return shown.Class() == L"HH Parent" && shown.IsVisible();
+            }).empty();
+  });
+  Leave(permissions, window);
+}
+
+}  // namespace
+}  // namespace program

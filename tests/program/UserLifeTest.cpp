@@ -1,0 +1,147 @@
+// A user from his first day to his last, by mouse and keyboard.
+
+#include "data/Text.h"
+#include "resources/ResourceIds.h"
+#include "tests/program/DialogWindow.h"
+#include "tests/program/ProgramTest.h"
+#include "tests/program/Texts.h"
+#include "tests/program/driver/Keyboard.h"
+#include "tests/program/driver/Mouse.h"
+
+namespace program {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr const wchar_t* kShown = L"Zola (Émile Zola)";
+constexpr const wchar_t* kEdited = L"Zola (Émile Édouard Zola)";
+constexpr const wchar_t* kPassword = L"Germinal-85";
+
+class UserLife : public ProgramTest {
+ protected:
+  std::wstring Id() { return Box().Database().Text(L"SELECT MAX(USERID) FROM QRUSER"); }
+  Lines Row() {
+    return Box().Database().Lines(L"SELECT NAME, FULLNAME, VFLG FROM QRUSER WHERE USERID = " +
+                                  Id());
+  }
+  Lines Groups() {
+    return Box().Database().Lines(
+        L"SELECT NAME FROM QRGROUP WHERE GROUPID IN (SELECT GROUPID FROM QRUSGP WHERE USERID = " +
+        Id() + L") ORDER BY GROUPID");
+  }
+  Lines Permissions() {
+    return Box().Database().Lines(
+        L"SELECT NAME FROM QRPERM WHERE PERMID IN (SELECT PERMID FROM QRUPRM WHERE USERID = " +
+        Id() + L") ORDER BY PERMID");
+  }
+
+  void Create(const MainWindow& window) {
+    window.ClickOn(IDC_CMD_USER + 2);
+    const DialogWindow dialog(Program(), String(204));
+    dialog.AwaitFocus(IDC_TXT_USER_NAME);
+    dialog.Type(L"Zola");
+    dialog.TabTo(IDC_TXT_FULL_NAME);
+    dialog.Type(L"Émile Zola");
+    dialog.TabTo(IDC_TXT_PASSWORD);
+    dialog.Type(kPassword);
+    dialog.TabTo(IDC_TXT_VERIFY);
+    dialog.Type(kPassword);
+    EXPECT_EQ(std::vector<std::wstring>{L"Tout le monde"},
+              dialog.Checks(IDC_LIST_USER + 1).Checked());
+    EXPECT_TRUE(dialog.Checks(IDC_LIST_USER + 2).Checked().empty());
+    dialog.Key(VK_RETURN);
+    dialog.AwaitClosed();
+    window.AwaitUsable();
+  }
+
+  // F2 on the account. Only what is changed is touched.
+  void Edit(const MainWindow& window) {
+    driver::PressKey(window.Form(), VK_F2);
+    const DialogWindow dialog(Program(), String(205));
+    EXPECT_EQ(L"Zola", dialog.Box(IDC_TXT_USER_NAME).Text());
+    EXPECT_TRUE(dialog.Box(IDC_TXT_PASSWORD).IsMasked());
+    dialog.TabTo(IDC_TXT_FULL_NAME);
+    dialog.Type(L"Émile Édouard Zola");
+    dialog.TabTo(IDC_LIST_USER + 1);
+    dialog.Toggle(L"Qualité");
+    dialog.TabTo(IDC_LIST_USER + 2);
+    dialog.Toggle(L"Émettre un avoir");
+    dialog.Key(VK_RETURN);
+    dialog.AwaitClosed();
+    window.AwaitUsable();
+  }
+
+  // Checks one item in the chooser behind an Assign button.
+  void Assign(const MainWindow& window, const std::wstring& folder, int button,
+              const std::wstring& title, const std::wstring& item) {
+    window.ClickNode(kUsersTab, {kEdited, folder});
+    window.ClickOn(button);
+    const DialogWindow dialog(Program(), title);
+    driver::ListView list = dialog.Checks(IDC_LIST_LIST_ITEM);
+    const int row = list.Find(item);
+    driver::ClickAt(list.Control(), list.CheckPlace(row));
+    driver::Await("the box to be checked", [&] { return list.Row(row).checked; });
+    dialog.ClickOn(IDC_OK);
+    dialog.AwaitClosed();
+    window.AwaitUsable();
+  }
+
+  void Remove(const MainWindow& window, const std::wstring& folder, const std::wstring& leaf,
+              int button, int question) {
+    window.ClickNode(kUsersTab, {kEdited, folder, leaf});
+    window.ClickOn(button);
+    ExpectQuestion(String(question), IDYES);
+    window.AwaitUsable();
+  }
+};
+
+TEST_F(UserLife, HeIsCreatedEditedGivenGroupsAndPermissionsAndDeleted) {
+  const MainWindow window = Open(SampleSession());
+  Create(window);
+  EXPECT_EQ((Lines{"Zola|Émile Zola|"}), Row());
+  EXPECT_EQ((Lines{"Everyone"}), Groups());
+  EXPECT_EQ(Lines{}, Permissions());
+  EXPECT_EQ(kShown, window.Tree(kUsersTab).Selected().text);
+  ExpectAccountsAsStored(window, kUsersTab);
+  ExpectAccountAsStored(window, kUsersTab, kShown);
+  EXPECT_NO_THROW(Box().OpenSession(L"Zola", kPassword)) << "he cannot log in";
+
+  window.ClickNode(kUsersTab, {kShown});
+  Edit(window);
+  EXPECT_EQ((Lines{"Zola|Émile Édouard Zola|"}), Row());
+  EXPECT_EQ((Lines{"Everyone", "Qualité"}), Groups());
+  EXPECT_EQ((Lines{"Émettre un avoir"}), Permissions());
+  EXPECT_NO_THROW(Box().OpenSession(L"Zola", kPassword)) << "the password has not stayed";
+  ExpectAccountAsStored(window, kUsersTab, kEdited);
+  ExpectAccountAsStored(window, kGroupsTab, L"Qualité (Contrôle final et réclamations)");
+
+  Assign(window, String(304), IDC_CMD_MEMBER_OF, String(206) + String(308), L"Achats");
+  EXPECT_EQ((Lines{"Everyone", "Qualité", "Achats"}), Groups());
+  ExpectAccountAsStored(window, kGroupsTab, L"Achats");
+  Assign(window, String(305), IDC_CMD_USER_PERMISSION, String(206) + String(307),
+         L"Audit des sessions");
+  EXPECT_EQ((Lines{"Émettre un avoir", "Session audit"}), Permissions());
+  ExpectAccountAsStored(window, kUsersTab, kEdited);
+
+  Remove(window, String(305), L"Émettre un avoir", IDC_CMD_USER_PERMISSION + 1, 733);
+  EXPECT_EQ((Lines{"Session audit"}), Permissions());
+  Remove(window, String(304), L"Achats", IDC_CMD_MEMBER_OF + 1, 732);
+  EXPECT_EQ((Lines{"Everyone", "Qualité"}), Groups());
+  ExpectAccountAsStored(window, kUsersTab, kEdited);
+
+  window.ClickNode(kUsersTab, {kEdited});
+  window.ClickOn(IDC_CMD_USER + 1);
+  ExpectQuestion(String(721), IDNO);
+  window.AwaitUsable();
+  EXPECT_EQ((Lines{"Zola|Émile Édouard Zola|"}), Row());
+  window.ClickOn(IDC_CMD_USER + 1);
+  ExpectQuestion(String(721), IDYES);
+  window.AwaitUsable();
+  EXPECT_EQ((Lines{data::ToUtf8(L"Zola(" + Id() + L")|Émile Édouard Zola|D")}), Row());
+  EXPECT_EQ((Lines{"Everyone", "Qualité"}), Groups()) << "his links are left as they are";
+  ExpectAccountsAsStored(window, kUsersTab);
+  ExpectAccountAsStored(window, kGroupsTab, L"Qualité (Contrôle final et réclamations)");
+}
+
+}  // namespace
+}  // namespace program
