@@ -1,0 +1,118 @@
+// The commands that the trees offer where they are, what they copy, and what they tell about a
+// permission.
+
+#include "data/Text.h"
+#include "resources/ResourceIds.h"
+#include "tests/program/DialogWindow.h"
+#include "tests/program/ProgramTest.h"
+#include "tests/program/Texts.h"
+#include "tests/program/driver/Clipboard.h"
+#include "tests/program/driver/Keyboard.h"
+#include "tests/program/driver/Mouse.h"
+#include "tests/program/driver/PopupMenu.h"
+#include "tests/program/driver/ToolTip.h"
+
+namespace program {
+namespace {
+
+constexpr const wchar_t* kMartin = L"Martin (Jean Martin)";
+
+class ContextMenu : public ProgramTest {
+ protected:
+  void OpenMenuAt(const MainWindow& window, const std::vector<std::wstring>& path) {
+    driver::TreeView tree = window.Tree(kUsersTab);
+    driver::RightClickAt(tree.Control(), tree.Reveal(tree.Find(path).item));
+    driver::AwaitMenu(Program().Id());
+  }
+
+  // Chooses the item that stands that many items below the top of the menu.
+  void ChooseItem(const MainWindow& window, int steps) {
+    for (int step = 0; step <= steps; ++step) driver::PressKey(window.Form(), VK_DOWN);
+    driver::PressKey(window.Form(), VK_RETURN);
+    driver::AwaitNoMenu(Program().Id());
+  }
+};
+
+TEST_F(ContextMenu, ItsCommandsAreThoseOfTheButtons) {
+  constexpr int kAssignPermission = 5;  // behind Edit, Delete, New, Assign and Remove of groups
+  const MainWindow window = Open(SampleSession());
+  OpenMenuAt(window, {kMartin, String(305)});
+  EXPECT_EQ(String(305), window.Tree(kUsersTab).Selected().text) << "the click has not selected";
+  ChooseItem(window, kAssignPermission);
+  {
+    const DialogWindow dialog(Program(), String(206) + String(307));
+    dialog.Toggle(L"Libérer un lot");
+    dialog.Key(VK_RETURN);
+    dialog.AwaitClosed();
+  }
+  window.AwaitUsable();
+  EXPECT_EQ((std::vector<std::string>{"14", "20", "21"}),
+            Box().Database().Lines(L"SELECT PERMID FROM QRUPRM WHERE USERID = 9 ORDER BY 1"));
+
+  driver::PressKey(window.Form(), VK_F10, {VK_SHIFT});
+  driver::AwaitMenu(Program().Id());
+  driver::PressKey(window.Form(), 'E');
+  driver::AwaitNoMenu(Program().Id());
+  {
+    const DialogWindow dialog(Program(), String(205));
+    EXPECT_EQ(L"Martin", dialog.Box(IDC_TXT_USER_NAME).Text());
+    dialog.Key(VK_ESCAPE);
+    dialog.AwaitClosed();
+  }
+  window.AwaitUsable();
+}
+
+TEST_F(ContextMenu, WhatItsButtonDoesNotAllowIsNotDone) {
+  const MainWindow window = Open(SampleSession());
+  const std::wstring before = Box().Database().Contents();
+  OpenMenuAt(window, {L"Admin (Administrateur principal)"});
+  driver::PressKey(window.Form(), 'S');  // Delete, which is off for this user
+  driver::PressKey(window.Form(), VK_ESCAPE);
+  driver::AwaitNoMenu(Program().Id());
+  window.Form().Send(WM_NULL);
+  EXPECT_FALSE(driver::FindPrompt(Program().Id()));
+  EXPECT_EQ(before, Box().Database().Contents());
+}
+
+TEST_F(ContextMenu, CopiesWhatStandsBelowANodeAsCtrlCDoes) {
+  const std::wstring expected = String(304) + L"\r\n\tLaboratoire (Mesures et essais)\r\n" +
+                                L"\tProduction (Ateliers d'Annecy et de Châteauroux)\r\n" +
+                                L"\tTout le monde (Tous les utilisateurs)";
+  const MainWindow window = Open(SampleSession());
+  driver::ClearClipboard();
+  window.ClickNode(kUsersTab, {kMartin, String(304)});
+  driver::PressKey(window.Form(), 'C', {VK_CONTROL});
+  driver::WaitUntil([&] { return !driver::ClipboardText().empty(); });
+  EXPECT_EQ(data::ToUtf8(expected), data::ToUtf8(driver::ClipboardText()));
+
+  driver::ClearClipboard();
+  driver::PressKey(window.Form(), VK_F10, {VK_SHIFT});
+  driver::AwaitMenu(Program().Id());
+  driver::PressKey(window.Form(), 'C');
+  driver::AwaitNoMenu(Program().Id());
+  driver::WaitUntil([&] { return !driver::ClipboardText().empty(); });
+  EXPECT_EQ(data::ToUtf8(expected), data::ToUtf8(driver::ClipboardText()));
+}
+
+class Why : public ProgramTest {};
+
+TEST_F(Why, AStatusLineAndATipTellWhereAPermissionComesFrom) {
+  const MainWindow window = Open(SampleSession());
+  const std::wstring production = L"Production (Ateliers d'Annecy et de Châteauroux)";
+  window.ClickNode(kUsersTab, {kMartin, String(306), L"Consulter le stock"});
+  EXPECT_EQ(data::ToUtf8(String(504, {production})), data::ToUtf8(window.Status()));
+  window.ClickNode(kUsersTab, {kMartin, String(306), L"Lancer un ordre de fabrication"});
+  EXPECT_EQ(data::ToUtf8(String(502, {production})), data::ToUtf8(window.Status()));
+  window.ClickNode(kUsersTab, {kMartin});
+  EXPECT_EQ(data::ToUtf8(String(404, {L"39", L"12", L"30"})), data::ToUtf8(window.Status()));
+
+  driver::TreeView tree = window.Tree(kUsersTab);
+  const HTREEITEM item = tree.Find({kMartin, String(306), L"Solder un ordre de fabrication"}).item;
+  driver::PointAt(tree.Control(), tree.Reveal(item));
+  EXPECT_EQ(data::ToUtf8(String(502, {production})),
+            data::ToUtf8(driver::AwaitTip(Program().Id()).Text()));
+  EXPECT_EQ(kMartin, tree.Selected().text) << "looking is not selecting";
+}
+
+}  // namespace
+}  // namespace program
