@@ -9,8 +9,8 @@
 
 namespace driver {
 
-// A block of memory in another process, for the window messages that take a pointer and that the
-// system does not carry over. Both processes must have the same word size.
+// A block of memory that another process sees too, for the window messages that take a pointer and
+// that the system does not carry over. Both processes must have the same word size.
 class RemoteMemory {
  public:
   RemoteMemory(DWORD processId, std::size_t size);
@@ -28,8 +28,12 @@ class RemoteMemory {
   std::wstring ReadText(std::size_t offset, std::size_t maximum) const;
 
  private:
+  char* Own(std::size_t offset, std::size_t size) const;
+
   UniqueHandle process_;
-  void* block_ = nullptr;
+  UniqueHandle mapping_;
+  void* own_ = nullptr;    // the block as this process sees it
+  void* block_ = nullptr;  // and the other one
   std::size_t size_ = 0;
 };
 
