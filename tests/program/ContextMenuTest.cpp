@@ -98,7 +98,7 @@ class Why : public ProgramTest {};
 
 TEST_F(Why, AStatusLineAndATipTellWhereAPermissionComesFrom) {
   const MainWindow window = Open(SampleSession());
-  const std::wstring production = L"Production (Ateliers d'Annecy et de Châteauroux)";
+  const std::wstring production = L"Production";
   window.ClickNode(kUsersTab, {kMartin, String(306), L"Consulter le stock"});
   EXPECT_EQ(data::ToUtf8(String(504, {production})), data::ToUtf8(window.Status()));
   window.ClickNode(kUsersTab, {kMartin, String(306), L"Lancer un ordre de fabrication"});
