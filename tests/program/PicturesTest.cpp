@@ -1,17 +1,30 @@
-// Pictures of both tabs, opened to leaves, kept where there is a display to take them from.
+// Pictures of the windows, kept where there is a display to take them from.
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
+#include "resources/ResourceIds.h"
+#include "tests/program/DialogWindow.h"
 #include "tests/program/Outline.h"
 #include "tests/program/Paths.h"
 #include "tests/program/ProgramTest.h"
 #include "tests/program/Texts.h"
+#include "tests/program/driver/Button.h"
 #include "tests/program/driver/Keyboard.h"
+#include "tests/program/driver/Mouse.h"
+#include "tests/program/driver/PopupMenu.h"
 #include "tests/program/driver/Screenshot.h"
+#include "tests/program/driver/ToolTip.h"
 
 namespace program {
 namespace {
+
+constexpr const wchar_t* kMartin = L"Martin (Jean Martin)";
+constexpr const wchar_t* kQuality = L"Qualité (Contrôle final et réclamations)";
+
+// Half as long as a caret stays between two blinks.
+constexpr std::chrono::milliseconds kStill{250};
 
 class Pictures : public ProgramTest {
  protected:
@@ -32,18 +45,33 @@ class Pictures : public ProgramTest {
     return std::all_of(children.begin(), children.end(), IsPainted);
   }
 
-  // What has been painted may still be on its way to the screen, so two looks have to agree.
-  static void Keep(const MainWindow& window, const wchar_t* name) {
+  // What has been painted, by the window manager among others, may still be on its way to the
+  // screen.
+  static void Keep(const driver::Window& window, const wchar_t* name) {
     std::filesystem::create_directories(PicturesFolder());
     const std::filesystem::path file = PicturesFolder() / name;
     std::filesystem::remove(file);
-    std::string before;
+    std::string seen;
+    auto since = std::chrono::steady_clock::now();
     driver::Await("the picture to stand still", [&] {
-      if (!IsPainted(window.Form())) return false;
-      driver::SaveScreenshot(window.Form().Rectangle(), file);
+      if (!IsPainted(window)) return false;
+      driver::SaveScreenshot(window.Rectangle(), file);
       std::string now = FileBytes(file);
-      return std::exchange(before, now) == now;
+      if (now != seen) since = std::chrono::steady_clock::now();
+      seen = std::move(now);
+      return std::chrono::steady_clock::now() - since >= kStill;
     });
+  }
+
+  static void Select(const MainWindow& window, Tab tab, const std::vector<std::wstring>& path) {
+    driver::TreeView tree = window.Tree(tab);
+    tree.Select(tree.Find(path).item);
+  }
+
+  static void Leave(const DialogWindow& dialog, const MainWindow& window) {
+    dialog.Key(VK_ESCAPE);
+    dialog.AwaitClosed();
+    window.AwaitUsable();
   }
 };
 
@@ -53,11 +81,68 @@ TEST_F(Pictures, BothTabsCanBeSeenOpenedToTheirLeaves) {
   driver::TreeView users = window.Tree(kUsersTab);
   OpenAccount(users, L"Admin");
   EXPECT_EQ(3u, users.KnownChildren(users.Find({L"Admin (Administrateur principal)"}).item).size());
-  Keep(window, L"users.bmp");
+  Keep(window.Form(), L"users.bmp");
   window.SelectTab(kGroupsTab);
   driver::TreeView groups = window.Tree(kGroupsTab);
   OpenAccount(groups, L"Administrateurs");
-  Keep(window, L"groups.bmp");
+  Keep(window.Form(), L"groups.bmp");
+}
+
+TEST_F(Pictures, TheDialogsOfTheUsersTabCanBeSeen) {
+  const MainWindow window = Open(SampleSession());
+  driver::Press(window.Control(IDC_CMD_USER + 2));
+  const DialogWindow newUser(Program(), String(204));
+  Keep(newUser.Form(), L"new-user.bmp");
+  Leave(newUser, window);
+  Select(window, kUsersTab, {kMartin});
+  driver::Press(window.Control(IDC_CMD_USER));
+  const DialogWindow editUser(Program(), String(205));
+  Keep(editUser.Form(), L"edit-user.bmp");
+  Leave(editUser, window);
+  Select(window, kUsersTab, {kMartin, String(304)});
+  driver::Press(window.Control(IDC_CMD_MEMBER_OF));
+  const DialogWindow groups(Program(), String(206) + String(308));
+  groups.Toggle(L"Méthodes");
+  groups.Toggle(L"Qualité");
+  Keep(groups.Form(), L"list-item.bmp");
+}
+
+TEST_F(Pictures, TheDialogsOfTheGroupsTabCanBeSeen) {
+  const MainWindow window = Open(SampleSession());
+  window.SelectTab(kGroupsTab);
+  driver::Press(window.Control(IDC_CMD_GROUP + 2));
+  const DialogWindow newGroup(Program(), String(202));
+  Keep(newGroup.Form(), L"new-group.bmp");
+  Leave(newGroup, window);
+  Select(window, kGroupsTab, {kQuality});
+  driver::Press(window.Control(IDC_CMD_GROUP));
+  const DialogWindow editGroup(Program(), String(203));
+  Keep(editGroup.Form(), L"edit-group.bmp");
+  Leave(editGroup, window);
+  Select(window, kGroupsTab, {kQuality, String(309)});
+  driver::Press(window.Control(IDC_CMD_MEMBER));
+  const DialogWindow members(Program(), String(201) + kQuality);
+  members.Type(L"ma");
+  Keep(members.Form(), L"add-users.bmp");
+}
+
+TEST_F(Pictures, AMenuAndATipCanBeSeen) {
+  const MainWindow window = Open(SampleSession());
+  // A window manager may still be moving the window, and the mouse has to find it.
+  Keep(window.Form(), L"window.bmp");
+  driver::TreeView tree = window.Tree(kUsersTab);
+  const HTREEITEM folder = tree.Find({kMartin, String(306)}).item;
+  const HTREEITEM leaf = tree.Find({kMartin, String(306), L"Consulter le stock"}).item;
+  Select(window, kUsersTab, {kMartin});
+  tree.Reveal(tree.KnownChildren(folder).back().item);
+  driver::PointAt(tree.Control(), tree.Reveal(leaf));
+  driver::AwaitTip(Program().Id());
+  Keep(window.Form(), L"why-tip.bmp");
+  driver::RightClickAt(tree.Control(), tree.Reveal(folder));
+  driver::AwaitMenu(Program().Id());
+  Keep(window.Form(), L"context-menu.bmp");
+  driver::PressKey(window.Form(), VK_ESCAPE);
+  driver::AwaitNoMenu(Program().Id());
 }
 
 }  // namespace
