@@ -1,0 +1,337 @@
+#include <gtest/gtest.h>
+
+#include "data/MSQLStatement.h"
+#include "dialogs/ListItems.h"
+#include "dialogs/frmAddUserInGroup.h"
+#include "dialogs/frmListItem.h"
+#include "tests/browser/CommandTest.h"
+
+namespace browser {
+namespace {
+
+using Rows = std::vector<std::vector<std::string>>;
+using controls::ListBox;
+
+int ItemOf(const ListBox& list, std::int32_t id) {
+  for (int i = 0; i < list.ListCount(); ++i) {
+    if (list.ItemData(i) == id) return i;
+  }
+  ADD_FAILURE() << "no item " << id;
+  return -1;
+}
+
+// The four Assign commands; the removals have tests of their own.
+class LinkAssignment : public CommandTest {
+ protected:
+  void ExpectChooser(const wchar_t* kind, const wchar_t* relation, std::int32_t owner,
+                     std::initializer_list<std::int32_t> ids) {
+    user.ExpectModal([=, this, wanted = std::vector<std::int32_t>(ids)](controls::Form& form) {
+      auto& dialog = dynamic_cast<dialogs::frmListItem&>(form);
+      EXPECT_EQ(dialog.ListKind, kind);
+      EXPECT_EQ(dialog.RelationName, relation);
+      EXPECT_EQ(dialog.OwnerID, owner);
+      for (const std::int32_t id : wanted) user.Toggle(dialog.List1, ItemOf(dialog.List1, id));
+      user.Click(dialog.cmdOK);
+    });
+  }
+  // Moves the users to the right and presses OK.
+  void ExpectMembersChooser(std::initializer_list<std::int32_t> ids,
+                            const std::function<void(dialogs::frmAddUserInGroup&)>& look = {}) {
+    user.ExpectModal([=, this, wanted = std::vector<std::int32_t>(ids)](controls::Form& form) {
+      auto& dialog = dynamic_cast<dialogs::frmAddUserInGroup&>(form);
+      if (look) look(dialog);
+      for (const std::int32_t id : wanted) {
+        user.DoubleClick(dialog.List1[1], ItemOf(dialog.List1[1], id));
+      }
+      members_.clear();
+      for (const dialogs::ListItem& item : dialogs::Items(dialog.List1[2])) {
+        members_.push_back(item.itemData);
+      }
+      user.Click(dialog.cmdOK);
+    });
+  }
+  // The look-ups of the add-users dialog for group 6 and its members at OK.
+  Strings MembershipLookups() const {
+    Strings sent;
+    for (const std::int32_t id : members_) sent.push_back(data::SqlSelectMembership(6, id));
+    return sent;
+  }
+
+ private:
+  std::vector<std::int32_t> members_;
+};
+
+TEST_F(LinkAssignment, OfGroupsToAUserWritesThemAndUpdatesHimAndEveryGroup) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TMO \\U9 \\G");
+    log.statements.clear();
+    ExpectChooser(L"Groupes", L"Membre du Groupe", 9, {6, 3});
+    user.Click(window.cmdMemberOf[0]);
+    EXPECT_EQ(log.statements,
+              Joined({data::SqlSelectAllGroups(), data::SqlSelectUserGroupIds(9),
+                      data::SqlSelectMembership(9, 3), data::SqlSelectMembership(9, 6),
+                      data::SqlSelectUserGroups(9), data::SqlSelectInheritedPermissions(9)},
+                     GroupRebuild(window)));
+    EXPECT_EQ(Raw().Rows("SELECT GROUPID FROM QRUSGP WHERE USERID = 9 ORDER BY 1"),
+              (Rows{{"2"}, {"3"}, {"6"}, {"7"}, {"12"}}));
+    EXPECT_TRUE(Has(window, 0, L"\\TGU \\U9 \\G6"));
+    EXPECT_TRUE(Has(window, 0, L"\\TPA \\U9 \\P23"));
+    EXPECT_TRUE(Has(window, 1, L"\\TUG \\G6 \\U9"));
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(LinkAssignment, OfPermissionsToAUserWritesThemAndUpdatesHisFolders) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TUP \\U9 \\P");
+    log.statements.clear();
+    ExpectChooser(L"Permissions", L"Droits Utilisateur", 9, {16, 30});
+    user.Click(window.cmdUserPermission[0]);
+    EXPECT_EQ(
+        log.statements,
+        (Strings{data::SqlSelectAllPermissions(), data::SqlSelectUserPermIds(9),
+                 data::SqlSelectUserPermission(9, 16), data::SqlSelectUserPermission(9, 30),
+                 data::SqlSelectUserPermissionNames(9), data::SqlSelectInheritedPermissions(9)}));
+    EXPECT_EQ(Raw().Rows("SELECT PERMID FROM QRUPRM WHERE USERID = 9 ORDER BY 1"),
+              (Rows{{"14"}, {"16"}, {"20"}, {"30"}}));
+    EXPECT_TRUE(Has(window, 0, L"\\TPA \\U9 \\P30"));
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(LinkAssignment, OfMembersToAGroupAddsThemAndUpdatesItAndEveryUser) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 1, L"\\TMS \\G6 \\U");
+    log.statements.clear();
+    ExpectMembersChooser({9, 40}, [](dialogs::frmAddUserInGroup& dialog) {
+      EXPECT_TRUE(dialog.IsRemoveAdmin);
+      EXPECT_EQ(dialog.adminUserId, 1);
+      EXPECT_EQ(dialog.Mode, dialogs::CallerMode::kMainWindow);
+      EXPECT_EQ(dialog.GroupID, 6);
+      EXPECT_EQ(dialog.GroupName, L"Qualité (Contrôle final et réclamations)");
+      EXPECT_EQ(dialog.Caption(),
+                L"Ajouter des Utilisateurs : Qualité (Contrôle final et réclamations)");
+    });
+    user.Click(window.cmdMember[0]);
+    EXPECT_EQ(log.statements,
+              Joined(Joined({data::SqlSelectAllUsers(), data::SqlSelectGroupUsers(6)},
+                            MembershipLookups()),
+                     Joined({data::SqlSelectGroupUsers(6)}, UserRebuild(window))));
+    EXPECT_EQ(Raw().Rows("SELECT USERID FROM QRUSGP WHERE GROUPID = 6 ORDER BY 1"),
+              (Rows{{"9"}, {"15"}, {"21"}, {"34"}, {"38"}, {"40"}}));
+    EXPECT_TRUE(Has(window, 1, L"\\TUG \\G6 \\U9"));
+    EXPECT_TRUE(Has(window, 0, L"\\TPA \\U40 \\P23"));
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(LinkAssignment, OfPermissionsToAGroupAddsThemAndUpdatesEveryUsersPermissions) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 1, L"\\TGP \\G6 \\P");
+    log.statements.clear();
+    ExpectChooser(L"Permissions", L"Droits du Groupe", 6, {30});
+    user.Click(window.cmdGroupPermission[0]);
+    EXPECT_EQ(
+        log.statements,
+        Joined({data::SqlSelectAllPermissions(), data::SqlSelectGroupPermIds(6),
+                data::SqlSelectGroupPermission(6, 30), data::SqlSelectGroupPermissionNames(6)},
+               AllPermissionsRebuild(window)));
+    EXPECT_EQ(Raw().Number("SELECT COUNT(*) FROM QRGPRM WHERE GROUPID = 6 AND PERMID = 30"), 1);
+    for (const wchar_t* key : {L"\\TPA \\U15 \\P30", L"\\TPA \\U21 \\P30", L"\\TPA \\U38 \\P30"}) {
+      EXPECT_TRUE(Has(window, 0, key));
+    }
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(LinkAssignment, TellsTheMembersDialogThatAdminStaysInAdministrators) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 1, L"\\TGR \\G1");
+    ExpectMembersChooser({9}, [this](dialogs::frmAddUserInGroup& dialog) {
+      EXPECT_FALSE(dialog.IsRemoveAdmin);
+      EXPECT_EQ(dialog.adminUserId, 1);
+      // Admin stays; Moreau goes, without a write, since somebody is left.
+      user.ExpectMsgBox({.answer = controls::kResultOk, .style = controls::kInformation});
+      user.Click(dialog.cmdBtn[4]);
+    });
+    user.Click(window.cmdMember[0]);
+    EXPECT_EQ(Raw().Rows("SELECT USERID FROM QRUSGP WHERE GROUPID = 1 ORDER BY 1"),
+              (Rows{{"1"}, {"2"}, {"9"}}));
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(LinkAssignment, ThatEmptiesAGroupTakesEveryMembershipOfIt) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 1, L"\\TUG \\G6 \\U15");
+    ExpectMembersChooser({}, [this](dialogs::frmAddUserInGroup& dialog) {
+      user.Click(dialog.cmdBtn[4]);
+      log.statements.clear();
+    });
+    user.Click(window.cmdMember[0]);
+    EXPECT_EQ(log.statements, Joined({L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID =  6",
+                                      data::SqlSelectGroupUsers(6)},
+                                     UserRebuild(window)));
+    EXPECT_EQ(Selected(window, 1), L"\\TMS \\G6 \\U");
+    EXPECT_FALSE(window.cmdMember[1].Enabled());
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(LinkAssignment, KeepsSelectionAndExpansion) {
+  struct Case {
+    int tree;
+    const wchar_t* key;
+    controls::CommandButton& (*button)(frmUserGroupPerm& window);
+  };
+  const Case cases[] = {
+      {0, L"\\TGU \\U9 \\G7", [](frmUserGroupPerm & w) -> auto& {return w.cmdMemberOf[0];
+}
+}  // namespace
+, {0, L"\\TPU \\U9 \\P14", [](frmUserGroupPerm& w) -> auto& {return w.cmdUserPermission[0];
+}  // namespace browser
+}
+, {1, L"\\TPG \\G6 \\P21", [](frmUserGroupPerm& w) -> auto& {return w.cmdGroupPermission[0];
+}
+}
+, {0, L"\\TUS \\U3", [](frmUserGroupPerm& w) -> auto& {return w.cmdMemberOf[0];
+}
+}
+, {0, L"\\TUS \\U3", [](frmUserGroupPerm& w) -> auto& {return w.cmdUserPermission[0];
+}
+}
+, {1, L"\\TGR \\G12", [](frmUserGroupPerm& w) -> auto& {return w.cmdGroupPermission[0];
+}
+}
+,
+}
+;
+for (const Case& test : cases) {
+  UseSample();
+  Run([&](frmUserGroupPerm& window) {
+    const auto expanded = [&window, &test] {
+      const controls::TreeNodes& nodes = window.TreeView1[test.tree].Nodes();
+      Strings keys;
+      for (int node = nodes.NextIndex(0); node != controls::kNoNode; node = nodes.NextIndex(node)) {
+        if (nodes.Expanded(node)) keys.push_back(nodes.Key(node));
+      }
+      return keys;
+    };
+    Select(window, test.tree, test.key);
+    const Strings before = expanded();
+    user.ExpectModal([this](controls::Form& form) {
+      auto& dialog = dynamic_cast<dialogs::frmListItem&>(form);
+      user.Click(dialog.cmdBtn[0]);
+      user.Click(dialog.cmdOK);
+    });
+    user.Click(test.button(window));
+    EXPECT_EQ(Selected(window, test.tree), test.key);
+    EXPECT_EQ(expanded(), before);
+    ExpectInStep(window);
+  });
+}
+}
+
+TEST_F(LinkAssignment, OfNothingTickedOrCancelledChangesNoNode) {
+  Run([this](frmUserGroupPerm& window) {
+    const Strings before = Look(window);
+    const auto nothing = [&](int tree, const wchar_t* key, controls::CommandButton& button) {
+      Select(window, tree, key);
+      user.ExpectModal([this](controls::Form& form) {
+        user.Click(dynamic_cast<dialogs::frmListItem&>(form).cmdOK);
+        log.statements.clear();
+      });
+      user.Click(button);
+      EXPECT_FALSE(window.exchange.AddNode);
+      EXPECT_TRUE(log.statements.empty());
+      user.ExpectModal([this](controls::Form& form) {
+        user.Click(dynamic_cast<dialogs::frmListItem&>(form).cmdBtn[0]);
+        user.ExpectMsgBox(controls::kResultYes);
+        user.PressKey(form, testing_support::kKeyEscape);
+        log.statements.clear();
+      });
+      user.Click(button);
+      EXPECT_TRUE(log.statements.empty());
+    };
+    nothing(0, L"\\TMO \\U9 \\G", window.cmdMemberOf[0]);
+    nothing(0, L"\\TUP \\U9 \\P", window.cmdUserPermission[0]);
+    nothing(1, L"\\TGP \\G6 \\P", window.cmdGroupPermission[0]);
+    Select(window, 1, L"\\TMS \\G6 \\U");
+    user.ExpectModal([this](controls::Form& form) {
+      user.PressKey(form, testing_support::kKeyEscape);
+      log.statements.clear();
+    });
+    user.Click(window.cmdMember[0]);
+    EXPECT_TRUE(log.statements.empty());
+    EXPECT_EQ(Look(window), before);
+  });
+}
+
+TEST_F(LinkAssignment, WithoutAnAccountOpensNothing) {
+  Run([this](frmUserGroupPerm& window) {
+    log.statements.clear();
+    window.cmdMemberOf_Click(0);
+    window.cmdUserPermission_Click(0);
+    user.ChooseTab(window.TabStrip1, 1);
+    window.cmdMember_Click(0);
+    window.cmdGroupPermission_Click(0);
+    EXPECT_TRUE(log.statements.empty());
+  });
+}
+
+TEST_F(LinkAssignment, ForgetsWhatAnEarlierDialogHasHandedBack) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TUS \\U9");
+    window.exchange.AddNode = true;
+    user.ExpectModal([](controls::Form& form) { form.Unload(); });
+    user.Click(window.cmdMemberOf[0]);
+    EXPECT_FALSE(window.exchange.AddNode);
+  });
+}
+
+TEST_F(LinkAssignment, OnTheUsersTabBringsBackInStepWhatARemovalThereHadLeft) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TGU \\U9 \\G12");
+    ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce membre du groupe ?");
+    user.Click(window.cmdMemberOf[1]);
+    EXPECT_TRUE(Has(window, 1, L"\\TUG \\G12 \\U9"));
+    ExpectChooser(L"Groupes", L"Membre du Groupe", 9, {6});
+    user.Click(window.cmdMemberOf[0]);
+    EXPECT_FALSE(Has(window, 1, L"\\TUG \\G12 \\U9"));
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(LinkAssignment, OfAGroupToAdminIsNoEditOfHimAndShowsInBothTrees) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TUS \\U1");
+    ExpectChooser(L"Groupes", L"Membre du Groupe", 1, {6});
+    user.Click(window.cmdMemberOf[0]);
+    EXPECT_TRUE(Has(window, 1, L"\\TUG \\G6 \\U1"));
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(LinkAssignment, OfALinkThatSomebodyElseHasMadeMeanwhileIsReportedAndKeepsWhatWasWritten) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TUS \\U9");
+    const Strings before = Look(window);
+    user.ExpectModal([this](controls::Form& form) {
+      auto& dialog = dynamic_cast<dialogs::frmListItem&>(form);
+      for (const std::int32_t id : {3, 6}) user.Toggle(dialog.List1, ItemOf(dialog.List1, id));
+      Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
+      user.ExpectMsgBox({.answer = controls::kResultOk, .style = controls::kExclamation});
+      user.Click(dialog.cmdOK);
+    });
+    user.Click(window.cmdMemberOf[0]);
+    EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"UpdateData Error ["));
+    EXPECT_FALSE(window.exchange.AddNode);
+    EXPECT_EQ(Look(window), before);
+    EXPECT_EQ(Raw().Number("SELECT COUNT(*) FROM QRUSGP WHERE USERID = 9 AND GROUPID = 3"), 1);
+    EXPECT_EQ(window.RefreshTree(), kDone);
+    EXPECT_TRUE(Has(window, 0, L"\\TGU \\U9 \\G3"));
+  });
+}
+
+}  // namespace
+}  // namespace browser

@@ -1,0 +1,378 @@
+#include <gtest/gtest.h>
+
+#include "data/MSQLStatement.h"
+#include "tests/browser/CommandTest.h"
+
+namespace browser {
+namespace {
+
+using Rows = std::vector<std::vector<std::string>>;
+using controls::kExclamation;
+using controls::kInformation;
+using controls::kResultNo;
+using controls::kResultYes;
+
+constexpr const wchar_t* kAskMembership = L"Souhaitez-vous supprimer ce membre du groupe ?";
+constexpr const wchar_t* kAskUserPermission =
+    L"Souhaitez-vous supprimer cette permission utilisateur ?";
+constexpr const wchar_t* kAskMember = L"Souhaitez-vous supprimer ce membre ?";
+constexpr const wchar_t* kAskGroupPermission =
+    L"Souhaitez-vous supprimer cette permission de groupe ?";
+
+// One of the four commands that take a link away, with a link of the sample to take.
+struct Removal {
+  int tree;
+  controls::CommandButton& (*button)(frmUserGroupPerm& window);
+  void (frmUserGroupPerm::*handler)(int Index);
+  const wchar_t* leaf;
+  const wchar_t* folder;
+  const wchar_t* question;
+  std::wstring statement;
+  std::wstring reread;  // of the leaf's folder
+  const char* rowCount;
+};
+
+// Martin (9) is in Laboratoire (12) and holds 14; L'Hermitte (15) is in Qualité (6), which
+// gives 21.
+const Removal kRemovals[] = {
+    {0, [](frmUserGroupPerm& window) -> auto& {return window.cmdMemberOf[1];
+}  // namespace
+, &frmUserGroupPerm::cmdMemberOf_Click, L"\\TGU \\U9 \\G12", L"\\TMO \\U9 \\G", kAskMembership,
+    L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID = 12 and QRUSGP.USERID =9",
+    data::SqlSelectUserGroups(9), "SELECT COUNT(*) FROM QRUSGP WHERE USERID = 9 AND GROUPID = 12"
+}  // namespace browser
+, {0, [](frmUserGroupPerm& window) -> auto& {return window.cmdUserPermission[1];
+}
+, &frmUserGroupPerm::cmdUserPermission_Click, L"\\TPU \\U9 \\P14", L"\\TUP \\U9 \\P",
+    kAskUserPermission, L"DELETE FROM QRUPRM WHERE QRUPRM.PERMID = 14 and QRUPRM.USERID =9",
+    data::SqlSelectUserPermissionNames(9),
+    "SELECT COUNT(*) FROM QRUPRM WHERE USERID = 9 AND PERMID = 14"
+}
+, {1, [](frmUserGroupPerm& window) -> auto& {return window.cmdMember[1];
+}
+, &frmUserGroupPerm::cmdMember_Click, L"\\TUG \\G6 \\U15", L"\\TMS \\G6 \\U", kAskMember,
+    L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID = 6 and QRUSGP.USERID =15",
+    data::SqlSelectGroupUsers(6), "SELECT COUNT(*) FROM QRUSGP WHERE USERID = 15 AND GROUPID = 6"
+}
+, {1, [](frmUserGroupPerm& window) -> auto& {return window.cmdGroupPermission[1];
+}
+, &frmUserGroupPerm::cmdGroupPermission_Click, L"\\TPG \\G6 \\P21", L"\\TGP \\G6 \\P",
+    kAskGroupPermission, L"DELETE FROM QRGPRM WHERE QRGPRM.PERMID = 21 and QRGPRM.GROUPID =6",
+    data::SqlSelectGroupPermissionNames(6),
+    "SELECT COUNT(*) FROM QRGPRM WHERE GROUPID = 6 AND PERMID = 21"
+}
+,
+}
+;
+
+class LinkRemoval : public CommandTest {
+ protected:
+  void SelectLeaf(frmUserGroupPerm& window, const Removal& removal) {
+    Select(window, removal.tree, removal.leaf);
+  }
+  void Press(frmUserGroupPerm& window, const Removal& removal) {
+    log.statements.clear();
+    user.Click(removal.button(window));
+  }
+  void Remove(frmUserGroupPerm& window, const Removal& removal) {
+    SelectLeaf(window, removal);
+    ExpectQuestion(kResultYes, removal.question);
+    Press(window, removal);
+  }
+  // What each command sends after its DELETE.
+  static Strings Follow(frmUserGroupPerm& window, const Removal& removal) {
+    if (removal.tree == 0) return {data::SqlSelectInheritedPermissions(9)};
+    return removal.question == kAskMember ? UserRebuild(window) : AllPermissionsRebuild(window);
+  }
+  void DeleteBehindTheProgramsBack(const Removal& removal) {
+    std::string sql = removal.rowCount;
+    Raw().Execute("DELETE" + sql.substr(sql.find(" FROM")));
+  }
+  static Strings Stale(const Removal& removal) {
+    return removal.question == kAskMembership ? Strings{L"\\TUG \\G12 \\U9"} : Strings{};
+  }
+};
+
+TEST_F(LinkRemoval, SendsOneDeleteAndThenWhatBringsTheTreesUpToDate) {
+  for (const Removal& removal : kRemovals) {
+    UseSample();
+    Run([&](frmUserGroupPerm& window) {
+      Remove(window, removal);
+      EXPECT_EQ(log.statements, Joined({removal.statement}, Follow(window, removal)));
+      EXPECT_EQ(Raw().Number(removal.rowCount), 0);
+      EXPECT_FALSE(Has(window, removal.tree, removal.leaf));
+    });
+  }
+}
+
+TEST_F(LinkRemoval, LeavesTheTreesAsARefreshShowsThemButForWhatTheUsersTabLeavesToIt) {
+  for (const Removal& removal : kRemovals) {
+    UseSample();
+    Run([&](frmUserGroupPerm& window) {
+      Remove(window, removal);
+      ExpectInStepBut(window, Stale(removal));
+    });
+  }
+}
+
+TEST_F(LinkRemoval, OfAMembershipOnTheUsersTabUpdatesThatUsersPermissionsAndNotTheGroups) {
+  Run([this](frmUserGroupPerm& window) {
+    const Removal& membership = kRemovals[0];
+    const Strings groups = ChildTexts(window.TreeView1[1], At(window, 1, L"\\TMS \\G12 \\U"));
+    // 20 is Martin's own, too; without that it would come from the group alone.
+    Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 9 AND PERMID = 20");
+    Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (8, 12)");
+    window.RefreshTree();
+    EXPECT_TRUE(Has(window, 0, L"\\TPA \\U9 \\P20"));
+    Remove(window, membership);
+    EXPECT_FALSE(Has(window, 0, L"\\TPA \\U9 \\P20"));
+    EXPECT_TRUE(Has(window, 0, L"\\TPA \\U8 \\P20"));
+    EXPECT_TRUE(Has(window, 1, L"\\TUG \\G12 \\U9"));
+    EXPECT_EQ(ChildTexts(window.TreeView1[1], At(window, 1, L"\\TMS \\G12 \\U")).size(),
+              groups.size() + 1);
+    user.Click(window.cmdBtn[0]);
+    EXPECT_FALSE(Has(window, 1, L"\\TUG \\G12 \\U9"));
+  });
+}
+
+TEST_F(LinkRemoval, OfThatSameMembershipOnTheGroupsTabUpdatesTheUsersAtOnce) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 1, L"\\TUG \\G12 \\U9");
+    ExpectQuestion(kResultYes, kAskMember);
+    user.Click(window.cmdMember[1]);
+    EXPECT_FALSE(Has(window, 0, L"\\TGU \\U9 \\G12"));
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(LinkRemoval, OfAGroupsPermissionTakesItFromEveryUserWhoHadItThroughThatGroup) {
+  Run([this](frmUserGroupPerm& window) {
+    for (const wchar_t* key :
+         {L"\\TPA \\U15 \\P21", L"\\TPA \\U34 \\P21", L"\\TPA \\U38 \\P21", L"\\TPA \\U21 \\P21"}) {
+      EXPECT_TRUE(Has(window, 0, key));
+    }
+    Remove(window, kRemovals[3]);
+    for (const wchar_t* key : {L"\\TPA \\U15 \\P21", L"\\TPA \\U34 \\P21", L"\\TPA \\U38 \\P21"}) {
+      EXPECT_FALSE(Has(window, 0, key));
+    }
+    // Guérin holds it himself as well.
+    EXPECT_TRUE(Has(window, 0, L"\\TPA \\U21 \\P21"));
+  });
+}
+
+TEST_F(LinkRemoval, OfAUsersPermissionLeavesItAmongAllWhereAGroupGivesIt) {
+  Run([this](frmUserGroupPerm& window) {
+    Remove(window, kRemovals[1]);
+    EXPECT_TRUE(Has(window, 0, L"\\TPA \\U9 \\P14"));
+    EXPECT_EQ(user.TipOf(window.TreeView1[0], At(window, 0, L"\\TPA \\U9 \\P14")),
+              L"Par le groupe Production (Ateliers d'Annecy et de Châteauroux)");
+  });
+}
+
+TEST_F(LinkRemoval, OnAFolderOrAnyOtherNodeWarnsInTwoLinesAndStops) {
+  Run([this](frmUserGroupPerm& window) {
+    const Strings before = Look(window);
+    const auto warn = [&](const Removal& removal, const wchar_t* text,
+                          std::initializer_list<const wchar_t*> keys) {
+      for (const wchar_t* key : keys) {
+        Select(window, removal.tree, key);
+        log.statements.clear();
+        ExpectWarning(text, kInformation);
+        (window.*removal.handler)(1);
+        EXPECT_TRUE(log.statements.empty());
+      }
+    };
+    warn(kRemovals[0],
+         L"Sélectionnez le groupe à supprimer puis cliquez sur\r\n"
+         L"le bouton Supprimer dans la section Membre du Groupe.",
+         {L"\\TRT ", L"\\TUS \\U9", L"\\TMO \\U9 \\G", L"\\TUP \\U9 \\P", L"\\TPU \\U9 \\P14",
+          L"\\TAP \\U9 \\P", L"\\TPA \\U9 \\P16"});
+    warn(kRemovals[1],
+         L"Sélectionnez la permission à supprimer puis cliquez sur \r\n"
+         L"le bouton Supprimer dans la section Droits Utilisateur.",
+         {L"\\TRT ", L"\\TUS \\U9", L"\\TMO \\U9 \\G", L"\\TGU \\U9 \\G12", L"\\TUP \\U9 \\P",
+          L"\\TAP \\U9 \\P", L"\\TPA \\U9 \\P14"});
+    warn(kRemovals[2],
+         L"Sélectionnez le groupe à supprimer puis cliquez sur\r\n"
+         L"le bouton Supprimer dans la section Membres du Groupe.",
+         {L"\\TRT ", L"\\TGR \\G6", L"\\TMS \\G6 \\U", L"\\TGP \\G6 \\P", L"\\TPG \\G6 \\P21"});
+    warn(kRemovals[3],
+         L"Sélectionnez la permission à supprimer puis cliquez sur \r\n"
+         L"le bouton Supprimer dans la section Droits Groupe.",
+         {L"\\TRT ", L"\\TGR \\G6", L"\\TMS \\G6 \\U", L"\\TUG \\G6 \\U15", L"\\TGP \\G6 \\P"});
+    EXPECT_EQ(Look(window), before);
+  });
+}
+
+TEST_F(LinkRemoval, AnsweredWithNoChangesNothingAndSetsTheButtonsAgain) {
+  for (const Removal& removal : kRemovals) {
+    Run([&](frmUserGroupPerm& window) {
+      SelectLeaf(window, removal);
+      const Strings before = Look(window);
+      ExpectQuestion(kResultNo, removal.question);
+      controls::CommandButton& edit = removal.tree == 0 ? window.cmdUser[0] : window.cmdGroup[0];
+      edit.SetEnabled(false);
+      Press(window, removal);
+      EXPECT_TRUE(log.statements.empty());
+      EXPECT_EQ(Look(window), before);
+      EXPECT_EQ(Raw().Number(removal.rowCount), 1);
+      EXPECT_EQ(Selected(window, removal.tree), removal.leaf);
+      EXPECT_TRUE(edit.Enabled());
+    });
+  }
+}
+
+TEST_F(LinkRemoval, ThatTheDatabaseRefusesIsReportedAndLeavesTheTreesAsTheyWere) {
+  for (const Removal& removal : kRemovals) {
+    Run([&](frmUserGroupPerm& window) {
+      SelectLeaf(window, removal);
+      const Strings before = Look(window);
+      log.FailAt = [&](const std::wstring& call) { return call == removal.statement ? 3155L : 0L; };
+      ExpectQuestion(kResultYes, removal.question);
+      const std::wstring report = L"DeleteRecord Error [3155]\r\ninjected: " + removal.statement;
+      ExpectWarning(report.c_str(), kExclamation);
+      Press(window, removal);
+      log.FailAt = {};
+      EXPECT_EQ(log.statements, Strings{removal.statement});
+      EXPECT_EQ(Look(window), before);
+      EXPECT_EQ(Selected(window, removal.tree), removal.leaf);
+      EXPECT_EQ(Raw().Number(removal.rowCount), 1);
+      ExpectInStep(window);
+    });
+  }
+}
+
+TEST_F(LinkRemoval, OfALinkThatSomebodyElseHasTakenReadsTheFolderAgainAndSaysSo) {
+  for (const Removal& removal : kRemovals) {
+    UseSample();
+    Run([&](frmUserGroupPerm& window) {
+      SelectLeaf(window, removal);
+      DeleteBehindTheProgramsBack(removal);
+      ExpectQuestion(kResultYes, removal.question);
+      ExpectChangedMeanwhile();
+      Press(window, removal);
+      EXPECT_EQ(log.statements,
+                Joined({removal.statement, removal.reread}, Follow(window, removal)));
+      EXPECT_FALSE(Has(window, removal.tree, removal.leaf));
+      ExpectInStepBut(window, Stale(removal));
+    });
+  }
+}
+
+TEST_F(LinkRemoval, ShowsInTheReadFolderWhatElseSomebodyHasChangedThere) {
+  Run([this](frmUserGroupPerm& window) {
+    SelectLeaf(window, kRemovals[2]);
+    DeleteBehindTheProgramsBack(kRemovals[2]);
+    Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
+    ExpectQuestion(kResultYes, kAskMember);
+    ExpectChangedMeanwhile();
+    Press(window, kRemovals[2]);
+    EXPECT_TRUE(Has(window, 1, L"\\TUG \\G6 \\U9"));
+    EXPECT_TRUE(Has(window, 0, L"\\TGU \\U9 \\G6"));
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(LinkRemoval, PassesTheSelectionToTheNextLinkAndKeepsTheFoldersOpen) {
+  Run([this](frmUserGroupPerm& window) {
+    Remove(window, kRemovals[0]);
+    EXPECT_EQ(Selected(window, 0), L"\\TGU \\U9 \\G7");
+    EXPECT_TRUE(window.cmdMemberOf[1].Enabled());
+    EXPECT_TRUE(window.TreeView1[0].Nodes().Expanded(At(window, 0, L"\\TUS \\U9")));
+    EXPECT_TRUE(window.TreeView1[0].Nodes().Expanded(At(window, 0, L"\\TMO \\U9 \\G")));
+    EXPECT_EQ(window.exchange.UserID, 9);
+    EXPECT_EQ(window.exchange.GroupID, 7);
+    ExpectQuestion(kResultYes, kAskMembership);
+    user.Click(window.cmdMemberOf[1]);
+    // Nobody leaves Everyone, which is left.
+    EXPECT_EQ(Selected(window, 0), L"\\TGU \\U9 \\G2");
+    EXPECT_FALSE(window.cmdMemberOf[1].Enabled());
+  });
+}
+
+TEST_F(LinkRemoval, OfTheLastLinkPassesTheSelectionToTheFolder) {
+  Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 9 AND PERMID = 20");
+  Run([this](frmUserGroupPerm& window) {
+    Remove(window, kRemovals[1]);
+    EXPECT_EQ(Selected(window, 0), L"\\TUP \\U9 \\P");
+    EXPECT_FALSE(window.cmdUserPermission[1].Enabled());
+    EXPECT_EQ(window.selectedPermId, -1);
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(LinkRemoval, KeepsTheOtherTabsSelectionWhereItsNodeIsStillThere) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TPA \\U15 \\P20");
+    Remove(window, kRemovals[3]);
+    EXPECT_EQ(Selected(window, 0), L"\\TPA \\U15 \\P20");
+    EXPECT_TRUE(window.TreeView1[0].Nodes().Expanded(At(window, 0, L"\\TAP \\U15 \\P")));
+  });
+}
+
+TEST_F(LinkRemoval, SetsTheOtherTabsButtonsForWhatItsSelectionHasPassedTo) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TGU \\U15 \\G6");
+    EXPECT_TRUE(window.cmdMemberOf[1].Enabled());
+    Remove(window, kRemovals[2]);
+    EXPECT_EQ(Selected(window, 0), L"\\TGU \\U15 \\G2");
+    user.ChooseTab(window.TabStrip1, 0);
+    EXPECT_FALSE(window.cmdMemberOf[1].Enabled());
+  });
+}
+
+TEST_F(LinkRemoval, OfAdminFromAdministratorsIsRefusedBeforeAnythingIsAsked) {
+  Run([this](frmUserGroupPerm& window) {
+    const Strings before = Look(window);
+    Select(window, 1, L"\\TUG \\G1 \\U1");
+    log.statements.clear();
+    ExpectWarning(
+        L"Impossible de supprimer l'utilisateur de 'Admin (Administrateur principal)' le groupe.",
+        kInformation);
+    user.Click(window.cmdMember[1]);
+    Select(window, 0, L"\\TGU \\U1 \\G1");
+    EXPECT_FALSE(window.cmdMemberOf[1].Enabled());
+    window.cmdMemberOf_Click(1);
+    EXPECT_TRUE(log.statements.empty());
+    EXPECT_EQ(Look(window), before);
+    EXPECT_EQ(Raw().Number("SELECT COUNT(*) FROM QRUSGP WHERE USERID = 1 AND GROUPID = 1"), 1);
+  });
+}
+
+TEST_F(LinkRemoval, OfAnotherMemberOfAdministratorsIsAllowed) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 1, L"\\TUG \\G1 \\U2");
+    ExpectQuestion(kResultYes, kAskMember);
+    user.Click(window.cmdMember[1]);
+    EXPECT_EQ(Raw().Rows("SELECT USERID FROM QRUSGP WHERE GROUPID = 1"), (Rows{{"1"}}));
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(LinkRemoval, OfAdminFromAnOrdinaryGroupIsAllowed) {
+  Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (1, 6)");
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 1, L"\\TUG \\G6 \\U1");
+    ExpectQuestion(kResultYes, kAskMember);
+    user.Click(window.cmdMember[1]);
+    EXPECT_FALSE(Has(window, 0, L"\\TGU \\U1 \\G6"));
+    ExpectInStep(window);
+  });
+}
+
+// What the users tab has taken away is shown among the members until they are read again; taking it
+// away there meets no row.
+TEST_F(LinkRemoval, OfAMemberWhomTheUsersTabHasTakenOutAlreadyReadsTheFolderAgain) {
+  Run([this](frmUserGroupPerm& window) {
+    Remove(window, kRemovals[0]);
+    Select(window, 1, L"\\TUG \\G12 \\U9");
+    ExpectQuestion(kResultYes, kAskMember);
+    ExpectChangedMeanwhile();
+    user.Click(window.cmdMember[1]);
+    EXPECT_FALSE(Has(window, 1, L"\\TUG \\G12 \\U9"));
+    ExpectInStep(window);
+  });
+}
+
+}  // namespace
+}  // namespace browser

@@ -1,0 +1,139 @@
+#include <gtest/gtest.h>
+
+#include "tests/browser/CommandTest.h"
+
+namespace browser {
+namespace {
+
+using controls::TreeView;
+
+// Where the permissions in a user's folder of all permissions come from.
+class PermissionOrigins : public CommandTest {
+ protected:
+  std::wstring Tip(frmUserGroupPerm& window, const wchar_t* key) {
+    const int node = At(window, 0, key);
+    EXPECT_NE(node, controls::kNoNode);
+    return user.TipOf(window.TreeView1[0], node);
+  }
+};
+
+TEST_F(PermissionOrigins, OneGroupIsNamed) {
+  Run([this](frmUserGroupPerm& window) {
+    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P16"),
+              L"Par le groupe Production (Ateliers d'Annecy et de Châteauroux)");
+  });
+}
+
+TEST_F(PermissionOrigins, AGroupIsNamedAsItIsShown) {
+  Run([this](frmUserGroupPerm& window) {
+    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P2"),
+              L"Par le groupe Tout le monde (Tous les utilisateurs)");
+  });
+}
+
+TEST_F(PermissionOrigins, SeveralGroupsAreNamedInTheirOrder) {
+  Run([this](frmUserGroupPerm& window) {
+    EXPECT_EQ(Tip(window, L"\\TPA \\U16 \\P18"),
+              L"Par les groupes Méthodes (Gammes, temps et outillages) et Production (Ateliers "
+              L"d'Annecy et de Châteauroux)");
+    Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (16, 6)");
+    Raw().Execute("UPDATE QRGROUP SET DESCR = NULL");
+    window.RefreshTree();
+    EXPECT_EQ(Tip(window, L"\\TPA \\U16 \\P18"),
+              L"Par les groupes Méthodes, Production et Qualité");
+  });
+}
+
+TEST_F(PermissionOrigins, TheUserHimselfIsNamedWhereHeHoldsItAlone) {
+  Run([this](frmUserGroupPerm& window) {
+    EXPECT_EQ(Tip(window, L"\\TPA \\U3 \\P11"), L"Accordée directement");
+  });
+}
+
+TEST_F(PermissionOrigins, TheUserHimselfComesBeforeHisGroups) {
+  Raw().Execute("UPDATE QRGROUP SET DESCR = NULL");
+  Raw().Execute("INSERT INTO QRUPRM (USERID, PERMID) VALUES (16, 18)");
+  Run([this](frmUserGroupPerm& window) {
+    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P20"),
+              L"Accordée directement et par le groupe Laboratoire");
+    EXPECT_EQ(Tip(window, L"\\TPA \\U16 \\P18"),
+              L"Accordée directement et par les groupes Méthodes et Production");
+  });
+}
+
+TEST_F(PermissionOrigins, AGroupWhoseNameHoldsAPlaceholderIsNamedAsItIs) {
+  Raw().Execute("UPDATE QRGROUP SET NAME = '%1 & %2 \"x\"', DESCR = NULL WHERE GROUPID = 7");
+  Run([this](frmUserGroupPerm& window) {
+    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P16"), L"Par le groupe %1 & %2 \"x\"");
+    Select(window, 0, L"\\TPA \\U9 \\P16");
+    EXPECT_EQ(window.lblStatus.Caption(), L"Par le groupe %1 & %2 \"x\"");
+  });
+}
+
+// The trees may be out of step until the next refresh.
+TEST_F(PermissionOrigins, WhatTheTreesDoNotTellIsSaidToBeUnknown) {
+  Run([this](frmUserGroupPerm& window) {
+    Raw().Execute("DELETE FROM QRGPRM WHERE GROUPID = 7 AND PERMID = 16");
+    window.Folders().EditGroupPermissionsNode(At(window, 1, L"\\TGR \\G7"));
+    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P16"), L"Origine inconnue : cliquez sur Rafraîchir.");
+  });
+}
+
+TEST_F(PermissionOrigins, OtherNodesHaveNone) {
+  Run([this](frmUserGroupPerm& window) {
+    for (const wchar_t* key : {L"\\TRT ", L"\\TUS \\U9", L"\\TMO \\U9 \\G", L"\\TGU \\U9 \\G12",
+                               L"\\TUP \\U9 \\P", L"\\TPU \\U9 \\P14", L"\\TAP \\U9 \\P"}) {
+      EXPECT_EQ(Tip(window, key), L"");
+    }
+    const TreeView& groups = window.TreeView1[1];
+    EXPECT_EQ(groups.Tip, nullptr);
+  });
+}
+
+TEST_F(PermissionOrigins, AreKnownWithoutAnythingBeingSent) {
+  Run([this](frmUserGroupPerm& window) {
+    log.calls.clear();
+    Tip(window, L"\\TPA \\U9 \\P16");
+    Select(window, 0, L"\\TPA \\U9 \\P14");
+    EXPECT_TRUE(log.calls.empty());
+  });
+}
+
+TEST_F(PermissionOrigins, TheStatusLineShowsThatOfTheSelectedPermission) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TPA \\U3 \\P11");
+    EXPECT_EQ(window.lblStatus.Caption(), L"Accordée directement");
+    Select(window, 0, L"\\TAP \\U3 \\P");
+    EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 12 groupes, 30 permissions");
+    Select(window, 0, L"\\TPA \\U3 \\P11");
+    Select(window, 1, L"\\TGR \\G6");
+    EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 12 groupes, 30 permissions");
+    user.ChooseTab(window.TabStrip1, 0);
+    EXPECT_EQ(window.lblStatus.Caption(), L"Accordée directement");
+  });
+}
+
+TEST_F(PermissionOrigins, FollowACommandAtOnce) {
+  Run([this](frmUserGroupPerm& window) {
+    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P20"),
+              L"Accordée directement et par le groupe Laboratoire (Mesures et essais)");
+    Select(window, 0, L"\\TGU \\U9 \\G12");
+    ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce membre du groupe ?");
+    user.Click(window.cmdMemberOf[1]);
+    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P20"), L"Accordée directement");
+  });
+}
+
+TEST_F(PermissionOrigins, WhatAnErrorHasLeftOutComesFirstInTheStatusLine) {
+  Run([this](frmUserGroupPerm& window) {
+    log.FailAt = [](const std::wstring& call) { return call == L"EndRead" ? 3L : 0L; };
+    user.ExpectMsgBox(controls::kResultOk);
+    EXPECT_EQ(window.RefreshTree(), kFailed);
+    log.FailAt = {};
+    Select(window, 0, L"\\TPA \\U3 \\P11");
+    EXPECT_EQ(window.lblStatus.Caption(), Text(405));
+  });
+}
+
+}  // namespace
+}  // namespace browser
