@@ -1,0 +1,344 @@
+#include <gtest/gtest.h>
+
+#include "dialogs/frmAddUserInGroup.h"
+#include "dialogs/frmEditGroup.h"
+#include "dialogs/frmEditUser.h"
+#include "dialogs/frmListItem.h"
+#include "dialogs/frmNewGroup.h"
+#include "dialogs/frmNewUser.h"
+#include "tests/browser/CommandTest.h"
+
+namespace browser {
+namespace {
+
+using controls::CommandButton;
+using controls::MenuItem;
+using Menu = std::vector<MenuItem>;
+
+// A node of each kind, and of each protected account.
+constexpr const wchar_t* kUserNodes[] = {
+    L"\\TRT ",           L"\\TUS \\U9",     L"\\TMO \\U9 \\G",   L"\\TGU \\U9 \\G12",
+    L"\\TGU \\U9 \\G2",  L"\\TUP \\U9 \\P", L"\\TPU \\U9 \\P14", L"\\TAP \\U9 \\P",
+    L"\\TPA \\U9 \\P14", L"\\TUS \\U1",     L"\\TGU \\U1 \\G1",  L"\\TUS \\U2"};
+constexpr const wchar_t* kGroupNodes[] = {
+    L"\\TRT ",           L"\\TGR \\G6",       L"\\TMS \\G6 \\U", L"\\TUG \\G6 \\U15",
+    L"\\TGP \\G6 \\P",   L"\\TPG \\G6 \\P14", L"\\TGR \\G1",     L"\\TUG \\G1 \\U2",
+    L"\\TPG \\G1 \\P29", L"\\TGR \\G2",       L"\\TUG \\G2 \\U9"};
+
+// What the trees offer without a button: the menu, keys and the clipboard.
+class TreeCommands : public CommandTest {
+ protected:
+  // The menu of the selected node; nothing is chosen.
+  Menu MenuOf(frmUserGroupPerm& window, int tree) {
+    Menu menu;
+    user.ExpectMenu([&menu](const Menu& items) {
+      menu = items;
+      return 0;
+    });
+    user.PressMenuKey(window.TreeView1[tree]);
+    return menu;
+  }
+
+  static Strings Captions(const Menu& menu) {
+    Strings captions;
+    for (const MenuItem& item : menu) captions.push_back(item.caption);
+    return captions;
+  }
+
+  // The buttons of a tab in the order of the menu.
+  static std::vector<const CommandButton*> Buttons(frmUserGroupPerm& w, int tree) {
+    const auto all = [](auto& account, auto& first, auto& second) {
+      return std::vector<const CommandButton*>{&account[0], &account[1], &account[2], &first[0],
+                                               &first[1],   &second[0],  &second[1]};
+    };
+    return tree == 0 ? all(w.cmdUser, w.cmdMemberOf, w.cmdUserPermission)
+                     : all(w.cmdGroup, w.cmdMember, w.cmdGroupPermission);
+  }
+
+  template <std::size_t kNodes>
+  void ExpectEnabledAsTheButtons(frmUserGroupPerm& window, int tree,
+                                 const wchar_t* const (&keys)[kNodes]) {
+    for (const wchar_t* key : keys) {
+      Select(window, tree, key);
+      const Menu menu = MenuOf(window, tree);
+      ASSERT_EQ(menu.size(), 13u);
+      std::vector<bool> offered;
+      for (const std::size_t line : {0, 1, 2, 4, 5, 7, 8}) offered.push_back(menu[line].enabled);
+      std::vector<bool> on;
+      for (const CommandButton* button : Buttons(window, tree)) on.push_back(button->Enabled());
+      EXPECT_EQ(offered, on) << std::string(key, key + std::wstring_view(key).size());
+    }
+  }
+
+  // Chooses the line with this caption from the menu of the node.
+  void Choose(frmUserGroupPerm& window, int tree, const wchar_t* key, const wchar_t* caption) {
+    user.ChooseTab(window.TabStrip1, tree);
+    user.ExpectMenu([caption](const Menu& items) {
+      for (const MenuItem& item : items) {
+        if (item.caption == caption) return item.command;
+      }
+      ADD_FAILURE() << "no such line";
+      return 0;
+    });
+    user.RightClick(window.TreeView1[tree], At(window, tree, key));
+  }
+
+  template <typename Dialog>
+  void ExpectEscape() {
+    user.ExpectModal([this](controls::Form& form) {
+      EXPECT_NE(dynamic_cast<Dialog*>(&form), nullptr);
+      user.PressKey(form, testing_support::kKeyEscape);
+    });
+  }
+};
+
+TEST_F(TreeCommands, TheMenuOfTheUsersTreeNamesItsCommandsBySection) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TUS \\U9");
+    const Menu menu = MenuOf(window, 0);
+    EXPECT_EQ(Captions(menu),
+              (Strings{L"&Editer...", L"&Supprimer...", L"&Nouveau...", L"",
+                       L"Membre du Groupe : Affecter...", L"Membre du Groupe : Supprimer...", L"",
+                       L"Droits Utilisateur : Affecter...", L"Droits Utilisateur : Supprimer...",
+                       L"", L"&Copier", L"&Développer", L"Réd&uire"}));
+    for (const std::size_t separator : {3, 6, 9}) EXPECT_EQ(menu[separator].command, 0);
+  });
+}
+
+TEST_F(TreeCommands, TheMenuOfTheGroupsTreeNamesItsCommandsBySection) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 1, L"\\TGR \\G6");
+    EXPECT_EQ(Captions(MenuOf(window, 1)),
+              (Strings{L"&Editer...", L"&Supprimer...", L"&Nouveau...", L"",
+                       L"Membres : Affecter...", L"Membres : Supprimer...", L"",
+                       L"Droits du Groupe : Affecter...", L"Droits du Groupe : Supprimer...", L"",
+                       L"&Copier", L"&Développer", L"Réd&uire"}));
+  });
+}
+
+TEST_F(TreeCommands, TheMenuOffersExactlyWhatTheButtonsAllow) {
+  Run([this](frmUserGroupPerm& window) {
+    ExpectEnabledAsTheButtons(window, 0, kUserNodes);
+    ExpectEnabledAsTheButtons(window, 1, kGroupNodes);
+  });
+}
+
+TEST_F(TreeCommands, TheMenuOffersExactlyWhatTheButtonsAllowToAnotherAdministrator) {
+  Run(
+      [this](frmUserGroupPerm& window) {
+        ExpectEnabledAsTheButtons(window, 0, kUserNodes);
+        ExpectEnabledAsTheButtons(window, 1, kGroupNodes);
+      },
+      L"Moreau");
+}
+
+TEST_F(TreeCommands, ExpandingAndCollapsingIsOfferedWhereItChangesSomething) {
+  Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 9");
+  Run([this](frmUserGroupPerm& window) {
+    const auto offered = [&](const wchar_t* key) {
+      Select(window, 0, key);
+      const Menu menu = MenuOf(window, 0);
+      return std::vector<bool>{menu[11].enabled, menu[12].enabled};
+    };
+    EXPECT_EQ(offered(L"\\TRT "), (std::vector<bool>{false, true}));
+    EXPECT_EQ(offered(L"\\TUS \\U9"), (std::vector<bool>{true, false}));
+    EXPECT_EQ(offered(L"\\TGU \\U9 \\G12"), (std::vector<bool>{false, false}));
+    EXPECT_EQ(offered(L"\\TUP \\U9 \\P"), (std::vector<bool>{false, false}));
+    EXPECT_EQ(offered(L"\\TUS \\U9"), (std::vector<bool>{false, true}));
+  });
+}
+
+TEST_F(TreeCommands, TheMenuExpandsAndCollapses) {
+  Run([this](frmUserGroupPerm& window) {
+    const controls::TreeNodes& nodes = window.TreeView1[0].Nodes();
+    Choose(window, 0, L"\\TUS \\U9", L"&Développer");
+    EXPECT_TRUE(nodes.Expanded(At(window, 0, L"\\TUS \\U9")));
+    Choose(window, 0, L"\\TUS \\U9", L"Réd&uire");
+    EXPECT_FALSE(nodes.Expanded(At(window, 0, L"\\TUS \\U9")));
+  });
+}
+
+TEST_F(TreeCommands, EachLineOfTheMenuGivesItsCommandOnTheUsersTab) {
+  Run([this](frmUserGroupPerm& window) {
+    const Strings before = Look(window);
+    ExpectEscape<dialogs::frmEditUser>();
+    Choose(window, 0, L"\\TUS \\U9", L"&Editer...");
+    ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer cet utilisateur ?");
+    Choose(window, 0, L"\\TUS \\U9", L"&Supprimer...");
+    ExpectEscape<dialogs::frmNewUser>();
+    Choose(window, 0, L"\\TUS \\U9", L"&Nouveau...");
+    ExpectEscape<dialogs::frmListItem>();
+    Choose(window, 0, L"\\TUS \\U9", L"Membre du Groupe : Affecter...");
+    ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer ce membre du groupe ?");
+    Choose(window, 0, L"\\TGU \\U9 \\G12", L"Membre du Groupe : Supprimer...");
+    ExpectEscape<dialogs::frmListItem>();
+    Choose(window, 0, L"\\TUP \\U9 \\P", L"Droits Utilisateur : Affecter...");
+    ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer cette permission utilisateur ?");
+    Choose(window, 0, L"\\TPU \\U9 \\P14", L"Droits Utilisateur : Supprimer...");
+    EXPECT_EQ(Look(window), before);
+  });
+}
+
+TEST_F(TreeCommands, EachLineOfTheMenuGivesItsCommandOnTheGroupsTab) {
+  Run([this](frmUserGroupPerm& window) {
+    const Strings before = Look(window);
+    ExpectEscape<dialogs::frmEditGroup>();
+    Choose(window, 1, L"\\TGR \\G6", L"&Editer...");
+    ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer ce groupe ?");
+    Choose(window, 1, L"\\TGR \\G6", L"&Supprimer...");
+    ExpectEscape<dialogs::frmNewGroup>();
+    Choose(window, 1, L"\\TGR \\G6", L"&Nouveau...");
+    ExpectEscape<dialogs::frmAddUserInGroup>();
+    Choose(window, 1, L"\\TMS \\G6 \\U", L"Membres : Affecter...");
+    ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer ce membre ?");
+    Choose(window, 1, L"\\TUG \\G6 \\U15", L"Membres : Supprimer...");
+    ExpectEscape<dialogs::frmListItem>();
+    Choose(window, 1, L"\\TGP \\G6 \\P", L"Droits du Groupe : Affecter...");
+    ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer cette permission de groupe ?");
+    Choose(window, 1, L"\\TPG \\G6 \\P21", L"Droits du Groupe : Supprimer...");
+    EXPECT_EQ(Look(window), before);
+  });
+}
+
+TEST_F(TreeCommands, F2EditsTheAccountFromAnyOfItsNodes) {
+  Run([this](frmUserGroupPerm& window) {
+    for (const wchar_t* key : {L"\\TUS \\U9", L"\\TMO \\U9 \\G", L"\\TPA \\U9 \\P14"}) {
+      Select(window, 0, key);
+      user.ExpectModal([this](controls::Form& form) {
+        EXPECT_EQ(dynamic_cast<dialogs::frmEditUser&>(form).UserID, 9);
+        user.PressKey(form, testing_support::kKeyEscape);
+      });
+      user.PressKey(window, controls::kKeyF2);
+    }
+    Select(window, 1, L"\\TUG \\G6 \\U15");
+    user.ExpectModal([this](controls::Form& form) {
+      EXPECT_EQ(dynamic_cast<dialogs::frmEditGroup&>(form).GroupID, 6);
+      user.PressKey(form, testing_support::kKeyEscape);
+    });
+    user.PressKey(window, controls::kKeyF2);
+  });
+}
+
+TEST_F(TreeCommands, DeleteTakesTheSelectedAccountOrLink) {
+  struct Case {
+    int tree;
+    const wchar_t* key;
+    const wchar_t* question;
+  };
+  const Case cases[] = {
+      {0, L"\\TUS \\U9", L"Souhaitez-vous supprimer cet utilisateur ?"},
+      {0, L"\\TGU \\U9 \\G12", L"Souhaitez-vous supprimer ce membre du groupe ?"},
+      {0, L"\\TPU \\U9 \\P14", L"Souhaitez-vous supprimer cette permission utilisateur ?"},
+      {1, L"\\TGR \\G6", L"Souhaitez-vous supprimer ce groupe ?"},
+      {1, L"\\TUG \\G6 \\U15", L"Souhaitez-vous supprimer ce membre ?"},
+      {1, L"\\TPG \\G6 \\P21", L"Souhaitez-vous supprimer cette permission de groupe ?"},
+  };
+  Run([&](frmUserGroupPerm& window) {
+    const Strings before = Look(window);
+    for (const Case& test : cases) {
+      Select(window, test.tree, test.key);
+      ExpectQuestion(controls::kResultNo, test.question);
+      user.PressKey(window, controls::kKeyDelete);
+    }
+    EXPECT_EQ(Look(window), before);
+    Select(window, 0, L"\\TPU \\U9 \\P14");
+    ExpectQuestion(controls::kResultYes,
+                   L"Souhaitez-vous supprimer cette permission utilisateur ?");
+    user.PressKey(window, controls::kKeyDelete);
+    EXPECT_FALSE(Has(window, 0, L"\\TPU \\U9 \\P14"));
+    ExpectInStep(window);
+  });
+}
+
+TEST_F(TreeCommands, KeysDoNothingWhereTheButtonIsOffOrAFolderIsSelected) {
+  Run([this](frmUserGroupPerm& window) {
+    log.statements.clear();
+    const auto press = [&](int tree, const wchar_t* key) {
+      Select(window, tree, key);
+      user.PressKey(window, controls::kKeyDelete);
+    };
+    for (const wchar_t* key : {L"\\TRT ", L"\\TUS \\U1", L"\\TMO \\U9 \\G", L"\\TGU \\U9 \\G2",
+                               L"\\TUP \\U9 \\P", L"\\TAP \\U9 \\P", L"\\TPA \\U9 \\P14"}) {
+      press(0, key);
+    }
+    for (const wchar_t* key : {L"\\TRT ", L"\\TGR \\G1", L"\\TGR \\G2", L"\\TMS \\G6 \\U",
+                               L"\\TUG \\G2 \\U9", L"\\TGP \\G6 \\P", L"\\TPG \\G1 \\P29"}) {
+      press(1, key);
+    }
+    Select(window, 0, L"\\TRT ");
+    user.PressKey(window, controls::kKeyF2);
+    EXPECT_TRUE(log.statements.empty());
+  });
+}
+
+TEST_F(TreeCommands, KeysBelongToTheTreeThatHasTheFocus) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TUS \\U9");
+    user.Focus(window.cmdUser[2]);
+    log.statements.clear();
+    user.PressKey(window, controls::kKeyF2);
+    user.PressKey(window, controls::kKeyDelete);
+    EXPECT_TRUE(log.statements.empty());
+  });
+}
+
+TEST_F(TreeCommands, CtrlCCopiesTheNodeAndWhatIsBelowItIndented) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 1, L"\\TGR \\G12");
+    log.calls.clear();
+    user.PressCtrl(window, testing_support::kKeyC);
+    EXPECT_EQ(user.Clipboard(),
+              L"Laboratoire (Mesures et essais)\r\n"
+              L"\tDroits du Groupe\r\n"
+              L"\t\tSaisir un relevé de contrôle\r\n"
+              L"\tMembres\r\n"
+              L"\t\tClément (Joëlle Clément)\r\n"
+              L"\t\tMartin (Jean Martin)\r\n"
+              L"\t\tŒuvrard (Cœlia Œuvrard)");
+    EXPECT_TRUE(log.calls.empty());
+  });
+}
+
+TEST_F(TreeCommands, CtrlCOnALeafCopiesItsTextAlone) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TPU \\U9 \\P14");
+    user.PressCtrl(window, testing_support::kKeyC);
+    EXPECT_EQ(user.Clipboard(), L"Consulter le stock");
+    Select(window, 0, L"\\TUP \\U9 \\P");
+    user.PressCtrl(window, testing_support::kKeyInsert);
+    EXPECT_EQ(user.Clipboard(),
+              L"Droits Utilisateur\r\n\tConsulter le stock\r\n\tSaisir un relevé de contrôle");
+  });
+}
+
+TEST_F(TreeCommands, BreaksAndTabsWithinANameDoNotBreakTheCopiedLines) {
+  Raw().Execute(
+      "UPDATE QRGROUP SET NAME = 'a' || char(13) || char(10) || 'b' || char(9) || 'c', DESCR = "
+      "NULL WHERE GROUPID = 12");
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TGU \\U9 \\G12");
+    user.PressCtrl(window, testing_support::kKeyC);
+    EXPECT_EQ(user.Clipboard(), L"a  b c");
+  });
+}
+
+TEST_F(TreeCommands, TheMenuCopiesToo) {
+  Run([this](frmUserGroupPerm& window) {
+    Choose(window, 0, L"\\TGU \\U9 \\G12", L"&Copier");
+    EXPECT_EQ(user.Clipboard(), L"Laboratoire (Mesures et essais)");
+  });
+}
+
+TEST_F(TreeCommands, AClipboardThatIsOccupiedOnlyBeeps) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TUS \\U9");
+    user.SetClipboardOccupied(true);
+    const int beeps = user.BeepCount();
+    user.PressCtrl(window, testing_support::kKeyC);
+    EXPECT_EQ(user.BeepCount(), beeps + 1);
+    EXPECT_EQ(user.Clipboard(), L"");
+  });
+}
+
+}  // namespace
+}  // namespace browser
