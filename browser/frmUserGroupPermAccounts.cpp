@@ -54,13 +54,15 @@ bool frmUserGroupPerm::EditUser(const Selection& at) {
   dialog.ShowModal(*this);
   if (exchange.accountGone) ForgetAccount(kUsers, at);
   if (!exchange.AddNode) return true;
+  // A folder that a rebuild closes has the selection read anew, and the exchange with it.
+  const std::wstring text = exchange.UserName;
   Rebuild([&](FolderRebuild& rebuild) {
     return AllDone({rebuild.EditMemberOfNode(at.account),
                     rebuild.EditUserPermissionsNode(at.account),
                     rebuild.EditAllPermissionsNode(at.account)});
   });
   // What "Admin" is called cannot have changed; the groups tree is left for the next refresh.
-  if (!IsAccount(accounts.adminUserId, at.id)) ShowEdited(kUsers, at, exchange.UserName);
+  if (!IsAccount(accounts.adminUserId, at.id)) ShowEdited(kUsers, at, text);
   return true;
 }
 
@@ -71,11 +73,12 @@ bool frmUserGroupPerm::EditGroup(const Selection& at) {
   dialog.ShowModal(*this);
   if (exchange.accountGone) ForgetAccount(kGroups, at);
   if (!exchange.AddNode) return true;
+  const std::wstring text = exchange.GroupName;
   Rebuild([&](FolderRebuild& rebuild) {
     return AllDone(
         {rebuild.EditMembersNode(at.account), rebuild.EditGroupPermissionsNode(at.account)});
   });
-  ShowEdited(kGroups, at, exchange.GroupName);
+  ShowEdited(kGroups, at, text);
   return true;
 }
 

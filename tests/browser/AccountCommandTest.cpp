@@ -151,6 +151,32 @@ TEST_F(AccountCommands, AnEditedGroupIsRenamedInBothTrees) {
   });
 }
 
+TEST_F(AccountCommands, AnAccountIsRenamedAlsoWhereAFolderThatWasOpenAndEmptyIsFilledAndClosed) {
+  Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 9");
+  Raw().Execute("DELETE FROM QRGPRM WHERE GROUPID = 6");
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 0, L"\\TUS \\U9");
+    window.TreeView1[0].SetExpanded(At(window, 0, L"\\TUP \\U9 \\P"), true);
+    ExpectDialog<dialogs::frmEditUser>([this](dialogs::frmEditUser& dialog) {
+      user.Type(dialog.txtUserName, L"Zola");
+      user.Type(dialog.txtPassword, L"secret1");
+      user.Type(dialog.txtVerify, L"secret1");
+      user.Toggle(dialog.List1[2], 0);
+    });
+    user.Click(window.cmdUser[0]);
+    EXPECT_EQ(window.TreeView1[0].Nodes().Text(At(window, 0, L"\\TUS \\U9")),
+              L"Zola (Jean Martin)");
+    Select(window, 1, L"\\TGR \\G6");
+    window.TreeView1[1].SetExpanded(At(window, 1, L"\\TGP \\G6 \\P"), true);
+    ExpectDialog<dialogs::frmEditGroup>([this](dialogs::frmEditGroup& dialog) {
+      user.Type(dialog.txtGroupName, L"Labo");
+      user.Toggle(dialog.List1[2], 0);
+    });
+    user.Click(window.cmdGroup[0]);
+    ExpectInStep(window);
+  });
+}
+
 TEST_F(AccountCommands, EditingAdminRefreshesHisFoldersButNeitherHisTextNorTheGroups) {
   Run([this](frmUserGroupPerm& window) {
     Select(window, 0, L"\\TUS \\U1");
