@@ -1,0 +1,95 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <exception>
+#include <string>
+
+#include "tests/support/walk/Walker.h"
+#include "tests/support/window/MainWindow.h"
+
+namespace browser {
+namespace {
+
+// How much is walked where nothing else is asked for. Native controls take their time.
+#ifdef _WIN32
+constexpr int kSequences = 4;
+constexpr int kSteps = 40;
+#else
+constexpr int kSequences = 60;
+constexpr int kSteps = 120;
+#endif
+
+// One sequence, and only that: its seed is printed where a sequence fails.
+constexpr const char* kSeedVariable = "UADMIN_WALK_SEED";
+// How many sequences, from seed 1 on.
+constexpr const char* kSequencesVariable = "UADMIN_WALK_SEQUENCES";
+
+int Setting(const char* name, int otherwise) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? otherwise : std::atoi(value);
+}
+
+// The sample cut down to a few accounts, some of them with names that are easily mistaken for
+// something else.
+constexpr const char* kCutDown[] = {
+    "DELETE FROM QRUSGP WHERE USERID NOT IN (1, 2, 9, 11, 15, 34) OR GROUPID NOT IN (1, 2, 6, 7, "
+    "12)",
+    "DELETE FROM QRUPRM WHERE USERID NOT IN (1, 2, 9, 11, 15, 34) OR PERMID NOT IN (1, 2, 14, 20, "
+    "21, 29, 30)",
+    "DELETE FROM QRGPRM WHERE GROUPID NOT IN (1, 2, 6, 7, 12) OR PERMID NOT IN (1, 2, 14, 20, 21, "
+    "29, 30)",
+    "DELETE FROM QRUSER WHERE USERID NOT IN (1, 2, 9, 11, 15, 34)",
+    "DELETE FROM QRGROUP WHERE GROUPID NOT IN (1, 2, 6, 7, 12)",
+    "DELETE FROM QRPERM WHERE PERMID NOT IN (1, 2, 14, 20, 21, 29, 30)",
+    "UPDATE QRUSER SET NAME = 'Droits Utilisateur', FULLNAME = NULL WHERE USERID = 15",
+    "UPDATE QRGROUP SET NAME = 'Membre du Groupe', DESCR = NULL WHERE GROUPID = 12",
+    "UPDATE QRPERM SET NAME = 'Ensemble des Droits' WHERE PERMID = 21",
+};
+
+class RandomWalk : public testing_support::MainWindow {
+ protected:
+  void TearDown() override { window.Unload(); }
+
+  void Start(int seed) {
+    UseSample();
+    auto raw = Raw();
+    for (const char* statement : kCutDown) raw.Execute(statement);
+    user.SetCommandLine(Database().CommandLine(seed % 3 == 0 ? L"Moreau" : L"Admin"));
+    window.Show();
+    ASSERT_TRUE(window.isStarted);
+  }
+
+  // Returns how many commands have written something.
+  int Walk(int seed) {
+    Start(seed);
+    auto raw = Raw();
+    testing_support::Walker walker(window, user, log, raw, static_cast<std::uint32_t>(seed));
+    try {
+      for (int step = 0; step < kSteps && !HasFailure(); ++step) walker.Step();
+    } catch (const std::exception& error) {
+      ADD_FAILURE() << error.what();
+    }
+    if (HasFailure()) {
+      std::string steps;
+      for (const std::string& line : walker.Steps()) steps += line + "\n";
+      ADD_FAILURE() << kSeedVariable << "=" << seed << ", the steps so far:\n" << steps;
+    }
+    window.Unload();
+    return walker.Writes();
+  }
+
+  frmUserGroupPerm window{global};
+};
+
+TEST_F(RandomWalk, LeavesTreesButtonsAndDatabaseAsTheCommandsSay) {
+  const int only = Setting(kSeedVariable, 0);
+  const int last = only != 0 ? only : Setting(kSequencesVariable, kSequences);
+  int writes = 0;
+  for (int seed = only != 0 ? only : 1; seed <= last && !HasFailure(); ++seed) writes += Walk(seed);
+  RecordProperty("writes", writes);
+  // A walk that writes nothing tests nothing.
+  EXPECT_GT(writes, last == only ? 0 : last * kSteps / 20);
+}
+
+}  // namespace
+}  // namespace browser

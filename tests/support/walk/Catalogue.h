@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace testing_support {
+
+// Whether a statement is one of those that the program may send, whatever its numbers and names;
+// the brackets of a read count as statements.
+bool IsInCatalogue(const std::wstring& statement);
+
+}  // namespace testing_support

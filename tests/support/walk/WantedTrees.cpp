@@ -1,0 +1,171 @@
+#include "tests/support/walk/WantedTrees.h"
+
+#include "browser/TreeImages.h"
+
+namespace testing_support {
+namespace {
+
+struct FolderLook {
+  const wchar_t* tag;
+  const wchar_t* leafTag;
+  const wchar_t* caption;
+  const wchar_t* marker;
+};
+
+constexpr FolderLook kUserFolders[] = {{L"MO", L"GU", L"Membre du Groupe", L"\\G"},
+                                       {L"UP", L"PU", L"Droits Utilisateur", L"\\P"},
+                                       {L"AP", L"PA", L"Ensemble des Droits", L"\\P"}};
+constexpr FolderLook kGroupFolders[] = {{L"MS", L"UG", L"Membres", L"\\U"},
+                                        {L"GP", L"PG", L"Droits du Groupe", L"\\P"}};
+
+std::wstring Line(const std::wstring& text, int image, const std::wstring& name = {}) {
+  return text + L" | " + std::to_wstring(image) + L" | " + name;
+}
+
+std::wstring Shown(const std::wstring& text) {
+  return text.find_first_not_of(L' ') == std::wstring::npos ? std::wstring() : text;
+}
+
+}  // namespace
+
+std::wstring NodeText(const std::wstring& name, const std::wstring& addition) {
+  return Shown(addition).empty() ? name : name + L" (" + addition + L")";
+}
+
+std::wstring WantedTrees::TextOf(int tree, std::int32_t id, const Tables& tables) const {
+  const AccountRecord& record = (tree == 0 ? tables.users : tables.groups).at(id);
+  if (tree == 0) return NodeText(record.name, record.addition);
+  return NodeText(tables.Display(104, record.name),
+                  record.addition.empty() ? L"" : tables.Display(105, record.addition));
+}
+
+int WantedTrees::ImageOf(int tree, std::int32_t id) const {
+  if (tree == 0) {
+    const bool kept = id == accounts_.adminUserId || id == accounts_.currentUserId;
+    return kept ? browser::kProtectedUserImage : browser::kUserImage;
+  }
+  const bool kept = id == accounts_.administratorsGroupId || id == accounts_.everyoneGroupId;
+  return kept ? browser::kProtectedGroupImage : browser::kGroupImage;
+}
+
+WantedTrees::Folder WantedTrees::Groups(std::int32_t user, const Tables& tables) const {
+  Folder folder;
+  for (const auto& [member, group] : tables.memberships) {
+    if (member != user || !Tables::IsLiving(tables.groups, group)) continue;
+    folder[group] = {TextOf(1, group, tables), ImageOf(1, group)};
+  }
+  return folder;
+}
+
+WantedTrees::Folder WantedTrees::Members(std::int32_t group, const Tables& tables) const {
+  Folder folder;
+  for (const auto& [member, of] : tables.memberships) {
+    if (of != group || !Tables::IsLiving(tables.users, member)) continue;
+    folder[member] = {TextOf(0, member, tables), ImageOf(0, member)};
+  }
+  return folder;
+}
+
+WantedTrees::Folder WantedTrees::Permissions(const Tables::Links& links, std::int32_t account,
+                                             const Tables& tables) {
+  Folder folder;
+  for (const auto& [holder, permission] : links) {
+    if (holder != account || !tables.permissions.contains(permission)) continue;
+    folder[permission] = {tables.Display(101, tables.permissions.at(permission)),
+                          browser::kPermissionImage};
+  }
+  return folder;
+}
+
+// Those that his living groups give, if he lives himself, and his own as his folder shows them.
+WantedTrees::Folder WantedTrees::AllPermissions(std::int32_t user, const Folder& own,
+                                                const Tables& tables) {
+  Folder folder;
+  for (const auto& [member, group] : tables.memberships) {
+    if (member != user || !Tables::IsLiving(tables.groups, group)) continue;
+    if (!Tables::IsLiving(tables.users, user)) continue;
+    for (auto& [id, leaf] : Permissions(tables.groupPermissions, group, tables)) {
+      leaf.image = browser::kInheritedPermissionImage;
+      folder[id] = leaf;
+    }
+  }
+  for (const auto& [id, leaf] : own) folder[id] = leaf;
+  return folder;
+}
+
+void WantedTrees::Refresh(const Tables& tables) {
+  for (const int tree : {0, 1}) {
+    trees_[tree].clear();
+    for (const auto& [id, record] : tree == 0 ? tables.users : tables.groups) {
+      if (!record.deleted) ReadAccount(tree, id, tables);
+    }
+  }
+}
+
+void WantedTrees::ReadAccount(int tree, std::int32_t id, const Tables& tables) {
+  SetText(tree, id, TextOf(tree, id, tables),
+          (tree == 0 ? tables.users : tables.groups).at(id).name);
+  for (int folder = 0; folder < (tree == 0 ? 3 : 2); ++folder) ReadFolder(tree, id, folder, tables);
+}
+
+void WantedTrees::ReadFolder(int tree, std::int32_t account, int folder, const Tables& tables) {
+  Folder(&folders)[3] = trees_[tree].at(account).folders;
+  if (tree == 1) {
+    folders[folder] = folder == kMembersFolder
+                          ? Members(account, tables)
+                          : Permissions(tables.groupPermissions, account, tables);
+  } else if (folder == kGroupsFolder) {
+    folders[folder] = Groups(account, tables);
+  } else {
+    folders[folder] = folder == kOwnFolder ? Permissions(tables.userPermissions, account, tables)
+                                           : AllPermissions(account, folders[kOwnFolder], tables);
+  }
+}
+
+void WantedTrees::ReadLinksOfAll(int tree, const Tables& tables) {
+  for (const auto& [id, account] : trees_[tree]) {
+    ReadFolder(tree, id, kGroupsFolder, tables);
+    if (tree == 0) ReadFolder(tree, id, kAllFolder, tables);
+  }
+}
+
+void WantedTrees::ReadAllPermissions(const Tables& tables) {
+  for (const auto& [id, account] : trees_[0]) ReadFolder(0, id, kAllFolder, tables);
+}
+
+void WantedTrees::Remove(int tree, std::int32_t account) {
+  trees_[tree].erase(account);
+}
+
+void WantedTrees::RemoveLeaf(int tree, std::int32_t account, int folder, std::int32_t id) {
+  trees_[tree].at(account).folders[folder].erase(id);
+}
+
+void WantedTrees::SetText(int tree, std::int32_t account, const std::wstring& text,
+                          const std::wstring& name) {
+  trees_[tree][account].text = text;
+  trees_[tree][account].name = name;
+}
+
+TreeLines WantedTrees::Lines(int tree) const {
+  TreeLines lines;
+  lines[L"\\TRT "] = Line(tree == 0 ? L"Utilisateurs" : L"Groupes", browser::kFolderClosed);
+  const int folders = tree == 0 ? 3 : 2;
+  for (const auto& [id, account] : trees_[tree]) {
+    const std::wstring owner = (tree == 0 ? L" \\U" : L" \\G") + std::to_wstring(id);
+    lines[(tree == 0 ? L"\\TUS" : L"\\TGR") + owner] =
+        Line(account.text, ImageOf(tree, id), account.name);
+    for (int i = 0; i < folders; ++i) {
+      const FolderLook& look = tree == 0 ? kUserFolders[i] : kGroupFolders[i];
+      lines[std::wstring(L"\\T") + look.tag + owner + L" " + look.marker] =
+          Line(look.caption, browser::kFolderClosed);
+      for (const auto& [leafId, leaf] : account.folders[i]) {
+        lines[std::wstring(L"\\T") + look.leafTag + owner + L" " + look.marker +
+              std::to_wstring(leafId)] = Line(leaf.text, leaf.image);
+      }
+    }
+  }
+  return lines;
+}
+
+}  // namespace testing_support
