@@ -65,9 +65,10 @@ class RecordingConnection : public data::Connection {
     log_.Statement(L"BeginRead");
     connection_->BeginRead();
   }
+  // A read whose end fails is over all the same.
   void EndRead() override {
-    log_.Statement(L"EndRead");
     connection_->EndRead();
+    log_.Statement(L"EndRead");
   }
 
  private:
