@@ -4,6 +4,7 @@
 #include <exception>
 #include <string>
 
+#include "tests/support/walk/SmallSample.h"
 #include "tests/support/walk/Walker.h"
 #include "tests/support/window/MainWindow.h"
 
@@ -29,18 +30,8 @@ int Setting(const char* name, int otherwise) {
   return value == nullptr ? otherwise : std::atoi(value);
 }
 
-// The sample cut down to a few accounts, some of them with names that are easily mistaken for
-// something else.
-constexpr const char* kCutDown[] = {
-    "DELETE FROM QRUSGP WHERE USERID NOT IN (1, 2, 9, 11, 15, 34) OR GROUPID NOT IN (1, 2, 6, 7, "
-    "12)",
-    "DELETE FROM QRUPRM WHERE USERID NOT IN (1, 2, 9, 11, 15, 34) OR PERMID NOT IN (1, 2, 14, 20, "
-    "21, 29, 30)",
-    "DELETE FROM QRGPRM WHERE GROUPID NOT IN (1, 2, 6, 7, 12) OR PERMID NOT IN (1, 2, 14, 20, 21, "
-    "29, 30)",
-    "DELETE FROM QRUSER WHERE USERID NOT IN (1, 2, 9, 11, 15, 34)",
-    "DELETE FROM QRGROUP WHERE GROUPID NOT IN (1, 2, 6, 7, 12)",
-    "DELETE FROM QRPERM WHERE PERMID NOT IN (1, 2, 14, 20, 21, 29, 30)",
+// Names that are easily mistaken for something else.
+constexpr const char* kMisleadingNames[] = {
     "UPDATE QRUSER SET NAME = 'Droits Utilisateur', FULLNAME = NULL WHERE USERID = 15",
     "UPDATE QRGROUP SET NAME = 'Membre du Groupe', DESCR = NULL WHERE GROUPID = 12",
     "UPDATE QRPERM SET NAME = 'Ensemble des Droits' WHERE PERMID = 21",
@@ -53,7 +44,8 @@ class RandomWalk : public testing_support::MainWindow {
   void Start(int seed) {
     UseSample();
     auto raw = Raw();
-    for (const char* statement : kCutDown) raw.Execute(statement);
+    testing_support::CutDownSample(raw);
+    for (const char* statement : kMisleadingNames) raw.Execute(statement);
     user.SetCommandLine(Database().CommandLine(seed % 3 == 0 ? L"Moreau" : L"Admin"));
     window.Show();
     ASSERT_TRUE(window.isStarted);

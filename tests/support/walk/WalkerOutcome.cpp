@@ -78,6 +78,8 @@ void Walker::FollowAccount(const Command& command, const Tables& now) {
   wanted_.ReadLinksOfAll(1 - tree, now);
   selected_[tree] = (tree == 0 ? L"\\TUS \\U" : L"\\TGR \\G") + std::to_wstring(id);
   EXPECT_EQ(SelectedKey(tree), selected_[tree]);
+  // The way to it is opened.
+  closed_[tree].erase(L"\\TRT ");
 }
 
 void Walker::FollowEdit(const Tables& now) {

@@ -1,0 +1,229 @@
+#include <gtest/gtest.h>
+
+#include "browser/TreeImages.h"
+#include "data/Text.h"
+#include "tests/browser/CommandTest.h"
+#include "tests/browser/FaultCase.h"
+#include "tests/support/walk/SmallSample.h"
+#include "tests/support/walk/Tables.h"
+#include "tests/support/walk/WantedTrees.h"
+
+namespace browser {
+namespace {
+
+using testing_support::Tables;
+using testing_support::TreeLines;
+
+constexpr long kInjected = 1234;
+
+// Native controls take their time: there not every position is tried.
+#ifdef _WIN32
+constexpr std::size_t kStride = 9;
+#else
+constexpr std::size_t kStride = 1;
+#endif
+
+constexpr const char* kTables[] = {"QRUSER", "QRGROUP", "QRUSGP", "QRUPRM", "QRGPRM", "QRCOUNTER"};
+
+// What a call belongs to, and the database at the moment before it.
+struct Position {
+  std::wstring call;
+  const FaultPhase* phase = nullptr;
+  Tables stored;
+};
+
+// Every command again and again, and each time another one of its calls fails.
+class CommandFaults : public CommandTest {
+ protected:
+  void KeepDatabase() {
+    auto raw = Raw();
+    testing_support::CutDownSample(raw);
+    for (const std::string table : kTables) {
+      raw.Execute("CREATE TABLE KEPT_" + table + " AS SELECT * FROM " + table);
+    }
+  }
+  void RestoreDatabase(test_support::RawDatabase& raw) {
+    raw.Execute("BEGIN IMMEDIATE");
+    for (const std::string table : kTables) {
+      raw.Execute("DELETE FROM " + table);
+      raw.Execute("INSERT INTO " + table + " SELECT * FROM KEPT_" + table);
+    }
+    raw.Execute("COMMIT");
+  }
+
+  // Each encryption gives another text.
+  static Tables Stored(test_support::RawDatabase& raw) {
+    Tables tables = testing_support::ReadTables(raw);
+    for (auto& [id, record] : tables.users) record.password = record.password.empty() ? L"" : L"*";
+    return tables;
+  }
+
+  // Boxes and dialogs while a command runs; the reports are kept.
+  void AnswerAll(const FaultCase& test) {
+    reports_.clear();
+    desktop.Instead.MsgBox = [this](const std::wstring& prompt, int style, const std::wstring&) {
+      if (prompt.find(L" Error [") != std::wstring::npos) reports_.push_back(prompt);
+      return (style & controls::kYesNo) != 0 ? controls::kResultYes : controls::kResultOk;
+    };
+    desktop.Instead.ModalShown = [this, &test](controls::Form& form) {
+      if (reports_.empty()) test.Fill(user, form);
+      if (form.IsLoaded()) user.PressKey(form, testing_support::kKeyEscape);
+    };
+  }
+  void StopAnswering() {
+    desktop.Instead.MsgBox = nullptr;
+    desktop.Instead.ModalShown = nullptr;
+    log.FailAt = {};
+  }
+
+  void Give(frmUserGroupPerm& window, const FaultCase& test,
+            const std::function<long(const std::wstring&)>& failAt) {
+    AnswerAll(test);
+    window.exchange.AddNode = false;
+    log.FailAt = failAt;
+    user.Click(test.button(window));
+    StopAnswering();
+  }
+
+  // What is seen of each node of both trees, without what stands above it.
+  static TreeLines Lines(frmUserGroupPerm& window) {
+    TreeLines lines;
+    for (const int tree : {0, 1}) {
+      const controls::TreeNodes& nodes = window.TreeView1[tree].Nodes();
+      for (int node = nodes.NextIndex(0); node != controls::kNoNode; node = nodes.NextIndex(node)) {
+        const int image = nodes.Image(node) == kFolderOpen ? +kFolderClosed : nodes.Image(node);
+        lines[std::to_wstring(tree) + nodes.Key(node)] =
+            nodes.Text(node) + L" | " + std::to_wstring(image) + L" | " + nodes.StoredName(node);
+      }
+    }
+    return lines;
+  }
+
+  static void AssignPhases(const FaultCase& test, std::vector<Position>& positions) {
+    auto phase = test.phases.begin();
+    for (Position& position : positions) {
+      const auto matches = [&position](const FaultPhase& candidate) {
+        for (const std::wstring& beginning : candidate.beginnings) {
+          if (position.call.starts_with(beginning)) return true;
+        }
+        return false;
+      };
+      while (phase != test.phases.end() && !matches(*phase)) ++phase;
+      if (phase == test.phases.end()) {
+        ADD_FAILURE() << test.name << " makes an unexpected call: " << data::ToUtf8(position.call);
+        return;
+      }
+      position.phase = &*phase;
+    }
+    EXPECT_EQ(phase + 1, test.phases.end()) << test.name << " did not come to its end";
+  }
+
+  // The command as it goes when nothing fails.
+  std::vector<Position> Observe(frmUserGroupPerm& window, const FaultCase& test,
+                                test_support::RawDatabase& raw) {
+    std::vector<Position> positions;
+    Give(window, test, [&](const std::wstring& call) {
+      positions.push_back({call, nullptr, Stored(raw)});
+      return 0L;
+    });
+    EXPECT_TRUE(reports_.empty());
+    EXPECT_EQ(window.exchange.AddNode, static_cast<bool>(test.Fill)) << test.name;
+    EXPECT_NE(positions.back().stored, positions.front().stored) << test.name;
+    AssignPhases(test, positions);
+    return positions;
+  }
+
+  void Reset(frmUserGroupPerm& window, const FaultCase& test, test_support::RawDatabase& raw) {
+    RestoreDatabase(raw);
+    ASSERT_EQ(window.RefreshTree(), kDone);
+    Select(window, test.tree, test.key);
+  }
+
+  // Every node is as it was before the command or as it is after it.
+  static void ExpectBetween(const TreeLines& now, const TreeLines& before, const TreeLines& after) {
+    for (const auto& [key, line] : now) {
+      const auto old = before.find(key);
+      const auto fresh = after.find(key);
+      EXPECT_TRUE((old != before.end() && old->second == line) ||
+                  (fresh != after.end() && fresh->second == line))
+          << data::ToUtf8(key + L"=" + line);
+    }
+    for (const auto& [key, line] : before) {
+      EXPECT_TRUE(now.contains(key) || !after.contains(key)) << data::ToUtf8(key + L"=" + line);
+    }
+  }
+
+  void ExpectFailedAt(frmUserGroupPerm& window, const FaultCase& test, const Position& position,
+                      const TreeLines& before, const TreeLines& after) {
+    const std::wstring report =
+        std::wstring(position.phase->procedure) + L" Error [1234]\r\ninjected: " + position.call;
+    EXPECT_EQ(reports_, Strings{report});
+    EXPECT_TRUE(user.CanUse(window.cmdBtn[0]));
+    EXPECT_EQ(desktop.Pointer(), controls::MousePointer::kDefault);
+    if (position.phase->kind == FaultPhase::kWrite) {
+      EXPECT_FALSE(window.exchange.AddNode);
+      EXPECT_EQ(Lines(window), before);
+      EXPECT_NE(window.lblStatus.Caption(), Text(405));
+    } else {
+      EXPECT_EQ(window.exchange.AddNode, static_cast<bool>(test.Fill));
+      ExpectBetween(Lines(window), before, after);
+      EXPECT_EQ(window.lblStatus.Caption(), Text(405));
+    }
+  }
+
+  void ExpectRefreshPutsRight(frmUserGroupPerm& window, test_support::RawDatabase& raw) {
+    EXPECT_EQ(window.RefreshTree(), kDone);
+    testing_support::WantedTrees wanted(window.accounts);
+    wanted.Refresh(testing_support::ReadTables(raw));
+    for (const int tree : {0, 1}) {
+      int nodes = 0;
+      for (const auto& [key, line] : wanted.Lines(tree)) {
+        nodes += Has(window, tree, key.c_str()) ? 1 : 0;
+      }
+      EXPECT_EQ(nodes, static_cast<int>(wanted.Lines(tree).size()));
+      EXPECT_EQ(window.TreeView1[tree].Nodes().Count(), nodes);
+    }
+    EXPECT_EQ(window.userCount, wanted.Count(0));
+    EXPECT_EQ(window.groupCount, wanted.Count(1));
+    EXPECT_NE(window.lblStatus.Caption(), Text(405));
+  }
+
+  void FailEverywhere(frmUserGroupPerm& window, const FaultCase& test,
+                      test_support::RawDatabase& raw) {
+    Reset(window, test, raw);
+    const TreeLines before = Lines(window);
+    const std::vector<Position> positions = Observe(window, test, raw);
+    const TreeLines after = Lines(window);
+    if (HasFailure()) return;
+    for (std::size_t at = 0; at < positions.size() && !HasFailure(); at += kStride) {
+      SCOPED_TRACE(std::string(test.name) + ", call " + std::to_string(at) + ": " +
+                   data::ToUtf8(positions[at].call));
+      Reset(window, test, raw);
+      Give(window, test,
+           [left = at](const std::wstring&) mutable { return left-- == 0 ? kInjected : 0L; });
+      ExpectFailedAt(window, test, positions[at], before, after);
+      EXPECT_EQ(Stored(raw), positions[at].stored);
+      ExpectRefreshPutsRight(window, raw);
+    }
+    tried_ += positions.size();
+  }
+
+  Strings reports_;
+  std::size_t tried_ = 0;
+};
+
+TEST_F(CommandFaults, AtEachCallAreReportedAndLeaveWhatWasWrittenAndTreesThatARefreshPutsRight) {
+  KeepDatabase();
+  user.SetCommandLine(Database().CommandLine());
+  frmUserGroupPerm window(global);
+  window.Show();
+  ASSERT_TRUE(window.isStarted);
+  auto raw = Raw();
+  for (const FaultCase& test : FaultCases()) FailEverywhere(window, test, raw);
+  window.Unload();
+  RecordProperty("positions", static_cast<int>(tried_));
+  EXPECT_GT(tried_, 300u);
+}
+
+}  // namespace
+}  // namespace browser

@@ -1,0 +1,268 @@
+#include "tests/browser/FaultCase.h"
+
+#include "dialogs/frmAddUserInGroup.h"
+#include "dialogs/frmEditGroup.h"
+#include "dialogs/frmEditUser.h"
+#include "dialogs/frmListItem.h"
+#include "dialogs/frmNewGroup.h"
+#include "dialogs/frmNewUser.h"
+
+namespace browser {
+namespace {
+
+using testing_support::User;
+using Phases = std::vector<FaultPhase>;
+
+constexpr auto kWrite = FaultPhase::kWrite;
+constexpr auto kRebuild = FaultPhase::kRebuild;
+
+Phases operator+(Phases first, const Phases& second) {
+  first.insert(first.end(), second.begin(), second.end());
+  return first;
+}
+
+// Opening a statement that begins so, and every write to what it has opened.
+std::vector<std::wstring> Writing(const std::wstring& statement) {
+  return {statement, L"MoveFirst " + statement, L"Edit " + statement, L"AddNew " + statement,
+          L"Update " + statement};
+}
+
+FaultPhase Links(const wchar_t* procedure, const std::wstring& statement,
+                 const wchar_t* deletion = nullptr) {
+  FaultPhase phase{procedure, kWrite, Writing(statement)};
+  if (deletion != nullptr) phase.beginnings.push_back(deletion);
+  return phase;
+}
+
+constexpr const wchar_t* kMembershipsOfUser = L"SELECT  USERID ,GROUPID FROM QRUSGP";
+constexpr const wchar_t* kMembershipsOfGroup = L"SELECT  QRUSGP.GROUPID, QRUSGP.USERID FROM QRUSGP";
+constexpr const wchar_t* kMembership = L"SELECT QRUSGP.USERID, QRUSGP.GROUPID FROM QRUSGP WHERE GR";
+constexpr const wchar_t* kOwnRows = L"SELECT * FROM QRUPRM";
+constexpr const wchar_t* kGroupRows = L"SELECT QRGPRM.GROUPID, QRGPRM.PERMID FROM QRGPRM";
+constexpr const wchar_t* kGroupRow = L"SELECT * FROM QRGPRM";
+constexpr const wchar_t* kUserRow = L"SELECT QRUSERV.USERID, QRUSERV.NAME ,QRUSERV.FULLNAME, QRUS";
+constexpr const wchar_t* kGroupRecord =
+    L"SELECT QRGROUPV.GROUPID, QRGROUPV.NAME ,QRGROUPV.DESCR FROM QRGROUPV WHERE";
+constexpr const wchar_t* kAllUsers = L"SELECT QRUSERV.USERID,QRUSERV.NAME,QRUSERV.FULLNAME FROM Q";
+constexpr const wchar_t* kAllGroups = L"SELECT QRGROUPV.GROUPID,QRGROUPV.NAME ,QRGROUPV.DESCR  F";
+constexpr const wchar_t* kAllPermissions = L"SELECT QRPERM.PERMID,QRPERM.NAME FROM QRPERM";
+constexpr const wchar_t* kGroupUsers =
+    L"SELECT QRUSERV.USERID, QRUSERV.NAME ,QRUSERV.FULLNAME FROM QRUSERV,QRUSGP";
+constexpr const wchar_t* kUserGroups =
+    L"SELECT QRGROUPV.GROUPID, QRGROUPV.NAME ,QRGROUPV.DESCR FROM QRGROUPV , QRUSGP";
+constexpr const wchar_t* kOwnNames = L"SELECT QRPERM.PERMID, QRPERM.NAME FROM QRUPRM";
+constexpr const wchar_t* kGroupNames = L"SELECT QRPERM.PERMID, QRPERM.NAME FROM QRPERM,QRGPRM";
+constexpr const wchar_t* kInherited = L"SELECT DISTINCT QRPERM.PERMID";
+
+// Reading folders of one account again.
+const FaultPhase kUserFolders{
+    L"UserNode", kRebuild, {kUserRow, kUserGroups, kOwnNames, kInherited, L"GetDisplayName 10"}};
+const FaultPhase kGroupFolders{
+    L"GroupNode", kRebuild, {kGroupRecord, kGroupUsers, kGroupNames, L"GetDisplayName 10"}};
+
+// Reading a folder of every account again.
+Phases All(const wchar_t* procedure, const FaultPhase& folders) {
+  return {{procedure, kRebuild, {L"BeginRead"}}, folders, {procedure, kRebuild, {L"EndRead"}}};
+}
+const Phases kAllMembers = All(L"EditGroupNode", kGroupFolders);
+const Phases kAllUsersLinks = All(L"EditUserNode", kUserFolders);
+const Phases kAllUsersPermissions = All(L"EditAllPermissionsUserNode", kUserFolders);
+
+const Phases kUserLists{{L"List1AddItem", kWrite, {kAllGroups, L"GetDisplayName 104"}},
+                        {L"SelectListItem", kWrite, {kMembership}},
+                        {L"List1AddItem", kWrite, {kAllPermissions, L"GetDisplayName 101"}},
+                        {L"SelectListItem", kWrite, {kOwnRows}}};
+
+Phases EditUserPhases() {
+  return Phases{{L"Form Load", kWrite, {kUserRow, L"DecryptPassword"}}} + kUserLists +
+         Phases{{L"EditUser", kWrite, Writing(kUserRow)},
+                {L"EditUser", kWrite, {L"EncryptPassword", L"Update"}},
+                Links(L"EditUserGroups", kMembershipsOfUser, L"DELETE FROM QRUSGP"),
+                Links(L"EditUserPermissions", kOwnRows, L"DELETE FROM QRUPRM"),
+                kUserFolders} +
+         kAllMembers;
+}
+
+Phases NewUserPhases() {
+  return Phases{{L"List1AddItem", kWrite, {kAllGroups, L"GetDisplayName 104"}},
+                {L"GetEveryOneGroup", kWrite, {L"SELECT QRGROUPV.GROUPID FROM QRGROUPV WHERE"}},
+                {L"List1AddItem", kWrite, {kAllPermissions, L"GetDisplayName 101"}},
+                {L"NewUser",
+                 kWrite,
+                 {L"NewIdentifier QRUSRN", kUserRow, L"AddNew", L"EncryptPassword"}},
+                {L"NewUser", kWrite, {std::wstring(L"Update ") + kUserRow}},
+                Links(L"NewUserGroups", kMembershipsOfUser),
+                Links(L"NewUserPermissions", kOwnRows),
+                kUserFolders} +
+         kAllMembers;
+}
+
+Phases EditGroupPhases() {
+  std::vector<std::wstring> row = Writing(kGroupRecord);
+  row.insert(row.end(), {L"GetDisplayName 104 ", L"GetDisplayName 0 "});
+  return Phases{{L"Form Load", kWrite, {kGroupRecord, L"GetDisplayName 10"}},
+                {L"List1AddItem", kWrite, {kGroupUsers, kAllPermissions}},
+                {L"SelectListItem", kWrite, {kGroupRow}},
+                {L"Form Load", kWrite, {L"GetDisplayName 114"}},
+                {L"EditGroup", kWrite, row},
+                Links(L"EditGroupUser", kMembershipsOfGroup, L"DELETE FROM QRUSGP"),
+                Links(L"EditGroupPermissions", kGroupRows, L"DELETE FROM QRGPRM"),
+                kGroupFolders} +
+         kAllUsersLinks;
+}
+
+Phases NewGroupPhases() {
+  std::vector<std::wstring> row = Writing(kGroupRecord);
+  row.insert(row.end(), {L"GetDisplayName 104 ", L"NewIdentifier QRGPRN"});
+  return Phases{{L"List1AddItem", kWrite, {kAllPermissions}},
+                {L"cmdOK_Click", kWrite, {L"GetDisplayName 114"}},
+                {L"NewGroup", kWrite, row},
+                Links(L"NewUserGroups", kMembershipsOfGroup),
+                Links(L"NewGroupPermissions", kGroupRows),
+                kGroupFolders} +
+         kAllUsersLinks;
+}
+
+Phases ChooserPhases(const wchar_t* candidates, const wchar_t* owned, const wchar_t* row) {
+  return {{L"Form Load", kWrite, {candidates, L"GetDisplayName 10"}},
+          {L"SelectedListItem", kWrite, {owned}},
+          {L"UpdateData", kWrite, Writing(row)}};
+}
+
+Phases AddUsersPhases() {
+  return Phases{{L"List1AddItem", kWrite, {kAllUsers}},
+                {L"UpdateAddItem", kWrite, {kGroupUsers}},
+                {L"NewUserGroups", kWrite, Writing(kMembership)},
+                kGroupFolders} +
+         kAllUsersLinks;
+}
+
+Phases Deletion(const wchar_t* statement) {
+  return {{L"DeleteRecord", kWrite, {statement}}};
+}
+
+void FillUser(User& user, controls::Form& form) {
+  auto& dialog = dynamic_cast<dialogs::UserDialog&>(form);
+  user.Type(dialog.txtUserName, L"Zola");
+  user.Type(dialog.txtFullName, L"Emile Zola");
+  user.Type(dialog.txtPassword, L"secret1");
+  user.Type(dialog.txtVerify, L"secret1");
+  // One group and two permissions change their checks.
+  user.Toggle(dialog.List1[1], 2);
+  for (const int item : {3, 6}) user.Toggle(dialog.List1[2], item);
+  user.Click(dialog.cmdOK);
+}
+
+void FillGroup(User& user, controls::Form& form) {
+  auto& dialog = dynamic_cast<dialogs::GroupDialog&>(form);
+  user.Type(dialog.txtGroupName, L"Labo");
+  user.Type(dialog.txtDesc, L"Mesures");
+  for (const int item : {3, 6}) user.Toggle(dialog.List1[2], item);
+  user.Click(dialog.cmdOK);
+}
+
+void FillChooser(User& user, controls::Form& form) {
+  auto& dialog = dynamic_cast<dialogs::frmListItem&>(form);
+  user.Click(dialog.cmdBtn[0]);
+  user.Click(dialog.cmdOK);
+}
+
+void FillMembers(User& user, controls::Form& form) {
+  auto& dialog = dynamic_cast<dialogs::frmAddUserInGroup&>(form);
+  user.Click(dialog.cmdBtn[2]);
+  user.Click(dialog.cmdOK);
+}
+
+using Window = frmUserGroupPerm;
+
+std::vector<FaultCase> AccountCases() {
+  return {{"edit user", 0, L"\\TUS \\U9", [](Window & w) -> auto& {return w.cmdUser[0];
+}
+, FillUser, EditUserPhases()
+}  // namespace
+, {"delete user", 0, L"\\TUS \\U9", [](Window& w) -> auto& {return w.cmdUser[1];
+}  // namespace browser
+, {}, Deletion(L"UPDATE QRUSER") + kAllMembers
+}
+, {"new user", 0, L"\\TRT ", [](Window& w) -> auto& {return w.cmdUser[2];
+}
+, FillUser, NewUserPhases()
+}
+, {"edit group", 1, L"\\TGR \\G6", [](Window& w) -> auto& {return w.cmdGroup[0];
+}
+, FillGroup, EditGroupPhases()
+}
+, {"delete group", 1, L"\\TGR \\G6", [](Window& w) -> auto& {return w.cmdGroup[1];
+}
+, {}, Deletion(L"UPDATE QRGROUP") + kAllUsersLinks
+}
+, {"new group", 1, L"\\TRT ", [](Window& w) -> auto& {return w.cmdGroup[2];
+}
+, FillGroup, NewGroupPhases()
+}
+,
+}
+;
+}
+
+std::vector<FaultCase> LinkCases() {
+  return {{"assign groups", 0, L"\\TMO \\U9 \\G", [](Window & w) -> auto& {return w.cmdMemberOf[0];
+}
+, FillChooser,
+    ChooserPhases(kAllGroups, L"SELECT QRUSGP.GROUPID FROM", kMembership) + Phases{kUserFolders} +
+        kAllMembers
+}
+, {"remove membership", 0, L"\\TGU \\U9 \\G12", [](Window& w) -> auto& {return w.cmdMemberOf[1];
+}
+, {}, Deletion(L"DELETE FROM QRUSGP") + Phases {
+  kUserFolders
+}
+}
+, {"assign user permissions", 0, L"\\TUP \\U9 \\P",
+   [](Window& w) -> auto& {return w.cmdUserPermission[0];
+}
+, FillChooser, ChooserPhases(kAllPermissions, L"SELECT QRUPRM.PERMID FROM", kOwnRows) + Phases {
+  kUserFolders
+}
+}
+, {"remove user permission", 0, L"\\TPU \\U9 \\P14",
+   [](Window& w) -> auto& {return w.cmdUserPermission[1];
+}
+, {}, Deletion(L"DELETE FROM QRUPRM") + Phases {
+  kUserFolders
+}
+}
+, {"assign members", 1, L"\\TMS \\G6 \\U", [](Window& w) -> auto& {return w.cmdMember[0];
+}
+, FillMembers, AddUsersPhases()
+}
+, {"remove member", 1, L"\\TUG \\G6 \\U15", [](Window& w) -> auto& {return w.cmdMember[1];
+}
+, {}, Deletion(L"DELETE FROM QRUSGP") + kAllUsersLinks
+}
+, {"assign group permissions", 1, L"\\TGP \\G6 \\P",
+   [](Window& w) -> auto& {return w.cmdGroupPermission[0];
+}
+, FillChooser,
+    ChooserPhases(kAllPermissions, L"SELECT QRGPRM.PERMID FROM", kGroupRow) +
+        Phases{kGroupFolders} + kAllUsersPermissions
+}
+, {"remove group permission", 1, L"\\TPG \\G6 \\P21",
+   [](Window& w) -> auto& {return w.cmdGroupPermission[1];
+}
+, {}, Deletion(L"DELETE FROM QRGPRM") + kAllUsersPermissions
+}
+,
+}
+;
+}
+
+}  // namespace
+
+std::vector<FaultCase> FaultCases() {
+  std::vector<FaultCase> cases = AccountCases();
+  for (FaultCase& link : LinkCases()) cases.push_back(std::move(link));
+  return cases;
+}
+
+}  // namespace browser

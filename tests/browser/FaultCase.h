@@ -1,0 +1,35 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "browser/frmUserGroupPerm.h"
+#include "tests/support/controls/User.h"
+
+namespace browser {
+
+// Calls that follow one another in one procedure, which reports what fails in them.
+struct FaultPhase {
+  enum Kind { kWrite, kRebuild };  // up to the last write, and what brings the trees up to date
+
+  const wchar_t* procedure;
+  Kind kind;
+  std::vector<std::wstring> beginnings;  // of the calls
+};
+
+// A command of the main window with all that it calls.
+struct FaultCase {
+  const char* name;
+  int tree;
+  const wchar_t* key;  // of the node that it is given at
+  controls::CommandButton& (*button)(frmUserGroupPerm& window);
+  // Fills the dialog in and presses OK; empty for a command that only asks.
+  std::function<void(testing_support::User& user, controls::Form& form)> Fill;
+  std::vector<FaultPhase> phases;
+};
+
+// All commands, on the sample as it is cut down for walks.
+std::vector<FaultCase> FaultCases();
+
+}  // namespace browser
