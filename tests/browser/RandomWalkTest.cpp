@@ -16,7 +16,7 @@ namespace {
 constexpr int kSequences = 4;
 constexpr int kSteps = 40;
 #else
-constexpr int kSequences = 60;
+constexpr int kSequences = 40;
 constexpr int kSteps = 120;
 #endif
 

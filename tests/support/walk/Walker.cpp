@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "controls/Desktop.h"
 #include "data/Text.h"
+#include "dialogs/frmEditGroup.h"
+#include "dialogs/frmEditUser.h"
 
 namespace testing_support {
 
@@ -21,7 +25,7 @@ Walker::Walker(browser::frmUserGroupPerm& window, User& user, CallLog& log,
     return AnswerBox(prompt, style);
   };
   instead.ModalShown = [this](controls::Form& form) {
-    dialog_ = true;
+    if (!std::exchange(dialog_, true)) DeleteBehind(form);
     actor_.Act(form);
   };
   before_ = ReadTables(raw_);
@@ -34,6 +38,19 @@ Walker::~Walker() {
   instead.MsgBox = nullptr;
   instead.ModalShown = nullptr;
   instead.PopupMenu = nullptr;
+}
+
+// Now and then somebody else deletes an account while its dialog is open, unless it is protected.
+void Walker::DeleteBehind(const controls::Form& form) {
+  const bool isUser = dynamic_cast<const dialogs::frmEditUser*>(&form) != nullptr;
+  if (!isUser && dynamic_cast<const dialogs::frmEditGroup*>(&form) == nullptr) return;
+  const std::string id = std::to_string(target_.account);
+  if (target_.account <= 2 || !dice_.OneIn(10)) return;
+  Note("  somebody else deletes " + id);
+  raw_.Execute(isUser ? "UPDATE QRUSER SET VFLG = 'D' WHERE USERID = " + id
+                      : "UPDATE QRGROUP SET VFLG = 'D' WHERE GROUPID = " + id);
+  foreign_ = true;
+  before_ = ReadTables(raw_);
 }
 
 // The commands' own questions have the stop icon; the question before changes are thrown away has
@@ -51,7 +68,7 @@ int Walker::AnswerBox(const std::wstring& prompt, int style) {
   }
   if (prompt.starts_with(L"Un autre administrateur")) told_ = true;
   if (!asks) return controls::kResultOk;
-  if ((style & controls::kCritical) == controls::kCritical && (style & 32) == 0) confirmed_ = yes;
+  if ((style & controls::kExclamation) == controls::kCritical) confirmed_ = yes;
   return yes ? controls::kResultYes : controls::kResultNo;
 }
 

@@ -72,6 +72,7 @@ class Walker {
   void CheckWantedDifferences(const Tables& now);
   void CheckOrder(int tree) const;
   void CheckButtons(int tree);
+  void CheckSelection() const;
   void CheckProtected(const Tables& now) const;
   void CheckStatements();
   void CheckStatus(const Tables& now) const;
@@ -79,6 +80,7 @@ class Walker {
   std::string WantedButtons(int tree) const;
 
   void Note(const std::string& step) { steps_.push_back(step); }
+  void DeleteBehind(const controls::Form& form);
   int AnswerBox(const std::wstring& prompt, int style);
   int Tab() const { return window_.TabStrip1.SelectedTab(); }
   const Nodes& NodesOf(int tree) const { return window_.TreeView1[tree].Nodes(); }

@@ -58,6 +58,7 @@ void Walker::Check(bool command) {
     EXPECT_EQ(tree == 0 ? window_.userCount : window_.groupCount, wanted_.Count(tree));
     EXPECT_EQ(NodesOf(tree).Children(NodesOf(tree).Root()), wanted_.Count(tree));
   }
+  CheckSelection();
   CheckProtected(now);
   CheckStatements();
   CheckStatus(now);
@@ -147,6 +148,19 @@ void Walker::CheckButtons(int tree) {
     look += buttons[i]->Enabled() ? kSigns[i] : '-';
   }
   EXPECT_EQ(look, WantedButtons(tree)) << data::ToUtf8(SelectedKey(tree));
+}
+
+// What the window says that the selected node of the shown tab stands for.
+void Walker::CheckSelection() const {
+  const int tree = Tab();
+  const Target at = ReadTarget(tree, SelectedKey(tree));
+  const bool link = at.tag == L"GU" || at.tag == L"UG";
+  const bool permission = at.tag == L"PU" || at.tag == L"PG";
+  EXPECT_EQ(tree == 0 ? window_.exchange.UserID : window_.exchange.GroupID, at.account);
+  EXPECT_EQ(tree == 0 ? window_.exchange.GroupID : window_.exchange.UserID, link ? at.leaf : -1);
+  EXPECT_EQ(window_.selectedPermId, permission ? at.leaf : -1);
+  const int node = window_.TreeView1[tree].SelectedNode();
+  EXPECT_EQ(window_.selectedPermName, permission ? NodesOf(tree).Text(node) : std::wstring());
 }
 
 void Walker::CheckProtected(const Tables& now) const {
