@@ -18,7 +18,7 @@ constexpr long kInjected = 1234;
 
 // Native controls take their time: there not every position is tried.
 #ifdef _WIN32
-constexpr std::size_t kStride = 9;
+constexpr std::size_t kStride = 5;
 #else
 constexpr std::size_t kStride = 1;
 #endif

@@ -165,7 +165,7 @@ TEST_F(LinkRemoval, OfAUsersPermissionLeavesItAmongAllWhereAGroupGivesIt) {
     Remove(window, kRemovals[1]);
     EXPECT_TRUE(Has(window, 0, L"\\TPA \\U9 \\P14"));
     EXPECT_EQ(user.TipOf(window.TreeView1[0], At(window, 0, L"\\TPA \\U9 \\P14")),
-              L"Par le groupe Production (Ateliers d'Annecy et de Châteauroux)");
+              L"Par le groupe Production");
   });
 }
 

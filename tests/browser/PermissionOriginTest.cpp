@@ -19,25 +19,20 @@ class PermissionOrigins : public CommandTest {
 
 TEST_F(PermissionOrigins, OneGroupIsNamed) {
   Run([this](frmUserGroupPerm& window) {
-    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P16"),
-              L"Par le groupe Production (Ateliers d'Annecy et de Châteauroux)");
+    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P16"), L"Par le groupe Production");
   });
 }
 
-TEST_F(PermissionOrigins, AGroupIsNamedAsItIsShown) {
+TEST_F(PermissionOrigins, AGroupIsNamedByItsDisplayFormWithoutItsDescription) {
   Run([this](frmUserGroupPerm& window) {
-    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P2"),
-              L"Par le groupe Tout le monde (Tous les utilisateurs)");
+    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P2"), L"Par le groupe Tout le monde");
   });
 }
 
 TEST_F(PermissionOrigins, SeveralGroupsAreNamedInTheirOrder) {
   Run([this](frmUserGroupPerm& window) {
-    EXPECT_EQ(Tip(window, L"\\TPA \\U16 \\P18"),
-              L"Par les groupes Méthodes (Gammes, temps et outillages) et Production (Ateliers "
-              L"d'Annecy et de Châteauroux)");
+    EXPECT_EQ(Tip(window, L"\\TPA \\U16 \\P18"), L"Par les groupes Méthodes et Production");
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (16, 6)");
-    Raw().Execute("UPDATE QRGROUP SET DESCR = NULL");
     window.RefreshTree();
     EXPECT_EQ(Tip(window, L"\\TPA \\U16 \\P18"),
               L"Par les groupes Méthodes, Production et Qualité");
@@ -51,13 +46,19 @@ TEST_F(PermissionOrigins, TheUserHimselfIsNamedWhereHeHoldsItAlone) {
 }
 
 TEST_F(PermissionOrigins, TheUserHimselfComesBeforeHisGroups) {
-  Raw().Execute("UPDATE QRGROUP SET DESCR = NULL");
   Raw().Execute("INSERT INTO QRUPRM (USERID, PERMID) VALUES (16, 18)");
   Run([this](frmUserGroupPerm& window) {
     EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P20"),
               L"Accordée directement et par le groupe Laboratoire");
     EXPECT_EQ(Tip(window, L"\\TPA \\U16 \\P18"),
               L"Accordée directement et par les groupes Méthodes et Production");
+  });
+}
+
+TEST_F(PermissionOrigins, AGroupWhoseNameHasParenthesesIsNamedWithAllThatIsShown) {
+  Raw().Execute("UPDATE QRGROUP SET NAME = 'Labo (A)', DESCR = 'B' WHERE GROUPID = 7");
+  Run([this](frmUserGroupPerm& window) {
+    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P16"), L"Par le groupe Labo (A) (B)");
   });
 }
 
@@ -116,7 +117,7 @@ TEST_F(PermissionOrigins, TheStatusLineShowsThatOfTheSelectedPermission) {
 TEST_F(PermissionOrigins, FollowACommandAtOnce) {
   Run([this](frmUserGroupPerm& window) {
     EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P20"),
-              L"Accordée directement et par le groupe Laboratoire (Mesures et essais)");
+              L"Accordée directement et par le groupe Laboratoire");
     Select(window, 0, L"\\TGU \\U9 \\G12");
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce membre du groupe ?");
     user.Click(window.cmdMemberOf[1]);

@@ -13,8 +13,8 @@ namespace {
 
 // How much is walked where nothing else is asked for. Native controls take their time.
 #ifdef _WIN32
-constexpr int kSequences = 4;
-constexpr int kSteps = 40;
+constexpr int kSequences = 8;
+constexpr int kSteps = 60;
 #else
 constexpr int kSequences = 40;
 constexpr int kSteps = 120;
