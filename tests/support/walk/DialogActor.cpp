@@ -42,7 +42,6 @@ constexpr const wchar_t* kNames[] = {
 constexpr const wchar_t* kPasswords[] = {L"secret1", L"secret2",  L"court",
                                          L"*",       L"s*1*****", L"vingt-et-un-caracteres"};
 
-// A null list is one without items to be read: that of a form that is none of the dialogs.
 std::set<std::int32_t> Checked(const controls::ListBox& list) {
   std::set<std::int32_t> ids;
   for (int i = 0; i < list.ListCount(); ++i) {

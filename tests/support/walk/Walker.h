@@ -33,8 +33,8 @@ class Walker {
   void Step();
   // What was done so far, a line each.
   const std::vector<std::string>& Steps() const { return steps_; }
-  // How many commands have changed the database.
-  int Writes() const { return writes_; }
+  // The commands that have changed the database, each as "tree section index".
+  const std::set<std::string>& Written() const { return written_; }
 
  private:
   using Nodes = controls::TreeNodes;
@@ -97,7 +97,7 @@ class Walker {
   DialogActor actor_;
   WantedTrees wanted_;
   std::vector<std::string> steps_;
-  int writes_ = 0;
+  std::set<std::string> written_;
 
   // The differences from a refresh that are meant to be, by the keys of their nodes.
   std::set<std::wstring> meant_;

@@ -33,7 +33,11 @@ void Walker::Follow(const Command& command) {
   } else if (!confirmed_ || reported_) {
     EXPECT_EQ(now, before_);
   }
-  if (now != before_) ++writes_;
+  if (now != before_) {
+    written_.insert(std::to_string(target_.tree) + " " +
+                    std::to_string(static_cast<int>(command.section)) + " " +
+                    std::to_string(command.index));
+  }
   if (command.section == Section::kAccount) {
     FollowAccount(command, now);
   } else {
