@@ -1,0 +1,165 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "data/Text.h"
+#include "dialogs/frmAddUserInGroup.h"
+#include "dialogs/frmEditGroup.h"
+#include "dialogs/frmEditUser.h"
+#include "dialogs/frmListItem.h"
+#include "dialogs/frmNewGroup.h"
+#include "dialogs/frmNewUser.h"
+#include "tests/support/dialogs/DialogFixture.h"
+
+namespace {
+
+// What a push button's border and focus rectangle take on each side, in dialog units' worth of
+// pixels at any resolution: a quarter of a line.
+int Margin(int lineHeight) {
+  return lineHeight / 4;
+}
+
+struct Piece {
+  HWND window;
+  std::wstring type;
+  std::wstring text;
+  RECT place;  // in the form's client area
+  bool isFrame;
+};
+
+BOOL CALLBACK AddPiece(HWND window, LPARAM pieces) {
+  const HWND form = GetAncestor(window, GA_ROOT);
+  if (GetParent(window) != form || !IsWindowVisible(window)) return TRUE;
+  wchar_t type[64] = {};
+  wchar_t text[1024] = {};
+  GetClassNameW(window, type, 64);
+  GetWindowTextW(window, text, 1024);
+  Piece piece{window, type, text, {}, false};
+  GetWindowRect(window, &piece.place);
+  MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&piece.place), 2);
+  const LONG style = GetWindowLongW(window, GWL_STYLE);
+  piece.isFrame = piece.type == L"Button" && (style & BS_TYPEMASK) == BS_GROUPBOX;
+  reinterpret_cast<std::vector<Piece>*>(pieces)->push_back(piece);
+  return TRUE;
+}
+
+BOOL CALLBACK TakeForm(HWND window, LPARAM form) {
+  if (IsWindowVisible(window) && IsWindowEnabled(window)) *reinterpret_cast<HWND*>(form) = window;
+  return TRUE;
+}
+
+// The form that takes input: the one in front.
+HWND FormInFront() {
+  HWND form = nullptr;
+  EnumThreadWindows(GetCurrentThreadId(), TakeForm, reinterpret_cast<LPARAM>(&form));
+  return form;
+}
+
+SIZE TextSize(const Piece& piece, int width) {
+  const HDC dc = GetDC(piece.window);
+  const HGDIOBJ font = reinterpret_cast<HGDIOBJ>(SendMessageW(piece.window, WM_GETFONT, 0, 0));
+  const HGDIOBJ before = SelectObject(dc, font);
+  RECT room{0, 0, width, 0};
+  DrawTextW(dc, piece.text.c_str(), -1, &room, DT_CALCRECT | (width > 0 ? DT_WORDBREAK : 0));
+  SelectObject(dc, before);
+  ReleaseDC(piece.window, dc);
+  return {room.right, room.bottom};
+}
+
+void ExpectRoomForText(const Piece& piece) {
+  const int width = piece.place.right - piece.place.left;
+  const int height = piece.place.bottom - piece.place.top;
+  const std::string text = data::ToUtf8(piece.text);
+  const SIZE line = TextSize(piece, 0);
+  if (piece.type == L"Button") {
+    EXPECT_LE(line.cx + 2 * Margin(line.cy), width) << text;
+    EXPECT_LE(line.cy, height) << text;
+  } else if (piece.type == L"Static") {
+    if ((GetWindowLongW(piece.window, GWL_STYLE) & SS_ELLIPSISMASK) != 0) return;
+    const SIZE broken = TextSize(piece, width);
+    EXPECT_LE(broken.cx, width) << text;
+    EXPECT_LE(broken.cy, height) << text;
+  }
+}
+
+void ExpectNoOverlap(const std::vector<Piece>& pieces) {
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    for (std::size_t k = i + 1; k < pieces.size(); ++k) {
+      if (pieces[i].isFrame != pieces[k].isFrame || pieces[i].type == L"SysTabControl32" ||
+          pieces[k].type == L"SysTabControl32") {
+        continue;
+      }
+      RECT both;
+      EXPECT_FALSE(IntersectRect(&both, &pieces[i].place, &pieces[k].place))
+          << data::ToUtf8(pieces[i].type + L" " + pieces[i].text + L" and " + pieces[k].type +
+                          L" " + pieces[k].text);
+    }
+  }
+}
+
+class CaptionFit : public testing_support::DialogFixture {
+ protected:
+  void ExpectGoodLayout(std::size_t atLeast) {
+    const HWND form = FormInFront();
+    ASSERT_NE(form, nullptr);
+    std::vector<Piece> pieces;
+    EnumChildWindows(form, AddPiece, reinterpret_cast<LPARAM>(&pieces));
+    EXPECT_GE(pieces.size(), atLeast);
+    RECT client;
+    GetClientRect(form, &client);
+    for (const Piece& piece : pieces) {
+      ExpectRoomForText(piece);
+      RECT both;
+      IntersectRect(&both, &piece.place, &client);
+      EXPECT_TRUE(EqualRect(&both, &piece.place)) << data::ToUtf8(piece.text);
+    }
+    ExpectNoOverlap(pieces);
+  }
+
+  template <typename Dialog>
+  void ExpectGoodDialog(Dialog& dialog) {
+    Show<Dialog>(dialog, [this](Dialog& shown) {
+      ExpectGoodLayout(8);
+      user.PressKey(shown, testing_support::kKeyEscape);
+    });
+  }
+};
+
+TEST_F(CaptionFit, TheMainWindowHasRoomOnBothTabs) {
+  ExpectGoodLayout(16);
+  user.ChooseTab(window.TabStrip1, 1);
+  ExpectGoodLayout(16);
+}
+
+TEST_F(CaptionFit, TheUserDialogsHaveRoom) {
+  dialogs::frmNewUser create(exchange);
+  ExpectGoodDialog(create);
+  dialogs::frmEditUser edit(exchange);
+  edit.UserID = 9;
+  ExpectGoodDialog(edit);
+}
+
+TEST_F(CaptionFit, TheGroupDialogsHaveRoom) {
+  dialogs::frmNewGroup create(exchange);
+  ExpectGoodDialog(create);
+  dialogs::frmEditGroup edit(exchange);
+  edit.GroupID = 6;
+  ExpectGoodDialog(edit);
+}
+
+TEST_F(CaptionFit, TheChoosersHaveRoom) {
+  dialogs::frmAddUserInGroup users(exchange);
+  users.GroupID = 6;
+  users.GroupName = L"Qualité";
+  ExpectGoodDialog(users);
+  dialogs::frmListItem items(exchange);
+  items.ListKind = L"Groupes";
+  items.RelationName = L"Membre du Groupe";
+  items.OwnerID = 9;
+  ExpectGoodDialog(items);
+}
+
+}  // namespace
