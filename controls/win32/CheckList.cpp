@@ -96,6 +96,7 @@ struct CheckList : ListBoxPeer {
     }
     const LRESULT result = Peer::Handle(message);
     if (message.number == WM_SIZE) FitColumn();
+    if (message.number == WM_ENABLE || message.number == WM_SYSCOLORCHANGE) ShowColours();
     return result;
   }
 
@@ -110,6 +111,17 @@ struct CheckList : ListBoxPeer {
   void FitColumn() const {
     RECT client = {};
     if (window && GetClientRect(window, &client)) Send(LVM_SETCOLUMNWIDTH, 0, client.right);
+  }
+
+  // A list view looks the same when it is disabled, but for its scroll bar.
+  void ShowColours() const {
+    const bool usable = IsWindowEnabled(window) != FALSE;
+    const auto ground = static_cast<LPARAM>(GetSysColor(usable ? COLOR_WINDOW : COLOR_BTNFACE));
+    const int text = usable ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT;
+    Send(LVM_SETBKCOLOR, 0, ground);
+    Send(LVM_SETTEXTBKCOLOR, 0, ground);
+    Send(LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(GetSysColor(text)));
+    InvalidateRect(window, nullptr, TRUE);
   }
 
   // The user has moved to an item or changed its check.

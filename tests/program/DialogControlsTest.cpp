@@ -116,5 +116,24 @@ TEST_F(DialogControls, ThoseOfTheGroupDialogsAreNative) {
   }
 }
 
+TEST_F(DialogControls, ACheckListThatIsOffLooksIt) {
+  const MainWindow window = Open(SampleSession());
+  window.SelectTab(kGroupsTab);
+  const auto stateOf = [&](const std::wstring& group) {
+    Select(window, kGroupsTab, {group});
+    driver::Press(window.Control(IDC_CMD_GROUP));
+    const DialogWindow dialog(Program(), String(203));
+    const driver::Window list = dialog.Control(IDC_LIST_GROUP + 2);
+    const auto colour = static_cast<COLORREF>(list.Send(LVM_GETTEXTCOLOR));
+    const std::pair seen{list.IsEnabled(), colour != GetSysColor(COLOR_GRAYTEXT)};
+    Leave(dialog);
+    window.AwaitUsable();
+    return seen;
+  };
+  EXPECT_EQ((std::pair{false, false}),
+            stateOf(L"Administrateurs (Contrôle total de l'application)"));
+  EXPECT_EQ((std::pair{true, true}), stateOf(L"Achats"));
+}
+
 }  // namespace
 }  // namespace program
