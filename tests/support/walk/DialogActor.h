@@ -1,11 +1,15 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <set>
 #include <string>
+#include <utility>
 
+#include "controls/CommandButton.h"
 #include "controls/Form.h"
 #include "controls/ListBox.h"
+#include "controls/TextBox.h"
 #include "tests/support/controls/User.h"
 #include "tests/support/walk/Dice.h"
 

@@ -51,8 +51,8 @@ class Walker {
   int SomeNode();
   std::vector<controls::CommandButton*> Buttons(int tree);
   static Command CommandOf(int place);
-  std::optional<Command> CommandOfDelete(const Target& target) const;
-  std::optional<Command> CommandOfMenuLine(std::size_t line) const;
+  static std::optional<Command> CommandOfDelete(const Target& target);
+  static std::optional<Command> CommandOfMenuLine(std::size_t line);
 
   // What follows from it (WalkerOutcome.cpp).
   void StartCommand();
@@ -68,7 +68,7 @@ class Walker {
 
   // The checks (WalkerChecks.cpp).
   void Check(bool command);
-  void CheckTrees(const Tables& now);
+  void CheckTrees() const;
   void CheckWantedDifferences(const Tables& now);
   void CheckOrder(int tree) const;
   void CheckButtons(int tree);

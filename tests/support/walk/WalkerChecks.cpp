@@ -50,7 +50,7 @@ std::map<std::wstring, std::string> Differences(const TreeLines& left, const Tre
 
 void Walker::Check(bool command) {
   const Tables now = ReadTables(raw_);
-  CheckTrees(now);
+  CheckTrees();
   CheckWantedDifferences(now);
   for (const int tree : {0, 1}) {
     CheckOrder(tree);
@@ -68,7 +68,7 @@ void Walker::Check(bool command) {
   EXPECT_EQ(window_.OwnerDesktop().Pointer(), controls::MousePointer::kDefault);
 }
 
-void Walker::CheckTrees(const Tables& /*now*/) {
+void Walker::CheckTrees() const {
   for (const int tree : {0, 1}) {
     for (const auto& [key, text] : Differences(ShownLines(NodesOf(tree)), wanted_.Lines(tree))) {
       ADD_FAILURE() << "shown against wanted: " << text;

@@ -104,7 +104,7 @@ void Walker::ClickSome() {
   Follow(CommandOf(place));
 }
 
-std::optional<Command> Walker::CommandOfDelete(const Target& target) const {
+std::optional<Command> Walker::CommandOfDelete(const Target& target) {
   if (target.tag == L"US" || target.tag == L"GR") return Command{Section::kAccount, 1};
   if (target.tag == L"GU" || target.tag == L"UG") return Command{Section::kFirstLinks, 1};
   if (target.tag == L"PU" || target.tag == L"PG") return Command{Section::kSecondLinks, 1};
@@ -142,7 +142,7 @@ void Walker::PressSomeKey() {
   }
 }
 
-std::optional<Command> Walker::CommandOfMenuLine(std::size_t line) const {
+std::optional<Command> Walker::CommandOfMenuLine(std::size_t line) {
   for (int place = 0; place < 7; ++place) {
     if (kButtonLines[place] == line) return CommandOf(place);
   }
