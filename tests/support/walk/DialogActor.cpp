@@ -226,6 +226,9 @@ const wchar_t* DialogActor::SomeName() {
 void DialogActor::Enter(controls::TextBox& box, const char* which, const std::wstring& text) {
   note_(std::string("  type ") + which + " \"" + data::ToUtf8(text) + "\"");
   if (text.empty()) {
+    // The whole text is selected when the box gets the focus. A single backspace at its end could
+    // leave half a surrogate pair, which no database can store.
+    user_.TryPressKey(box.Owner(), kKeyTab);
     user_.TryType(box, L"\b");
   } else if (dice_.OneIn(2)) {
     user_.TryPaste(box, text);
