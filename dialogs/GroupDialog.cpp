@@ -148,7 +148,14 @@ bool GroupDialog::IsNameAccepted() {
     app::MQVXMsgBox(global).ShowInformation(global.LoadResString(app::kGroupNameReserved));
     return false;
   }
-  return !IsDuplicateGroup(global, exchange_.groupsTree.Nodes(), name, GroupID);
+  if (IsDuplicateGroup(global, exchange_.groupsTree.Nodes(), name, GroupID)) return false;
+  // Under its display form a protected group is no duplicate of its stored name. A second group of
+  // that name would take its place, and its protection, at the next start.
+  if (txtGroupName.Enabled() && IsReservedGroupName(name)) {
+    app::MQVXMsgBox(global).ShowInformation(global.LoadResString(app::kGroupNameReserved));
+    return false;
+  }
+  return true;
 }
 
 void GroupDialog::ReturnToName() {

@@ -80,6 +80,26 @@ TEST_F(GroupNameChecks, AReservedNameIsRefusedInTheFormInWhichItIsShown) {
   });
 }
 
+TEST_F(GroupNameChecks, NoOtherGroupIsGivenTheStoredNameOfAProtectedOne) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    for (const wchar_t* name : {L"Administrators", L" Everyone "}) {
+      user.Type(dialog.txtGroupName, name);
+      ExpectRefused(dialog, kReserved);
+    }
+    Leave(dialog);
+  });
+}
+
+TEST_F(GroupNameChecks, WhereTheStoredNameIsShownAnotherGroupOfThatNameIsADuplicate) {
+  Raw().Execute("DELETE FROM QRDISPLAY");
+  Start();
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Type(dialog.txtGroupName, L"Administrators");
+    ExpectRefused(dialog, kTaken);
+    Leave(dialog);
+  });
+}
+
 TEST_F(GroupNameChecks, EveryoneInLowerCaseIsNotReservedButADuplicateWhereItIsShownSo) {
   Raw().Execute("DELETE FROM QRDISPLAY");
   Start();
