@@ -4,7 +4,7 @@
 
 namespace browser {
 
-const std::wstring& DisplayNames::Get(std::wstring_view text, DisplayCode code) {
+const std::wstring& DisplayNames::Get(std::wstring_view text, data::DisplayCode code) {
   std::unordered_map<std::wstring, std::wstring>& known = known_[code];
   const auto [entry, added] = known.try_emplace(std::wstring(text));
   if (added) {

@@ -6,16 +6,10 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "data/DisplayCodes.h"
 #include "data/SessionServer.h"
 
 namespace browser {
-
-// The codes under which the session server maps texts that are read for display.
-enum DisplayCode : std::int32_t {
-  kPermissionName = 101,
-  kGroupName = 104,
-  kGroupDescription = 105,
-};
 
 // The session server's display forms, each asked for once: a permission stands under thousands of
 // accounts. Lives as long as one filling of a tree, so that it never shows an outdated form.
@@ -23,7 +17,7 @@ class DisplayNames {
  public:
   explicit DisplayNames(data::SessionServer& server) : server_(server) {}
 
-  const std::wstring& Get(std::wstring_view text, DisplayCode code);
+  const std::wstring& Get(std::wstring_view text, data::DisplayCode code);
 
  private:
   data::SessionServer& server_;

@@ -9,9 +9,9 @@ FolderFiller::FolderFiller(const TreeContext& context, controls::TreeView& tree)
     : context_(context), tree_(tree), names_(*context.global.SessionServer) {}
 
 std::wstring FolderFiller::GroupText(const std::wstring& name, const std::wstring& description) {
-  const std::wstring& shownName = names_.Get(name, kGroupName);
+  const std::wstring& shownName = names_.Get(name, data::kGroupName);
   if (description.empty()) return AccountText(shownName, {});
-  return AccountText(shownName, names_.Get(description, kGroupDescription));
+  return AccountText(shownName, names_.Get(description, data::kGroupDescription));
 }
 
 std::wstring FolderFiller::GroupRow(data::ResultSet& row) {
@@ -25,7 +25,7 @@ std::wstring FolderFiller::UserRow(data::ResultSet& row) {
 }
 
 std::wstring FolderFiller::PermissionRow(data::ResultSet& row) {
-  return names_.Get(row.Column(1).Text(), kPermissionName);
+  return names_.Get(row.Column(1).Text(), data::kPermissionName);
 }
 
 std::uint32_t FolderFiller::Read(std::wstring_view statement, LeafTexts& texts,

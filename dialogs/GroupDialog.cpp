@@ -4,9 +4,9 @@
 #include "app/LocaleFont.h"
 #include "app/MQVXMsgBox.h"
 #include "app/StringIds.h"
+#include "data/DisplayCodes.h"
 #include "data/Text.h"
 #include "dialogs/AccountNames.h"
-#include "dialogs/DisplayCodes.h"
 #include "dialogs/SelectAll.h"
 #include "resources/ResourceIds.h"
 
@@ -120,7 +120,7 @@ std::wstring GroupDialog::TypedDescription() const {
 
 std::wstring GroupDialog::RecognisedName(std::wstring_view name) {
   if (IsReservedGroupName(name)) return std::wstring(name);
-  return Server().GetDisplayName(name, kTypedGroupName);
+  return Server().GetDisplayName(name, data::kTypedGroupName);
 }
 
 void GroupDialog::cmdOK_Click() {

@@ -1,12 +1,12 @@
 #include "dialogs/StoredGroupName.h"
 
-#include "dialogs/DisplayCodes.h"
+#include "data/DisplayCodes.h"
 
 namespace dialogs {
 
 StoredGroupName::StoredGroupName(data::SessionServer& server)
-    : administrators_(server.GetDisplayName(L"Administrators", kGroupName)),
-      everyone_(server.GetDisplayName(L"Everyone", kGroupName)) {}
+    : administrators_(server.GetDisplayName(L"Administrators", data::kGroupName)),
+      everyone_(server.GetDisplayName(L"Everyone", data::kGroupName)) {}
 
 std::wstring StoredGroupName::Of(const std::wstring& typed) const {
   if (typed == administrators_) return L"Administrators";

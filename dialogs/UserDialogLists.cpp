@@ -2,8 +2,8 @@
 
 #include "app/ErrorReport.h"
 #include "app/MQVXMsgBox.h"
+#include "data/DisplayCodes.h"
 #include "data/Text.h"
-#include "dialogs/DisplayCodes.h"
 #include "dialogs/UserDialog.h"
 
 namespace dialogs {
@@ -19,7 +19,7 @@ ExitStatus UserDialog::List1AddItem(std::wstring_view statement, int Index) {
     for (; !rows->EndOfRows(); rows->MoveNext()) {
       const std::int32_t id = rows->Column(0).Integer();
       const std::wstring stored = rows->Column(1).Text();
-      const int code = Index == 1 ? kGroupName : kPermissionName;
+      const int code = Index == 1 ? data::kGroupName : data::kPermissionName;
       list.AddItem(Server().GetDisplayName(data::Trim(stored), code), id);
       if (Index == 1) KeepName(id, stored);
     }

@@ -2,11 +2,11 @@
 
 #include "app/ErrorReport.h"
 #include "app/StringIds.h"
+#include "data/DisplayCodes.h"
 #include "data/MSQLStatement.h"
 #include "data/RunTimeError.h"
 #include "data/Text.h"
 #include "dialogs/AccountNames.h"
-#include "dialogs/DisplayCodes.h"
 #include "dialogs/StoredGroupName.h"
 #include "resources/ResourceIds.h"
 
@@ -46,10 +46,10 @@ bool frmEditGroup::ReadGroup() {
   const bool found = !group_->EndOfRows();
   for (; !group_->EndOfRows(); group_->MoveNext()) {
     const std::wstring name = group_->Column(1).Text();
-    txtGroupName.SetText(Server().GetDisplayName(data::Trim(name), kGroupName));
+    txtGroupName.SetText(Server().GetDisplayName(data::Trim(name), data::kGroupName));
     if (group_->Column(2).IsNullOrEmpty()) continue;
     const std::wstring description = group_->Column(2).Text();
-    txtDesc.SetText(Server().GetDisplayName(data::Trim(description), kGroupDescription));
+    txtDesc.SetText(Server().GetDisplayName(data::Trim(description), data::kGroupDescription));
   }
   return found;
 }
@@ -142,7 +142,7 @@ bool frmEditGroup::RewriteRow() {
     group_->SetColumn(L"NAME", storedName_);
     data::FieldValue newDescription;
     if (!description.empty()) {
-      newDescription = Server().GetDisplayName(description, kDescriptionToStore);
+      newDescription = Server().GetDisplayName(description, data::kDescriptionToStore);
     }
     group_->SetColumn(L"DESCR", newDescription);
     group_->Update();

@@ -7,9 +7,9 @@
 #include "app/ErrorReport.h"
 #include "app/LocaleFont.h"
 #include "app/StringIds.h"
+#include "data/DisplayCodes.h"
 #include "data/MSQLStatement.h"
 #include "data/RunTimeError.h"
-#include "dialogs/DisplayCodes.h"
 #include "dialogs/ListItems.h"
 #include "resources/ResourceIds.h"
 
@@ -117,7 +117,7 @@ void frmListItem::AddCandidates() {
   for (; !rows->EndOfRows(); rows->MoveNext()) {
     const std::int32_t id = rows->Column(0).Integer();
     const std::wstring name = rows->Column(1).Text();
-    const DisplayCode code = groups ? kGroupName : kPermissionName;
+    const data::DisplayCode code = groups ? data::kGroupName : data::kPermissionName;
     List1.AddItem(exchange_.global.SessionServer->GetDisplayName(name, code), id);
   }
   rows->Close();

@@ -2,9 +2,10 @@
 
 #include <cstdint>
 
-namespace dialogs {
+namespace data {
 
-// The codes under which the session server maps texts for the dialogs.
+// The codes under which the session server maps texts: two for texts on their way in, the others
+// for texts read for display.
 enum DisplayCode : std::int32_t {
   kDescriptionToStore = 0,
   kPermissionName = 101,
@@ -13,4 +14,4 @@ enum DisplayCode : std::int32_t {
   kTypedGroupName = 114,
 };
 
-}  // namespace dialogs
+}  // namespace data
