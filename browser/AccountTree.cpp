@@ -26,10 +26,10 @@ int AccountTree::Build(std::int32_t id, Section section, int folder) {
     } else {
       AddOne(id);
     }
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(context_.global, kind_.procedure);
-    return kFailed;
+    return data::kFailed;
   }
 }
 

@@ -44,7 +44,8 @@ class AccountTree {
 
   // id -1: adds every account and counts them; another value: adds that account alone. With a
   // section other than kWholeAccount it empties and refills that folder of the account instead;
-  // folder is the folder's node. Reports its errors itself and returns kDone or kFailed.
+  // folder is the folder's node. Reports its errors itself and returns data::kDone or
+  // data::kFailed.
   int Build(std::int32_t id, Section section = kWholeAccount, int folder = controls::kNoNode);
 
   // Stands around the refilling of many folders: the control follows once at the end, and display

@@ -15,9 +15,10 @@ constexpr int kGroups = 1;
 }  // namespace
 
 int AllDone(std::initializer_list<int> statuses) {
-  return std::all_of(statuses.begin(), statuses.end(), [](int status) { return status == kDone; })
-             ? kDone
-             : kFailed;
+  return std::all_of(statuses.begin(), statuses.end(),
+                     [](int status) { return status == data::kDone; })
+             ? data::kDone
+             : data::kFailed;
 }
 
 FolderRebuild::FolderRebuild(const TreeContext& context, controls::TreeView (&trees)[2],
@@ -59,7 +60,7 @@ int FolderRebuild::EditGroupNode() {
 
 int FolderRebuild::EditUserNode() {
   return EditAccounts(L"EditUserNode", kUsers, [this](int user) {
-    return EditMemberOfNode(user) == kDone ? EditAllPermissionsNode(user) : kFailed;
+    return EditMemberOfNode(user) == data::kDone ? EditAllPermissionsNode(user) : data::kFailed;
   });
 }
 
@@ -85,7 +86,7 @@ int FolderRebuild::EditFolder(const Folder& folder, int account) {
     if (!nodes.Exists(account)) throw data::RunTimeError(data::kElementNotFound);
     const std::wstring key = nodes.Key(account);
     const std::int32_t id = folder.tree == kUsers ? data::GetUserID(key) : data::GetGroupID(key);
-    int status = kDone;
+    int status = data::kDone;
     const controls::TreeView::Update update(tree);
     for (int child = nodes.FirstChild(account); child != controls::kNoNode;
          child = nodes.Next(child)) {
@@ -94,7 +95,7 @@ int FolderRebuild::EditFolder(const Folder& folder, int account) {
     return status;
   } catch (...) {
     app::ReportError(context_.global, folder.procedure);
-    return kFailed;
+    return data::kFailed;
   }
 }
 
@@ -118,7 +119,7 @@ int FolderRebuild::EditAccounts(const wchar_t* procedure, int tree, const EditAc
     return status;
   } catch (...) {
     app::ReportError(context_.global, procedure);
-    return kFailed;
+    return data::kFailed;
   }
 }
 
@@ -129,10 +130,10 @@ int FolderRebuild::WalkAccounts(int tree, const EditAccount& edit) {
   int done = 0;
   for (int account = nodes.FirstChild(root); account != controls::kNoNode;
        account = nodes.Next(account)) {
-    if (edit(account) == kFailed) return kFailed;
+    if (edit(account) == data::kFailed) return data::kFailed;
     context_.Progress(++done, total);
   }
-  return kDone;
+  return data::kDone;
 }
 
 }  // namespace browser

@@ -13,7 +13,8 @@ namespace browser {
 
 // Brings single folders of the two trees up to date with the database after a change. Every
 // operation takes the node of the account, keeps what is expanded and selected, reports its errors
-// itself and returns kDone or kFailed; a folder that could not be read keeps what it showed.
+// itself and returns data::kDone or data::kFailed; a folder that could not be read keeps what it
+// showed.
 class FolderRebuild {
  public:
   // All of it outlives the object.
@@ -59,7 +60,7 @@ class FolderRebuild {
   std::int16_t folderExpanded_ = 0;  // of the folder being rebuilt
 };
 
-// kDone when each of them is.
+// data::kDone when each of them is.
 int AllDone(std::initializer_list<int> statuses);
 
 }  // namespace browser

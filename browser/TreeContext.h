@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/mGlobal.h"
+#include "data/ExitStatus.h"
 
 namespace browser {
 
@@ -41,9 +42,6 @@ struct TreeContext {
   // Told now and then while all accounts are read: how many are done, and of how many.
   std::function<void(int done, int total)> Progress;
 };
-
-// What a fill or write procedure reports.
-enum Status : int { kDone = 6, kFailed = 7 };
 
 // Which part of an account a builder is to fill: the whole of it, or one of its folders.
 enum Section : int {

@@ -58,7 +58,7 @@ int frmUserGroupPerm::RefreshTree() {
   try {
     const WaitPointer wait(global_.desktop);
     data::ReadScope read(*global_.databaseConnection);
-    if (FillTree(0) == kDone && FillTree(1) == kDone) {
+    if (FillTree(0) == data::kDone && FillTree(1) == data::kDone) {
       read.Finish();
       incomplete_ = false;
     }
@@ -66,7 +66,7 @@ int frmUserGroupPerm::RefreshTree() {
     app::ReportError(global_, L"RefreshTree");
   }
   RefreshSelections(TabStrip1.SelectedTab());
-  return incomplete_ ? kFailed : kDone;
+  return incomplete_ ? data::kFailed : data::kDone;
 }
 
 // Builds one tree from nothing; the selection then is on its root, which is open.
@@ -122,7 +122,7 @@ void frmUserGroupPerm::ShowStatus() {
 
 void frmUserGroupPerm::Rebuild(const std::function<int(FolderRebuild& rebuild)>& work) {
   const WaitPointer wait(global_.desktop);
-  if (work(rebuild_) == kFailed) incomplete_ = true;
+  if (work(rebuild_) == data::kFailed) incomplete_ = true;
 }
 
 void frmUserGroupPerm::cmdBtn_Click(int Index) {

@@ -35,7 +35,8 @@ class frmUserGroupPerm : public controls::Form {
   void Form_KeyDown(int keyCode) override;
   void Form_KeyUp(int keyCode) override;
 
-  // Reads both trees anew. Returns kDone, or kFailed when an error, already reported, stopped it.
+  // Reads both trees anew. Returns data::kDone, or data::kFailed when an error, already reported,
+  // stopped it.
   int RefreshTree();
 
   // The commands; their buttons call them. Index: see the buttons below.

@@ -38,7 +38,7 @@ void frmUserGroupPerm::Form_Load() {
     TakeConnection();
     // From here on there may be much to read, which the window shows.
     Show();
-    if (!FindAccounts() || RefreshTree() == kFailed) {
+    if (!FindAccounts() || RefreshTree() == data::kFailed) {
       global_.startUpFailed = true;
       Unload();
       return;

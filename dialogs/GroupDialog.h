@@ -9,10 +9,10 @@
 #include "controls/Label.h"
 #include "controls/ListBox.h"
 #include "controls/TextBox.h"
+#include "data/ExitStatus.h"
 #include "data/SessionServer.h"
 #include "dialogs/ControlArray.h"
 #include "dialogs/EditingDialog.h"
-#include "dialogs/ExitStatus.h"
 #include "dialogs/frmAddUserInGroup.h"
 
 namespace dialogs {
@@ -45,13 +45,13 @@ class GroupDialog : public EditingDialog {
   void SettingControls(int titleId);
 
   // The lists (GroupDialogLists.cpp).
-  ExitStatus List1AddItem(std::wstring_view statement, int Index);
+  data::ExitStatus List1AddItem(std::wstring_view statement, int Index);
   void SelectAllRecord(int Index);
   void RemoveAllRecord(int Index);
   void EnableRemove();
 
   // The save (GroupDialogSave.cpp). The steps report their errors themselves.
-  virtual ExitStatus UpdateTransaction() = 0;
+  virtual data::ExitStatus UpdateTransaction() = 0;
   void AddMemberRows();
   void AddPermissionRows();
   // Tells the main window which group was written.

@@ -11,17 +11,17 @@ namespace dialogs {
 
 using controls::ListBox;
 
-ExitStatus GroupDialog::List1AddItem(std::wstring_view statement, int Index) {
+data::ExitStatus GroupDialog::List1AddItem(std::wstring_view statement, int Index) {
   try {
     List1[Index].Clear();
     AddRows(List1[Index], Connection(), statement,
             [this, Index](std::int32_t id, std::wstring_view name) {
               if (Index == 1 && name == L"Admin") adminUserId_ = id;
             });
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"List1AddItem");
-    return kFailed;
+    return data::kFailed;
   }
 }
 

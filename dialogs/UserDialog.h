@@ -9,10 +9,10 @@
 #include "controls/Label.h"
 #include "controls/ListBox.h"
 #include "controls/TextBox.h"
+#include "data/ExitStatus.h"
 #include "data/SessionServer.h"
 #include "dialogs/ControlArray.h"
 #include "dialogs/EditingDialog.h"
-#include "dialogs/ExitStatus.h"
 
 namespace dialogs {
 
@@ -48,7 +48,7 @@ class UserDialog : public EditingDialog {
   void FinishLoading();
 
   // --- The check lists (UserDialogLists.cpp). Failures are reported there. ---
-  ExitStatus List1AddItem(std::wstring_view statement, int Index);
+  data::ExitStatus List1AddItem(std::wstring_view statement, int Index);
   void SelectAllRecord(int Index);
   void RemoveAllRecord(int Index);
   // Sees each group that is listed, with its stored name.
@@ -70,7 +70,7 @@ class UserDialog : public EditingDialog {
 
   // --- The save (UserDialogSave.cpp) ---
   void cmdOK_Click() override;
-  virtual ExitStatus UpdateTransaction() = 0;
+  virtual data::ExitStatus UpdateTransaction() = 0;
   // Adds a row (userId, item data) for every checked item to the set that the statement opens.
   void AddLinks(int Index, std::wstring_view statement, std::int32_t userId);
   // Tells the main window how the save ended.

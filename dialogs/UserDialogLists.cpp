@@ -10,7 +10,7 @@ namespace dialogs {
 
 using controls::ListBox;
 
-ExitStatus UserDialog::List1AddItem(std::wstring_view statement, int Index) {
+data::ExitStatus UserDialog::List1AddItem(std::wstring_view statement, int Index) {
   try {
     ListBox& list = List1[Index];
     const auto rows = Connection().OpenResultSet(statement);
@@ -24,10 +24,10 @@ ExitStatus UserDialog::List1AddItem(std::wstring_view statement, int Index) {
       if (Index == 1) KeepName(id, stored);
     }
     rows->Close();
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"List1AddItem");
-    return kFailed;
+    return data::kFailed;
   }
 }
 

@@ -27,7 +27,8 @@ frmAddUserInGroup::frmAddUserInGroup(Exchange& exchange)
 void frmAddUserInGroup::Form_Load() {
   try {
     SettingControls();
-    if (List1AddItem(data::SqlSelectAllUsers(), 1) == kFailed || UpdateAddItem() == kFailed) {
+    if (List1AddItem(data::SqlSelectAllUsers(), 1) == data::kFailed ||
+        UpdateAddItem() == data::kFailed) {
       Close();
       return;
     }
@@ -108,18 +109,18 @@ void frmAddUserInGroup::SetEvents() {
   }
 }
 
-ExitStatus frmAddUserInGroup::List1AddItem(std::wstring_view statement, int Index) {
+data::ExitStatus frmAddUserInGroup::List1AddItem(std::wstring_view statement, int Index) {
   try {
     List1[Index].Clear();
     AddRows(List1[Index], *exchange_.global.databaseConnection, statement);
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"List1AddItem");
-    return kFailed;
+    return data::kFailed;
   }
 }
 
-ExitStatus frmAddUserInGroup::UpdateAddItem() {
+data::ExitStatus frmAddUserInGroup::UpdateAddItem() {
   try {
     if (Mode == CallerMode::kMainWindow) {
       AddRows(List1[2], *exchange_.global.databaseConnection, data::SqlSelectGroupUsers(GroupID));
@@ -127,10 +128,10 @@ ExitStatus frmAddUserInGroup::UpdateAddItem() {
       SetItems(List1[2], Items(*Members));
     }
     LeaveOutMembers();
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"UpdateAddItem");
-    return kFailed;
+    return data::kFailed;
   }
 }
 

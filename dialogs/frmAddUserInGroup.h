@@ -10,9 +10,9 @@
 #include "controls/Label.h"
 #include "controls/ListBox.h"
 #include "controls/TextBox.h"
+#include "data/ExitStatus.h"
 #include "dialogs/ControlArray.h"
 #include "dialogs/EditingDialog.h"
-#include "dialogs/ExitStatus.h"
 #include "dialogs/ListItems.h"
 
 namespace dialogs {
@@ -58,8 +58,8 @@ class frmAddUserInGroup : public EditingDialog {
   void SetLayout();
   void SetEvents();
 
-  ExitStatus List1AddItem(std::wstring_view statement, int Index);
-  ExitStatus UpdateAddItem();
+  data::ExitStatus List1AddItem(std::wstring_view statement, int Index);
+  data::ExitStatus UpdateAddItem();
   void LeaveOutMembers();
   void List1_Click();
 
@@ -74,9 +74,9 @@ class frmAddUserInGroup : public EditingDialog {
   bool IsKept(int from, const ListItem& user) const;
 
   // Writing (frmAddUserInGroupSave.cpp).
-  ExitStatus WriteMemberships();
-  ExitStatus NewUserGroups();
-  ExitStatus DeleteUserGroups();
+  data::ExitStatus WriteMemberships();
+  data::ExitStatus NewUserGroups();
+  data::ExitStatus DeleteUserGroups();
 };
 
 }  // namespace dialogs

@@ -9,7 +9,7 @@ namespace dialogs {
 void frmAddUserInGroup::cmdOK_Click() {
   if (Mode == CallerMode::kMainWindow) {
     exchange_.AddNode = false;
-    exchange_.AddNode = WriteMemberships() == kDone;
+    exchange_.AddNode = WriteMemberships() == data::kDone;
   } else {
     SetItems(*Members, Items(List1[2]));
   }
@@ -26,12 +26,12 @@ void frmAddUserInGroup::cmdCancel_Click() {
 
 // Memberships are only added, one for each member who has none, unless nobody is left: then all of
 // them go. Who was moved out while others stayed keeps his.
-ExitStatus frmAddUserInGroup::WriteMemberships() {
-  if (NewUserGroups() == kFailed) return kFailed;
-  return List1[2].ListCount() == 0 ? DeleteUserGroups() : kDone;
+data::ExitStatus frmAddUserInGroup::WriteMemberships() {
+  if (NewUserGroups() == data::kFailed) return data::kFailed;
+  return List1[2].ListCount() == 0 ? DeleteUserGroups() : data::kDone;
 }
 
-ExitStatus frmAddUserInGroup::NewUserGroups() {
+data::ExitStatus frmAddUserInGroup::NewUserGroups() {
   try {
     for (const ListItem& user : Items(List1[2])) {
       const auto rows = exchange_.global.databaseConnection->OpenResultSet(
@@ -44,20 +44,20 @@ ExitStatus frmAddUserInGroup::NewUserGroups() {
       }
       rows->Close();
     }
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"NewUserGroups");
-    return kFailed;
+    return data::kFailed;
   }
 }
 
-ExitStatus frmAddUserInGroup::DeleteUserGroups() {
+data::ExitStatus frmAddUserInGroup::DeleteUserGroups() {
   try {
     exchange_.global.databaseConnection->Execute(data::SqlDeleteAllGroupUsers(GroupID));
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"DeleteUserGroups");
-    return kFailed;
+    return data::kFailed;
   }
 }
 

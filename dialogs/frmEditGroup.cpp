@@ -24,7 +24,7 @@ void frmEditGroup::Form_Load() {
     keepsMembers_ = false;
     SettingControls(app::kEditGroupTitle);
     exchange_.accountGone = !ReadGroup();
-    if (exchange_.accountGone || Fill() == kFailed) {
+    if (exchange_.accountGone || Fill() == data::kFailed) {
       exchange_.AddNode = false;
       Close();
       return;
@@ -54,13 +54,13 @@ bool frmEditGroup::ReadGroup() {
   return found;
 }
 
-ExitStatus frmEditGroup::Fill() {
-  if (List1AddItem(data::SqlSelectGroupUsers(GroupID), 1) == kFailed) return kFailed;
-  if (List1AddItem(data::SqlSelectAllPermissions(), 2) == kFailed) return kFailed;
+data::ExitStatus frmEditGroup::Fill() {
+  if (List1AddItem(data::SqlSelectGroupUsers(GroupID), 1) == data::kFailed) return data::kFailed;
+  if (List1AddItem(data::SqlSelectAllPermissions(), 2) == data::kFailed) return data::kFailed;
   return SelectListItem(GroupID, 2);
 }
 
-ExitStatus frmEditGroup::SelectListItem(std::int32_t groupId, int Index) {
+data::ExitStatus frmEditGroup::SelectListItem(std::int32_t groupId, int Index) {
   try {
     const controls::ListBox::Update update(List1[Index]);
     for (int i = 0; i < List1[Index].ListCount(); ++i) {
@@ -69,10 +69,10 @@ ExitStatus frmEditGroup::SelectListItem(std::int32_t groupId, int Index) {
       if (!rows->EndOfRows()) List1[Index].SetSelected(i, true);
       rows->Close();
     }
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"SelectListItem");
-    return kFailed;
+    return data::kFailed;
   }
 }
 
@@ -100,19 +100,20 @@ void frmEditGroup::Form_Unload(bool& cancel) {
 }
 
 // Reports under the name that administrators know from the dialog's load.
-ExitStatus frmEditGroup::UpdateTransaction() {
+data::ExitStatus frmEditGroup::UpdateTransaction() {
   try {
     exchange_.AddNode = false;
     exchange_.accountGone = false;
-    if (!EditGroup() || EditGroupUser() == kFailed || EditGroupPermissions() == kFailed) {
-      return kFailed;
+    if (!EditGroup() || EditGroupUser() == data::kFailed ||
+        EditGroupPermissions() == data::kFailed) {
+      return data::kFailed;
     }
     HandBack();
-    return kDone;
+    return data::kDone;
   } catch (...) {
     exchange_.AddNode = false;
     app::ReportError(exchange_.global, L"Form Load");
-    return kFailed;
+    return data::kFailed;
   }
 }
 
@@ -151,25 +152,25 @@ bool frmEditGroup::RewriteRow() {
   return written;
 }
 
-ExitStatus frmEditGroup::EditGroupUser() {
+data::ExitStatus frmEditGroup::EditGroupUser() {
   try {
     Connection().Execute(data::SqlDeleteGroupMemberships(GroupID));
     AddMemberRows();
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"EditGroupUser");
-    return kFailed;
+    return data::kFailed;
   }
 }
 
-ExitStatus frmEditGroup::EditGroupPermissions() {
+data::ExitStatus frmEditGroup::EditGroupPermissions() {
   try {
     Connection().Execute(data::SqlDeleteGroupPermissions(GroupID));
     AddPermissionRows();
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"EditGroupPermissions");
-    return kFailed;
+    return data::kFailed;
   }
 }
 

@@ -18,18 +18,18 @@ class frmEditGroup : public GroupDialog {
   app::HelpTopic Topic() const override { return app::kTopicEditGroup; }
   // A reserved group is edited under its name, which cannot be changed then.
   bool IsNameReserved(std::wstring_view) override { return false; }
-  ExitStatus UpdateTransaction() override;
+  data::ExitStatus UpdateTransaction() override;
 
  private:
-  ExitStatus Fill();
+  data::ExitStatus Fill();
   // False when the group has no row any more.
   bool ReadGroup();
-  ExitStatus SelectListItem(std::int32_t groupId, int Index);
+  data::ExitStatus SelectListItem(std::int32_t groupId, int Index);
   void ProtectGroup();
   bool EditGroup();
   bool RewriteRow();
-  ExitStatus EditGroupUser();
-  ExitStatus EditGroupPermissions();
+  data::ExitStatus EditGroupUser();
+  data::ExitStatus EditGroupPermissions();
 
   // The group's row, open from the load to the save.
   std::unique_ptr<data::ResultSet> group_;

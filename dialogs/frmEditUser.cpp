@@ -18,7 +18,7 @@ void frmEditUser::Form_Load() {
     ForgetUser();
     StartLoading(app::kEditUserTitle);
     exchange_.accountGone = !ReadUser();
-    if (exchange_.accountGone || Fill() == kFailed) {
+    if (exchange_.accountGone || Fill() == data::kFailed) {
       exchange_.AddNode = false;
       Close();
       return;
@@ -57,14 +57,14 @@ bool frmEditUser::ReadUser() {
   return found;
 }
 
-ExitStatus frmEditUser::Fill() {
-  if (List1AddItem(data::SqlSelectAllGroups(), 1) == kFailed) return kFailed;
-  if (SelectListItem(UserID, 1) == kFailed) return kFailed;
-  if (List1AddItem(data::SqlSelectAllPermissions(), 2) == kFailed) return kFailed;
+data::ExitStatus frmEditUser::Fill() {
+  if (List1AddItem(data::SqlSelectAllGroups(), 1) == data::kFailed) return data::kFailed;
+  if (SelectListItem(UserID, 1) == data::kFailed) return data::kFailed;
+  if (List1AddItem(data::SqlSelectAllPermissions(), 2) == data::kFailed) return data::kFailed;
   return SelectListItem(UserID, 2);
 }
 
-ExitStatus frmEditUser::SelectListItem(std::int32_t userId, int Index) {
+data::ExitStatus frmEditUser::SelectListItem(std::int32_t userId, int Index) {
   try {
     controls::ListBox& list = List1[Index];
     const controls::ListBox::Update update(list);
@@ -78,10 +78,10 @@ ExitStatus frmEditUser::SelectListItem(std::int32_t userId, int Index) {
       }
       rows->Close();
     }
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"SelectListItem");
-    return kFailed;
+    return data::kFailed;
   }
 }
 
@@ -133,14 +133,14 @@ bool frmEditUser::IsPasswordKept() const {
          data::Like(strPassword, data::Trim(verified));
 }
 
-ExitStatus frmEditUser::UpdateTransaction() {
+data::ExitStatus frmEditUser::UpdateTransaction() {
   try {
-    HandBack(EditUser() && EditUserGroups() == kDone && EditUserPermissions() == kDone);
+    HandBack(EditUser() && EditUserGroups() == data::kDone && EditUserPermissions() == data::kDone);
   } catch (...) {
     exchange_.AddNode = false;
     app::ReportError(exchange_.global, L"UpdateTransaction");
   }
-  return kDone;
+  return data::kDone;
 }
 
 bool frmEditUser::EditUser() {
@@ -182,25 +182,25 @@ bool frmEditUser::ChangeRow() {
   return changed;
 }
 
-ExitStatus frmEditUser::EditUserGroups() {
+data::ExitStatus frmEditUser::EditUserGroups() {
   try {
     Connection().Execute(data::SqlDeleteUserMemberships(UserID));
     AddLinks(1, data::SqlSelectUserMemberships(UserID), UserID);
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"EditUserGroups");
-    return kFailed;
+    return data::kFailed;
   }
 }
 
-ExitStatus frmEditUser::EditUserPermissions() {
+data::ExitStatus frmEditUser::EditUserPermissions() {
   try {
     Connection().Execute(data::SqlDeleteUserPermissions(UserID));
     AddLinks(2, data::SqlSelectUserPermRows(UserID), UserID);
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"EditUserPermissions");
-    return kFailed;
+    return data::kFailed;
   }
 }
 

@@ -30,21 +30,21 @@ class frmEditUser : public UserDialog {
   std::wstring ProtectedNames() const override;
   bool IsAccepted() override;
   std::wstring_view Counted(std::wstring_view text) const override;
-  ExitStatus UpdateTransaction() override;
+  data::ExitStatus UpdateTransaction() override;
 
  private:
   // False when the user has no row any more.
   bool ReadUser();
-  ExitStatus Fill();
-  ExitStatus SelectListItem(std::int32_t userId, int Index);
+  data::ExitStatus Fill();
+  data::ExitStatus SelectListItem(std::int32_t userId, int Index);
   void ForgetUser();
 
   bool IsPasswordKept() const;
 
   bool EditUser();
   bool ChangeRow();
-  ExitStatus EditUserGroups();
-  ExitStatus EditUserPermissions();
+  data::ExitStatus EditUserGroups();
+  data::ExitStatus EditUserPermissions();
 
   std::unique_ptr<data::ResultSet> rows_;  // the user's row, from the load to the save
   std::wstring strUserName;                // as loaded

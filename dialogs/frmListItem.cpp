@@ -32,9 +32,9 @@ void frmListItem::Form_Load() {
     SettingControls();
     const Relation relation = CheckedRelation();
     AddCandidates();
-    ExitStatus status = kFailed;
+    data::ExitStatus status = data::kFailed;
     SelectedListItem(OwnedStatement(relation), status);
-    if (status == kFailed) {
+    if (status == data::kFailed) {
       Close();
       return;
     }
@@ -136,8 +136,8 @@ std::wstring frmListItem::OwnedStatement(Relation relation) const {
 
 // Each row takes out the first item of its id that is left. The list is made anew instead of losing
 // them one by one, each of which would move all the others.
-void frmListItem::SelectedListItem(std::wstring_view statement, ExitStatus& status) {
-  status = kFailed;
+void frmListItem::SelectedListItem(std::wstring_view statement, data::ExitStatus& status) {
+  status = data::kFailed;
   try {
     std::unordered_map<std::int32_t, int> owned;
     const auto rows = Connection().OpenResultSet(statement);
@@ -149,7 +149,7 @@ void frmListItem::SelectedListItem(std::wstring_view statement, ExitStatus& stat
       if (found == owned.end() || found->second-- <= 0) left.push_back(std::move(item));
     }
     if (static_cast<int>(left.size()) < List1.ListCount()) SetItems(List1, left);
-    status = kDone;
+    status = data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"SelectedListItem");
   }

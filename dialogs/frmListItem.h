@@ -8,8 +8,8 @@
 #include "controls/Frame.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
+#include "data/ExitStatus.h"
 #include "dialogs/EditingDialog.h"
-#include "dialogs/ExitStatus.h"
 
 namespace dialogs {
 
@@ -54,7 +54,7 @@ class frmListItem : public EditingDialog {
   std::wstring OwnedStatement(Relation relation) const;
   std::wstring LinkStatement(Relation relation, std::int32_t itemData) const;
   // Takes what the owner has already, the statement's rows, out of the list.
-  void SelectedListItem(std::wstring_view statement, ExitStatus& status);
+  void SelectedListItem(std::wstring_view statement, data::ExitStatus& status);
 
   void List1_Click();
   void cmdBtn_Click(int Index);
@@ -65,7 +65,7 @@ class frmListItem : public EditingDialog {
   void SetAllRecords(bool checked);
 
   // Writes a link for each checked item.
-  void UpdateData(const std::wstring& relationName, ExitStatus& status);
+  void UpdateData(const std::wstring& relationName, data::ExitStatus& status);
   void AddLink(Relation relation, std::int32_t itemData);
 
   data::Connection& Connection() const { return *exchange_.global.databaseConnection; }

@@ -69,22 +69,22 @@ void frmListItem::SetAllRecords(bool checked) {
 void frmListItem::cmdOK_Click() {
   exchange_.AddNode = false;
   if (GetCountSelect() != 0) {
-    ExitStatus status = kFailed;
+    data::ExitStatus status = data::kFailed;
     UpdateData(RelationName, status);
-    exchange_.AddNode = status == kDone;
+    exchange_.AddNode = status == data::kDone;
   }
   Close();
 }
 
 // Each link is written by itself: a failure leaves those before it in place.
-void frmListItem::UpdateData(const std::wstring& relationName, ExitStatus& status) {
-  status = kFailed;
+void frmListItem::UpdateData(const std::wstring& relationName, data::ExitStatus& status) {
+  status = data::kFailed;
   try {
     const Relation relation = RelationOf(relationName);
     for (int i = 0; i < List1.ListCount(); ++i) {
       if (List1.Selected(i)) AddLink(relation, List1.ItemData(i));
     }
-    status = kDone;
+    status = data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"UpdateData");
   }

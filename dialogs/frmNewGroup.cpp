@@ -18,7 +18,7 @@ void frmNewGroup::Form_Load() {
   try {
     GroupID = 0;
     SettingControls(app::kNewGroupTitle);
-    if (List1AddItem(data::SqlSelectAllPermissions(), 2) == kFailed) {
+    if (List1AddItem(data::SqlSelectAllPermissions(), 2) == data::kFailed) {
       exchange_.AddNode = false;
       Close();
       return;
@@ -36,14 +36,15 @@ bool frmNewGroup::IsNameReserved(std::wstring_view name) {
   return IsReservedGroupName(RecognisedName(name));
 }
 
-ExitStatus frmNewGroup::UpdateTransaction() {
+data::ExitStatus frmNewGroup::UpdateTransaction() {
   try {
     exchange_.AddNode = false;
-    if (NewGroup() && NewUserGroups() == kDone && NewGroupPermissions() == kDone) HandBack();
+    if (NewGroup() && NewUserGroups() == data::kDone && NewGroupPermissions() == data::kDone)
+      HandBack();
   } catch (...) {
     app::ReportError(exchange_.global, L"UpdateTransaction");
   }
-  return kDone;
+  return data::kDone;
 }
 
 // A counter gives each identifier once. Where a group has the new one all the same, its row is left
@@ -67,23 +68,23 @@ bool frmNewGroup::NewGroup() {
   }
 }
 
-ExitStatus frmNewGroup::NewUserGroups() {
+data::ExitStatus frmNewGroup::NewUserGroups() {
   try {
     AddMemberRows();
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"NewUserGroups");
-    return kFailed;
+    return data::kFailed;
   }
 }
 
-ExitStatus frmNewGroup::NewGroupPermissions() {
+data::ExitStatus frmNewGroup::NewGroupPermissions() {
   try {
     AddPermissionRows();
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"NewGroupPermissions");
-    return kFailed;
+    return data::kFailed;
   }
 }
 

@@ -14,13 +14,13 @@ class frmNewGroup : public GroupDialog {
  protected:
   app::HelpTopic Topic() const override { return app::kTopicNewGroup; }
   bool IsNameReserved(std::wstring_view name) override;
-  // The caller ignores the status, which is kDone in every case; AddNode tells.
-  ExitStatus UpdateTransaction() override;
+  // The caller ignores the status, which is data::kDone in every case; AddNode tells.
+  data::ExitStatus UpdateTransaction() override;
 
  private:
   bool NewGroup();
-  ExitStatus NewUserGroups();
-  ExitStatus NewGroupPermissions();
+  data::ExitStatus NewUserGroups();
+  data::ExitStatus NewGroupPermissions();
 };
 
 }  // namespace dialogs

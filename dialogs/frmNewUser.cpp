@@ -25,7 +25,7 @@ void frmNewUser::Form_Load() {
     List1AddItem(data::SqlSelectAllGroups(), 1);
     const std::int32_t everyone = GetEveryOneGroup();
     if (everyone != kNoIdentifier) DefaultGroup(everyone);
-    if (List1AddItem(data::SqlSelectAllPermissions(), 2) == kFailed) {
+    if (List1AddItem(data::SqlSelectAllPermissions(), 2) == data::kFailed) {
       Close();
       return;
     }
@@ -47,7 +47,7 @@ std::int32_t frmNewUser::GetEveryOneGroup() {
 }
 
 // Answers that it failed in any case; nobody asks.
-ExitStatus frmNewUser::DefaultGroup(std::int32_t groupId) {
+data::ExitStatus frmNewUser::DefaultGroup(std::int32_t groupId) {
   try {
     controls::ListBox& groups = List1[1];
     int item = 0;
@@ -56,7 +56,7 @@ ExitStatus frmNewUser::DefaultGroup(std::int32_t groupId) {
   } catch (...) {
     app::ReportError(exchange_.global, L"DefaultGroup");
   }
-  return kFailed;
+  return data::kFailed;
 }
 
 bool frmNewUser::IsAccepted() {
@@ -64,16 +64,17 @@ bool frmNewUser::IsAccepted() {
 }
 
 // Reports under the name that administrators know from the dialog's load.
-ExitStatus frmNewUser::UpdateTransaction() {
+data::ExitStatus frmNewUser::UpdateTransaction() {
   try {
-    const bool written = NewUser() && NewUserGroups() == kDone && NewUserPermissions() == kDone;
+    const bool written =
+        NewUser() && NewUserGroups() == data::kDone && NewUserPermissions() == data::kDone;
     if (written) exchange_.UserID = NewUserID;
     HandBack(written);
-    return written ? kDone : kFailed;
+    return written ? data::kDone : data::kFailed;
   } catch (...) {
     exchange_.AddNode = false;
     app::ReportError(exchange_.global, L"Form Load");
-    return kFailed;
+    return data::kFailed;
   }
 }
 
@@ -107,23 +108,23 @@ void frmNewUser::AddUserRow(data::ResultSet& rows) {
   rows.Update();
 }
 
-ExitStatus frmNewUser::NewUserGroups() {
+data::ExitStatus frmNewUser::NewUserGroups() {
   try {
     AddLinks(1, data::SqlSelectUserMemberships(NewUserID), NewUserID);
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"NewUserGroups");
-    return kFailed;
+    return data::kFailed;
   }
 }
 
-ExitStatus frmNewUser::NewUserPermissions() {
+data::ExitStatus frmNewUser::NewUserPermissions() {
   try {
     AddLinks(2, data::SqlSelectUserPermRows(NewUserID), NewUserID);
-    return kDone;
+    return data::kDone;
   } catch (...) {
     app::ReportError(exchange_.global, L"NewUserPermissions");
-    return kFailed;
+    return data::kFailed;
   }
 }
 

@@ -18,17 +18,17 @@ class frmNewUser : public UserDialog {
   app::HelpTopic Topic() const override { return app::kTopicNewUser; }
   bool IsAccepted() override;
   std::wstring_view Counted(std::wstring_view text) const override { return text; }
-  ExitStatus UpdateTransaction() override;
+  data::ExitStatus UpdateTransaction() override;
 
  private:
   // The identifier of the group "Everyone", -1 when there is none.
   std::int32_t GetEveryOneGroup();
-  ExitStatus DefaultGroup(std::int32_t groupId);
+  data::ExitStatus DefaultGroup(std::int32_t groupId);
 
   bool NewUser();
   void AddUserRow(data::ResultSet& rows);
-  ExitStatus NewUserGroups();
-  ExitStatus NewUserPermissions();
+  data::ExitStatus NewUserGroups();
+  data::ExitStatus NewUserPermissions();
 
   std::int32_t NewUserID = -1;  // until one is drawn
 };

@@ -135,7 +135,7 @@ class CommandFaults : public CommandTest {
 
   void Reset(frmUserGroupPerm& window, const FaultCase& test, test_support::RawDatabase& raw) {
     RestoreDatabase(raw);
-    ASSERT_EQ(window.RefreshTree(), kDone);
+    ASSERT_EQ(window.RefreshTree(), data::kDone);
     Select(window, test.tree, test.key);
   }
 
@@ -172,7 +172,7 @@ class CommandFaults : public CommandTest {
   }
 
   void ExpectRefreshPutsRight(frmUserGroupPerm& window, test_support::RawDatabase& raw) {
-    EXPECT_EQ(window.RefreshTree(), kDone);
+    EXPECT_EQ(window.RefreshTree(), data::kDone);
     testing_support::WantedTrees wanted(window.accounts);
     wanted.Refresh(testing_support::ReadTables(raw));
     for (const int tree : {0, 1}) {

@@ -92,7 +92,7 @@ void CommandTest::ExpectInStep(frmUserGroupPerm& window, Where where) {
 void CommandTest::ExpectInStepBut(frmUserGroupPerm& window, const Strings& stale, Where where) {
   const ::testing::ScopedTrace trace(where.file_name(), static_cast<int>(where.line()), "in step");
   const Strings before = Look(window);
-  EXPECT_EQ(window.RefreshTree(), kDone);
+  EXPECT_EQ(window.RefreshTree(), data::kDone);
   const Strings after = Look(window);
   Strings gone;
   for (const std::wstring& line : Without(before, after))

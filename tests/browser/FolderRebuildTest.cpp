@@ -31,11 +31,11 @@ TEST_F(Folders, ARebuiltFolderIsReadWithTheStatementOfItsKindAlone) {
     const int martin = At(Users(window), L"\\TUS \\U9");
     const int quality = At(Groups(window), L"\\TGR \\G6");
     log.statements.clear();
-    EXPECT_EQ(window.Folders().EditMemberOfNode(martin), kDone);
-    EXPECT_EQ(window.Folders().EditUserPermissionsNode(martin), kDone);
-    EXPECT_EQ(window.Folders().EditAllPermissionsNode(martin), kDone);
-    EXPECT_EQ(window.Folders().EditMembersNode(quality), kDone);
-    EXPECT_EQ(window.Folders().EditGroupPermissionsNode(quality), kDone);
+    EXPECT_EQ(window.Folders().EditMemberOfNode(martin), data::kDone);
+    EXPECT_EQ(window.Folders().EditUserPermissionsNode(martin), data::kDone);
+    EXPECT_EQ(window.Folders().EditAllPermissionsNode(martin), data::kDone);
+    EXPECT_EQ(window.Folders().EditMembersNode(quality), data::kDone);
+    EXPECT_EQ(window.Folders().EditGroupPermissionsNode(quality), data::kDone);
     EXPECT_EQ(log.statements,
               (Strings{data::SqlSelectUserGroups(9), data::SqlSelectUserPermissionNames(9),
                        data::SqlSelectInheritedPermissions(9), data::SqlSelectGroupUsers(6),
@@ -48,7 +48,7 @@ TEST_F(Folders, ARebuiltFolderShowsWhatTheDatabaseHoldsInOrder) {
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
     Raw().Execute("DELETE FROM QRUSGP WHERE USERID = 9 AND GROUPID = 7");
     Raw().Execute("UPDATE QRGROUP SET DESCR = NULL WHERE GROUPID = 12");
-    EXPECT_EQ(window.Folders().EditMemberOfNode(At(Users(window), L"\\TUS \\U9")), kDone);
+    EXPECT_EQ(window.Folders().EditMemberOfNode(At(Users(window), L"\\TUS \\U9")), data::kDone);
     EXPECT_EQ(ChildTexts(Users(window), At(Users(window), L"\\TMO \\U9 \\G")),
               (Strings{L"Laboratoire", U("Qualité (Contrôle final et réclamations)"),
                        L"Tout le monde (Tous les utilisateurs)"}));
@@ -132,7 +132,7 @@ TEST_F(Folders, AFolderThatCannotBeReadKeepsWhatItShowedAndTheBuilderIsNamed) {
     user.ExpectMsgBox(
         {.answer = controls::kResultOk,
          .prompt = L"UserNode Error [3021]\r\ninjected: " + data::SqlSelectUserGroups(9)});
-    EXPECT_EQ(window.Folders().EditMemberOfNode(At(users, L"\\TUS \\U9")), kFailed);
+    EXPECT_EQ(window.Folders().EditMemberOfNode(At(users, L"\\TUS \\U9")), data::kFailed);
     EXPECT_EQ(ChildTexts(users, folder), before);
     log.FailAt = nullptr;
   });
@@ -144,7 +144,7 @@ TEST_F(Folders, AnAccountWithoutFoldersIsLeftAlone) {
     window.Folders().DelAllChild(0, martin);
     EXPECT_FALSE(Users(window).Nodes().HasChildren(martin));
     log.statements.clear();
-    EXPECT_EQ(window.Folders().EditMemberOfNode(martin), kDone);
+    EXPECT_EQ(window.Folders().EditMemberOfNode(martin), data::kDone);
     EXPECT_TRUE(log.statements.empty());
   });
 }
@@ -152,7 +152,7 @@ TEST_F(Folders, AnAccountWithoutFoldersIsLeftAlone) {
 TEST_F(Folders, AllMembersFoldersAreReadInOneReadInTheOrderOfTheTree) {
   Run([this](frmUserGroupPerm& window) {
     log.statements.clear();
-    EXPECT_EQ(window.Folders().EditGroupNode(), kDone);
+    EXPECT_EQ(window.Folders().EditGroupNode(), data::kDone);
     const TreeNodes& nodes = Groups(window).Nodes();
     Strings expected{L"BeginRead"};
     for (int group = nodes.FirstChild(1); group != controls::kNoNode; group = nodes.Next(group)) {
@@ -167,7 +167,7 @@ TEST_F(Folders, AllMembersFoldersAreReadInOneReadInTheOrderOfTheTree) {
 TEST_F(Folders, EveryUsersGroupsAndPermissionsAreReadInOneRead) {
   Run([this](frmUserGroupPerm& window) {
     log.statements.clear();
-    EXPECT_EQ(window.Folders().EditUserNode(), kDone);
+    EXPECT_EQ(window.Folders().EditUserNode(), data::kDone);
     const TreeNodes& nodes = Users(window).Nodes();
     Strings expected{L"BeginRead"};
     for (int account = nodes.FirstChild(1); account != controls::kNoNode;
@@ -179,7 +179,7 @@ TEST_F(Folders, EveryUsersGroupsAndPermissionsAreReadInOneRead) {
     EXPECT_EQ(log.statements, expected);
 
     log.statements.clear();
-    EXPECT_EQ(window.Folders().EditAllPermissionsUserNode(), kDone);
+    EXPECT_EQ(window.Folders().EditAllPermissionsUserNode(), data::kDone);
     EXPECT_EQ(log.statements.size(), 2u + 39u);
     EXPECT_EQ(log.statements[1].substr(0, 15), L"SELECT DISTINCT");
   });
@@ -202,7 +202,7 @@ TEST_F(Folders, TheFirstAccountThatCannotBeReadEndsTheRebuildOfAll) {
     log.FailAt = [&](const std::wstring& call) { return call == victim ? 3021L : 0L; };
     user.ExpectMsgBox({.answer = controls::kResultOk,
                        .prompt = L"GroupNode Error [3021]\r\ninjected: " + victim});
-    EXPECT_EQ(window.Folders().EditGroupNode(), kFailed);
+    EXPECT_EQ(window.Folders().EditGroupNode(), data::kFailed);
     EXPECT_EQ(log.statements.back(), L"EndRead");
   });
 }
@@ -212,7 +212,7 @@ TEST_F(Folders, AReadThatCannotBeginIsReportedUnderTheRebuildsName) {
     log.FailAt = [](const std::wstring& call) { return call == L"BeginRead" ? 5L : 0L; };
     user.ExpectMsgBox({.answer = controls::kResultOk,
                        .prompt = L"EditUserNode Error [5]\r\ninjected: BeginRead"});
-    EXPECT_EQ(window.Folders().EditUserNode(), kFailed);
+    EXPECT_EQ(window.Folders().EditUserNode(), data::kFailed);
   });
 }
 

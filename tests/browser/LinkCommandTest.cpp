@@ -328,7 +328,7 @@ TEST_F(LinkAssignment, OfALinkThatSomebodyElseHasMadeMeanwhileIsReportedAndKeeps
     EXPECT_FALSE(window.exchange.AddNode);
     EXPECT_EQ(Look(window), before);
     EXPECT_EQ(Raw().Number("SELECT COUNT(*) FROM QRUSGP WHERE USERID = 9 AND GROUPID = 3"), 1);
-    EXPECT_EQ(window.RefreshTree(), kDone);
+    EXPECT_EQ(window.RefreshTree(), data::kDone);
     EXPECT_TRUE(Has(window, 0, L"\\TGU \\U9 \\G3"));
   });
 }

@@ -129,7 +129,7 @@ TEST_F(PermissionOrigins, WhatAnErrorHasLeftOutComesFirstInTheStatusLine) {
   Run([this](frmUserGroupPerm& window) {
     log.FailAt = [](const std::wstring& call) { return call == L"EndRead" ? 3L : 0L; };
     user.ExpectMsgBox(controls::kResultOk);
-    EXPECT_EQ(window.RefreshTree(), kFailed);
+    EXPECT_EQ(window.RefreshTree(), data::kFailed);
     log.FailAt = {};
     Select(window, 0, L"\\TPA \\U3 \\P11");
     EXPECT_EQ(window.lblStatus.Caption(), Text(405));

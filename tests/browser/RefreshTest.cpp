@@ -125,9 +125,9 @@ TEST_F(Refresh, ALockedDatabaseIsReportedWithItsOwnMessageAndReadOnceItIsFree) {
     writer.Execute("BEGIN EXCLUSIVE");
     user.ExpectMsgBox({.answer = controls::kResultOk,
                        .prompt = L"UserNode Error [-2147467259]\r\ndatabase is locked"});
-    EXPECT_EQ(window.RefreshTree(), kFailed);
+    EXPECT_EQ(window.RefreshTree(), data::kFailed);
     writer.Execute("ROLLBACK");
-    EXPECT_EQ(window.RefreshTree(), kDone);
+    EXPECT_EQ(window.RefreshTree(), data::kDone);
     EXPECT_EQ(window.userCount, 39);
   });
 }

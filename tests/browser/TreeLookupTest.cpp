@@ -213,7 +213,7 @@ TEST_F(Lookup, ANodeThatDoesNotLiveIsReportedUnderTheOperationsName) {
     ExpectReport(L"DelAllChild");
     window.Folders().DelAllChild(0, 999999);
     ExpectReport(L"EditMemberOfNode");
-    EXPECT_EQ(window.Folders().EditMemberOfNode(999999), kFailed);
+    EXPECT_EQ(window.Folders().EditMemberOfNode(999999), data::kFailed);
   });
 }
 
