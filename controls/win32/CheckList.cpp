@@ -30,8 +30,16 @@ struct CheckList : ListBoxPeer {
         LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP | LVS_EX_DOUBLEBUFFER;
     Send(LVM_SETEXTENDEDLISTVIEWSTYLE, kExtended, kExtended);
     LVCOLUMNW column = {};
+    column.mask = LVCF_WIDTH;
+    column.cx = ClientWidth();
     Send(LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
-    FitColumn();
+  }
+
+  // The control measures its items when it first paints them, and goes on to set its scroll bars
+  // several times over. Nobody has to wait for that, or see it: it paints into nothing now.
+  void Showing() override {
+    const MemoryContext nothing(CreateCompatibleDC(nullptr));
+    Send(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(nothing.Get()), PRF_CLIENT);
   }
 
   void InsertNative(int item) override {
@@ -108,9 +116,14 @@ struct CheckList : ListBoxPeer {
     Send(LVM_SETITEMSTATE, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(&native));
   }
 
-  void FitColumn() const {
+  int ClientWidth() const {
     RECT client = {};
-    if (window && GetClientRect(window, &client)) Send(LVM_SETCOLUMNWIDTH, 0, client.right);
+    GetClientRect(window, &client);
+    return client.right;
+  }
+
+  void FitColumn() const {
+    if (window) Send(LVM_SETCOLUMNWIDTH, 0, ClientWidth());
   }
 
   // A list view looks the same when it is disabled, but for its scroll bar.

@@ -23,6 +23,8 @@ struct Control::Peer {
   // The window is there, in its first state, or is about to go.
   virtual void Attached() {}
   virtual void Detached() {}
+  // The form has been loaded and laid out, and is about to be seen.
+  virtual void Showing() {}
   virtual void FocusGained() {}
   virtual bool TakesFocus() const { return true; }
   // A button is what Enter presses while it has the focus.

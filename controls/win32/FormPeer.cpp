@@ -67,6 +67,7 @@ void Form::Peer::AttachControls() {
 
 void Form::Peer::Show() {
   if (shown) return;
+  for (Control::Peer* control : controls) control->Showing();
   ShowWindow(window, SW_SHOW);
   UpdateWindow(window);
   shown = true;
