@@ -27,8 +27,7 @@ frmAddUserInGroup::frmAddUserInGroup(Exchange& exchange)
 void frmAddUserInGroup::Form_Load() {
   try {
     SettingControls();
-    if (List1AddItem(data::SqlSelectAllUsers(), 1) == data::kFailed ||
-        UpdateAddItem() == data::kFailed) {
+    if (Fill() == data::kFailed) {
       Close();
       return;
     }
@@ -107,6 +106,14 @@ void frmAddUserInGroup::SetEvents() {
   for (int Index : cmdBtn.Numbers()) {
     cmdBtn[Index].Click = [this, Index] { cmdBtn_Click(Index); };
   }
+}
+
+// The left list shows all users for a moment only, and so not at all.
+data::ExitStatus frmAddUserInGroup::Fill() {
+  const ListBox::Update left(List1[1]);
+  const ListBox::Update right(List1[2]);
+  if (List1AddItem(data::SqlSelectAllUsers(), 1) == data::kFailed) return data::kFailed;
+  return UpdateAddItem();
 }
 
 data::ExitStatus frmAddUserInGroup::List1AddItem(std::wstring_view statement, int Index) {

@@ -58,6 +58,8 @@ class frmAddUserInGroup : public EditingDialog {
   void SetLayout();
   void SetEvents();
 
+  // Reads both lists; the left one has all users at first, then those who are no members.
+  data::ExitStatus Fill();
   data::ExitStatus List1AddItem(std::wstring_view statement, int Index);
   data::ExitStatus UpdateAddItem();
   void LeaveOutMembers();

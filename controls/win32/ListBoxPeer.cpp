@@ -33,6 +33,7 @@ void ListBoxPeer::Hold() {
 
 void ListBoxPeer::LetGo() {
   if (holds == 0 || --holds > 0 || !window) return;
+  Release();
   Send(WM_SETREDRAW, TRUE);
   InvalidateRect(window, nullptr, TRUE);
 }

@@ -29,6 +29,8 @@ struct ListBoxPeer : Control::Peer {
   virtual void ShowData(int item) = 0;
   virtual void ShowIndex() = 0;
   virtual void ShowSelected(int item) = 0;
+  // Changes are no longer held: what has waited for that is due.
+  virtual void Release() {}
 
   void Detached() override;
 
