@@ -93,13 +93,11 @@ void frmUserGroupPerm::StartProgress(int text) {
 
 void frmUserGroupPerm::ShowProgress(int done, int total) {
   const auto now = std::chrono::steady_clock::now();
-  const bool due = now >= nextProgress_;
-  if (!due && done > 1) return;
+  // Of a tree that is read at once there is nothing to say that anybody could read.
+  if (now < nextProgress_) return;
+  nextProgress_ = now + kProgressInterval;
   lblStatus.SetPlainCaption(app::FillIn(global_.LoadResString(progressText_),
                                         {data::Decimal(done), data::Decimal(total)}));
-  // A tree that is read at once is not worth painting the window in between.
-  if (!due) return;
-  nextProgress_ = now + kProgressInterval;
   Repaint();
 }
 

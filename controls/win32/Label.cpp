@@ -12,6 +12,8 @@ struct LabelPeer : Control::Peer {
 
   void SetText(const std::wstring& text, bool plain) {
     if (!window) return;
+    const bool wasPlain = (GetWindowLongPtrW(window, GWL_STYLE) & SS_NOPREFIX) != 0;
+    if (plain == wasPlain && text == WindowText()) return;
     ChangeStyle(SS_NOPREFIX, plain ? SS_NOPREFIX : 0);
     ShowText(text);
     // The new text may be shorter, or the same with another meaning of its ampersands.
