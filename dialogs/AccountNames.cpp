@@ -1,5 +1,6 @@
 #include "dialogs/AccountNames.h"
 
+#include <algorithm>
 #include <string>
 
 #include "app/StringIds.h"
@@ -17,14 +18,45 @@ std::wstring_view NameInText(std::wstring_view text) {
   return data::Trim(text.substr(0, text.find(L'(')));
 }
 
-// Two texts have one sort key when they differ in nothing but case.
+// Two texts have one sort key when they differ in nothing but case. Keys are dear for ten thousand
+// names, and those of plain letters and digits can be told apart without them. Other characters may
+// count for several, or for none; and languages differ in what they take for one letter.
+class SameButForCase {
+ public:
+  explicit SameButForCase(std::wstring_view name)
+      : name_(name), isPlain_(IsPlain(name)), key_(controls::SortKey(name)) {}
+
+  bool operator()(std::wstring_view other) const {
+    if (isPlain_ && IsPlain(other) && !std::ranges::equal(name_, other, {}, Folded, Folded)) {
+      return false;
+    }
+    return controls::SortKey(other) == key_;
+  }
+
+ private:
+  static wchar_t Folded(wchar_t character) {
+    return character >= L'a' && character <= L'z' ? static_cast<wchar_t>(character - L'a' + L'A')
+                                                  : character;
+  }
+  static bool IsPlain(std::wstring_view text) {
+    return std::ranges::all_of(text, [](wchar_t character) {
+      const wchar_t folded = Folded(character);
+      return (folded >= L'A' && folded <= L'Z') || (folded >= L'0' && folded <= L'9');
+    });
+  }
+
+  std::wstring_view name_;
+  bool isPlain_;
+  std::string key_;
+};
+
 bool IsTaken(const controls::TreeNodes& nodes, std::wstring_view name, std::int32_t ownId,
              std::int32_t (*idOfKey)(std::wstring_view key)) {
   const int root = nodes.Root();
   if (root == controls::kNoNode) return false;
-  const std::string wanted = controls::SortKey(name);
+  const SameButForCase isSame(name);
   for (int node = nodes.FirstChild(root); node != controls::kNoNode; node = nodes.Next(node)) {
-    if (controls::SortKey(NameInText(nodes.Text(node))) != wanted) continue;
+    if (!isSame(NameInText(nodes.Text(node)))) continue;
     if (idOfKey(nodes.Key(node)) != ownId) return true;
   }
   return false;
