@@ -1,3 +1,6 @@
+#include <chrono>
+#include <thread>
+
 #include "data/MSQLStatement.h"
 #include "dialogs/frmEditUser.h"
 #include "tests/browser/CommandTest.h"
@@ -156,6 +159,28 @@ TEST_F(DeleteCommands, ASoftDeletePassesTheNameThatAnEditHasStored) {
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
     user.Click(window.cmdUser[1]);
     EXPECT_EQ(Raw().Text("SELECT NAME FROM QRUSER WHERE USERID = 9"), "Zola(9)");
+  });
+}
+
+TEST_F(DeleteCommands, TheWindowSaysHowFarItIsWhileAllUsersAreBroughtUpToDateSlowly) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 1, L"\\TGR \\G6");
+    bool told = false;
+    log.FailAt = [&](const std::wstring& call) {
+      // A slow database, so that there is something to tell.
+      if (call == data::SqlSelectUserGroups(1)) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+      }
+      const std::wstring status = window.lblStatus.Caption();
+      told |=
+          status.starts_with(L"Mise à jour des utilisateurs : ") && status.ends_with(L" sur 39");
+      return 0L;
+    };
+    ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce groupe ?");
+    user.Click(window.cmdGroup[1]);
+    log.FailAt = nullptr;
+    EXPECT_TRUE(told);
+    EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 11 groupes, 30 permissions");
   });
 }
 
