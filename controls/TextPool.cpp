@@ -49,12 +49,12 @@ void TextPool::Sweep() {
   idle_.clear();
 }
 
-void TextPool::Clear() {
-  index_.clear();
-  texts_.clear();
-  free_.clear();
-  idle_.clear();
-  ranked_ = false;
+void TextPool::ReleaseAll() {
+  for (TextRef ref = 0; ref < texts_.size(); ++ref) {
+    if (!At(ref).used) continue;
+    At(ref).holders = 0;
+    MarkIdle(ref);
+  }
 }
 
 const std::string& TextPool::SortKey(TextRef text) {

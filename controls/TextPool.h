@@ -25,7 +25,9 @@ class TextPool {
   void Release(TextRef text);
   // Frees the texts that nothing holds; their references end here.
   void Sweep();
-  void Clear();
+  // Makes every text one that nothing holds, so that those which are wanted again before the next
+  // sweep keep their keys and their places in the order.
+  void ReleaseAll();
 
   const std::wstring& Text(TextRef text) const { return At(text).text; }
   // Whether a stands before b. Texts that the sort key holds for equal are ordered by their code

@@ -92,7 +92,7 @@ void TreeNodes::Clear() {
   free_.clear();
   pending_.clear();
   storedNames_.clear();
-  texts_.Clear();
+  texts_.ReleaseAll();
   count_ = 0;
   firstRoot_ = kNoNode;
   lastRoot_ = kNoNode;

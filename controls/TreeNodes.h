@@ -45,7 +45,7 @@ class TreeNodes {
   void Clear();
 
   // A text to be shown by any number of nodes. The reference holds while a node shows it and, when
-  // none does, until the next SweepTexts or Clear.
+  // none does, until the next SweepTexts.
   TextRef Share(std::wstring_view text) { return texts_.Share(text); }
   void SweepTexts() { texts_.Sweep(); }
   const std::wstring& SharedText(TextRef text) const { return texts_.Text(text); }

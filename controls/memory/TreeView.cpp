@@ -100,6 +100,7 @@ void TreeView::Clear() {
   auto& peer = PeerOf<TreeViewPeer>(*this);
   peer.nodes.Clear();
   peer.selected = kNoNode;
+  if (peer.updates == 0) peer.nodes.SweepTexts();
 }
 
 void TreeView::SetText(int node, std::wstring_view text) {

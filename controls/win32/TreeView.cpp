@@ -74,7 +74,7 @@ void TreeView::Clear() {
   peer.nodes.Clear();
   peer.items.Cleared();
   peer.selected = kNoNode;
-  if (peer.updates == 0) peer.Follow();
+  peer.EndChange();
 }
 
 void TreeView::SetText(int node, std::wstring_view text) {

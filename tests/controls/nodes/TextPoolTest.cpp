@@ -108,11 +108,20 @@ TEST_F(TextPoolOf, RankedTextsAnswersAsByComparison) {
   EXPECT_FALSE(pool.Ranked());
 }
 
-TEST_F(TextPoolOf, NothingIsLeftAfterClear) {
-  pool.Hold(pool.Share(L"x"));
-  pool.Clear();
-  EXPECT_EQ(pool.Count(), 0U);
-  EXPECT_EQ(pool.Text(pool.Share(L"y")), L"y");
+TEST_F(TextPoolOf, TextsReleasedTogetherKeepsThoseThatAreWantedBeforeTheSweep) {
+  const TextRef kept = pool.Share(L"x");
+  pool.Hold(kept);
+  pool.Hold(kept);
+  pool.Hold(pool.Share(L"y"));
+  pool.RankAll();
+  pool.ReleaseAll();
+  EXPECT_EQ(pool.Share(L"x"), kept);
+  pool.Hold(kept);
+  EXPECT_TRUE(pool.Ranked());
+  pool.Sweep();
+  EXPECT_EQ(pool.Count(), 1U);
+  EXPECT_EQ(pool.Text(kept), L"x");
+  pool.Release(kept);
   pool.Sweep();
   EXPECT_EQ(pool.Count(), 0U);
 }
