@@ -19,14 +19,16 @@ std::wstring_view NameInText(std::wstring_view text) {
 }
 
 // Two texts have one sort key when they differ in nothing but case. Keys are dear for ten thousand
-// names, and those of plain letters and digits can be told apart without them. Other characters may
-// count for several, or for none; and languages differ in what they take for one letter.
+// names, and those of plain letters and digits, or that begin with different ones, can be told
+// apart without them. Other characters may count for several, or for none; and languages differ in
+// what they take for one letter.
 class SameButForCase {
  public:
   explicit SameButForCase(std::wstring_view name)
       : name_(name), isPlain_(IsPlain(name)), key_(controls::SortKey(name)) {}
 
   bool operator()(std::wstring_view other) const {
+    if (BeginsOtherwise(other)) return false;
     if (isPlain_ && IsPlain(other) && !std::ranges::equal(name_, other, {}, Folded, Folded)) {
       return false;
     }
@@ -38,11 +40,16 @@ class SameButForCase {
     return character >= L'a' && character <= L'z' ? static_cast<wchar_t>(character - L'a' + L'A')
                                                   : character;
   }
+  static bool IsPlainCharacter(wchar_t character) {
+    const wchar_t folded = Folded(character);
+    return (folded >= L'A' && folded <= L'Z') || (folded >= L'0' && folded <= L'9');
+  }
   static bool IsPlain(std::wstring_view text) {
-    return std::ranges::all_of(text, [](wchar_t character) {
-      const wchar_t folded = Folded(character);
-      return (folded >= L'A' && folded <= L'Z') || (folded >= L'0' && folded <= L'9');
-    });
+    return std::ranges::all_of(text, IsPlainCharacter);
+  }
+  bool BeginsOtherwise(std::wstring_view other) const {
+    return !name_.empty() && !other.empty() && IsPlainCharacter(name_.front()) &&
+           IsPlainCharacter(other.front()) && Folded(name_.front()) != Folded(other.front());
   }
 
   std::wstring_view name_;
