@@ -23,6 +23,7 @@ TextRef TextPool::Share(std::wstring_view text) {
   entry.used = true;
   index_.emplace(entry.text, ref);
   ranked_ = false;
+  if (ref < ranks_.size()) ranks_[ref] = kUnranked;
   MarkIdle(ref);
   return ref;
 }
@@ -63,7 +64,9 @@ const std::string& TextPool::SortKey(TextRef text) {
   return entry.sortKey;
 }
 
+// Texts keep their order among themselves whatever is added, so that old ranks still tell it.
 bool TextPool::Before(TextRef a, TextRef b) {
+  if (IsRanked(a) && IsRanked(b)) return ranks_[a] < ranks_[b];
   const int order = SortKey(a).compare(SortKey(b));
   return order != 0 ? order < 0 : At(a).text < At(b).text;
 }
@@ -76,7 +79,7 @@ void TextPool::RankAll() {
     if (At(ref).used) order.push_back(ref);
   }
   std::sort(order.begin(), order.end(), [this](TextRef a, TextRef b) { return Before(a, b); });
-  ranks_.resize(texts_.size());
+  ranks_.assign(texts_.size(), kUnranked);
   std::uint32_t rank = 0;
   for (const TextRef ref : order) ranks_[ref] = rank++;
   ranked_ = true;

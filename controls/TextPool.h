@@ -50,9 +50,13 @@ class TextPool {
     bool idle = false;  // waits in idle_ for the next sweep
   };
 
+  // The rank of a text that was added after the last RankAll.
+  static constexpr std::uint32_t kUnranked = UINT32_MAX;
+
   Entry& At(TextRef text) { return texts_[text]; }
   const Entry& At(TextRef text) const { return texts_[text]; }
   const std::string& SortKey(TextRef text);
+  bool IsRanked(TextRef text) const { return text < ranks_.size() && ranks_[text] != kUnranked; }
   void MarkIdle(TextRef text);
 
   std::function<std::string(std::wstring_view)> sortKey_;

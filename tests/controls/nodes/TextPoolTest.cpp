@@ -23,6 +23,33 @@ class TextPoolOf : public testing::Test {
   TextPool pool{LowerCase};
 };
 
+TEST_F(TextPoolOf, TextsAddedAfterARankingStandAmongTheOthersInOrder) {
+  const TextRef b = pool.Share(L"b");
+  const TextRef d = pool.Share(L"d");
+  pool.RankAll();
+  const TextRef a = pool.Share(L"a");
+  const TextRef c = pool.Share(L"C");
+  EXPECT_FALSE(pool.Ranked());
+  EXPECT_TRUE(pool.Before(b, d));
+  EXPECT_FALSE(pool.Before(d, b));
+  EXPECT_TRUE(pool.Before(a, b));
+  EXPECT_TRUE(pool.Before(b, c));
+  EXPECT_TRUE(pool.Before(c, d));
+  pool.RankAll();
+  EXPECT_TRUE(pool.Before(a, c));
+}
+
+TEST_F(TextPoolOf, AReferenceThatIsUsedAgainIsOrderedByItsNewText) {
+  const TextRef b = pool.Share(L"b");
+  const TextRef a = pool.Share(L"a");
+  pool.Hold(b);
+  pool.RankAll();
+  pool.Sweep();
+  const TextRef z = pool.Share(L"z");
+  EXPECT_EQ(z, a);
+  EXPECT_TRUE(pool.Before(b, z));
+}
+
 TEST_F(TextPoolOf, EqualTextsHoldsThemOnce) {
   const TextRef text = pool.Share(L"Lecture");
   EXPECT_EQ(pool.Share(L"Lecture"), text);
