@@ -163,8 +163,8 @@ void frmUserGroupPerm::ShowNew(int tree, const controls::KeyForm& keyForm, std::
   CountNew(tree);
   const controls::TreeNodes& nodes = TreeView1[tree].Nodes();
   int added = lookup.GetIndexNode(tree, nodes.Text(nodes.Root()) + L"\\" + text);
-  // Another account may show the same text, and a text may be mapped when it is shown.
-  if (added == controls::kNoNode || nodes.Id(added) != id) {
+  // Another node may have the same path, and a text may be mapped when it is shown.
+  if (added == controls::kNoNode || nodes.Parent(added) != nodes.Root() || nodes.Id(added) != id) {
     added = nodes.FindChild(nodes.Root(), keyForm, id);
   }
   if (added != controls::kNoNode) TreeView1[tree].SetSelectedNode(added);

@@ -27,8 +27,7 @@ data::ExitStatus GroupDialog::List1AddItem(std::wstring_view statement, int Inde
 
 void GroupDialog::SelectAllRecord(int Index) {
   try {
-    const ListBox::Update update(List1[Index]);
-    for (int i = 0; i < List1[Index].ListCount(); ++i) List1[Index].SetSelected(i, true);
+    CheckAll(List1[Index], true);
   } catch (...) {
     app::ReportError(exchange_.global, L"SelectAllRecord");
   }
@@ -36,8 +35,7 @@ void GroupDialog::SelectAllRecord(int Index) {
 
 void GroupDialog::RemoveAllRecord(int Index) {
   try {
-    const ListBox::Update update(List1[Index]);
-    for (int i = 0; i < List1[Index].ListCount(); ++i) List1[Index].SetSelected(i, false);
+    CheckAll(List1[Index], false);
   } catch (...) {
     app::ReportError(exchange_.global, L"RemoveAllRecord");
   }

@@ -33,6 +33,11 @@ void SetItems(ListBox& list, const std::vector<ListItem>& items) {
   for (const ListItem& item : items) list.AddItem(item.text, item.itemData);
 }
 
+void CheckAll(ListBox& list, bool checked) {
+  const ListBox::Update update(list);
+  for (int i = 0; i < list.ListCount(); ++i) list.SetSelected(i, checked);
+}
+
 void SelectOnly(ListBox& list, int item) {
   for (int i = 0; list.SelCount() > 0; ++i) list.SetSelected(i, false);
   list.SetSelected(item, true);

@@ -29,6 +29,9 @@ std::vector<ListItem> Items(const controls::ListBox& list);
 // Makes these the list's items; none is selected then.
 void SetItems(controls::ListBox& list, const std::vector<ListItem>& items);
 
+// Checks, or unchecks, every item of a check list, from the first to the last.
+void CheckAll(controls::ListBox& list, bool checked);
+
 // Selects one item alone and scrolls to it. Not for check lists.
 void SelectOnly(controls::ListBox& list, int item);
 

@@ -4,6 +4,7 @@
 #include "app/MQVXMsgBox.h"
 #include "data/DisplayCodes.h"
 #include "data/Text.h"
+#include "dialogs/ListItems.h"
 #include "dialogs/UserDialog.h"
 
 namespace dialogs {
@@ -33,8 +34,7 @@ data::ExitStatus UserDialog::List1AddItem(std::wstring_view statement, int Index
 
 void UserDialog::SelectAllRecord(int Index) {
   try {
-    const ListBox::Update update(List1[Index]);
-    for (int i = 0; i < List1[Index].ListCount(); ++i) List1[Index].SetSelected(i, true);
+    CheckAll(List1[Index], true);
   } catch (...) {
     app::ReportError(exchange_.global, L"SelectAllRecord");
   }
@@ -42,8 +42,7 @@ void UserDialog::SelectAllRecord(int Index) {
 
 void UserDialog::RemoveAllRecord(int Index) {
   try {
-    const ListBox::Update update(List1[Index]);
-    for (int i = 0; i < List1[Index].ListCount(); ++i) List1[Index].SetSelected(i, false);
+    CheckAll(List1[Index], false);
   } catch (...) {
     app::ReportError(exchange_.global, L"RemoveAllRecord");
   }

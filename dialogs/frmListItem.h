@@ -62,7 +62,6 @@ class frmListItem : public EditingDialog {
   std::int16_t GetCountSelect();
   void SelectAllRecord();
   void DeselectAllRecord();
-  void SetAllRecords(bool checked);
 
   // Writes a link for each checked item.
   void UpdateData(const std::wstring& relationName, data::ExitStatus& status);

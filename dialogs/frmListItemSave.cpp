@@ -5,11 +5,10 @@
 #include "app/ErrorReport.h"
 #include "data/MSQLStatement.h"
 #include "data/RunTimeError.h"
+#include "dialogs/ListItems.h"
 #include "dialogs/frmListItem.h"
 
 namespace dialogs {
-
-using controls::ListBox;
 
 void frmListItem::List1_Click() {
   const int count = GetCountSelect();
@@ -47,7 +46,7 @@ std::int16_t frmListItem::GetCountSelect() {
 
 void frmListItem::SelectAllRecord() {
   try {
-    SetAllRecords(true);
+    CheckAll(List1, true);
   } catch (...) {
     app::ReportError(exchange_.global, L"SelectAllRecord");
   }
@@ -55,15 +54,10 @@ void frmListItem::SelectAllRecord() {
 
 void frmListItem::DeselectAllRecord() {
   try {
-    SetAllRecords(false);
+    CheckAll(List1, false);
   } catch (...) {
     app::ReportError(exchange_.global, L"DeselectAllRecord");
   }
-}
-
-void frmListItem::SetAllRecords(bool checked) {
-  const ListBox::Update update(List1);
-  for (int i = 0; i < List1.ListCount(); ++i) List1.SetSelected(i, checked);
 }
 
 void frmListItem::cmdOK_Click() {
