@@ -1,17 +1,19 @@
 #include "browser/Protection.h"
 
+#include "data/ProtectedId.h"
+
 namespace browser {
 
 UserProtection ProtectUser(const ProtectedAccounts& accounts, std::int32_t userId,
                            std::int32_t groupId) {
   UserProtection off;
   // Nobody leaves "Everyone", and nobody deletes the account he works under.
-  if (IsAccount(accounts.everyoneGroupId, groupId)) off.membership = true;
-  if (IsAccount(accounts.currentUserId, userId)) off.account = true;
-  if (IsAccount(accounts.adminUserId, userId)) {
+  if (data::IsProtectedId(accounts.everyoneGroupId, groupId)) off.membership = true;
+  if (data::IsProtectedId(accounts.currentUserId, userId)) off.account = true;
+  if (data::IsProtectedId(accounts.adminUserId, userId)) {
     off.account = true;
-    if (IsAccount(accounts.administratorsGroupId, groupId) ||
-        IsAccount(accounts.everyoneGroupId, groupId)) {
+    if (data::IsProtectedId(accounts.administratorsGroupId, groupId) ||
+        data::IsProtectedId(accounts.everyoneGroupId, groupId)) {
       off.membership = true;
     }
     off.administrator = true;
@@ -22,13 +24,13 @@ UserProtection ProtectUser(const ProtectedAccounts& accounts, std::int32_t userI
 GroupProtection ProtectGroup(const ProtectedAccounts& accounts, std::int32_t groupId,
                              std::wstring_view text) {
   GroupProtection off;
-  if (IsAccount(accounts.administratorsGroupId, groupId)) {
+  if (data::IsProtectedId(accounts.administratorsGroupId, groupId)) {
     off.account = true;
     if (text == L"Admin") off.member = true;
     off.admin = true;
     off.permissions = true;
   }
-  if (IsAccount(accounts.everyoneGroupId, groupId)) {
+  if (data::IsProtectedId(accounts.everyoneGroupId, groupId)) {
     off.account = true;
     off.member = true;
   }

@@ -9,12 +9,6 @@
 // user he works as, and the groups "Administrators" and "Everyone".
 namespace browser {
 
-// Whether the identifier is that of a protected account. One that was not found is 0 and protects
-// nothing.
-constexpr bool IsAccount(std::int32_t protectedId, std::int32_t id) {
-  return protectedId != 0 && protectedId == id;
-}
-
 struct UserProtection {
   bool account = false;        // the user may not be deleted
   bool membership = false;     // he may not be taken out of the group

@@ -1,6 +1,7 @@
 #include "browser/TreeContext.h"
 
 #include "app/StringIds.h"
+#include "data/ProtectedId.h"
 
 namespace browser {
 
@@ -17,11 +18,12 @@ TreeCaptions TreeCaptions::Load(const app::mGlobal& global) {
 }
 
 bool ProtectedAccounts::IsProtectedUser(std::int32_t userId) const {
-  return userId != 0 && (userId == currentUserId || userId == adminUserId);
+  return data::IsProtectedId(currentUserId, userId) || data::IsProtectedId(adminUserId, userId);
 }
 
 bool ProtectedAccounts::IsProtectedGroup(std::int32_t groupId) const {
-  return groupId != 0 && (groupId == administratorsGroupId || groupId == everyoneGroupId);
+  return data::IsProtectedId(administratorsGroupId, groupId) ||
+         data::IsProtectedId(everyoneGroupId, groupId);
 }
 
 }  // namespace browser

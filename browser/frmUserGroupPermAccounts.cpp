@@ -9,6 +9,7 @@
 #include "browser/frmUserGroupPerm.h"
 #include "controls/Desktop.h"
 #include "data/MSQLStatement.h"
+#include "data/ProtectedId.h"
 #include "dialogs/frmEditGroup.h"
 #include "dialogs/frmEditUser.h"
 #include "dialogs/frmNewGroup.h"
@@ -62,7 +63,7 @@ bool frmUserGroupPerm::EditUser(const Selection& at) {
                     rebuild.EditAllPermissionsNode(at.account)});
   });
   // What "Admin" is called cannot have changed; the groups tree is left for the next refresh.
-  if (!IsAccount(accounts.adminUserId, at.id)) ShowEdited(kUsers, at, text);
+  if (!data::IsProtectedId(accounts.adminUserId, at.id)) ShowEdited(kUsers, at, text);
   return true;
 }
 

@@ -8,6 +8,7 @@
 #include "controls/Desktop.h"
 #include "data/MSQLStatement.h"
 #include "data/NodeKey.h"
+#include "data/ProtectedId.h"
 #include "dialogs/frmAddUserInGroup.h"
 #include "dialogs/frmListItem.h"
 
@@ -152,8 +153,9 @@ void frmUserGroupPerm::RemoveMember(const Selection& at) {
                                   app::kAskRemoveMember,
                                   &FolderRebuild::EditMembersNode};
   const std::int32_t user = data::GetUserID(at.key);
-  if (IsAccount(accounts.everyoneGroupId, at.id)) return;
-  if (IsAccount(accounts.administratorsGroupId, at.id) && IsAccount(accounts.adminUserId, user)) {
+  if (data::IsProtectedId(accounts.everyoneGroupId, at.id)) return;
+  if (data::IsProtectedId(accounts.administratorsGroupId, at.id) &&
+      data::IsProtectedId(accounts.adminUserId, user)) {
     // The button is off only where his node shows the bare name.
     app::MQVXMsgBox(global_).ShowCannotRemoveUserFromGroup(
         TreeView1[kGroups].Nodes().Text(at.node));

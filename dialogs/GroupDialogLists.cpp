@@ -4,6 +4,7 @@
 
 #include "app/ErrorReport.h"
 #include "app/MQVXMsgBox.h"
+#include "data/ProtectedId.h"
 #include "dialogs/GroupDialog.h"
 #include "dialogs/ListItems.h"
 
@@ -65,7 +66,7 @@ void GroupDialog::RemoveMember() {
   const int item = members.ListIndex();
   if (item < 0) return;
   const std::int32_t userId = members.ItemData(item);
-  if (!IsRemoveAdmin && adminUserId_ != 0 && userId == adminUserId_) {
+  if (!IsRemoveAdmin && data::IsProtectedId(adminUserId_, userId)) {
     app::MQVXMsgBox(exchange_.global).ShowCannotRemoveUserFromGroup(members.List(item));
     return;
   }

@@ -3,6 +3,7 @@
 #include "app/ErrorReport.h"
 #include "app/MQVXMsgBox.h"
 #include "data/DisplayCodes.h"
+#include "data/ProtectedId.h"
 #include "data/Text.h"
 #include "dialogs/ListItems.h"
 #include "dialogs/UserDialog.h"
@@ -49,11 +50,11 @@ void UserDialog::RemoveAllRecord(int Index) {
 }
 
 void UserDialog::KeepName(std::int32_t groupId, const std::wstring& name) {
-  if (EveryoneGroupID != 0 && groupId == EveryoneGroupID) strEveryoneName = name;
+  if (data::IsProtectedId(EveryoneGroupID, groupId)) strEveryoneName = name;
 }
 
 bool UserDialog::IsProtectedGroup(std::int32_t groupId) const {
-  return EveryoneGroupID != 0 && groupId == EveryoneGroupID;
+  return data::IsProtectedId(EveryoneGroupID, groupId);
 }
 
 void UserDialog::cmdBtn_Click(int Index) {

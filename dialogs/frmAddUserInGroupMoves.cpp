@@ -5,6 +5,7 @@
 #include "app/ErrorReport.h"
 #include "app/MQVXMsgBox.h"
 #include "controls/SortKey.h"
+#include "data/ProtectedId.h"
 #include "data/Text.h"
 #include "dialogs/frmAddUserInGroup.h"
 
@@ -140,7 +141,7 @@ void frmAddUserInGroup::Move(int from, const std::vector<bool>& chosen) {
 
 // Whether a user may not leave a list for the other one: Admin, where the group must keep him.
 bool frmAddUserInGroup::IsKept(int from, const ListItem& user) const {
-  return from == 2 && !IsRemoveAdmin && adminUserId != 0 && user.itemData == adminUserId;
+  return from == 2 && !IsRemoveAdmin && data::IsProtectedId(adminUserId, user.itemData);
 }
 
 }  // namespace dialogs

@@ -4,6 +4,7 @@
 #include "app/StringIds.h"
 #include "data/MSQLStatement.h"
 #include "data/Pattern.h"
+#include "data/ProtectedId.h"
 #include "data/RunTimeError.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
@@ -101,12 +102,12 @@ void frmEditUser::ForgetUser() {
 
 void frmEditUser::KeepName(std::int32_t groupId, const std::wstring& name) {
   UserDialog::KeepName(groupId, name);
-  if (AdminGroupID != 0 && groupId == AdminGroupID) strAdminName = name;
+  if (data::IsProtectedId(AdminGroupID, groupId)) strAdminName = name;
 }
 
 bool frmEditUser::IsProtectedGroup(std::int32_t groupId) const {
   if (UserDialog::IsProtectedGroup(groupId)) return true;
-  return !IsRemoveAdministrator && AdminGroupID != 0 && groupId == AdminGroupID;
+  return !IsRemoveAdministrator && data::IsProtectedId(AdminGroupID, groupId);
 }
 
 // Two names stand in quotes each; the message brings the outer two.
