@@ -1,7 +1,9 @@
 // How the native tree view is brought in step with the nodes.
 
 #include <algorithm>
+#include <optional>
 
+#include "controls/win32/StillScrollBars.h"
 #include "controls/win32/TreeItems.h"
 
 namespace controls {
@@ -24,29 +26,30 @@ int CALLBACK CompareRanks(LPARAM a, LPARAM b, LPARAM ranks) {
 
 // While it stands the native control does not paint: each change of its structure would otherwise
 // cost a walk over all that stands below. Told so itself, it still has its scroll bars painted as
-// they change; the system is told as well, which takes the window for hidden meanwhile.
+// they change; those are kept still as well, and painted at the end only if they are others then.
 class TreeItems::Quiet {
  public:
-  Quiet(TreeItems& items, bool structural) : items_(items), structural_(structural) {
-    if (items_.busy_++ > 0 || !structural_) return;
-    shown_ = (GetWindowLongPtrW(items_.window_, GWL_STYLE) & WS_VISIBLE) != 0;
-    if (shown_) DefWindowProcW(items_.window_, WM_SETREDRAW, FALSE, 0);
+  Quiet(TreeItems& items, bool structural) : items_(items) {
+    if (items_.busy_++ > 0 || !structural) return;
+    structural_ = true;
+    bars_.emplace(items_.window_);
     items_.Send(WM_SETREDRAW, FALSE, 0);
   }
   ~Quiet() {
-    if (--items_.busy_ > 0 || !structural_) return;
+    --items_.busy_;
+    if (!structural_) return;
     items_.Send(WM_SETREDRAW, TRUE, 0);
-    if (!shown_) return;
-    DefWindowProcW(items_.window_, WM_SETREDRAW, TRUE, 0);
-    RedrawWindow(items_.window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+    const UINT frame = bars_->End() ? RDW_FRAME : 0;
+    if (!bars_->Shown()) return;
+    RedrawWindow(items_.window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | frame);
   }
   Quiet(const Quiet&) = delete;
   Quiet& operator=(const Quiet&) = delete;
 
  private:
   TreeItems& items_;
-  bool structural_;
-  bool shown_ = false;
+  bool structural_ = false;  // the outermost, and there is more to do than to select
+  std::optional<StillScrollBars> bars_;
 };
 
 void TreeItems::Follow(int selected, bool show) {

@@ -63,6 +63,8 @@ struct TreeViewPeer : Control::Peer {
   LRESULT Character(const Message& message);
   LRESULT FocusMessage(const Message& message);
   void Paint() const;
+  bool IsFrameConcerned(WPARAM part) const;
+  void PrintClient(WPARAM context) const;
   LRESULT Expand(const Message& message);
   LRESULT Reach(const Message& message);
   void Chosen(int node);
