@@ -63,8 +63,8 @@ void FolderFiller::Put(int folder, std::uint32_t number, const controls::KeyForm
 void FolderFiller::Sift(int folder, std::uint32_t number, LeafTexts& texts) {
   const controls::TreeNodes& nodes = tree_.Nodes();
   int next = controls::kNoNode;
-  for (int node = nodes.FirstChild(folder); node != controls::kNoNode; node = next) {
-    next = nodes.Next(node);
+  for (int node = nodes.AnyChild(folder); node != controls::kNoNode; node = next) {
+    next = nodes.OtherSibling(node);
     LeafTexts::Leaf& leaf = texts.At(nodes.Id(node));
     if (leaf.folder != number) {
       tree_.Remove(node);
@@ -109,7 +109,8 @@ void FolderFiller::FillPermissions(int folder, const controls::KeyForm& keyForm,
 void FolderFiller::FillAllPermissions(int folder, int ownFolder, std::wstring_view statement) {
   const controls::TreeNodes& nodes = tree_.Nodes();
   const std::uint32_t owner = permissions_.NextFolder();
-  for (int own = nodes.FirstChild(ownFolder); own != controls::kNoNode; own = nodes.Next(own)) {
+  for (int own = nodes.AnyChild(ownFolder); own != controls::kNoNode;
+       own = nodes.OtherSibling(own)) {
     permissions_.At(nodes.Id(own)).owner = owner;
   }
   const auto image = [this, owner](std::int32_t id) {
@@ -117,7 +118,8 @@ void FolderFiller::FillAllPermissions(int folder, int ownFolder, std::wstring_vi
   };
   const std::uint32_t number = Read(
       statement, permissions_, [this](data::ResultSet& row) { return PermissionRow(row); }, image);
-  for (int own = nodes.FirstChild(ownFolder); own != controls::kNoNode; own = nodes.Next(own)) {
+  for (int own = nodes.AnyChild(ownFolder); own != controls::kNoNode;
+       own = nodes.OtherSibling(own)) {
     LeafTexts::Leaf& leaf = permissions_.At(nodes.Id(own));
     if (leaf.folder == number) continue;
     leaf.folder = number;

@@ -22,8 +22,8 @@ TextRef TextPool::Share(std::wstring_view text) {
   entry.text = text;
   entry.used = true;
   index_.emplace(entry.text, ref);
-  ranked_ = false;
   if (ref < ranks_.size()) ranks_[ref] = kUnranked;
+  ++unranked_;
   MarkIdle(ref);
   return ref;
 }
@@ -43,6 +43,7 @@ void TextPool::Sweep() {
     Entry& entry = At(text);
     entry.idle = false;
     if (entry.holders > 0) continue;
+    if (!IsRanked(text)) --unranked_;
     index_.erase(entry.text);
     entry = Entry{};
     free_.push_back(text);
@@ -72,7 +73,7 @@ bool TextPool::Before(TextRef a, TextRef b) {
 }
 
 void TextPool::RankAll() {
-  if (ranked_) return;
+  if (Ranked()) return;
   std::vector<TextRef> order;
   order.reserve(texts_.size());
   for (TextRef ref = 0; ref < texts_.size(); ++ref) {
@@ -82,7 +83,7 @@ void TextPool::RankAll() {
   ranks_.assign(texts_.size(), kUnranked);
   std::uint32_t rank = 0;
   for (const TextRef ref : order) ranks_[ref] = rank++;
-  ranked_ = true;
+  unranked_ = 0;
 }
 
 std::size_t TextPool::Bytes() const {

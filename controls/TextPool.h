@@ -35,7 +35,9 @@ class TextPool {
   bool Before(TextRef a, TextRef b);
   // Numbers every text by its place in the order, so that Rank answers until a text is added.
   void RankAll();
-  bool Ranked() const { return ranked_; }
+  bool Ranked() const { return unranked_ == 0 && !texts_.empty(); }
+  // How many texts have come since.
+  std::size_t Unranked() const { return unranked_; }
   std::uint32_t Rank(TextRef text) const { return ranks_[text]; }
 
   std::size_t Count() const { return texts_.size() - free_.size(); }
@@ -64,8 +66,8 @@ class TextPool {
   std::vector<TextRef> free_;
   std::vector<TextRef> idle_;
   std::unordered_map<std::wstring_view, TextRef> index_;
-  std::vector<std::uint32_t> ranks_;  // by reference, while ranked_
-  bool ranked_ = false;
+  std::vector<std::uint32_t> ranks_;  // by reference
+  std::size_t unranked_ = 0;
 };
 
 }  // namespace controls

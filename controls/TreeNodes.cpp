@@ -27,6 +27,7 @@ int TreeNodes::TakeIndex() {
     if (used_ >= static_cast<int>(blocks_.size()) * kBlock) {
       blocks_.push_back(std::make_unique<Node[]>(kBlock));
     }
+    At(used_) = Node{};
     return used_++;
   }
   const int node = free_.back();
@@ -86,16 +87,22 @@ void TreeNodes::Free(int node) {
   --count_;
 }
 
+// The blocks stay: as a rule as many nodes are added again at once.
 void TreeNodes::Clear() {
-  blocks_.clear();
   used_ = 1;
   free_.clear();
-  pending_.clear();
+  reordered_.clear();
   storedNames_.clear();
   texts_.ReleaseAll();
   count_ = 0;
   firstRoot_ = kNoNode;
   lastRoot_ = kNoNode;
+}
+
+void TreeNodes::Sweep() {
+  texts_.Sweep();
+  const std::size_t needed = (static_cast<std::size_t>(used_) + kBlock - 1) / kBlock;
+  if (blocks_.size() > needed) blocks_.resize(needed);
 }
 
 bool TreeNodes::Exists(int node) const {
@@ -128,12 +135,12 @@ void TreeNodes::SetStoredName(int node, std::wstring_view name) {
 
 int TreeNodes::FirstSibling(int node) const {
   const int parent = At(node).parent;
-  return parent == kNoNode ? firstRoot_ : At(parent).firstChild;
+  return parent == kNoNode ? firstRoot_ : FirstChild(parent);
 }
 
 int TreeNodes::LastSibling(int node) const {
   const int parent = At(node).parent;
-  return parent == kNoNode ? lastRoot_ : At(parent).lastChild;
+  return parent == kNoNode ? lastRoot_ : LastChild(parent);
 }
 
 int TreeNodes::Children(int node) const {
@@ -156,7 +163,7 @@ bool TreeNodes::IsBelow(int node, int ancestor) const {
 
 std::size_t TreeNodes::NodeBytes() const {
   const std::size_t indexes =
-      free_.capacity() + pending_.capacity() + ordered_.capacity() + misplaced_.capacity();
+      free_.capacity() + reordered_.capacity() + ordered_.capacity() + misplaced_.capacity();
   return blocks_.size() * kBlock * sizeof(Node) + indexes * sizeof(int) +
          ranked_.capacity() * sizeof(std::uint64_t);
 }

@@ -26,7 +26,8 @@ struct KeyForm {
 
 // The nodes of a tree, as the tree view of every back end keeps them. A node has an index of its
 // own while it lives, from 1; a freed index is used again. A node is small: its key is composed
-// when asked for and its text is kept once for all nodes that show it.
+// when asked for and its text is kept once for all nodes that show it. Children are put in order
+// when somebody asks how they stand: most folders of a large tree are never opened.
 class TreeNodes {
  public:
   // sortKey gives the bytes by which a text is ordered among its siblings.
@@ -45,9 +46,10 @@ class TreeNodes {
   void Clear();
 
   // A text to be shown by any number of nodes. The reference holds while a node shows it and, when
-  // none does, until the next SweepTexts.
+  // none does, until the next Sweep.
   TextRef Share(std::wstring_view text) { return texts_.Share(text); }
-  void SweepTexts() { texts_.Sweep(); }
+  // Frees the texts that no node shows, and the room that a cleared tree had and no longer needs.
+  void Sweep();
   const std::wstring& SharedText(TextRef text) const { return texts_.Text(text); }
 
   bool Exists(int node) const;
@@ -70,7 +72,8 @@ class TreeNodes {
   void SetImage(int node, int image) { At(node).image = static_cast<std::uint8_t>(image); }
   bool Expanded(int node) const { return At(node).expanded; }
   void SetExpanded(int node, bool expanded) { At(node).expanded = expanded; }
-  // Whether the node's children are kept in the order of their texts.
+  // Whether the node's children stand in the order of their texts. Once they no longer need to,
+  // they keep the order that they have.
   bool Sorted(int node) const { return At(node).sorted; }
   void SetSorted(int node, bool sorted);
   // The name behind the text, where the node was given one; otherwise empty.
@@ -78,10 +81,13 @@ class TreeNodes {
   void SetStoredName(int node, std::wstring_view name);
 
   int Parent(int node) const { return At(node).parent; }
-  int FirstChild(int node) const { return At(node).firstChild; }
-  int LastChild(int node) const { return At(node).lastChild; }
-  int Next(int node) const { return At(node).next; }
-  int Previous(int node) const { return At(node).previous; }
+  int FirstChild(int node) const { return InOrder(node).firstChild; }
+  int LastChild(int node) const { return InOrder(node).lastChild; }
+  int Next(int node) const { return AmongSiblings(node).next; }
+  int Previous(int node) const { return AmongSiblings(node).previous; }
+  // For a walk over a node's children that may come in any order.
+  int AnyChild(int node) const { return At(node).firstChild; }
+  int OtherSibling(int node) const { return At(node).next; }
   int FirstSibling(int node) const;
   int LastSibling(int node) const;
   int Children(int node) const;
@@ -90,9 +96,8 @@ class TreeNodes {
   std::wstring FullPath(int node) const;
   bool IsBelow(int node, int ancestor) const;
 
-  // Puts the children of every sorted node that has gained or changed some into order. Cheap when
-  // nothing has changed. Returns the parents whose children's order may have changed.
-  std::vector<int> SortPending();
+  // The sorted nodes that have gained or changed children since this was last asked.
+  std::vector<int> TakeReordered();
 
   // What the nodes and texts take in memory, in bytes.
   std::size_t NodeBytes() const;
@@ -112,7 +117,8 @@ class TreeNodes {
     bool alive : 1 = false;
     bool expanded : 1 = false;
     bool sorted : 1 = false;
-    bool orderPending : 1 = false;
+    bool orderPending : 1 = false;  // its children are to be put in order
+    bool reordered : 1 = false;     // stands in reordered_
     bool named : 1 = false;
   };
   static_assert(sizeof(Node) <= 32);
@@ -132,24 +138,38 @@ class TreeNodes {
   void FreeBelow(int node);
   void ComposeKey(int node, std::wstring& key) const;
   bool HasTail(int node, std::wstring_view tail) const;
+  const Node& InOrder(int parent) const {
+    const Node& above = At(parent);
+    if (above.orderPending) SortChildren(parent);
+    return above;
+  }
+  const Node& AmongSiblings(int node) const {
+    const Node& one = At(node);
+    if (one.parent != kNoNode) InOrder(one.parent);
+    return one;
+  }
   void MarkOrderPending(int parent);
-  bool WorthRanking() const;
-  bool StandsBefore(int a, int b);
-  void SortChildrenByRank(int parent);
-  void SortChildrenByKey(int parent);
-  void TakeMisplaced(int parent);
-  void Relink(int parent);
+  void SortChildren(int parent) const;
+  bool WorthRanking(int parent) const;
+  bool StandsBefore(int a, int b) const;
+  void SortChildrenByRank(int parent) const;
+  void SortChildrenByKey(int parent) const;
+  void TakeMisplaced(int parent) const;
+  void Relink(int parent) const;
+  // Order is made when it is asked for, behind a tree's back.
+  Node& Linked(int node) const { return blocks_[node >> kBlockBits][node & (kBlock - 1)]; }
 
-  TextPool texts_;
+  mutable TextPool texts_;  // makes the keys by which texts are ordered when it is asked for them
   std::vector<KeyForm> forms_;
   std::uint8_t lastForm_ = 0;  // the one last asked for
   std::vector<std::unique_ptr<Node[]>> blocks_;
-  int used_ = 1;              // index 0 is never given
-  std::vector<int> free_;     // indexes to be used again, the latest freed last
-  std::vector<int> pending_;  // may hold a node twice, and nodes that no longer wait
-  std::vector<int> ordered_;  // while children are sorted: those in their order, and the others
-  std::vector<int> misplaced_;
-  std::vector<std::uint64_t> ranked_;  // the same, each a rank above a node's index
+  int used_ = 1;                // index 0 is never given
+  std::vector<int> free_;       // indexes to be used again, the latest freed last
+  std::vector<int> reordered_;  // may hold a node twice, and nodes that are no more
+  // While children are sorted: those in their order, and the others.
+  mutable std::vector<int> ordered_;
+  mutable std::vector<int> misplaced_;
+  mutable std::vector<std::uint64_t> ranked_;  // the same, each a rank above a node's index
   std::unordered_map<int, std::wstring> storedNames_;
   int count_ = 0;
   int firstRoot_ = kNoNode;

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "controls/TreeNodes.h"
 
@@ -6,66 +7,63 @@
 namespace controls {
 namespace {
 
-// Numbering all texts by their order first pays when so many more children than texts wait.
-constexpr std::size_t kChildrenPerText = 4;
+// Numbering all texts by their order pays where at least one in so many is looked at for the first
+// time.
+constexpr std::size_t kFewTexts = 4;
 
 }  // namespace
 
 void TreeNodes::SetSorted(int node, bool sorted) {
+  if (!sorted) InOrder(node);
   At(node).sorted = sorted;
   if (HasChildren(node)) MarkOrderPending(node);
 }
 
 void TreeNodes::MarkOrderPending(int parent) {
   Node& above = At(parent);
-  if (!above.sorted || above.orderPending) return;
+  if (!above.sorted) return;
   above.orderPending = true;
-  pending_.push_back(parent);
+  if (above.reordered) return;
+  above.reordered = true;
+  reordered_.push_back(parent);
 }
 
-std::vector<int> TreeNodes::SortPending() {
-  if (pending_.empty()) return {};
-  const bool byRank = WorthRanking();
-  if (byRank) texts_.RankAll();
-  std::vector<int> sorted;
-  for (const int parent : pending_) {
-    // A node removed since, its index perhaps used again, or one noted twice.
-    if (!At(parent).orderPending) continue;
-    At(parent).orderPending = false;
-    if (!At(parent).sorted) continue;
-    if (byRank) {
-      SortChildrenByRank(parent);
-    } else {
-      SortChildrenByKey(parent);
-    }
-    sorted.push_back(parent);
+std::vector<int> TreeNodes::TakeReordered() {
+  std::vector<int> reordered;
+  for (const int node : std::exchange(reordered_, {})) {
+    // It may have been removed since, and its index be used again.
+    if (!At(node).reordered) continue;
+    At(node).reordered = false;
+    reordered.push_back(node);
   }
-  pending_.clear();
-  return sorted;
+  return reordered;
 }
 
-bool TreeNodes::WorthRanking() const {
-  if (texts_.Ranked()) return true;
-  const std::size_t enough = kChildrenPerText * texts_.Count();
-  std::size_t waiting = 0;
-  for (const int parent : pending_) {
-    if (!At(parent).orderPending) continue;
-    for (int child = At(parent).firstChild; child != kNoNode; child = At(child).next) {
-      if (++waiting > enough) return true;
-    }
+void TreeNodes::SortChildren(int parent) const {
+  Linked(parent).orderPending = false;
+  if (!HasChildren(parent)) return;
+  if (WorthRanking(parent)) texts_.RankAll();
+  if (texts_.Ranked()) {
+    SortChildrenByRank(parent);
+  } else {
+    SortChildrenByKey(parent);
   }
-  return false;
+}
+
+bool TreeNodes::WorthRanking(int parent) const {
+  const std::size_t few = texts_.Count() / kFewTexts;
+  return texts_.Unranked() > few && static_cast<std::size_t>(Children(parent)) > few;
 }
 
 // Nodes of one text are ordered by their index, so that the order never depends on the past.
-bool TreeNodes::StandsBefore(int a, int b) {
+bool TreeNodes::StandsBefore(int a, int b) const {
   const TextRef textA = At(a).text;
   const TextRef textB = At(b).text;
   return textA == textB ? a < b : texts_.Before(textA, textB);
 }
 
-// Whole trees are put in order this way: plain numbers are sorted, and no text is looked at.
-void TreeNodes::SortChildrenByRank(int parent) {
+// Plain numbers are sorted, and no text is looked at.
+void TreeNodes::SortChildrenByRank(int parent) const {
   ranked_.clear();
   for (int child = At(parent).firstChild; child != kNoNode; child = At(child).next) {
     const std::uint64_t rank = texts_.Rank(At(child).text);
@@ -82,7 +80,7 @@ void TreeNodes::SortChildrenByRank(int parent) {
 
 // Most of the children stand in order already, after a change of a few as well as after a query
 // that was ordered: only the others are sorted, and merged in.
-void TreeNodes::SortChildrenByKey(int parent) {
+void TreeNodes::SortChildrenByKey(int parent) const {
   TakeMisplaced(parent);
   if (misplaced_.empty()) return;
   const auto before = [this](int a, int b) { return StandsBefore(a, b); };
@@ -94,7 +92,7 @@ void TreeNodes::SortChildrenByKey(int parent) {
 }
 
 // Where two neighbours stand the wrong way round either may be the one that moved: both go.
-void TreeNodes::TakeMisplaced(int parent) {
+void TreeNodes::TakeMisplaced(int parent) const {
   ordered_.clear();
   misplaced_.clear();
   for (int child = At(parent).firstChild; child != kNoNode; child = At(child).next) {
@@ -108,16 +106,16 @@ void TreeNodes::TakeMisplaced(int parent) {
   }
 }
 
-void TreeNodes::Relink(int parent) {
+void TreeNodes::Relink(int parent) const {
   int previous = kNoNode;
   for (const int child : ordered_) {
-    At(child).previous = previous;
-    if (previous != kNoNode) At(previous).next = child;
+    Linked(child).previous = previous;
+    if (previous != kNoNode) Linked(previous).next = child;
     previous = child;
   }
-  At(previous).next = kNoNode;
-  At(parent).firstChild = ordered_.front();
-  At(parent).lastChild = previous;
+  Linked(previous).next = kNoNode;
+  Linked(parent).firstChild = ordered_.front();
+  Linked(parent).lastChild = previous;
 }
 
 }  // namespace controls

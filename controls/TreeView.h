@@ -18,9 +18,8 @@ class TreeView : public Control {
  public:
   TreeView(Form& form, int id);
 
-  // Stands around every structural change: children are put in order and the native control follows
-  // once, at the end of the outermost one. Selection, expansion and scroll position of what still
-  // lives are kept.
+  // Stands around every structural change: the native control follows once, at the end of the
+  // outermost one. Selection, expansion and scroll position of what still lives are kept.
   class Update {
    public:
     explicit Update(TreeView& tree);
@@ -34,8 +33,8 @@ class TreeView : public Control {
 
   void SetImageList(const ImageList& images);
 
-  // The new node, the parent's last child until its children are put in order; or the child of this
-  // key form and id that the parent has already, unchanged. A parent of kNoNode makes a root.
+  // The new node, the last child of a parent that is not sorted; or the child of this key form and
+  // id that the parent has already, unchanged. A parent of kNoNode makes a root.
   int Add(int parent, const KeyForm& keyForm, std::int32_t id, std::wstring_view text, int image);
   // For many nodes: no look at the parent's other children, the caller has seen to it.
   int AddUnique(int parent, const KeyForm& keyForm, std::int32_t id, TextRef text, int image);

@@ -44,8 +44,8 @@ void TreeViewPeer::AskForCopy(const TreeView& tree) const {
 }
 
 void TreeViewPeer::EndChange() {
-  if (updates > 0) return;
-  nodes.SortPending();
+  // There is nobody here to whom the new order would have to be shown.
+  if (updates == 0) nodes.TakeReordered();
 }
 
 TreeView::TreeView(Form& form, int id) : Control(form, id, std::make_unique<TreeViewPeer>()) {}
@@ -58,7 +58,7 @@ TreeView::Update::~Update() {
   auto& peer = PeerOf<TreeViewPeer>(tree_);
   if (--peer.updates > 0) return;
   peer.EndChange();
-  peer.nodes.SweepTexts();
+  peer.nodes.Sweep();
 }
 
 void TreeView::SetImageList(const ImageList&) {}
@@ -100,7 +100,7 @@ void TreeView::Clear() {
   auto& peer = PeerOf<TreeViewPeer>(*this);
   peer.nodes.Clear();
   peer.selected = kNoNode;
-  if (peer.updates == 0) peer.nodes.SweepTexts();
+  if (peer.updates == 0) peer.nodes.Sweep();
 }
 
 void TreeView::SetText(int node, std::wstring_view text) {

@@ -76,11 +76,11 @@ void TreeViewPeer::OpenWay(int node) {
 void TreeViewPeer::EndChange() {
   if (updates > 0) return;
   Follow();
-  nodes.SweepTexts();
+  nodes.Sweep();
 }
 
 void TreeViewPeer::Follow() {
-  items.Reordered(nodes.SortPending());
+  items.Reordered(nodes.TakeReordered());
   items.Follow(selected, std::exchange(show, false));
   tips_.Changed();
 }

@@ -135,6 +135,19 @@ TEST_F(TextPoolOf, RankedTextsAnswersAsByComparison) {
   EXPECT_FALSE(pool.Ranked());
 }
 
+TEST_F(TextPoolOf, TextsIsRankedAgainWhenTheUnrankedOnesAreGone) {
+  pool.Hold(pool.Share(L"a"));
+  EXPECT_EQ(pool.Unranked(), 1U);
+  pool.RankAll();
+  EXPECT_EQ(pool.Unranked(), 0U);
+  pool.Share(L"b");
+  pool.Share(L"c");
+  EXPECT_EQ(pool.Unranked(), 2U);
+  pool.Sweep();
+  EXPECT_EQ(pool.Unranked(), 0U);
+  EXPECT_TRUE(pool.Ranked());
+}
+
 TEST_F(TextPoolOf, TextsReleasedTogetherKeepsThoseThatAreWantedBeforeTheSweep) {
   const TextRef kept = pool.Share(L"x");
   pool.Hold(kept);

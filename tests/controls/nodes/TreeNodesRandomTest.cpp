@@ -45,6 +45,7 @@ class Picture {
         SetText(node);
         break;
       case 2:
+        SortPlain(plain_[node]);
         plain_[node].sorted = Below(3) > 0;
         nodes_.SetSorted(node, plain_[node].sorted);
         break;
@@ -110,14 +111,16 @@ class Picture {
   }
 
   void Settle() {
-    nodes_.SortPending();
-    nodes_.SweepTexts();
-    for (auto& [node, plain] : plain_) {
-      if (!plain.sorted) continue;
-      std::sort(plain.children.begin(), plain.children.end(), [this](int a, int b) {
-        return std::pair(plain_[a].text, a) < std::pair(plain_[b].text, b);
-      });
-    }
+    nodes_.TakeReordered();
+    nodes_.Sweep();
+    for (auto& [node, plain] : plain_) SortPlain(plain);
+  }
+
+  void SortPlain(Plain& plain) {
+    if (!plain.sorted) return;
+    std::sort(plain.children.begin(), plain.children.end(), [this](int a, int b) {
+      return std::pair(plain_[a].text, a) < std::pair(plain_[b].text, b);
+    });
   }
 
   std::vector<int> Children(int node) const {

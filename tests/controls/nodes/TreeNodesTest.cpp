@@ -48,7 +48,7 @@ TEST_F(TreeNodesOf, NoNodeAtAllAnswersNothing) {
   EXPECT_FALSE(nodes.Exists(1));
   EXPECT_FALSE(nodes.Exists(0));
   EXPECT_FALSE(nodes.Exists(kNoNode));
-  EXPECT_TRUE(nodes.SortPending().empty());
+  EXPECT_TRUE(nodes.TakeReordered().empty());
 }
 
 TEST_F(TreeNodesOf, SeveralRootsKeepTheOrderInWhichTheyCame) {
@@ -141,7 +141,7 @@ TEST_F(TreeNodesOf, AFreedNodeLeavesNothingToTheNextOfItsIndex) {
     EXPECT_FALSE(nodes.Sorted(node));
     EXPECT_FALSE(nodes.HasChildren(node));
   }
-  EXPECT_TRUE(nodes.SortPending().empty());
+  EXPECT_TRUE(nodes.TakeReordered().empty());
 }
 
 TEST_F(TreeNodesOf, AWaitingParentThatIsRemovedIsNotSorted) {
@@ -154,8 +154,27 @@ TEST_F(TreeNodesOf, AWaitingParentThatIsRemovedIsNotSorted) {
   nodes.SetSorted(other, true);
   Add(other, kLeaf, 2, L"d");
   Add(other, kLeaf, 1, L"c");
-  EXPECT_EQ(nodes.SortPending(), std::vector<int>{other});
+  EXPECT_EQ(nodes.TakeReordered(), std::vector<int>{other});
   EXPECT_EQ(Children(other), L"c d ");
+}
+
+TEST_F(TreeNodesOf, ASortedParentArePutInOrderWhenSomebodyAsksForThem) {
+  nodes.SetSorted(root, true);
+  const int c = Add(root, kUser, 1, L"c");
+  const int b = Add(root, kUser, 2, L"b");
+  const int a = Add(root, kUser, 3, L"a");
+  EXPECT_EQ(nodes.AnyChild(root), c);
+  EXPECT_EQ(nodes.OtherSibling(c), b);
+  EXPECT_EQ(nodes.OtherSibling(b), a);
+  EXPECT_EQ(nodes.OtherSibling(a), kNoNode);
+  EXPECT_EQ(nodes.Next(a), b) << "from a child that was found some other way";
+  EXPECT_EQ(Children(root), L"a b c ");
+  const int d = Add(root, kUser, 4, L"aa");
+  EXPECT_EQ(nodes.Previous(d), a);
+  nodes.SetText(d, nodes.Share(L"d"));
+  EXPECT_EQ(nodes.LastChild(root), d);
+  EXPECT_EQ(nodes.LastSibling(a), d);
+  EXPECT_EQ(nodes.FirstSibling(d), a);
 }
 
 TEST_F(TreeNodesOf, AParentThatIsNoLongerSortedKeepsItsOrder) {
@@ -163,11 +182,12 @@ TEST_F(TreeNodesOf, AParentThatIsNoLongerSortedKeepsItsOrder) {
   Add(root, kUser, 1, L"b");
   Add(root, kUser, 2, L"a");
   nodes.SetSorted(root, false);
-  EXPECT_TRUE(nodes.SortPending().empty());
-  EXPECT_EQ(Children(root), L"b a ");
+  EXPECT_EQ(nodes.TakeReordered(), std::vector<int>{root});
+  Add(root, kUser, 3, L"0");
+  EXPECT_TRUE(nodes.TakeReordered().empty());
+  EXPECT_EQ(Children(root), L"a b 0 ");
   nodes.SetSorted(root, true);
-  nodes.SortPending();
-  EXPECT_EQ(Children(root), L"a b ");
+  EXPECT_EQ(Children(root), L"0 a b ");
 }
 
 TEST_F(TreeNodesOf, AChangedTextMovesItsNodeEitherWay) {
@@ -177,17 +197,17 @@ TEST_F(TreeNodesOf, AChangedTextMovesItsNodeEitherWay) {
     const int node = Add(root, kUser, text[0], text);
     if (*text == L'b') b = node;
   }
-  nodes.SortPending();
+  nodes.TakeReordered();
   nodes.SetText(b, nodes.Share(L"dd"));
-  EXPECT_EQ(nodes.SortPending(), std::vector<int>{root});
+  EXPECT_EQ(nodes.TakeReordered(), std::vector<int>{root});
   EXPECT_EQ(Children(root), L"a c d dd e ");
   nodes.SetText(b, nodes.Share(L"0"));
-  nodes.SortPending();
+  nodes.TakeReordered();
   EXPECT_EQ(Children(root), L"0 a c d e ");
   nodes.SetText(b, nodes.Share(L"z"));
-  nodes.SortPending();
+  nodes.TakeReordered();
   EXPECT_EQ(Children(root), L"a c d e z ");
-  EXPECT_TRUE(nodes.SortPending().empty());
+  EXPECT_TRUE(nodes.TakeReordered().empty());
 }
 
 TEST_F(TreeNodesOf, OneTextAreOrderedByTheirIndex) {
@@ -196,7 +216,7 @@ TEST_F(TreeNodesOf, OneTextAreOrderedByTheirIndex) {
   const int b = Add(root, kUser, 2, L"same");
   nodes.Remove(a);
   const int again = Add(root, kUser, 3, L"same");
-  nodes.SortPending();
+  nodes.TakeReordered();
   EXPECT_EQ(again, a);
   EXPECT_EQ(nodes.FirstChild(root), again);
   EXPECT_EQ(nodes.LastChild(root), b);
@@ -211,7 +231,7 @@ TEST_F(TreeNodesOf, ManyFoldersAreSortedTheSameByRankAsByKey) {
       Add(folders.back(), kLeaf, i, std::wstring(1, static_cast<wchar_t>(L'a' + i * 7 % 20)));
     }
   }
-  EXPECT_EQ(nodes.SortPending().size(), 500U);
+  EXPECT_EQ(nodes.TakeReordered().size(), 500U);
   for (const int folder : folders) {
     EXPECT_EQ(Children(folder), L"a b c d e f g h i j k l m n o p q r s t ");
   }
@@ -221,7 +241,7 @@ TEST_F(TreeNodesOf, TextsNoLongerShownGoWithTheSweep) {
   const int user = Add(root, kUser, 1, L"text 0");
   const auto rename = [&](int i) {
     nodes.SetText(user, nodes.Share(L"text " + std::to_wstring(i % 10)));
-    nodes.SweepTexts();
+    nodes.Sweep();
   };
   rename(1);
   rename(2);
@@ -240,6 +260,32 @@ TEST_F(TreeNodesOf, ALeafTakesNoMoreThanFortyBytes) {
   EXPECT_LE(used / kLeaves, 40U);
 }
 
+TEST_F(TreeNodesOf, AClearedTreeKeepsItsRoomUntilTheSweep) {
+  const controls::TextRef text = nodes.Share(L"Lecture");
+  for (int i = 0; i < 100000; ++i) nodes.Add(root, kLeaf, i, text, 0);
+  const std::size_t full = nodes.NodeBytes();
+  nodes.Clear();
+  EXPECT_EQ(nodes.NodeBytes(), full);
+  Add(kNoNode, kRoot, 0, L"root");
+  nodes.Sweep();
+  EXPECT_LT(nodes.NodeBytes(), full / 5);
+}
+
+TEST_F(TreeNodesOf, ANodeInTheRoomOfAClearedTreeIsNew) {
+  nodes.SetExpanded(root, true);
+  nodes.SetStoredName(root, L"stored");
+  nodes.SetSorted(Add(root, kUser, 1, L"user"), true);
+  nodes.Clear();
+  const int again = Add(kNoNode, kRoot, 0, L"root");
+  const int user = Add(again, kUser, 2, L"another");
+  EXPECT_EQ(again, root);
+  EXPECT_EQ(nodes.Children(again), 1);
+  EXPECT_FALSE(nodes.Expanded(again));
+  EXPECT_EQ(nodes.StoredName(again), L"");
+  EXPECT_FALSE(nodes.Sorted(user));
+  EXPECT_FALSE(nodes.Exists(user + 1));
+}
+
 TEST_F(TreeNodesOf, ManyWaitingFoldersAreRemovedWithoutDelay) {
   for (int i = 0; i < 60000; ++i) {
     const int user = Add(root, kUser, i, L"user");
@@ -248,7 +294,7 @@ TEST_F(TreeNodesOf, ManyWaitingFoldersAreRemovedWithoutDelay) {
   }
   nodes.RemoveChildren(root);
   EXPECT_EQ(nodes.Count(), 1);
-  EXPECT_TRUE(nodes.SortPending().empty());
+  EXPECT_TRUE(nodes.TakeReordered().empty());
 }
 
 }  // namespace
