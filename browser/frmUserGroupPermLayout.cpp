@@ -16,6 +16,8 @@ void frmUserGroupPerm::SettingControls() {
   lblTree[0].SetPlainCaption(text(app::kUsersTreeName));
   lblTree[1].SetPlainCaption(text(app::kGroupsTreeName));
   for (controls::Label& label : lblTree) label.SetVisible(false);
+  // Before there is anything to be read: drawing the images takes its time.
+  for (controls::TreeView& tree : TreeView1) tree.SetImageList(ImageList1);
   fraUser.SetCaption(text(app::kUsers));
   fraMemberOf.SetCaption(captions_.memberOfCaption);
   fraUserPermission.SetCaption(captions_.userPermissionsCaption);
