@@ -62,13 +62,14 @@ struct TreeViewPeer : Control::Peer {
   LRESULT Key(const Message& message);
   LRESULT Character(const Message& message);
   LRESULT FocusMessage(const Message& message);
-  void Paint() const;
-  bool IsFrameConcerned(WPARAM part) const;
-  void PrintClient(WPARAM context) const;
   LRESULT Expand(const Message& message);
   LRESULT Reach(const Message& message);
   void Chosen(int node);
   void Opened(int node, bool expanded);
+  // --- How it is painted (TreeViewPaint.cpp) ---
+  void Paint() const;
+  void PrintClient(WPARAM context) const;
+  bool IsFrameConcerned(WPARAM part) const;
 
   TreeTips tips_{*this};
 };
