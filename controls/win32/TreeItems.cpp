@@ -6,13 +6,12 @@ namespace controls {
 
 void TreeItems::Attach(HWND window) {
   window_ = window;
-  Cleared();
-  cleared_ = false;
+  Forget();
 }
 
 void TreeItems::Detach() {
-  Cleared();
   window_ = nullptr;
+  Forget();
 }
 
 void TreeItems::Added(int parent) {
@@ -54,7 +53,15 @@ void TreeItems::ForgetBelow(int node) {
   }
 }
 
-void TreeItems::Cleared() {
+void TreeItems::Clearing() {
+  if (!cleared_) KeepSpares();
+  std::vector<Spare> spares = std::move(spares_);
+  Forget();
+  spares_ = std::move(spares);
+  cleared_ = true;
+}
+
+void TreeItems::Forget() {
   items_.clear();
   filled_.clear();
   filled_[kNoNode];
@@ -62,7 +69,8 @@ void TreeItems::Cleared() {
   changedParents_.clear();
   changedNodes_.clear();
   changedExpansions_.clear();
-  cleared_ = true;
+  spares_.clear();
+  cleared_ = false;
 }
 
 void TreeItems::Changed(int node) {

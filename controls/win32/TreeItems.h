@@ -25,7 +25,8 @@ class TreeItems {
   // The node, or all below it, is about to be removed.
   void Removing(int node);
   void RemovingChildren(int node);
-  void Cleared();
+  // All nodes are about to be removed.
+  void Clearing();
   // Its text or image.
   void Changed(int node);
   void Expanded(int node);
@@ -50,6 +51,17 @@ class TreeItems {
  private:
   class Quiet;
 
+  // An item whose node is gone and which may stand for another one. The node, the text and the rest
+  // are what it shows.
+  struct Spare {
+    HTREEITEM item = nullptr;
+    int node = kNoNode;
+    TextRef text = 0;
+    int image = 0;
+    bool hasChildren = false;
+    bool opened = false;  // the control has been told of children below it
+  };
+
   // An item that goes, or all that is below it.
   struct Removal {
     HTREEITEM item;
@@ -60,6 +72,13 @@ class TreeItems {
   bool Pending() const;
   void Forget(int node);
   void ForgetBelow(int node);
+  void Forget();
+  void KeepSpares();
+  Spare ShownAs(int node) const;
+  bool UseSpares();
+  HTREEITEM TakeSpare(int node);
+  void DeleteSpares();
+  void ShowFromTheStart() const;
   void DeleteRemoved();
   void DeleteChildren(HTREEITEM item) const;
   HTREEITEM TopThatStays() const;
@@ -83,6 +102,9 @@ class TreeItems {
   // In the order in which they happened: what is above a removed item may be removed after it.
   std::vector<Removal> removals_;
   bool cleared_ = false;
+  // The root and its children as they stood before all nodes were removed, the next to be used
+  // last.
+  std::vector<Spare> spares_;
   std::unordered_set<int> changedParents_;
   std::unordered_set<int> changedNodes_;
   std::unordered_set<int> changedExpansions_;

@@ -53,8 +53,14 @@ class TreeItems::Quiet {
 };
 
 void TreeItems::Follow(int selected, bool show) {
-  if (!window_ || busy_ > 0) return;
+  if (!window_) return;
+  if (busy_ > 0) {
+    // Texts may be swept before the next time, and what spares show could not be told any more.
+    if (cleared_) spares_.clear();
+    return;
+  }
   HTREEITEM top = nullptr;
+  const bool anew = cleared_;
   {
     const Quiet quiet(*this, Pending());
     top = TopThatStays();
@@ -64,9 +70,11 @@ void TreeItems::Follow(int selected, bool show) {
     for (const int node : std::exchange(changedNodes_, {})) Refresh(node);
     for (const int node : parents) ShowExpansion(node);
     for (const int node : std::exchange(changedExpansions_, {})) ShowExpansion(node);
+    DeleteSpares();
     Reselect(selected);
   }
   ++busy_;
+  if (anew) ShowFromTheStart();
   top = ShownLine(top);
   if (top && reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE, 0)) != top) {
     Send(TVM_SELECTITEM, TVGN_FIRSTVISIBLE, reinterpret_cast<LPARAM>(top));
@@ -107,7 +115,7 @@ HTREEITEM TreeItems::ShownLine(HTREEITEM item) const {
 }
 
 void TreeItems::DeleteRemoved() {
-  if (std::exchange(cleared_, false)) {
+  if (std::exchange(cleared_, false) && !UseSpares()) {
     Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
   }
   for (const Removal& removal : std::exchange(removals_, {})) {
@@ -184,6 +192,11 @@ void TreeItems::InsertInPlace(const std::vector<int>& wanted) {
 }
 
 void TreeItems::Insert(int node, HTREEITEM after) {
+  if (HTREEITEM spare = TakeSpare(node)) {
+    items_[node] = spare;
+    if (nodes_.Expanded(node)) ShowExpansion(node);
+    return;
+  }
   const int parent = nodes_.Parent(node);
   TVINSERTSTRUCTW native = {};
   native.hParent = parent == kNoNode ? TVI_ROOT : ItemOf(parent);

@@ -71,8 +71,8 @@ void TreeView::RemoveChildren(int node) {
 
 void TreeView::Clear() {
   TreeViewPeer& peer = PeerOfTree(*this);
+  peer.items.Clearing();
   peer.nodes.Clear();
-  peer.items.Cleared();
   peer.selected = kNoNode;
   peer.EndChange();
 }

@@ -70,6 +70,21 @@ class NativeTreeWalk : public TreeTest, public testing::WithParamInterface<unsig
     for (int i = Below(6); i >= 0; --i) ChangeTree(AnyNode());
   }
 
+  // All nodes anew in one update, as a refresh does: much is as before, and some is not.
+  void BuildAnew() {
+    controls::TreeView::Update update(tree);
+    tree.Clear();
+    const int top = tree.Add(kNoNode, kRootForm, 0, L"Utilisateurs", Below(2));
+    tree.SetSorted(top, Below(3) != 0);
+    for (int i = Below(10) == 0 ? 0 : 20 + Below(8); i > 0; --i) {
+      const int account = tree.Add(top, kUserForm, i, AnyText(), Below(8) == 0 ? 1 : 0);
+      if (Below(4) != 0) AddSome(account, 2);
+    }
+    if (Below(20) == 0) tree.Add(kNoNode, kRootForm, 0, L"Groupes", 0);
+    if (Below(3) != 0) tree.SetSelectedNode(AnyNode());
+    if (Below(8) != 0) tree.SetExpanded(top, true);
+  }
+
   NativeTree native{tree};
   std::mt19937 random{GetParam()};
   int nextId = 1000;
@@ -79,6 +94,15 @@ TEST_P(NativeTreeWalk, LeavesTheControlInStepWithTheNodes) {
   for (int step = 0; step < 400; ++step) {
     Step();
     ASSERT_EQ(native.Difference(), "") << "seed " << GetParam() << ", step " << step;
+  }
+}
+
+TEST_P(NativeTreeWalk, LeavesTheControlInStepWithATreeThatIsBuiltAnew) {
+  for (int step = 0; step < 200; ++step) {
+    BuildAnew();
+    ASSERT_EQ(native.Difference(), "") << "seed " << GetParam() << ", tree " << step;
+    for (int i = Below(4); i > 0; --i) Step();
+    ASSERT_EQ(native.Difference(), "") << "seed " << GetParam() << ", behind tree " << step;
   }
 }
 
