@@ -62,7 +62,8 @@ bool IsTaken(const controls::TreeNodes& nodes, std::wstring_view name, std::int3
   const int root = nodes.Root();
   if (root == controls::kNoNode) return false;
   const SameButForCase isSame(name);
-  for (int node = nodes.FirstChild(root); node != controls::kNoNode; node = nodes.Next(node)) {
+  for (int node = nodes.AnyChild(root); node != controls::kNoNode;
+       node = nodes.OtherSibling(node)) {
     if (!isSame(NameInText(nodes.Text(node)))) continue;
     if (idOfKey(nodes.Key(node)) != ownId) return true;
   }
