@@ -165,7 +165,7 @@ void Select(frmUserGroupPerm& window, const Command& command) {
   if (node == controls::kNoNode) throw std::runtime_error("no node " + command.key);
   window.TabStrip1.SetSelectedTab(command.tree);
   tree.SetSelectedNode(node);
-  window.Repaint();
+  Settle(window);
 }
 
 void Measure(Program& program, const Command& command) {
@@ -184,7 +184,7 @@ void Measure(Program& program, const Command& command) {
     select(*window);
     const double seconds = SecondsOf([&] {
       command.press(*window);
-      window->Repaint();
+      Settle(*window);
     });
     undo();
     const double floorSeconds = floor.Run();

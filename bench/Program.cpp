@@ -86,4 +86,13 @@ void Program::AnswerDialogs(std::function<void(controls::Form& form)> answer) {
   desktop_.Instead.ModalShown = std::move(answer);
 }
 
+// Controls that nobody can see do not ask for the order by themselves.
+void Settle(browser::frmUserGroupPerm& window) {
+  for (const controls::TreeView& tree : window.TreeView1) {
+    const controls::TreeNodes& nodes = tree.Nodes();
+    nodes.FirstChild(nodes.Root());
+  }
+  window.Repaint();
+}
+
 }  // namespace bench

@@ -43,4 +43,7 @@ class Program {
   test_support::SampleDatabase database_;
 };
 
+// What is left until the window is usable: it is painted, and the accounts stand in their order.
+void Settle(browser::frmUserGroupPerm& window);
+
 }  // namespace bench

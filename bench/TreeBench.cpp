@@ -91,7 +91,7 @@ void Measure(int users) {
   for (int pair = 0; pair < kPairs; ++pair) {
     const double seconds = SecondsOf([&] {
       window->RefreshTree();
-      window->Repaint();
+      Settle(*window);
     });
     refresh.Add(seconds, floor.Run());
   }
