@@ -1,6 +1,5 @@
 // How a tree view is painted: no more of it than has changed, and in one go.
 
-#include "controls/win32/StillScrollBars.h"
 #include "controls/win32/TreeViewPeer.h"
 
 namespace controls {
@@ -31,7 +30,7 @@ void TreeViewPeer::Paint() const {
     IntersectClipRect(memory.Get(), area.left, area.top, area.right, area.bottom);
     const auto context = reinterpret_cast<WPARAM>(memory.Get());
     Native({WM_ERASEBKGND, context, 0});
-    PrintClient(context);
+    Native({WM_PRINTCLIENT, context, PRF_CLIENT});
     BitBlt(target, area.left, area.top, area.right - area.left, area.bottom - area.top,
            memory.Get(), area.left, area.top, SRCCOPY);
     SelectObject(memory.Get(), old);
@@ -50,13 +49,6 @@ bool TreeViewPeer::IsFrameConcerned(WPARAM part) const {
   if (GetRgnBox(reinterpret_cast<HRGN>(part), &changed) == ERROR) return true;
   UnionRect(&changed, &changed, &client);
   return EqualRect(&changed, &client) == FALSE;
-}
-
-// The control sets its scroll bars each time it draws itself, which has them painted each time.
-void TreeViewPeer::PrintClient(WPARAM context) const {
-  StillScrollBars bars(window);
-  Native({WM_PRINTCLIENT, context, PRF_CLIENT});
-  if (bars.End()) SendMessageW(window, WM_NCPAINT, kWholeFrame, 0);
 }
 
 }  // namespace controls

@@ -68,7 +68,6 @@ struct TreeViewPeer : Control::Peer {
   void Opened(int node, bool expanded);
   // --- How it is painted (TreeViewPaint.cpp) ---
   void Paint() const;
-  void PrintClient(WPARAM context) const;
   bool IsFrameConcerned(WPARAM part) const;
 
   TreeTips tips_{*this};
