@@ -3,16 +3,11 @@
 #include <algorithm>
 
 #include "app/ErrorReport.h"
+#include "browser/TreeIndex.h"
 #include "data/NodeKey.h"
 #include "data/RunTimeError.h"
 
 namespace browser {
-namespace {
-
-constexpr int kUsers = 0;
-constexpr int kGroups = 1;
-
-}  // namespace
 
 int AllDone(std::initializer_list<int> statuses) {
   return std::all_of(statuses.begin(), statuses.end(),

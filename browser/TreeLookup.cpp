@@ -1,15 +1,13 @@
 #include "browser/TreeLookup.h"
 
 #include "app/ErrorReport.h"
+#include "browser/TreeIndex.h"
 #include "data/NodeKey.h"
 #include "data/RunTimeError.h"
 #include "data/Text.h"
 
 namespace browser {
 namespace {
-
-constexpr int kUsers = 0;
-constexpr int kGroups = 1;
 
 // Where a tag has no place in a table.
 constexpr int kNowhere = -1;

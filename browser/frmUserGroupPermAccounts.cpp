@@ -5,6 +5,7 @@
 #include "app/StringIds.h"
 #include "browser/AccountRows.h"
 #include "browser/Protection.h"
+#include "browser/TreeIndex.h"
 #include "browser/TreeKeys.h"
 #include "browser/frmUserGroupPerm.h"
 #include "controls/Desktop.h"
@@ -16,12 +17,6 @@
 #include "dialogs/frmNewUser.h"
 
 namespace browser {
-namespace {
-
-constexpr int kUsers = 0;
-constexpr int kGroups = 1;
-
-}  // namespace
 
 void frmUserGroupPerm::cmdUser_Click(int Index) {
   const Selection at = ReadSelection(kUsers);

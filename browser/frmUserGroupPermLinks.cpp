@@ -4,6 +4,7 @@
 #include "app/MQVXMsgBox.h"
 #include "app/StringIds.h"
 #include "browser/Protection.h"
+#include "browser/TreeIndex.h"
 #include "browser/frmUserGroupPerm.h"
 #include "controls/Desktop.h"
 #include "data/MSQLStatement.h"
@@ -15,8 +16,6 @@
 namespace browser {
 namespace {
 
-constexpr int kUsers = 0;
-constexpr int kGroups = 1;
 constexpr int kAssignIndex = 0;
 
 }  // namespace
