@@ -71,9 +71,9 @@ std::vector<std::wstring> Program::Statements(
     const std::function<void(browser::frmUserGroupPerm& window)>& prepare,
     const std::function<void(browser::frmUserGroupPerm& window)>& work,
     const std::vector<std::string>& writes) {
-  testing_support::CallLog log;
+  test_support::CallLog log;
   const auto window =
-      Start([this, &log] { return testing_support::Record(CreateServer(database_), log); });
+      Start([this, &log] { return test_support::Record(CreateServer(database_), log); });
   prepare(*window);
   log.calls.clear();
   work(*window);

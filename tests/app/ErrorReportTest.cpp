@@ -29,7 +29,7 @@ class Report : public ::testing::Test {
   }
 
   controls::Desktop desktop;
-  testing_support::User user{desktop};
+  test_support::User user{desktop};
   mGlobal global{desktop};
 };
 

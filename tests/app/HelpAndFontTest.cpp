@@ -28,7 +28,7 @@ class Help : public ::testing::Test {
   }
 
   controls::Desktop desktop;
-  testing_support::User user{desktop};
+  test_support::User user{desktop};
   mGlobal global{desktop};
   controls::Form form{desktop, IDD_USER_GROUP_PERM};
 };

@@ -21,7 +21,7 @@ class MessageBoxes : public ::testing::Test {
   }
 
   controls::Desktop desktop;
-  testing_support::User user{desktop};
+  test_support::User user{desktop};
   mGlobal global{desktop};
   MQVXMsgBox boxes{global};
 };

@@ -202,7 +202,7 @@ TEST_F(AccountCommands, CancellingADialogChangesNoNode) {
   Run([this](frmUserGroupPerm& window) {
     const Strings before = Look(window);
     const auto cancel = [this](controls::Form& form) {
-      user.PressKey(form, testing_support::kKeyEscape);
+      user.PressKey(form, test_support::kKeyEscape);
       log.statements.clear();
     };
     Select(window, 0, L"\\TUS \\U9");

@@ -11,8 +11,8 @@
 namespace browser {
 namespace {
 
-using testing_support::Tables;
-using testing_support::TreeLines;
+using test_support::Tables;
+using test_support::TreeLines;
 
 constexpr long kInjected = 1234;
 
@@ -37,7 +37,7 @@ class CommandFaults : public CommandTest {
  protected:
   void KeepDatabase() {
     auto raw = Raw();
-    testing_support::CutDownSample(raw);
+    test_support::CutDownSample(raw);
     for (const std::string table : kTables) {
       raw.Execute("CREATE TABLE KEPT_" + table + " AS SELECT * FROM " + table);
     }
@@ -53,7 +53,7 @@ class CommandFaults : public CommandTest {
 
   // Each encryption gives another text.
   static Tables Stored(test_support::RawDatabase& raw) {
-    Tables tables = testing_support::ReadTables(raw);
+    Tables tables = test_support::ReadTables(raw);
     for (auto& [id, record] : tables.users) record.password = record.password.empty() ? L"" : L"*";
     return tables;
   }
@@ -67,7 +67,7 @@ class CommandFaults : public CommandTest {
     };
     desktop.Instead.ModalShown = [this, &test](controls::Form& form) {
       if (reports_.empty()) test.Fill(user, form);
-      if (form.IsLoaded()) user.PressKey(form, testing_support::kKeyEscape);
+      if (form.IsLoaded()) user.PressKey(form, test_support::kKeyEscape);
     };
   }
   void StopAnswering() {
@@ -173,8 +173,8 @@ class CommandFaults : public CommandTest {
 
   void ExpectRefreshPutsRight(frmUserGroupPerm& window, test_support::RawDatabase& raw) {
     EXPECT_EQ(window.RefreshTree(), data::kDone);
-    testing_support::WantedTrees wanted(window.accounts);
-    wanted.Refresh(testing_support::ReadTables(raw));
+    test_support::WantedTrees wanted(window.accounts);
+    wanted.Refresh(test_support::ReadTables(raw));
     for (const int tree : {0, 1}) {
       int nodes = 0;
       for (const auto& [key, line] : wanted.Lines(tree)) {

@@ -12,9 +12,9 @@ using Strings = std::vector<std::wstring>;
 
 // What tests of the main window's commands share: selecting by key, looking at both trees, the
 // statements of the rebuilds and the boxes that commands bring up.
-class CommandTest : public testing_support::MainWindow {
+class CommandTest : public test_support::MainWindow {
  protected:
-  using Where = testing_support::Where;
+  using Where = test_support::Where;
 
   // A click on the node of this key, on its tab.
   void Select(frmUserGroupPerm& window, int tree, const wchar_t* key);

@@ -10,7 +10,7 @@
 namespace browser {
 namespace {
 
-using testing_support::User;
+using test_support::User;
 using Phases = std::vector<FaultPhase>;
 
 constexpr auto kWrite = FaultPhase::kWrite;

@@ -25,7 +25,7 @@ struct FaultCase {
   const wchar_t* key;  // of the node that it is given at
   controls::CommandButton& (*button)(frmUserGroupPerm& window);
   // Fills the dialog in and presses OK; empty for a command that only asks.
-  std::function<void(testing_support::User& user, controls::Form& form)> Fill;
+  std::function<void(test_support::User& user, controls::Form& form)> Fill;
   std::vector<FaultPhase> phases;
 };
 

@@ -19,7 +19,7 @@ std::wstring U(const char* utf8) {
 }
 
 // Martin is user 9; Qualité, group 6, is none of his.
-class Folders : public testing_support::MainWindow {
+class Folders : public test_support::MainWindow {
  protected:
   static TreeView& Users(frmUserGroupPerm& window) { return window.TreeView1[0]; }
   static TreeView& Groups(frmUserGroupPerm& window) { return window.TreeView1[1]; }

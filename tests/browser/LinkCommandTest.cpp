@@ -247,7 +247,7 @@ TEST_F(LinkAssignment, OfNothingTickedOrCancelledChangesNoNode) {
       user.ExpectModal([this](controls::Form& form) {
         user.Click(dynamic_cast<dialogs::frmListItem&>(form).cmdBtn[0]);
         user.ExpectMsgBox(controls::kResultYes);
-        user.PressKey(form, testing_support::kKeyEscape);
+        user.PressKey(form, test_support::kKeyEscape);
         log.statements.clear();
       });
       user.Click(button);
@@ -258,7 +258,7 @@ TEST_F(LinkAssignment, OfNothingTickedOrCancelledChangesNoNode) {
     nothing(1, L"\\TGP \\G6 \\P", window.cmdGroupPermission[0]);
     Select(window, 1, L"\\TMS \\G6 \\U");
     user.ExpectModal([this](controls::Form& form) {
-      user.PressKey(form, testing_support::kKeyEscape);
+      user.PressKey(form, test_support::kKeyEscape);
       log.statements.clear();
     });
     user.Click(window.cmdMember[0]);

@@ -87,7 +87,7 @@ class TreeCommands : public CommandTest {
   void ExpectEscape() {
     user.ExpectModal([this](controls::Form& form) {
       EXPECT_NE(dynamic_cast<Dialog*>(&form), nullptr);
-      user.PressKey(form, testing_support::kKeyEscape);
+      user.PressKey(form, test_support::kKeyEscape);
     });
   }
 };
@@ -206,14 +206,14 @@ TEST_F(TreeCommands, F2EditsTheAccountFromAnyOfItsNodes) {
       Select(window, 0, key);
       user.ExpectModal([this](controls::Form& form) {
         EXPECT_EQ(dynamic_cast<dialogs::frmEditUser&>(form).UserID, 9);
-        user.PressKey(form, testing_support::kKeyEscape);
+        user.PressKey(form, test_support::kKeyEscape);
       });
       user.PressKey(window, controls::kKeyF2);
     }
     Select(window, 1, L"\\TUG \\G6 \\U15");
     user.ExpectModal([this](controls::Form& form) {
       EXPECT_EQ(dynamic_cast<dialogs::frmEditGroup&>(form).GroupID, 6);
-      user.PressKey(form, testing_support::kKeyEscape);
+      user.PressKey(form, test_support::kKeyEscape);
     });
     user.PressKey(window, controls::kKeyF2);
   });
@@ -286,7 +286,7 @@ TEST_F(TreeCommands, CtrlCCopiesTheNodeAndWhatIsBelowItIndented) {
   Run([this](frmUserGroupPerm& window) {
     Select(window, 1, L"\\TGR \\G12");
     log.calls.clear();
-    user.PressCtrl(window, testing_support::kKeyC);
+    user.PressCtrl(window, test_support::kKeyC);
     EXPECT_EQ(user.Clipboard(),
               L"Laboratoire (Mesures et essais)\r\n"
               L"\tDroits du Groupe\r\n"
@@ -302,10 +302,10 @@ TEST_F(TreeCommands, CtrlCCopiesTheNodeAndWhatIsBelowItIndented) {
 TEST_F(TreeCommands, CtrlCOnALeafCopiesItsTextAlone) {
   Run([this](frmUserGroupPerm& window) {
     Select(window, 0, L"\\TPU \\U9 \\P14");
-    user.PressCtrl(window, testing_support::kKeyC);
+    user.PressCtrl(window, test_support::kKeyC);
     EXPECT_EQ(user.Clipboard(), L"Consulter le stock");
     Select(window, 0, L"\\TUP \\U9 \\P");
-    user.PressCtrl(window, testing_support::kKeyInsert);
+    user.PressCtrl(window, test_support::kKeyInsert);
     EXPECT_EQ(user.Clipboard(),
               L"Droits Utilisateur\r\n\tConsulter le stock\r\n\tSaisir un relevé de contrôle");
   });
@@ -317,7 +317,7 @@ TEST_F(TreeCommands, BreaksAndTabsWithinANameDoNotBreakTheCopiedLines) {
       "NULL WHERE GROUPID = 12");
   Run([this](frmUserGroupPerm& window) {
     Select(window, 0, L"\\TGU \\U9 \\G12");
-    user.PressCtrl(window, testing_support::kKeyC);
+    user.PressCtrl(window, test_support::kKeyC);
     EXPECT_EQ(user.Clipboard(), L"a  b c");
   });
 }
@@ -334,7 +334,7 @@ TEST_F(TreeCommands, AClipboardThatIsOccupiedOnlyBeeps) {
     Select(window, 0, L"\\TUS \\U9");
     user.SetClipboardOccupied(true);
     const int beeps = user.BeepCount();
-    user.PressCtrl(window, testing_support::kKeyC);
+    user.PressCtrl(window, test_support::kKeyC);
     EXPECT_EQ(user.BeepCount(), beeps + 1);
     EXPECT_EQ(user.Clipboard(), L"");
   });

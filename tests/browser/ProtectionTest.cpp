@@ -79,7 +79,7 @@ constexpr Row kMoreauForHimself[] = {
     {0, L"\\TPU \\U2 \\P29", "E-N -- AR"}, {0, L"\\TAP \\U2 \\P", "E-N -- --"},
 };
 
-class Protection : public testing_support::MainWindow {
+class Protection : public test_support::MainWindow {
  protected:
   static std::vector<CommandButton*> Buttons(frmUserGroupPerm& window, int tree) {
     const auto all = [](auto& account, auto& first, auto& second) {
@@ -133,7 +133,7 @@ class Protection : public testing_support::MainWindow {
   void ExpectDialog() {
     user.ExpectModal([this](controls::Form& form) {
       EXPECT_NE(dynamic_cast<Dialog*>(&form), nullptr);
-      user.PressKey(form, testing_support::kKeyEscape);
+      user.PressKey(form, test_support::kKeyEscape);
     });
   }
 

@@ -38,14 +38,14 @@ constexpr const char* kMisleadingNames[] = {
     "UPDATE QRPERM SET NAME = 'Ensemble des Droits' WHERE PERMID = 21",
 };
 
-class RandomWalk : public testing_support::MainWindow {
+class RandomWalk : public test_support::MainWindow {
  protected:
   void TearDown() override { window.Unload(); }
 
   void Start(int seed) {
     UseSample();
     auto raw = Raw();
-    testing_support::CutDownSample(raw);
+    test_support::CutDownSample(raw);
     for (const char* statement : kMisleadingNames) raw.Execute(statement);
     user.SetCommandLine(Database().CommandLine(seed % 3 == 0 ? L"Moreau" : L"Admin"));
     window.Show();
@@ -55,7 +55,7 @@ class RandomWalk : public testing_support::MainWindow {
   void Walk(int seed) {
     Start(seed);
     auto raw = Raw();
-    testing_support::Walker walker(window, user, log, raw, static_cast<std::uint32_t>(seed));
+    test_support::Walker walker(window, user, log, raw, static_cast<std::uint32_t>(seed));
     try {
       for (int step = 0; step < kSteps && !HasFailure(); ++step) walker.Step();
     } catch (const std::exception& error) {

@@ -20,7 +20,7 @@ using controls::TreeView;
 // What is over sooner is over at once, as far as the status line is concerned.
 constexpr std::chrono::milliseconds kAtOnce{100};
 
-class Refresh : public testing_support::MainWindow {
+class Refresh : public test_support::MainWindow {
  protected:
   static void ExpectOnItsRoot(const TreeView& tree) {
     EXPECT_EQ(tree.SelectedNode(), tree.Nodes().Root());

@@ -10,10 +10,10 @@ namespace browser {
 namespace {
 
 using controls::kResultOk;
-using testing_support::CallLog;
+using test_support::CallLog;
 using Strings = std::vector<std::wstring>;
 
-class StartUp : public testing_support::MainWindow {
+class StartUp : public test_support::MainWindow {
  protected:
   static constexpr long kInjected = 1234;
 

@@ -20,7 +20,7 @@ std::wstring U(const char* utf8) {
   return data::FromUtf8(utf8);
 }
 
-class Trees : public testing_support::MainWindow {};
+class Trees : public test_support::MainWindow {};
 
 TEST_F(Trees, EveryNodeHasTheKeyOfItsKindComposedFromItsParents) {
   Run([](frmUserGroupPerm& window) {

@@ -9,7 +9,7 @@ namespace {
 
 using controls::CommandButton;
 
-class Window : public testing_support::MainWindow {};
+class Window : public test_support::MainWindow {};
 
 TEST_F(Window, EveryCaptionComesFromTheStringTable) {
   Run([this](frmUserGroupPerm& window) {
@@ -70,7 +70,7 @@ TEST_F(Window, TheNamesOfTheTreesAreNeverOnView) {
         // Directly before the tree that it names, for whoever walks the controls in their order.
         EXPECT_LT(window.lblTree[Index].TabIndex(), window.TreeView1[Index].TabIndex());
       }
-      user.PressKey(window, testing_support::kKeyTab);
+      user.PressKey(window, test_support::kKeyTab);
       EXPECT_TRUE(window.TreeView1[tab].HasFocus());
     }
   });

@@ -3,7 +3,7 @@
 namespace controls_test {
 namespace {
 
-using testing_support::kKeySpace;
+using test_support::kKeySpace;
 
 class CheckList : public ControlsTest {
  protected:

@@ -22,7 +22,7 @@ class ControlsTest : public testing::Test {
   }
 
   controls::Desktop desktop;
-  testing_support::User user{desktop};
+  test_support::User user{desktop};
   TestForm form{desktop};
   Events events;
   int escapedErrors = 0;

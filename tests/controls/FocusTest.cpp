@@ -3,7 +3,7 @@
 namespace controls_test {
 namespace {
 
-using testing_support::kKeyTab;
+using test_support::kKeyTab;
 
 class Focus : public ControlsTest {
  protected:

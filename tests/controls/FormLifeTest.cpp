@@ -11,7 +11,7 @@ class FormLife : public testing::Test {
   }
 
   controls::Desktop desktop;
-  testing_support::User user{desktop};
+  test_support::User user{desktop};
   TestForm form{desktop};
   Events events;
 };

@@ -3,10 +3,10 @@
 namespace controls_test {
 namespace {
 
-using testing_support::kKeyEnter;
-using testing_support::kKeyEscape;
-using testing_support::kKeySpace;
-using testing_support::kKeyTab;
+using test_support::kKeyEnter;
+using test_support::kKeyEscape;
+using test_support::kKeySpace;
+using test_support::kKeyTab;
 
 class Keyboard : public ControlsTest {
  protected:

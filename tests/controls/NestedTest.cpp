@@ -3,8 +3,8 @@
 namespace controls_test {
 namespace {
 
-using testing_support::kKeyEnter;
-using testing_support::kKeyEscape;
+using test_support::kKeyEnter;
+using test_support::kKeyEscape;
 
 // Boxes and forms that come up in the middle of an event, as dialogs have them.
 class Nested : public TreeTest {

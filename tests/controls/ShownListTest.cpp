@@ -6,15 +6,15 @@
 namespace controls_test {
 namespace {
 
-using testing_support::ShownItem;
-using testing_support::ShownItems;
+using test_support::ShownItem;
+using test_support::ShownItems;
 using Kind = controls::ListBox::Kind;
 
 // A list beside its plain picture: a long row of changes by the program and the user, each made to
 // both.
 class RandomList {
  public:
-  RandomList(controls::ListBox& list, Kind kind, testing_support::User& user, unsigned seed)
+  RandomList(controls::ListBox& list, Kind kind, test_support::User& user, unsigned seed)
       : list_(list), kind_(kind), user_(user), random_(seed) {
     list_.ItemCheck = [this](int) { ++checks_; };
     list_.Click = [this] { ++clicks_; };
@@ -137,7 +137,7 @@ class RandomList {
 
   controls::ListBox& list_;
   const Kind kind_;
-  testing_support::User& user_;
+  test_support::User& user_;
   std::mt19937 random_;
   std::vector<ShownItem> picture_;
   int index_ = -1;

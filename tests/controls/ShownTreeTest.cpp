@@ -9,8 +9,8 @@ namespace controls_test {
 namespace {
 
 using controls::kNoNode;
-using testing_support::ShownNode;
-using testing_support::ShownNodes;
+using test_support::ShownNode;
+using test_support::ShownNodes;
 
 // What a tree is to show of its nodes.
 void Expect(const controls::TreeView& tree, int first, int level, std::vector<ShownNode>& lines) {
@@ -61,7 +61,7 @@ TEST_F(ShownTree, KeepsTheNodesBelowAClosedOne) {
 // time what the nodes say.
 class RandomTree {
  public:
-  RandomTree(controls::TreeView& tree, testing_support::User& user, unsigned seed)
+  RandomTree(controls::TreeView& tree, test_support::User& user, unsigned seed)
       : tree_(tree), user_(user), random_(seed) {
     tree_.Clear();
     tree_.Add(kNoNode, kRootForm, 0, L"root", 0);
@@ -137,7 +137,7 @@ class RandomTree {
   }
 
   controls::TreeView& tree_;
-  testing_support::User& user_;
+  test_support::User& user_;
   std::mt19937 random_;
 };
 

@@ -47,8 +47,8 @@ TEST_F(TreeTip, IsEmptyWhereAskingFails) {
 TEST_F(TreeCopy, IsAskedForWithCtrlCAndCtrlInsertForTheSelectedNode) {
   user.Select(tree, five);
   events.clear();
-  user.PressCtrl(form, testing_support::kKeyC);
-  user.PressCtrl(form, testing_support::kKeyInsert);
+  user.PressCtrl(form, test_support::kKeyC);
+  user.PressCtrl(form, test_support::kKeyInsert);
   EXPECT_EQ(events, (Events{L"copy Qualité", L"copy Qualité"}));
   EXPECT_EQ(user.BeepCount(), 0);
 }
@@ -58,21 +58,21 @@ TEST_F(TreeCopy, ReachesTheFormsKeyProceduresFirst) {
   events.clear();
   form.OnKeyDown = [this](int key) { events.push_back(L"down " + std::to_wstring(key)); };
   form.OnKeyUp = [this](int key) { events.push_back(L"up " + std::to_wstring(key)); };
-  user.PressCtrl(form, testing_support::kKeyC);
+  user.PressCtrl(form, test_support::kKeyC);
   EXPECT_EQ(events, (Events{L"down 67", L"copy Utilisateurs", L"up 67"}));
 }
 
 TEST_F(TreeCopy, TakesTheControlKey) {
   user.Select(tree, root);
   events.clear();
-  user.PressKey(form, testing_support::kKeyC);
-  user.PressKey(form, testing_support::kKeyInsert);
+  user.PressKey(form, test_support::kKeyC);
+  user.PressKey(form, test_support::kKeyInsert);
   EXPECT_EQ(events, Events{});
 }
 
 TEST_F(TreeCopy, TakesASelectedNode) {
   user.Focus(tree);
-  user.PressCtrl(form, testing_support::kKeyC);
+  user.PressCtrl(form, test_support::kKeyC);
   EXPECT_EQ(events, Events{});
 }
 
@@ -80,14 +80,14 @@ TEST_F(TreeCopy, TakesATreeThatHasTheFocus) {
   user.Select(tree, root);
   events.clear();
   form.ok.SetFocus();
-  user.PressCtrl(form, testing_support::kKeyC);
+  user.PressCtrl(form, test_support::kKeyC);
   EXPECT_EQ(events, Events{});
 }
 
 TEST_F(TreeCopy, MayUnloadItsForm) {
   user.Select(tree, root);
   tree.Copy = [this](int) { form.Unload(); };
-  user.PressCtrl(form, testing_support::kKeyC);
+  user.PressCtrl(form, test_support::kKeyC);
   EXPECT_FALSE(form.IsLoaded());
 }
 

@@ -56,7 +56,7 @@ TEST_F(UserOfTests, FailsOnAScriptThatLeavesItsFormOpenAndTakesItAway) {
 
 TEST_F(UserOfTests, FailsInTheEndOnABoxThatHasNotAppeared) {
   controls::Desktop other;
-  auto someone = std::make_unique<testing_support::User>(other);
+  auto someone = std::make_unique<test_support::User>(other);
   someone->ExpectMsgBox(controls::kResultOk);
   EXPECT_NONFATAL_FAILURE(someone.reset(), "has not appeared");
 }
@@ -83,14 +83,14 @@ TEST_F(UserOfTests, FailsOnACommandThatTheMenuDoesNotOffer) {
 
 TEST_F(UserOfTests, FailsInTheEndOnAMenuThatHasNotAppeared) {
   controls::Desktop other;
-  auto someone = std::make_unique<testing_support::User>(other);
+  auto someone = std::make_unique<test_support::User>(other);
   someone->ExpectMenu(1);
   EXPECT_NONFATAL_FAILURE(someone.reset(), "has not appeared");
 }
 
 TEST_F(UserOfTests, FailsInTheEndOnAFormThatHasNotAppeared) {
   controls::Desktop other;
-  auto someone = std::make_unique<testing_support::User>(other);
+  auto someone = std::make_unique<test_support::User>(other);
   someone->ExpectModal([](controls::Form&) {});
   EXPECT_NONFATAL_FAILURE(someone.reset(), "has not appeared");
 }

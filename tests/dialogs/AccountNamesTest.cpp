@@ -33,7 +33,7 @@ class AccountNames : public ::testing::Test {
   }
 
   controls::Desktop desktop;
-  testing_support::User user{desktop};
+  test_support::User user{desktop};
   app::mGlobal global{desktop};
   controls::TreeNodes tree{controls::SortKey};
   int root;

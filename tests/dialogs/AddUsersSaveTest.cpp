@@ -94,7 +94,7 @@ TEST_F(AddUsersSave, CancelAsksOnlyAfterAMoveAndWritesNothing) {
     AddUsers(12, [&](frmAddUserInGroup& dialog) {
       const auto leave = [&] {
         if (escape) {
-          user.PressKey(dialog, testing_support::kKeyEscape);
+          user.PressKey(dialog, test_support::kKeyEscape);
         } else {
           user.Close(dialog);
         }
@@ -135,9 +135,9 @@ TEST_F(AddUsersSave, TheTabKeyGoesThroughTheControlsInOneOrder) {
              &dialog.cmdBtn[3], &dialog.cmdBtn[4], &dialog.txtUserName[2], &dialog.List1[2],
              &dialog.cmdOK, &dialog.cmdCancel, &dialog.Command1, &dialog.txtUserName[1]}) {
       EXPECT_TRUE(control->HasFocus()) << control->Id();
-      user.PressKey(dialog, testing_support::kKeyTab);
+      user.PressKey(dialog, test_support::kKeyTab);
     }
-    user.PressKey(dialog, testing_support::kKeyEscape);
+    user.PressKey(dialog, test_support::kKeyEscape);
   });
 }
 
@@ -242,7 +242,7 @@ TEST_F(AddUsersForDialog, CancelEscapeAndCloseBoxLeaveTheMembersWithoutAQuestion
       ExpectChooser([this, way](frmAddUserInGroup& chooser) {
         user.Click(chooser.cmdBtn[2]);
         if (way == 0) user.Click(chooser.cmdCancel);
-        if (way == 1) user.PressKey(chooser, testing_support::kKeyEscape);
+        if (way == 1) user.PressKey(chooser, test_support::kKeyEscape);
         if (way == 2) user.Close(chooser);
       });
       user.Click(dialog.cmdBtn[11]);

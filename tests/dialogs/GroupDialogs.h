@@ -19,9 +19,9 @@ using Ids = std::vector<std::int32_t>;
 // The group dialogs and the chooser over a started main window. The sample's group 12 is
 // Laboratoire with the members 9 Martin, 34 Clement and 38 and the permission 20; Administrators is
 // 1, Everyone 2.
-class GroupDialogs : public testing_support::DialogFixture {
+class GroupDialogs : public test_support::DialogFixture {
  protected:
-  using Where = testing_support::Where;
+  using Where = test_support::Where;
 
   // Show a dialog and let the script bring it to its end.
   void Edit(std::int32_t groupId, const std::function<void(dialogs::frmEditGroup&)>& script,

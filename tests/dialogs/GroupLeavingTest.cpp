@@ -93,7 +93,7 @@ TEST_F(GroupLeaving, EscapeAndTheCloseBoxAskTheSameOnce) {
     Edit(12, [&](frmEditGroup& dialog) {
       const auto leave = [&] {
         if (escape) {
-          user.PressKey(dialog, testing_support::kKeyEscape);
+          user.PressKey(dialog, test_support::kKeyEscape);
         } else {
           user.Close(dialog);
         }
@@ -129,32 +129,32 @@ TEST_F(GroupLeaving, ADialogCanBeShownAgainAndForgetsWhatWasDiscarded) {
 TEST_F(GroupLeaving, AGroupIsCreatedByKeyboardAlone) {
   New([this](frmNewGroup& dialog) {
     user.Type(dialog.txtGroupName, L"Essais");
-    user.PressKey(dialog, testing_support::kKeyTab);
+    user.PressKey(dialog, test_support::kKeyTab);
     EXPECT_TRUE(dialog.txtDesc.HasFocus());
-    user.PressKey(dialog, testing_support::kKeyTab);
+    user.PressKey(dialog, test_support::kKeyTab);
     EXPECT_TRUE(dialog.List1[1].HasFocus());
     ExpectChooser([this](frmAddUserInGroup& chooser) {
       EXPECT_TRUE(chooser.txtUserName[1].HasFocus());
       user.Type(chooser.txtUserName[1], L"mart");
-      user.PressKey(chooser, testing_support::kKeyTab);
+      user.PressKey(chooser, test_support::kKeyTab);
       EXPECT_TRUE(chooser.List1[1].HasFocus());
-      user.PressKey(chooser, testing_support::kKeyTab);
+      user.PressKey(chooser, test_support::kKeyTab);
       EXPECT_TRUE(chooser.cmdBtn[1].HasFocus());
-      user.PressKey(chooser, testing_support::kKeySpace);
+      user.PressKey(chooser, test_support::kKeySpace);
       user.Focus(chooser.txtUserName[2]);
-      user.PressKey(chooser, testing_support::kKeyEnter);
+      user.PressKey(chooser, test_support::kKeyEnter);
     });
-    user.PressKey(dialog, testing_support::kKeyTab);
+    user.PressKey(dialog, test_support::kKeyTab);
     EXPECT_TRUE(dialog.cmdBtn[11].HasFocus());
-    user.PressKey(dialog, testing_support::kKeySpace);
+    user.PressKey(dialog, test_support::kKeySpace);
     EXPECT_EQ(Texts(dialog.List1[1]), Strings{L"Martin"});
-    user.PressKey(dialog, testing_support::kKeyTab);
+    user.PressKey(dialog, test_support::kKeyTab);
     EXPECT_TRUE(dialog.cmdBtn[21].HasFocus());
-    user.PressKey(dialog, testing_support::kKeyTab);
+    user.PressKey(dialog, test_support::kKeyTab);
     EXPECT_TRUE(dialog.List1[2].HasFocus());
     user.Mnemonic(dialog, L't');
     user.Focus(dialog.txtGroupName);
-    user.PressKey(dialog, testing_support::kKeyEnter);
+    user.PressKey(dialog, test_support::kKeyEnter);
     EXPECT_FALSE(dialog.IsLoaded());
   });
   EXPECT_EQ(RowOf(13)[0], "Essais");
@@ -169,9 +169,9 @@ TEST_F(GroupLeaving, TheTabKeyGoesThroughTheControlsInOneOrder) {
              &dialog.cmdBtn[21], &dialog.List1[2], &dialog.cmdBtn[12], &dialog.cmdBtn[22],
              &dialog.cmdOK, &dialog.cmdCancel, &dialog.Command1, &dialog.txtGroupName}) {
       EXPECT_TRUE(control->HasFocus()) << control->Id();
-      user.PressKey(dialog, testing_support::kKeyTab);
+      user.PressKey(dialog, test_support::kKeyTab);
     }
-    user.PressKey(dialog, testing_support::kKeyEscape);
+    user.PressKey(dialog, test_support::kKeyEscape);
   });
 }
 

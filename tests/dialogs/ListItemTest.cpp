@@ -10,10 +10,10 @@ namespace {
 
 using controls::kResultNo;
 using controls::kResultYes;
-using testing_support::kKeyEnter;
-using testing_support::kKeyEscape;
-using testing_support::kKeySpace;
-using testing_support::kKeyTab;
+using test_support::kKeyEnter;
+using test_support::kKeyEscape;
+using test_support::kKeySpace;
+using test_support::kKeyTab;
 
 class ListItem : public ListItemTest {};
 
@@ -310,7 +310,7 @@ TEST_F(ListItem, HostileNamesAreShownAsTheyAre) {
   }
   PrepareGroupsOf(kMartin);
   Show([&](frmListItem& shown) {
-    const auto items = testing_support::ShownItems(shown.List1);
+    const auto items = test_support::ShownItems(shown.List1);
     for (std::size_t i = 0; i < names.size(); ++i) {
       const int item = ItemOf(shown, static_cast<std::int32_t>(100 + i));
       EXPECT_EQ(shown.List1.List(item), names[i]);

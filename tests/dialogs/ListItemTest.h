@@ -16,7 +16,7 @@ using Rows = std::vector<std::vector<std::string>>;
 // The checklist chooser over the main window. Of the sample's users, Martin (9) is in Everyone (2),
 // Production (7) and Laboratoire (12) and holds the permissions 14 and 20; of its groups,
 // Laboratoire holds the permission 20.
-class ListItemTest : public testing_support::DialogFixture {
+class ListItemTest : public test_support::DialogFixture {
  protected:
   static constexpr std::int32_t kMartin = 9;
   static constexpr std::int32_t kLaboratory = 12;
@@ -32,7 +32,7 @@ class ListItemTest : public testing_support::DialogFixture {
 
   using DialogFixture::Show;
   void Show(const std::function<void(frmListItem&)>& script,
-            testing_support::Where where = testing_support::Where::current()) {
+            test_support::Where where = test_support::Where::current()) {
     DialogFixture::Show<frmListItem>(dialog, script, where);
   }
 

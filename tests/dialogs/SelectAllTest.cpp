@@ -30,7 +30,7 @@ class Boxes : public controls::Form {
 
 TEST(SelectAllInABox, HappensWheneverTheBoxGetsTheFocus) {
   controls::Desktop desktop;
-  testing_support::User user(desktop);
+  test_support::User user(desktop);
   Boxes form(desktop);
   user.ExpectModal([&](controls::Form&) {
     for (int time = 0; time < 2; ++time) {

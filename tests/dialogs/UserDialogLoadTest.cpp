@@ -169,7 +169,7 @@ TEST_F(UserDialogLoad, TheFirstFocusIsOnTheNameAndTabWalksTheBoxesInTheirOrder) 
                                         &dialog.txtPassword, &dialog.txtVerify, &dialog.List1[1]};
     for (const controls::Control* control : order) {
       EXPECT_TRUE(control->HasFocus()) << control->Id();
-      user.PressKey(dialog, testing_support::kKeyTab);
+      user.PressKey(dialog, test_support::kKeyTab);
     }
     for (int i = 0; i < 3; ++i) {
       EXPECT_EQ((&dialog.txtUserName)->TabIndex() + 1 + i, (i == 0   ? dialog.txtFullName

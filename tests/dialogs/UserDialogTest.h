@@ -16,13 +16,13 @@
 namespace dialogs {
 
 // The user dialogs over the sample. In both lists the item of identifier n is number n - 1.
-class UserDialogTest : public testing_support::DialogFixture {
+class UserDialogTest : public test_support::DialogFixture {
  protected:
   using Calls = std::vector<std::wstring>;
   using Ids = std::vector<std::int32_t>;
   using NewScript = std::function<void(frmNewUser&)>;
   using EditScript = std::function<void(frmEditUser&)>;
-  using Where = testing_support::Where;
+  using Where = test_support::Where;
 
   // Of the sample.
   static constexpr std::int32_t kAdmin = 1;

@@ -29,7 +29,7 @@ TEST_F(UserDialogTyping, ABlankCannotBeTypedIntoEitherPasswordBox) {
     user.Type(dialog.txtVerify, L" a b ");
     EXPECT_EQ(dialog.txtVerify.Text(), L"ab");
     EXPECT_EQ(user.BeepCount(), 4);
-    user.PressKey(dialog, testing_support::kKeySpace);
+    user.PressKey(dialog, test_support::kKeySpace);
     EXPECT_EQ(dialog.txtVerify.Text(), L"ab");
     user.Type(dialog.txtUserName, L"a b");
     user.Type(dialog.txtFullName, L"c d");
@@ -106,7 +106,7 @@ TEST_F(UserDialogTyping, TheTabOrderStaysWhenAPasswordWasTooLong) {
                                           static_cast<controls::Control*>(&dialog.txtPassword),
                                           static_cast<controls::Control*>(&dialog.txtVerify),
                                           static_cast<controls::Control*>(&dialog.List1[1])}) {
-      user.PressKey(dialog, testing_support::kKeyTab);
+      user.PressKey(dialog, test_support::kKeyTab);
       EXPECT_TRUE(next->HasFocus()) << next->Id();
     }
     Discard(dialog);

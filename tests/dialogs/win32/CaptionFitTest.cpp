@@ -100,7 +100,7 @@ void ExpectNoOverlap(const std::vector<Piece>& pieces) {
   }
 }
 
-class CaptionFit : public testing_support::DialogFixture {
+class CaptionFit : public test_support::DialogFixture {
  protected:
   void ExpectGoodLayout(std::size_t atLeast) {
     const HWND form = FormInFront();
@@ -123,7 +123,7 @@ class CaptionFit : public testing_support::DialogFixture {
   void ExpectGoodDialog(Dialog& dialog) {
     Show<Dialog>(dialog, [this](Dialog& shown) {
       ExpectGoodLayout(8);
-      user.PressKey(shown, testing_support::kKeyEscape);
+      user.PressKey(shown, test_support::kKeyEscape);
     });
   }
 };

@@ -1,6 +1,6 @@
 #include "tests/support/controls/Eyes.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 std::string Ascii(const std::wstring& text) {
@@ -24,4 +24,4 @@ std::ostream& operator<<(std::ostream& out, const ShownItem& item) {
              << (item.focused ? " focused" : "");
 }
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -9,7 +9,7 @@ class ListBox;
 class TreeView;
 }  // namespace controls
 
-namespace testing_support {
+namespace test_support {
 
 // A line of a tree as it is on view, scrolled to or not.
 struct ShownNode {
@@ -43,4 +43,4 @@ std::ostream& operator<<(std::ostream& out, const ShownItem& item);
 std::vector<ShownNode> ShownNodes(const controls::TreeView& tree);
 std::vector<ShownItem> ShownItems(const controls::ListBox& list);
 
-}  // namespace testing_support
+}  // namespace test_support

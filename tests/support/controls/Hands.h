@@ -14,7 +14,7 @@ class TextBox;
 class TreeView;
 }  // namespace controls
 
-namespace testing_support {
+namespace test_support {
 
 class Script;
 
@@ -75,4 +75,4 @@ class Hands {
   std::unique_ptr<Parts> parts_;
 };
 
-}  // namespace testing_support
+}  // namespace test_support

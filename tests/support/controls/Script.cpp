@@ -8,7 +8,7 @@
 #include "controls/Form.h"
 #include "controls/MsgBox.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 // For the test's log only: what is not ASCII is shown by its number.
@@ -139,4 +139,4 @@ void Script::FailLeftovers() {
   forms_.clear();
 }
 
-}  // namespace testing_support
+}  // namespace test_support

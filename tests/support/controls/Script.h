@@ -13,7 +13,7 @@ namespace controls {
 class Form;
 }
 
-namespace testing_support {
+namespace test_support {
 
 using Where = std::source_location;
 
@@ -84,4 +84,4 @@ class Script {
   std::vector<SeenBox> seen_;
 };
 
-}  // namespace testing_support
+}  // namespace test_support

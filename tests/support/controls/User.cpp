@@ -10,7 +10,7 @@
 #include "controls/TextBox.h"
 #include "controls/TreeView.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 void Require(bool done, const char* gesture, int id, const Where& where) {
@@ -198,4 +198,4 @@ void User::ExpectModal(Script::FormScript script, Where where) {
   script_.ExpectModal(std::move(script), where);
 }
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -11,7 +11,7 @@
 #include "tests/support/controls/Hands.h"
 #include "tests/support/controls/Script.h"
 
-namespace testing_support {
+namespace test_support {
 
 // Keys by their Windows codes, for PressKey; the function keys stand in controls/Form.h.
 enum Key : int {
@@ -167,4 +167,4 @@ class User {
   std::unique_ptr<Hands> hands_;
 };
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -2,7 +2,7 @@
 
 #include "controls/MsgBox.h"
 
-namespace testing_support {
+namespace test_support {
 
 void DialogFixture::Start(std::wstring_view userName) {
   Stop();
@@ -73,4 +73,4 @@ void DialogFixture::ExpectDiscardQuestion(int answer, Where where) {
       where);
 }
 
-}  // namespace testing_support
+}  // namespace test_support

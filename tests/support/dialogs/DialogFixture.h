@@ -9,7 +9,7 @@
 #include "dialogs/Exchange.h"
 #include "tests/support/window/MainWindow.h"
 
-namespace testing_support {
+namespace test_support {
 
 // A dialog's surroundings: the started main window on a database of its own, its trees filled, and
 // an Exchange over them with nothing in it yet but Admin's identifier. The window is started by
@@ -65,4 +65,4 @@ class DialogFixture : public MainWindow {
   std::wstring failedCall_;
 };
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -8,7 +8,7 @@
 
 #include "data/RunTimeError.h"
 
-namespace testing_support {
+namespace test_support {
 
 // What a recorded session server and its connections were asked, in order, and where they are to
 // fail.
@@ -43,4 +43,4 @@ struct CallLog {
   }
 };
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -4,7 +4,7 @@
 
 #include "data/Text.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 // Reading is not recorded: it would drown the rest.
@@ -142,4 +142,4 @@ std::unique_ptr<data::SessionServer> Record(std::unique_ptr<data::SessionServer>
   return std::make_unique<RecordingServer>(std::move(server), log);
 }
 
-}  // namespace testing_support
+}  // namespace test_support

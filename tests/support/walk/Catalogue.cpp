@@ -4,7 +4,7 @@
 
 #include "data/MSQLStatement.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 using namespace data;
@@ -81,4 +81,4 @@ bool IsInCatalogue(const std::wstring& statement) {
          IsSoftDelete(statement, SqlMarkGroupDeleted(L"?", 1));
 }
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -6,7 +6,7 @@
 #include "dialogs/frmAddUserInGroup.h"
 #include "dialogs/frmListItem.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 // What administrators type, and what they had better not.
@@ -254,4 +254,4 @@ void DialogActor::ClickSome(controls::CommandButton& button, const char* which) 
   user_.TryClick(button);
 }
 
-}  // namespace testing_support
+}  // namespace test_support

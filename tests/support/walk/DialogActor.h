@@ -20,7 +20,7 @@ class GroupDialog;
 class UserDialog;
 }  // namespace dialogs
 
-namespace testing_support {
+namespace test_support {
 
 // What stood in a dialog before the last gesture in it, the one that closed it at the latest.
 struct DialogState {
@@ -68,4 +68,4 @@ class DialogActor {
   bool insists_ = false;
 };
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <random>
 
-namespace testing_support {
+namespace test_support {
 
 // Chance that comes out the same for the same seed, with every compiler.
 class Dice {
@@ -25,4 +25,4 @@ class Dice {
   std::mt19937 engine_;
 };
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -3,7 +3,7 @@
 #include "data/NodeKey.h"
 #include "data/Text.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 using Ids = std::set<std::int32_t>;
@@ -85,4 +85,4 @@ std::int32_t NewIdentifier(int tree, const Tables& before, const Tables& after) 
   return -1;
 }
 
-}  // namespace testing_support
+}  // namespace test_support

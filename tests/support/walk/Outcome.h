@@ -7,7 +7,7 @@
 #include "tests/support/walk/DialogActor.h"
 #include "tests/support/walk/Tables.h"
 
-namespace testing_support {
+namespace test_support {
 
 enum class Section { kAccount, kFirstLinks, kSecondLinks };
 
@@ -36,4 +36,4 @@ Tables AfterDialog(const Command& command, const Target& target, std::int32_t id
 // The identifier of the account of this tree that is in the one state and not in the other.
 std::int32_t NewIdentifier(int tree, const Tables& before, const Tables& after);
 
-}  // namespace testing_support
+}  // namespace test_support

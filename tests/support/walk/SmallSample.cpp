@@ -1,6 +1,6 @@
 #include "tests/support/walk/SmallSample.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 constexpr const char* kStatements[] = {
@@ -21,4 +21,4 @@ void CutDownSample(test_support::RawDatabase& raw) {
   for (const char* statement : kStatements) raw.Execute(statement);
 }
 
-}  // namespace testing_support
+}  // namespace test_support

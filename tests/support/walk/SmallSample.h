@@ -2,7 +2,7 @@
 
 #include "tests/support/data/RawDatabase.h"
 
-namespace testing_support {
+namespace test_support {
 
 // Cuts the sample down to what many runs in a row can afford: the users 1 (Admin), 2 (Moreau), 9
 // (Martin), 11 (D'Angelo), 15 (L'Hermitte) and 34 (Clément), the groups 1 (Administrators), 2
@@ -10,4 +10,4 @@ namespace testing_support {
 // 29 and 30, and the links between these.
 void CutDownSample(test_support::RawDatabase& raw);
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -2,7 +2,7 @@
 
 #include "data/Text.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 std::int32_t Id(const std::string& column) {
@@ -61,4 +61,4 @@ Tables ReadTables(test_support::RawDatabase& raw) {
   return tables;
 }
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -9,7 +9,7 @@
 
 #include "tests/support/data/RawDatabase.h"
 
-namespace testing_support {
+namespace test_support {
 
 struct AccountRecord {
   std::wstring name;
@@ -46,4 +46,4 @@ struct Tables {
 
 Tables ReadTables(test_support::RawDatabase& raw);
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -9,7 +9,7 @@
 #include "dialogs/frmEditGroup.h"
 #include "dialogs/frmEditUser.h"
 
-namespace testing_support {
+namespace test_support {
 
 Walker::Walker(browser::frmUserGroupPerm& window, User& user, CallLog& log,
                test_support::RawDatabase& raw, std::uint32_t seed)
@@ -95,4 +95,4 @@ std::set<std::wstring> Walker::ClosedKeys(int tree) const {
   return keys;
 }
 
-}  // namespace testing_support
+}  // namespace test_support

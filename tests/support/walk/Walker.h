@@ -16,7 +16,7 @@
 #include "tests/support/walk/Tables.h"
 #include "tests/support/walk/WantedTrees.h"
 
-namespace testing_support {
+namespace test_support {
 
 // An administrator who does at random whatever the main window and its dialogs allow, and now and
 // then somebody else who changes the database meanwhile. After every step it is checked what stands
@@ -115,4 +115,4 @@ class Walker {
   bool dialog_ = false;     // a dialog was shown
 };
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -8,7 +8,7 @@
 #include "tests/support/walk/Catalogue.h"
 #include "tests/support/walk/Walker.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 TreeLines ShownLines(const controls::TreeNodes& nodes) {
@@ -219,4 +219,4 @@ void Walker::CheckKept() const {
   }
 }
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -5,7 +5,7 @@
 #include "data/Text.h"
 #include "tests/support/walk/Walker.h"
 
-namespace testing_support {
+namespace test_support {
 
 void Walker::StartCommand() {
   for (const int tree : {0, 1}) {
@@ -166,4 +166,4 @@ void Walker::ReadFolders(std::initializer_list<int> folders, const Tables& now) 
   for (const int folder : folders) wanted_.ReadFolder(target_.tree, target_.account, folder, now);
 }
 
-}  // namespace testing_support
+}  // namespace test_support

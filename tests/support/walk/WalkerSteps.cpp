@@ -7,7 +7,7 @@
 #include "data/Text.h"
 #include "tests/support/walk/Walker.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 // Where the lines of the menu stand that are buttons as well, in the order of the buttons.
@@ -218,4 +218,4 @@ void Walker::SomebodyElse() {
   Check(false);
 }
 
-}  // namespace testing_support
+}  // namespace test_support

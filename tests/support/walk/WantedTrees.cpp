@@ -2,7 +2,7 @@
 
 #include "browser/TreeImages.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 struct FolderLook {
@@ -168,4 +168,4 @@ TreeLines WantedTrees::Lines(int tree) const {
   return lines;
 }
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -7,7 +7,7 @@
 #include "browser/TreeContext.h"
 #include "tests/support/walk/Tables.h"
 
-namespace testing_support {
+namespace test_support {
 
 // A line for each node, by its key: text, image and stored name. Whether a folder is drawn open is
 // left out.
@@ -67,4 +67,4 @@ class WantedTrees {
 // The text of an account's node from its stored, or mapped, name and addition.
 std::wstring NodeText(const std::wstring& name, const std::wstring& addition);
 
-}  // namespace testing_support
+}  // namespace test_support

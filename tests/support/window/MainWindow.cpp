@@ -4,7 +4,7 @@
 #include "data/Text.h"
 #include "tests/support/recording/RecordingServer.h"
 
-namespace testing_support {
+namespace test_support {
 
 MainWindow::MainWindow() : database_(std::make_unique<test_support::SampleDatabase>()) {
   global.CreateSessionServer = [this] { return Record(database_->MakeServer(), log); };
@@ -63,4 +63,4 @@ int MainWindow::NodeAt(const controls::TreeView& tree, const std::vector<std::ws
   return node;
 }
 
-}  // namespace testing_support
+}  // namespace test_support

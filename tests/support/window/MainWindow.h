@@ -16,7 +16,7 @@
 #include "tests/support/data/SampleDatabase.h"
 #include "tests/support/recording/CallLog.h"
 
-namespace testing_support {
+namespace test_support {
 
 // The program from its main window down, on the reference session server and a database of its own,
 // with a user in front of it.
@@ -54,4 +54,4 @@ class MainWindow : public ::testing::Test {
   std::unique_ptr<test_support::SampleDatabase> database_;
 };
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -3,7 +3,7 @@
 #include "controls/memory/ListBoxPeer.h"
 #include "controls/memory/TreeViewPeer.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 void Look(const controls::TreeViewPeer& tree, int first, int level, std::vector<ShownNode>& shown) {
@@ -35,4 +35,4 @@ std::vector<ShownItem> ShownItems(const controls::ListBox& list) {
   return shown;
 }
 
-}  // namespace testing_support
+}  // namespace test_support

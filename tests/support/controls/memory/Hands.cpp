@@ -11,7 +11,7 @@
 #include "controls/memory/TreeViewPeer.h"
 #include "tests/support/controls/memory/Keyboard.h"
 
-namespace testing_support {
+namespace test_support {
 
 using namespace controls;
 
@@ -178,4 +178,4 @@ void Hands::Discard(Form& form) {
   form.BackEnd().Destroy();
 }
 
-}  // namespace testing_support
+}  // namespace test_support

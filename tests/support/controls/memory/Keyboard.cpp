@@ -7,7 +7,7 @@
 #include "controls/memory/TreeViewPeer.h"
 #include "tests/support/controls/User.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 using controls::CommandButton;
@@ -85,4 +85,4 @@ bool PressMnemonic(Form::Peer& form, wchar_t letter) {
   return false;
 }
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -2,7 +2,7 @@
 
 #include "controls/memory/FormPeer.h"
 
-namespace testing_support {
+namespace test_support {
 
 // What a key does in a form after its own key procedures have seen it.
 void PressOnControls(controls::Form::Peer& form, int keyCode, bool shift);
@@ -13,4 +13,4 @@ void PressCtrlOnControls(controls::Form::Peer& form, int keyCode);
 // What Alt and a letter do; false where nothing answers to it.
 bool PressMnemonic(controls::Form::Peer& form, wchar_t letter);
 
-}  // namespace testing_support
+}  // namespace test_support

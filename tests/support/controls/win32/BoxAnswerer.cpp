@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 constexpr UINT kAnswer = WM_APP;
@@ -80,4 +80,4 @@ void BoxAnswerer::Answer() {
                reinterpret_cast<LPARAM>(GetDlgItem(box, answer)));
 }
 
-}  // namespace testing_support
+}  // namespace test_support

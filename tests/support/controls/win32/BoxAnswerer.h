@@ -6,7 +6,7 @@
 #include "controls/win32/Handles.h"
 #include "tests/support/controls/Script.h"
 
-namespace testing_support {
+namespace test_support {
 
 // Has the system show every message box, reads there what a user would read, and presses the
 // button that the script answers with.
@@ -30,4 +30,4 @@ class BoxAnswerer {
   int style_ = 0;
 };
 
-}  // namespace testing_support
+}  // namespace test_support

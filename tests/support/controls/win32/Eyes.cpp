@@ -3,7 +3,7 @@
 #include "controls/win32/ListBoxPeer.h"
 #include "controls/win32/TreeViewPeer.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 constexpr int kMostText = 5000;
@@ -80,4 +80,4 @@ std::vector<ShownItem> ShownItems(const controls::ListBox& list) {
   return shown;
 }
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -15,7 +15,7 @@
 #include "tests/support/controls/win32/ListMouse.h"
 #include "tests/support/controls/win32/TreeMouse.h"
 
-namespace testing_support {
+namespace test_support {
 
 using namespace controls;
 
@@ -254,4 +254,4 @@ void Hands::Discard(Form& form) {
   if (form.IsLoaded()) form.BackEnd().Close();
 }
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -1,6 +1,6 @@
 #include "tests/support/controls/win32/Input.h"
 
-namespace testing_support {
+namespace test_support {
 namespace {
 
 constexpr LPARAM kFirstTime = 1;
@@ -106,4 +106,4 @@ void HeldKey::Set(int keyCode, bool down) {
   SetKeyboardState(keys);
 }
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -5,7 +5,7 @@
 #include "controls/win32/ControlPeer.h"
 #include "controls/win32/DesktopPeer.h"
 
-namespace testing_support {
+namespace test_support {
 
 // Mouse and keyboard as messages, which go the way of the program's own message loop.
 class Input {
@@ -54,4 +54,4 @@ class HeldKey {
   int keyCode_;
 };
 
-}  // namespace testing_support
+}  // namespace test_support

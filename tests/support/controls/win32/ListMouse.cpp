@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace testing_support {
+namespace test_support {
 
 void ListMouse::Toggle(int item) {
   if (Checks()) return input_.Click(list_.window, CheckPlace(item));
@@ -49,4 +49,4 @@ POINT ListMouse::CheckPlace(int item) const {
   return {line.left, line.top};
 }
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -3,7 +3,7 @@
 #include "controls/win32/ListBoxPeer.h"
 #include "tests/support/controls/win32/Input.h"
 
-namespace testing_support {
+namespace test_support {
 
 // The mouse over a list of any kind.
 class ListMouse {
@@ -26,4 +26,4 @@ class ListMouse {
   Input& input_;
 };
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-namespace testing_support {
+namespace test_support {
 
 void TreeMouse::OpenWay(int node) {
   const int above = tree_.nodes.Parent(node);
@@ -82,4 +82,4 @@ std::optional<POINT> TreeMouse::Place(int node, UINT part) const {
   return std::nullopt;
 }
 
-}  // namespace testing_support
+}  // namespace test_support

@@ -6,7 +6,7 @@
 #include "controls/win32/TreeViewPeer.h"
 #include "tests/support/controls/win32/Input.h"
 
-namespace testing_support {
+namespace test_support {
 
 // The mouse over a tree view.
 class TreeMouse {
@@ -32,4 +32,4 @@ class TreeMouse {
   Input& input_;
 };
 
-}  // namespace testing_support
+}  // namespace test_support
