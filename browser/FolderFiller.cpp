@@ -62,18 +62,19 @@ void FolderFiller::Put(int folder, std::uint32_t number, const controls::KeyForm
 
 void FolderFiller::Sift(int folder, std::uint32_t number, LeafTexts& texts) {
   const controls::TreeNodes& nodes = tree_.Nodes();
-  int next = controls::kNoNode;
-  for (int node = nodes.AnyChild(folder); node != controls::kNoNode; node = next) {
-    next = nodes.OtherSibling(node);
+  std::vector<int> gone;
+  for (int node = nodes.AnyChild(folder); node != controls::kNoNode;
+       node = nodes.OtherSibling(node)) {
     LeafTexts::Leaf& leaf = texts.At(nodes.Id(node));
     if (leaf.folder != number) {
-      tree_.Remove(node);
+      gone.push_back(node);
       continue;
     }
     leaf.present = number;
     if (nodes.TextOf(node) != leaf.text) tree_.SetText(node, nodes.SharedText(leaf.text));
     if (nodes.Image(node) != leaf.image) tree_.SetImage(node, leaf.image);
   }
+  for (const int node : gone) tree_.Remove(node);
 }
 
 void FolderFiller::Fill(int folder, const controls::KeyForm& keyForm, std::wstring_view statement,

@@ -85,7 +85,8 @@ class TreeNodes {
   int LastChild(int node) const { return InOrder(node).lastChild; }
   int Next(int node) const { return AmongSiblings(node).next; }
   int Previous(int node) const { return AmongSiblings(node).previous; }
-  // For a walk over a node's children that may come in any order.
+  // For a walk over a node's children that may come in any order. Whatever asks for the order
+  // during the walk may change it, the removal of a selected node among others.
   int AnyChild(int node) const { return At(node).firstChild; }
   int OtherSibling(int node) const { return At(node).next; }
   int FirstSibling(int node) const;
@@ -156,7 +157,7 @@ class TreeNodes {
   void SortChildrenByKey(int parent) const;
   void TakeMisplaced(int parent) const;
   void Relink(int parent) const;
-  // Order is made when it is asked for, behind a tree's back.
+  // Putting children in order changes nothing that could be seen before.
   Node& Linked(int node) const { return blocks_[node >> kBlockBits][node & (kBlock - 1)]; }
 
   mutable TextPool texts_;  // makes the keys by which texts are ordered when it is asked for them
