@@ -236,10 +236,12 @@ TEST_F(DialogKeyboard, MembersAreChosenWithoutTheMouseAndF1Helps) {
   PressByKeys(window, IDC_CMD_GROUP_PERMISSION);
   const DialogWindow permissions(Program(), String(206) + String(307));
   permissions.Key(VK_F1);
-  driver::Await("the help viewer", [this] {
-    return !driver::TopWindows(Program().Id(), [](const driver::Window& shown) {
-              return shown.Class() == L"HH Parent" && shown.IsVisible();
-            }).empty();
+  // It is on view before it takes the keyboard, and until then Escape would be too early.
+  driver::Await("the help viewer to take the keyboard", [this] {
+    const auto viewers = driver::TopWindows(Program().Id(), [](const driver::Window& shown) {
+      return shown.Class() == L"HH Parent" && shown.IsVisible();
+    });
+    return !viewers.empty() && GetForegroundWindow() == viewers.front().Handle();
   });
   Leave(permissions, window);
 }
