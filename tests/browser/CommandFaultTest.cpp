@@ -81,7 +81,7 @@ class CommandFaults : public CommandTest {
     AnswerAll(test);
     window.exchange.AddNode = false;
     log.FailAt = failAt;
-    user.Click(test.button(window));
+    user.Click(*test.button(window));
     StopAnswering();
   }
 

@@ -176,85 +176,71 @@ void FillMembers(User& user, controls::Form& form) {
 using Window = frmUserGroupPerm;
 
 std::vector<FaultCase> AccountCases() {
-  return {{"edit user", 0, L"\\TUS \\U9", [](Window & w) -> auto& {return w.cmdUser[0];
-}
-, FillUser, EditUserPhases()
-}  // namespace
-, {"delete user", 0, L"\\TUS \\U9", [](Window& w) -> auto& {return w.cmdUser[1];
-}  // namespace browser
-, {}, Deletion(L"UPDATE QRUSER") + kAllMembers
-}
-, {"new user", 0, L"\\TRT ", [](Window& w) -> auto& {return w.cmdUser[2];
-}
-, FillUser, NewUserPhases()
-}
-, {"edit group", 1, L"\\TGR \\G6", [](Window& w) -> auto& {return w.cmdGroup[0];
-}
-, FillGroup, EditGroupPhases()
-}
-, {"delete group", 1, L"\\TGR \\G6", [](Window& w) -> auto& {return w.cmdGroup[1];
-}
-, {}, Deletion(L"UPDATE QRGROUP") + kAllUsersLinks
-}
-, {"new group", 1, L"\\TRT ", [](Window& w) -> auto& {return w.cmdGroup[2];
-}
-, FillGroup, NewGroupPhases()
-}
-,
-}
-;
+  return {
+      {"edit user", 0, L"\\TUS \\U9", [](Window& w) { return &w.cmdUser[0]; }, FillUser,
+       EditUserPhases()},
+      {"delete user",
+       0,
+       L"\\TUS \\U9",
+       [](Window& w) { return &w.cmdUser[1]; },
+       {},
+       Deletion(L"UPDATE QRUSER") + kAllMembers},
+      {"new user", 0, L"\\TRT ", [](Window& w) { return &w.cmdUser[2]; }, FillUser,
+       NewUserPhases()},
+      {"edit group", 1, L"\\TGR \\G6", [](Window& w) { return &w.cmdGroup[0]; }, FillGroup,
+       EditGroupPhases()},
+      {"delete group",
+       1,
+       L"\\TGR \\G6",
+       [](Window& w) { return &w.cmdGroup[1]; },
+       {},
+       Deletion(L"UPDATE QRGROUP") + kAllUsersLinks},
+      {"new group", 1, L"\\TRT ", [](Window& w) { return &w.cmdGroup[2]; }, FillGroup,
+       NewGroupPhases()},
+  };
 }
 
 std::vector<FaultCase> LinkCases() {
-  return {{"assign groups", 0, L"\\TMO \\U9 \\G", [](Window & w) -> auto& {return w.cmdMemberOf[0];
-}
-, FillChooser,
-    ChooserPhases(kAllGroups, L"SELECT QRUSGP.GROUPID FROM", kMembership) + Phases{kUserFolders} +
-        kAllMembers
-}
-, {"remove membership", 0, L"\\TGU \\U9 \\G12", [](Window& w) -> auto& {return w.cmdMemberOf[1];
-}
-, {}, Deletion(L"DELETE FROM QRUSGP") + Phases {
-  kUserFolders
-}
-}
-, {"assign user permissions", 0, L"\\TUP \\U9 \\P",
-   [](Window& w) -> auto& {return w.cmdUserPermission[0];
-}
-, FillChooser, ChooserPhases(kAllPermissions, L"SELECT QRUPRM.PERMID FROM", kOwnRows) + Phases {
-  kUserFolders
-}
-}
-, {"remove user permission", 0, L"\\TPU \\U9 \\P14",
-   [](Window& w) -> auto& {return w.cmdUserPermission[1];
-}
-, {}, Deletion(L"DELETE FROM QRUPRM") + Phases {
-  kUserFolders
-}
-}
-, {"assign members", 1, L"\\TMS \\G6 \\U", [](Window& w) -> auto& {return w.cmdMember[0];
-}
-, FillMembers, AddUsersPhases()
-}
-, {"remove member", 1, L"\\TUG \\G6 \\U15", [](Window& w) -> auto& {return w.cmdMember[1];
-}
-, {}, Deletion(L"DELETE FROM QRUSGP") + kAllUsersLinks
-}
-, {"assign group permissions", 1, L"\\TGP \\G6 \\P",
-   [](Window& w) -> auto& {return w.cmdGroupPermission[0];
-}
-, FillChooser,
-    ChooserPhases(kAllPermissions, L"SELECT QRGPRM.PERMID FROM", kGroupRow) +
-        Phases{kGroupFolders} + kAllUsersPermissions
-}
-, {"remove group permission", 1, L"\\TPG \\G6 \\P21",
-   [](Window& w) -> auto& {return w.cmdGroupPermission[1];
-}
-, {}, Deletion(L"DELETE FROM QRGPRM") + kAllUsersPermissions
-}
-,
-}
-;
+  return {
+      {"assign groups", 0, L"\\TMO \\U9 \\G", [](Window& w) { return &w.cmdMemberOf[0]; },
+       FillChooser,
+       ChooserPhases(kAllGroups, L"SELECT QRUSGP.GROUPID FROM", kMembership) +
+           Phases{kUserFolders} + kAllMembers},
+      {"remove membership",
+       0,
+       L"\\TGU \\U9 \\G12",
+       [](Window& w) { return &w.cmdMemberOf[1]; },
+       {},
+       Deletion(L"DELETE FROM QRUSGP") + Phases{kUserFolders}},
+      {"assign user permissions", 0, L"\\TUP \\U9 \\P",
+       [](Window& w) { return &w.cmdUserPermission[0]; }, FillChooser,
+       ChooserPhases(kAllPermissions, L"SELECT QRUPRM.PERMID FROM", kOwnRows) +
+           Phases{kUserFolders}},
+      {"remove user permission",
+       0,
+       L"\\TPU \\U9 \\P14",
+       [](Window& w) { return &w.cmdUserPermission[1]; },
+       {},
+       Deletion(L"DELETE FROM QRUPRM") + Phases{kUserFolders}},
+      {"assign members", 1, L"\\TMS \\G6 \\U", [](Window& w) { return &w.cmdMember[0]; },
+       FillMembers, AddUsersPhases()},
+      {"remove member",
+       1,
+       L"\\TUG \\G6 \\U15",
+       [](Window& w) { return &w.cmdMember[1]; },
+       {},
+       Deletion(L"DELETE FROM QRUSGP") + kAllUsersLinks},
+      {"assign group permissions", 1, L"\\TGP \\G6 \\P",
+       [](Window& w) { return &w.cmdGroupPermission[0]; }, FillChooser,
+       ChooserPhases(kAllPermissions, L"SELECT QRGPRM.PERMID FROM", kGroupRow) +
+           Phases{kGroupFolders} + kAllUsersPermissions},
+      {"remove group permission",
+       1,
+       L"\\TPG \\G6 \\P21",
+       [](Window& w) { return &w.cmdGroupPermission[1]; },
+       {},
+       Deletion(L"DELETE FROM QRGPRM") + kAllUsersPermissions},
+  };
 }
 
 }  // namespace

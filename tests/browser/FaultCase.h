@@ -23,7 +23,7 @@ struct FaultCase {
   const char* name;
   int tree;
   const wchar_t* key;  // of the node that it is given at
-  controls::CommandButton& (*button)(frmUserGroupPerm& window);
+  controls::CommandButton* (*button)(frmUserGroupPerm& window);
   // Fills the dialog in and presses OK; empty for a command that only asks.
   std::function<void(test_support::User& user, controls::Form& form)> Fill;
   std::vector<FaultPhase> phases;

@@ -182,54 +182,48 @@ TEST_F(LinkAssignment, KeepsSelectionAndExpansion) {
   struct Case {
     int tree;
     const wchar_t* key;
-    controls::CommandButton& (*button)(frmUserGroupPerm& window);
+    controls::CommandButton* (*button)(frmUserGroupPerm& window);
   };
   const Case cases[] = {
-      {0, L"\\TGU \\U9 \\G7", [](frmUserGroupPerm & w) -> auto& {return w.cmdMemberOf[0];
-}
-}  // namespace
-, {0, L"\\TPU \\U9 \\P14", [](frmUserGroupPerm& w) -> auto& {return w.cmdUserPermission[0];
-}  // namespace browser
-}
-, {1, L"\\TPG \\G6 \\P21", [](frmUserGroupPerm& w) -> auto& {return w.cmdGroupPermission[0];
-}
-}
-, {0, L"\\TUS \\U3", [](frmUserGroupPerm& w) -> auto& {return w.cmdMemberOf[0];
-}
-}
-, {0, L"\\TUS \\U3", [](frmUserGroupPerm& w) -> auto& {return w.cmdUserPermission[0];
-}
-}
-, {1, L"\\TGR \\G12", [](frmUserGroupPerm& w) -> auto& {return w.cmdGroupPermission[0];
-}
-}
-,
-}
-;
-for (const Case& test : cases) {
-  UseSample();
-  Run([&](frmUserGroupPerm& window) {
-    const auto expanded = [&window, &test] {
-      const controls::TreeNodes& nodes = window.TreeView1[test.tree].Nodes();
-      Strings keys;
-      for (int node = nodes.NextIndex(0); node != controls::kNoNode; node = nodes.NextIndex(node)) {
-        if (nodes.Expanded(node)) keys.push_back(nodes.Key(node));
-      }
-      return keys;
-    };
-    Select(window, test.tree, test.key);
-    const Strings before = expanded();
-    user.ExpectModal([this](controls::Form& form) {
-      auto& dialog = dynamic_cast<dialogs::frmListItem&>(form);
-      user.Click(dialog.cmdBtn[0]);
-      user.Click(dialog.cmdOK);
+      {0, L"\\TGU \\U9 \\G7", [](frmUserGroupPerm& w) { return &w.cmdMemberOf[0]; }},
+      {0, L"\\TPU \\U9 \\P14", [](frmUserGroupPerm& w) { return &w.cmdUserPermission[0]; }},
+      {1, L"\\TPG \\G6 \\P21", [](frmUserGroupPerm& w) { return &w.cmdGroupPermission[0]; }},
+      {0, L"\\TUS \\U3", [](frmUserGroupPerm& w) { return &w.cmdMemberOf[0]; }},
+      {0, L"\\TUS \\U3", [](frmUserGroupPerm& w) { return &w.cmdUserPermission[0]; }},
+      {1, L"\\TGR \\G12", [](frmUserGroupPerm& w) { return &w.cmdGroupPermission[0]; }},
+      {1, L"\\TUG \\G6 \\U34", [](frmUserGroupPerm& w) { return &w.cmdMember[0]; }},
+      {1, L"\\TGR \\G12", [](frmUserGroupPerm& w) { return &w.cmdMember[0]; }},
+  };
+  for (const Case& test : cases) {
+    UseSample();
+    Run([&](frmUserGroupPerm& window) {
+      const auto expanded = [&window, &test] {
+        const controls::TreeNodes& nodes = window.TreeView1[test.tree].Nodes();
+        Strings keys;
+        for (int node = nodes.NextIndex(0); node != controls::kNoNode;
+             node = nodes.NextIndex(node)) {
+          if (nodes.Expanded(node)) keys.push_back(nodes.Key(node));
+        }
+        return keys;
+      };
+      Select(window, test.tree, test.key);
+      const Strings before = expanded();
+      user.ExpectModal([this](controls::Form& form) {
+        if (auto* members = dynamic_cast<dialogs::frmAddUserInGroup*>(&form)) {
+          user.Click(members->cmdBtn[2]);
+          user.Click(members->cmdOK);
+          return;
+        }
+        auto& dialog = dynamic_cast<dialogs::frmListItem&>(form);
+        user.Click(dialog.cmdBtn[0]);
+        user.Click(dialog.cmdOK);
+      });
+      user.Click(*test.button(window));
+      EXPECT_EQ(Selected(window, test.tree), test.key);
+      EXPECT_EQ(expanded(), before);
+      ExpectInStep(window);
     });
-    user.Click(test.button(window));
-    EXPECT_EQ(Selected(window, test.tree), test.key);
-    EXPECT_EQ(expanded(), before);
-    ExpectInStep(window);
-  });
-}
+  }
 }
 
 TEST_F(LinkAssignment, OfNothingTickedOrCancelledChangesNoNode) {
