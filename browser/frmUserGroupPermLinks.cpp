@@ -152,7 +152,7 @@ void frmUserGroupPerm::RemoveMember(const Selection& at) {
                                   app::kAskRemoveMember,
                                   &FolderRebuild::EditMembersNode};
   const std::int32_t user = data::GetUserID(at.key);
-  if (data::IsProtectedId(accounts.everyoneGroupId, at.id)) return;
+  if (at.tag == kKind.leafTag && data::IsProtectedId(accounts.everyoneGroupId, at.id)) return;
   if (data::IsProtectedId(accounts.administratorsGroupId, at.id) &&
       data::IsProtectedId(accounts.adminUserId, user)) {
     // The button is off only where his node shows the bare name.
@@ -170,7 +170,7 @@ void frmUserGroupPerm::RemoveGroupPermission(const Selection& at) {
                                   app::kInGroupPermissions,
                                   app::kAskRemoveGroupPermission,
                                   &FolderRebuild::EditGroupPermissionsNode};
-  if (ProtectGroup(accounts, at.id, {}).permissions) return;
+  if (at.tag == kKind.leafTag && ProtectGroup(accounts, at.id, {}).permissions) return;
   RemoveLink(at, kKind, data::SqlDeleteGroupPermission(at.id, lookup.GetPermID(at.key)),
              [&] { BringPermissionsInStep(); });
 }

@@ -22,7 +22,7 @@ constexpr const wchar_t* kAskGroupPermission =
 // One of the four commands that take a link away, with a link of the sample to take.
 struct Removal {
   int tree;
-  controls::CommandButton& (*button)(frmUserGroupPerm& window);
+  controls::CommandButton* (*button)(frmUserGroupPerm& window);
   void (frmUserGroupPerm::*handler)(int Index);
   const wchar_t* leaf;
   const wchar_t* folder;
@@ -35,35 +35,25 @@ struct Removal {
 // Martin (9) is in Laboratoire (12) and holds 14; L'Hermitte (15) is in Qualité (6), which
 // gives 21.
 const Removal kRemovals[] = {
-    {0, [](frmUserGroupPerm& window) -> auto& {return window.cmdMemberOf[1];
-}  // namespace
-, &frmUserGroupPerm::cmdMemberOf_Click, L"\\TGU \\U9 \\G12", L"\\TMO \\U9 \\G", kAskMembership,
-    L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID = 12 and QRUSGP.USERID =9",
-    data::SqlSelectUserGroups(9), "SELECT COUNT(*) FROM QRUSGP WHERE USERID = 9 AND GROUPID = 12"
-}  // namespace browser
-, {0, [](frmUserGroupPerm& window) -> auto& {return window.cmdUserPermission[1];
-}
-, &frmUserGroupPerm::cmdUserPermission_Click, L"\\TPU \\U9 \\P14", L"\\TUP \\U9 \\P",
-    kAskUserPermission, L"DELETE FROM QRUPRM WHERE QRUPRM.PERMID = 14 and QRUPRM.USERID =9",
-    data::SqlSelectUserPermissionNames(9),
-    "SELECT COUNT(*) FROM QRUPRM WHERE USERID = 9 AND PERMID = 14"
-}
-, {1, [](frmUserGroupPerm& window) -> auto& {return window.cmdMember[1];
-}
-, &frmUserGroupPerm::cmdMember_Click, L"\\TUG \\G6 \\U15", L"\\TMS \\G6 \\U", kAskMember,
-    L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID = 6 and QRUSGP.USERID =15",
-    data::SqlSelectGroupUsers(6), "SELECT COUNT(*) FROM QRUSGP WHERE USERID = 15 AND GROUPID = 6"
-}
-, {1, [](frmUserGroupPerm& window) -> auto& {return window.cmdGroupPermission[1];
-}
-, &frmUserGroupPerm::cmdGroupPermission_Click, L"\\TPG \\G6 \\P21", L"\\TGP \\G6 \\P",
-    kAskGroupPermission, L"DELETE FROM QRGPRM WHERE QRGPRM.PERMID = 21 and QRGPRM.GROUPID =6",
-    data::SqlSelectGroupPermissionNames(6),
-    "SELECT COUNT(*) FROM QRGPRM WHERE GROUPID = 6 AND PERMID = 21"
-}
-,
-}
-;
+    {0, [](frmUserGroupPerm& window) { return &window.cmdMemberOf[1]; },
+     &frmUserGroupPerm::cmdMemberOf_Click, L"\\TGU \\U9 \\G12", L"\\TMO \\U9 \\G", kAskMembership,
+     L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID = 12 and QRUSGP.USERID =9",
+     data::SqlSelectUserGroups(9), "SELECT COUNT(*) FROM QRUSGP WHERE USERID = 9 AND GROUPID = 12"},
+    {0, [](frmUserGroupPerm& window) { return &window.cmdUserPermission[1]; },
+     &frmUserGroupPerm::cmdUserPermission_Click, L"\\TPU \\U9 \\P14", L"\\TUP \\U9 \\P",
+     kAskUserPermission, L"DELETE FROM QRUPRM WHERE QRUPRM.PERMID = 14 and QRUPRM.USERID =9",
+     data::SqlSelectUserPermissionNames(9),
+     "SELECT COUNT(*) FROM QRUPRM WHERE USERID = 9 AND PERMID = 14"},
+    {1, [](frmUserGroupPerm& window) { return &window.cmdMember[1]; },
+     &frmUserGroupPerm::cmdMember_Click, L"\\TUG \\G6 \\U15", L"\\TMS \\G6 \\U", kAskMember,
+     L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID = 6 and QRUSGP.USERID =15",
+     data::SqlSelectGroupUsers(6), "SELECT COUNT(*) FROM QRUSGP WHERE USERID = 15 AND GROUPID = 6"},
+    {1, [](frmUserGroupPerm& window) { return &window.cmdGroupPermission[1]; },
+     &frmUserGroupPerm::cmdGroupPermission_Click, L"\\TPG \\G6 \\P21", L"\\TGP \\G6 \\P",
+     kAskGroupPermission, L"DELETE FROM QRGPRM WHERE QRGPRM.PERMID = 21 and QRGPRM.GROUPID =6",
+     data::SqlSelectGroupPermissionNames(6),
+     "SELECT COUNT(*) FROM QRGPRM WHERE GROUPID = 6 AND PERMID = 21"},
+};
 
 class LinkRemoval : public CommandTest {
  protected:
@@ -72,7 +62,7 @@ class LinkRemoval : public CommandTest {
   }
   void Press(frmUserGroupPerm& window, const Removal& removal) {
     log.statements.clear();
-    user.Click(removal.button(window));
+    user.Click(*removal.button(window));
   }
   void Remove(frmUserGroupPerm& window, const Removal& removal) {
     SelectLeaf(window, removal);
@@ -195,11 +185,13 @@ TEST_F(LinkRemoval, OnAFolderOrAnyOtherNodeWarnsInTwoLinesAndStops) {
     warn(kRemovals[2],
          L"Sélectionnez le groupe à supprimer puis cliquez sur\r\n"
          L"le bouton Supprimer dans la section Membres du Groupe.",
-         {L"\\TRT ", L"\\TGR \\G6", L"\\TMS \\G6 \\U", L"\\TGP \\G6 \\P", L"\\TPG \\G6 \\P21"});
+         {L"\\TRT ", L"\\TGR \\G6", L"\\TMS \\G6 \\U", L"\\TGP \\G6 \\P", L"\\TPG \\G6 \\P21",
+          L"\\TGR \\G2", L"\\TMS \\G2 \\U", L"\\TGP \\G2 \\P"});
     warn(kRemovals[3],
          L"Sélectionnez la permission à supprimer puis cliquez sur \r\n"
          L"le bouton Supprimer dans la section Droits Groupe.",
-         {L"\\TRT ", L"\\TGR \\G6", L"\\TMS \\G6 \\U", L"\\TUG \\G6 \\U15", L"\\TGP \\G6 \\P"});
+         {L"\\TRT ", L"\\TGR \\G6", L"\\TMS \\G6 \\U", L"\\TUG \\G6 \\U15", L"\\TGP \\G6 \\P",
+          L"\\TGR \\G1", L"\\TMS \\G1 \\U", L"\\TUG \\G1 \\U1", L"\\TGP \\G1 \\P"});
     EXPECT_EQ(Look(window), before);
   });
 }
