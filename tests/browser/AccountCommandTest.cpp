@@ -35,12 +35,14 @@ TEST_F(AccountCommands, EditingWithoutAUserOnlyWarns) {
 TEST_F(AccountCommands, EditingWithoutAGroupWarnsWithoutAnIconAndDeletingWithOne) {
   Run([this](frmUserGroupPerm& window) {
     user.ChooseTab(window.TabStrip1, 1);
+    const Strings before = Look(window);
     ExpectWarning(L"Sélectionnez le groupe à modifier puis cliquez sur le bouton Supprimer.",
                   controls::kOkOnly);
     window.cmdGroup_Click(0);
     ExpectWarning(L"Sélectionnez le groupe à supprimer puis cliquez sur le bouton Supprimer.",
                   controls::kExclamation);
     window.cmdGroup_Click(1);
+    EXPECT_EQ(Look(window), before);
   });
 }
 

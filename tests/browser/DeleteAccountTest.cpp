@@ -63,6 +63,37 @@ TEST_F(DeleteCommands, DeletingFromAnyNodeOfAnAccountDeletesTheAccount) {
   }
 }
 
+TEST_F(DeleteCommands, DeletingFromAnyNodeOfAGroupDeletesTheGroup) {
+  for (const wchar_t* key :
+       {L"\\TMS \\G6 \\U", L"\\TUG \\G6 \\U34", L"\\TGP \\G6 \\P", L"\\TPG \\G6 \\P21"}) {
+    UseSample();
+    Run([this, key](frmUserGroupPerm& window) {
+      Select(window, 1, key);
+      ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce groupe ?");
+      user.Click(window.cmdGroup[1]);
+      EXPECT_FALSE(Has(window, 1, L"\\TGR \\G6"));
+      EXPECT_EQ(window.TreeView1[1].Nodes().Children(1), 11);
+      ExpectInStep(window);
+    });
+  }
+}
+
+TEST_F(DeleteCommands, AMemberNamedLikeAFolderDeletesItsGroupAndNothingElse) {
+  for (const char* name : {"Membres", "Droits du Groupe"}) {
+    UseSample();
+    Raw().Execute(std::string("UPDATE QRUSER SET FULLNAME = NULL, NAME = '") + name +
+                  "' WHERE USERID = 34");
+    Run([this](frmUserGroupPerm& window) {
+      Select(window, 1, L"\\TUG \\G6 \\U34");
+      ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce groupe ?");
+      user.Click(window.cmdGroup[1]);
+      EXPECT_FALSE(Has(window, 1, L"\\TGR \\G6"));
+      EXPECT_EQ(window.TreeView1[1].Nodes().Children(1), 11);
+      ExpectInStep(window);
+    });
+  }
+}
+
 TEST_F(DeleteCommands, ALeafNamedLikeAFolderDeletesItsAccountAndNothingElse) {
   Raw().Execute("UPDATE QRGROUP SET NAME = 'Droits Utilisateur', DESCR = NULL WHERE GROUPID = 12");
   Run([this](frmUserGroupPerm& window) {
@@ -85,6 +116,20 @@ TEST_F(DeleteCommands, AnsweringNoLeavesDatabaseAndTreesAndSetsTheButtonsAgain) 
     EXPECT_TRUE(log.statements.empty());
     EXPECT_EQ(Look(window), before);
     EXPECT_TRUE(window.cmdUser[0].Enabled());
+  });
+}
+
+TEST_F(DeleteCommands, AnsweringNoForAGroupSetsTheButtonsAgainToo) {
+  Run([this](frmUserGroupPerm& window) {
+    Select(window, 1, L"\\TGR \\G6");
+    const Strings before = Look(window);
+    log.statements.clear();
+    window.cmdGroup[0].SetEnabled(false);
+    ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer ce groupe ?");
+    user.Click(window.cmdGroup[1]);
+    EXPECT_TRUE(log.statements.empty());
+    EXPECT_EQ(Look(window), before);
+    EXPECT_TRUE(window.cmdGroup[0].Enabled());
   });
 }
 

@@ -321,6 +321,15 @@ TEST_F(Protection, CommandsGivenPastTheButtonsLeaveProtectedAccountsAlone) {
   });
 }
 
+TEST(ProtectionRules, AMemberNamedLikeAdminInAnotherCaseMayLeaveAdministrators) {
+  ProtectedAccounts accounts;
+  accounts.administratorsGroupId = 1;
+  EXPECT_TRUE(ProtectGroup(accounts, 1, L"Admin").member);
+  for (const wchar_t* text : {L"admin", L"ADMIN", L"Admin "}) {
+    EXPECT_FALSE(ProtectGroup(accounts, 1, text).member);
+  }
+}
+
 TEST(ProtectionRules, AnIdentifierThatWasNotFoundProtectsNoAccountOfNumberZero) {
   const ProtectedAccounts none;
   const UserProtection user = ProtectUser(none, 0, 0);

@@ -214,6 +214,14 @@ TEST_F(Lookup, ANodeThatDoesNotLiveIsReportedUnderTheOperationsName) {
     window.Folders().DelAllChild(0, 999999);
     ExpectReport(L"EditMemberOfNode");
     EXPECT_EQ(window.Folders().EditMemberOfNode(999999), data::kFailed);
+    ExpectReport(L"EditUserPermissionsNode");
+    EXPECT_EQ(window.Folders().EditUserPermissionsNode(999999), data::kFailed);
+    ExpectReport(L"EditAllPermissionsNode");
+    EXPECT_EQ(window.Folders().EditAllPermissionsNode(999999), data::kFailed);
+    ExpectReport(L"EditMembersNode");
+    EXPECT_EQ(window.Folders().EditMembersNode(999999), data::kFailed);
+    ExpectReport(L"EditGroupPermissionsNode");
+    EXPECT_EQ(window.Folders().EditGroupPermissionsNode(999999), data::kFailed);
   });
 }
 

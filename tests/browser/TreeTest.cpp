@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include "browser/TreeImages.h"
+#include "browser/TreeKeys.h"
 #include "data/MSQLStatement.h"
 #include "data/NodeKey.h"
 #include "data/Text.h"
@@ -157,6 +159,33 @@ TEST_F(Trees, ADeletedUserIsShownNowhere) {
         EXPECT_EQ(nodes.Text(node).find(L"Garnier"), std::wstring::npos);
       }
     }
+  });
+}
+
+// As a database without keys may have them.
+TEST_F(Trees, RowsOfOneIdentifierMakeOneNode) {
+  Raw().Execute("DROP VIEW QRUSERV");
+  Raw().Execute(
+      "CREATE VIEW QRUSERV AS SELECT USERID, NAME, FULLNAME, PASSWORD FROM QRUSER"
+      " WHERE COALESCE(VFLG, '') <> 'D' UNION ALL SELECT 9, 'Martin', 'encore', NULL");
+  Run([](frmUserGroupPerm& window) {
+    const auto nodesOfMartin = [&](int tree, const controls::KeyForm& form) {
+      const TreeNodes& nodes = window.TreeView1[tree].Nodes();
+      std::map<int, int> perParent;
+      for (int node = nodes.NextIndex(0); node != controls::kNoNode; node = nodes.NextIndex(node)) {
+        if (nodes.Id(node) == 9 && nodes.FormOf(node).prefix == form.prefix) {
+          ++perParent[nodes.Parent(node)];
+        }
+      }
+      return perParent;
+    };
+    EXPECT_EQ(nodesOfMartin(0, kUserKey).size(), 1U);
+    EXPECT_GT(nodesOfMartin(1, kGroupUserKey).size(), 1U);
+    for (const auto& [parent, count] : nodesOfMartin(0, kUserKey)) EXPECT_EQ(count, 1);
+    for (const auto& [parent, count] : nodesOfMartin(1, kGroupUserKey)) EXPECT_EQ(count, 1);
+    EXPECT_EQ(window.userCount, 39);
+    EXPECT_EQ(window.RefreshTree(), data::kDone);
+    EXPECT_EQ(nodesOfMartin(0, kUserKey).size(), 1U);
   });
 }
 
