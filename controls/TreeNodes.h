@@ -128,8 +128,8 @@ class TreeNodes {
   static constexpr int kBlockBits = 14;
   static constexpr int kBlock = 1 << kBlockBits;
 
-  Node& At(int node) { return blocks_[node >> kBlockBits][node & (kBlock - 1)]; }
-  const Node& At(int node) const { return blocks_[node >> kBlockBits][node & (kBlock - 1)]; }
+  Node& At(int node) { return Linked(node); }
+  const Node& At(int node) const { return Linked(node); }
   int TakeIndex();
   int KnownForm(const KeyForm& keyForm) const;
   std::uint8_t FormNumber(const KeyForm& keyForm);

@@ -87,6 +87,7 @@ class TreeItems {
   bool InOrder(const std::vector<int>& told, const std::vector<int>& wanted) const;
   void InsertInPlace(const std::vector<int>& wanted);
   void Insert(int node, HTREEITEM after);
+  TVITEMW Shown(int node, HTREEITEM item, UINT parts) const;
   void Refresh(int node) const;
   void ShowExpansion(int node);
   void Sort(int parent, const std::vector<int>& wanted) const;

@@ -12,6 +12,9 @@ namespace {
 // From this many new children on it is cheaper to put them at the end and have the control sort.
 constexpr std::size_t kSortFrom = 64;
 
+// All that a user sees of an item.
+constexpr UINT kLook = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
+
 // How far down the window a line is looked for that stays.
 constexpr int kMostLines = 500;
 
@@ -201,25 +204,28 @@ void TreeItems::Insert(int node, HTREEITEM after) {
   TVINSERTSTRUCTW native = {};
   native.hParent = parent == kNoNode ? TVI_ROOT : ItemOf(parent);
   native.hInsertAfter = after;
-  native.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM | TVIF_CHILDREN;
-  native.item.pszText = const_cast<wchar_t*>(nodes_.Text(node).c_str());
-  native.item.iImage = native.item.iSelectedImage = nodes_.Image(node);
-  native.item.cChildren = nodes_.HasChildren(node);
-  native.item.lParam = node;
+  native.item = Shown(node, nullptr, kLook | TVIF_PARAM);
   items_[node] =
       reinterpret_cast<HTREEITEM>(Send(TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&native)));
   if (nodes_.Expanded(node)) ShowExpansion(node);
 }
 
-void TreeItems::Refresh(int node) const {
-  HTREEITEM item = ItemOf(node);
-  if (!item) return;
+// What the control is to be told of a node: the parts that the mask names.
+TVITEMW TreeItems::Shown(int node, HTREEITEM item, UINT parts) const {
   TVITEMW native = {};
-  native.mask = TVIF_HANDLE | TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
+  native.mask = parts | (item ? TVIF_HANDLE : 0);
   native.hItem = item;
   native.pszText = const_cast<wchar_t*>(nodes_.Text(node).c_str());
   native.iImage = native.iSelectedImage = nodes_.Image(node);
   native.cChildren = nodes_.HasChildren(node);
+  native.lParam = node;
+  return native;
+}
+
+void TreeItems::Refresh(int node) const {
+  HTREEITEM item = ItemOf(node);
+  if (!item) return;
+  const TVITEMW native = Shown(node, item, kLook);
   Send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&native));
 }
 

@@ -52,18 +52,13 @@ HTREEITEM TreeItems::TakeSpare(int node) {
   if (parent != kNoNode && parent != nodes_.Root()) return nullptr;
   const Spare spare = spares_.back();
   spares_.pop_back();
-  TVITEMW native = {};
-  native.hItem = spare.item;
-  if (spare.node != node) native.mask |= TVIF_PARAM;
-  if (spare.text != nodes_.TextOf(node)) native.mask |= TVIF_TEXT;
-  if (spare.image != nodes_.Image(node)) native.mask |= TVIF_IMAGE | TVIF_SELECTEDIMAGE;
-  if (spare.hasChildren != nodes_.HasChildren(node)) native.mask |= TVIF_CHILDREN;
-  if (native.mask == 0) return spare.item;
-  native.mask |= TVIF_HANDLE;
-  native.lParam = node;
-  native.pszText = const_cast<wchar_t*>(nodes_.Text(node).c_str());
-  native.iImage = native.iSelectedImage = nodes_.Image(node);
-  native.cChildren = nodes_.HasChildren(node);
+  UINT parts = 0;
+  if (spare.node != node) parts |= TVIF_PARAM;
+  if (spare.text != nodes_.TextOf(node)) parts |= TVIF_TEXT;
+  if (spare.image != nodes_.Image(node)) parts |= TVIF_IMAGE | TVIF_SELECTEDIMAGE;
+  if (spare.hasChildren != nodes_.HasChildren(node)) parts |= TVIF_CHILDREN;
+  if (parts == 0) return spare.item;
+  const TVITEMW native = Shown(node, spare.item, parts);
   Send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&native));
   return spare.item;
 }

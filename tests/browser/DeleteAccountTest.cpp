@@ -8,7 +8,21 @@
 namespace browser {
 namespace {
 
-class DeleteCommands : public CommandTest {};
+class DeleteCommands : public CommandTest {
+ protected:
+  // Deletes the account that the node belongs to, user 9 or group 6, and nothing else.
+  void ExpectDeleted(int tree, const wchar_t* key) {
+    Run([this, tree, key](frmUserGroupPerm& window) {
+      Select(window, tree, key);
+      ExpectQuestion(controls::kResultYes, tree == 0 ? L"Souhaitez-vous supprimer cet utilisateur ?"
+                                                     : L"Souhaitez-vous supprimer ce groupe ?");
+      user.Click(tree == 0 ? window.cmdUser[1] : window.cmdGroup[1]);
+      EXPECT_FALSE(Has(window, tree, tree == 0 ? L"\\TUS \\U9" : L"\\TGR \\G6")) << tree;
+      EXPECT_EQ(window.TreeView1[tree].Nodes().Children(1), tree == 0 ? 38 : 11);
+      ExpectInStep(window);
+    });
+  }
+};
 
 TEST_F(DeleteCommands, ADeletedUserGoesFromBothTreesWithOneStatement) {
   Run([this](frmUserGroupPerm& window) {
@@ -48,18 +62,11 @@ TEST_F(DeleteCommands, ADeletedGroupGoesFromBothTreesWithOneStatement) {
   });
 }
 
-TEST_F(DeleteCommands, DeletingFromAnyNodeOfAnAccountDeletesTheAccount) {
+TEST_F(DeleteCommands, DeletingFromAnyNodeOfAUserDeletesTheUser) {
   for (const wchar_t* key : {L"\\TMO \\U9 \\G", L"\\TGU \\U9 \\G12", L"\\TUP \\U9 \\P",
                              L"\\TPU \\U9 \\P14", L"\\TAP \\U9 \\P", L"\\TPA \\U9 \\P14"}) {
     UseSample();
-    Run([this, key](frmUserGroupPerm& window) {
-      Select(window, 0, key);
-      ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
-      user.Click(window.cmdUser[1]);
-      EXPECT_FALSE(Has(window, 0, L"\\TUS \\U9"));
-      EXPECT_EQ(window.TreeView1[0].Nodes().Children(1), 38);
-      ExpectInStep(window);
-    });
+    ExpectDeleted(0, key);
   }
 }
 
@@ -67,15 +74,13 @@ TEST_F(DeleteCommands, DeletingFromAnyNodeOfAGroupDeletesTheGroup) {
   for (const wchar_t* key :
        {L"\\TMS \\G6 \\U", L"\\TUG \\G6 \\U34", L"\\TGP \\G6 \\P", L"\\TPG \\G6 \\P21"}) {
     UseSample();
-    Run([this, key](frmUserGroupPerm& window) {
-      Select(window, 1, key);
-      ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce groupe ?");
-      user.Click(window.cmdGroup[1]);
-      EXPECT_FALSE(Has(window, 1, L"\\TGR \\G6"));
-      EXPECT_EQ(window.TreeView1[1].Nodes().Children(1), 11);
-      ExpectInStep(window);
-    });
+    ExpectDeleted(1, key);
   }
+}
+
+TEST_F(DeleteCommands, AGroupNamedLikeAFolderDeletesItsUserAndNothingElse) {
+  Raw().Execute("UPDATE QRGROUP SET NAME = 'Droits Utilisateur', DESCR = NULL WHERE GROUPID = 12");
+  ExpectDeleted(0, L"\\TGU \\U9 \\G12");
 }
 
 TEST_F(DeleteCommands, AMemberNamedLikeAFolderDeletesItsGroupAndNothingElse) {
@@ -83,26 +88,8 @@ TEST_F(DeleteCommands, AMemberNamedLikeAFolderDeletesItsGroupAndNothingElse) {
     UseSample();
     Raw().Execute(std::string("UPDATE QRUSER SET FULLNAME = NULL, NAME = '") + name +
                   "' WHERE USERID = 34");
-    Run([this](frmUserGroupPerm& window) {
-      Select(window, 1, L"\\TUG \\G6 \\U34");
-      ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce groupe ?");
-      user.Click(window.cmdGroup[1]);
-      EXPECT_FALSE(Has(window, 1, L"\\TGR \\G6"));
-      EXPECT_EQ(window.TreeView1[1].Nodes().Children(1), 11);
-      ExpectInStep(window);
-    });
+    ExpectDeleted(1, L"\\TUG \\G6 \\U34");
   }
-}
-
-TEST_F(DeleteCommands, ALeafNamedLikeAFolderDeletesItsAccountAndNothingElse) {
-  Raw().Execute("UPDATE QRGROUP SET NAME = 'Droits Utilisateur', DESCR = NULL WHERE GROUPID = 12");
-  Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TGU \\U9 \\G12");
-    ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
-    user.Click(window.cmdUser[1]);
-    EXPECT_FALSE(Has(window, 0, L"\\TUS \\U9"));
-    ExpectInStep(window);
-  });
 }
 
 TEST_F(DeleteCommands, AnsweringNoLeavesDatabaseAndTreesAndSetsTheButtonsAgain) {
