@@ -6,8 +6,8 @@ find_program(ICOTOOL icotool REQUIRED)
 
 set(UADMIN_ICON_FOLDER ${CMAKE_CURRENT_LIST_DIR})
 
-# house_icon(NAME FOLDER): makes FOLDER/NAME.ico from NAME.svg.
-function(house_icon name folder)
+# uadmin_icon(NAME FOLDER): makes FOLDER/NAME.ico from NAME.svg.
+function(uadmin_icon name folder)
   set(detailed ${UADMIN_ICON_FOLDER}/${name}.svg)
   set(small ${UADMIN_ICON_FOLDER}/small/${name}.svg)
   if(NOT EXISTS ${small})
@@ -36,8 +36,8 @@ function(house_icon name folder)
     VERBATIM)
 endfunction()
 
-# house_icons(RESULT FOLDER): makes every icon of this folder in FOLDER and lists the files made.
-function(house_icons result folder)
+# uadmin_icons(RESULT FOLDER): makes every icon of this folder in FOLDER and lists the files made.
+function(uadmin_icons result folder)
   file(GLOB drawings CONFIGURE_DEPENDS ${UADMIN_ICON_FOLDER}/*.svg ${UADMIN_ICON_FOLDER}/small/*.svg)
   set(icons)
   foreach(drawing IN LISTS drawings)
@@ -47,7 +47,7 @@ function(house_icons result folder)
   list(REMOVE_DUPLICATES icons)
   set(made)
   foreach(name IN LISTS icons)
-    house_icon(${name} ${folder})
+    uadmin_icon(${name} ${folder})
     list(APPEND made ${folder}/${name}.ico)
   endforeach()
   set(${result} ${made} PARENT_SCOPE)

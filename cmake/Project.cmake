@@ -1,4 +1,4 @@
-# What every folder of the house is built with: the language, the warnings, and the rule that a
+# What every folder of the project is built with: the language, the warnings, and the rule that a
 # folder sees the headers of those folders only that it links to.
 
 set(CMAKE_CXX_STANDARD 20)
@@ -36,7 +36,7 @@ endif()
 
 if(WIN32)
   if(NOT CMAKE_HOST_WIN32)
-    set(CMAKE_CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/cmake/wine-run)
+    set(CMAKE_CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/scripts/wine-run)
   endif()
   set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
   set(CMAKE_SHARED_LIBRARY_PREFIX "")
@@ -47,9 +47,9 @@ endif()
 add_link_options(-Wl,--start-group)
 string(APPEND CMAKE_CXX_STANDARD_LIBRARIES " -Wl,--end-group")
 
-# house_headers(TARGET FOLDER): whoever links TARGET may include "FOLDER/...". The folder is reached
+# uadmin_headers(TARGET FOLDER): whoever links TARGET may include "FOLDER/...". The folder is reached
 # through a link in the build tree that holds nothing else, so that no other folder comes with it.
-function(house_headers target folder)
+function(uadmin_headers target folder)
   set(view ${CMAKE_BINARY_DIR}/include/${target})
   get_filename_component(parent ${view}/${folder} DIRECTORY)
   file(MAKE_DIRECTORY ${parent})
@@ -64,14 +64,14 @@ function(house_headers target folder)
   endif()
 endfunction()
 
-# house_library(TARGET FOLDER [TARGET ...]): a static library of the folder's sources that links the
+# uadmin_library(TARGET FOLDER [TARGET ...]): a static library of the folder's sources that links the
 # targets named behind it.
-function(house_library target folder)
+function(uadmin_library target folder)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
   if(NOT sources)
     message(FATAL_ERROR "${target}: no sources in ${folder}")
   endif()
   add_library(${target} STATIC ${sources})
-  house_headers(${target} ${folder})
+  uadmin_headers(${target} ${folder})
   target_link_libraries(${target} PUBLIC ${ARGN})
 endfunction()

@@ -27,6 +27,6 @@ add_library(headers_alone OBJECT EXCLUDE_FROM_ALL ${alone})
 target_include_directories(headers_alone PRIVATE ${PROJECT_SOURCE_DIR})
 target_compile_options(headers_alone PRIVATE -O0 -g0 -fno-sanitize=all
                        -Wno-non-virtual-dtor)
-target_link_libraries(headers_alone PRIVATE gtest_house sqlite3_house)
+target_link_libraries(headers_alone PRIVATE googletest sqlite3_library)
 
-house_check(headers COMMAND ${CMAKE_COMMAND} --build ${CMAKE_BINARY_DIR} --target headers_alone)
+uadmin_check(headers COMMAND ${CMAKE_COMMAND} --build ${CMAKE_BINARY_DIR} --target headers_alone)
