@@ -12,8 +12,11 @@
 
 namespace controls {
 
+// The index of a node in its tree, from 1; stable while the node lives.
+using NodeId = int;
+
 // No node: the parent of a root, the sibling after the last, a search without result.
-constexpr int kNoNode = -1;
+constexpr NodeId kNoNode = -1;
 
 // How a node's key is made from its parent's: the first four characters of the parent's key are
 // replaced by prefix, then suffix is appended and, where hasId is set, the node's id in decimal. A
