@@ -13,6 +13,34 @@ if(NOT TARGET googletest)
   endif()
 endif()
 
+# Tests are compiled for being run once: without the optimiser, with what all of them include read
+# once, and several sources at a time, which spares each the headers and templates of its neighbours.
+set(UADMIN_TEST_BATCH 8 CACHE STRING "How many sources of a test program are compiled at a time")
+add_library(precompiled_tests OBJECT ${CMAKE_BINARY_DIR}/precompiled/Empty.cpp)
+target_compile_options(precompiled_tests PRIVATE -O0)
+target_link_libraries(precompiled_tests PRIVATE googletest)
+target_precompile_headers(precompiled_tests PRIVATE
+  <gtest/gtest.h> <algorithm> <array> <cstdint> <filesystem> <fstream> <functional> <map> <memory>
+  <optional> <string> <string_view> <unordered_map> <utility> <vector>)
+
+# uadmin_compile_as_test(TARGET): compiles the target so.
+function(uadmin_compile_as_test target)
+  target_compile_options(${target} PRIVATE -O0)
+  target_link_libraries(${target} PUBLIC googletest)
+  target_precompile_headers(${target} REUSE_FROM precompiled_tests)
+  set_target_properties(${target} PROPERTIES
+    UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${UADMIN_TEST_BATCH})
+endfunction()
+
+# uadmin_test_library(TARGET FOLDER [TARGET ...]): a library that tests share, of the folder's sources.
+function(uadmin_test_library target folder)
+  uadmin_sources(sources ${folder})
+  add_library(${target} STATIC ${sources})
+  uadmin_headers(${target} ${folder})
+  target_link_libraries(${target} PUBLIC ${ARGN})
+  uadmin_compile_as_test(${target})
+endfunction()
+
 # Where a test program leaves the outcome of each of its tests, NAME.xml. Wine knows the host's
 # files as those of its drive Z.
 set(UADMIN_RESULTS ${CMAKE_BINARY_DIR}/results)
@@ -34,7 +62,8 @@ function(uadmin_test name folder)
     return()
   endif()
   add_executable(${name} ${sources} ${PROJECT_SOURCE_DIR}/tests/Main.cpp)
-  target_link_libraries(${name} PRIVATE ${ARGN} googletest)
+  target_link_libraries(${name} PRIVATE ${ARGN})
+  uadmin_compile_as_test(${name})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES

@@ -14,7 +14,7 @@ using controls::TreeNodes;
 using controls::TreeView;
 using Strings = std::vector<std::wstring>;
 
-std::wstring U(const char* utf8) {
+std::wstring Wide(const char* utf8) {
   return data::FromUtf8(utf8);
 }
 
@@ -50,7 +50,7 @@ TEST_F(Folders, ARebuiltFolderShowsWhatTheDatabaseHoldsInOrder) {
     Raw().Execute("UPDATE QRGROUP SET DESCR = NULL WHERE GROUPID = 12");
     EXPECT_EQ(window.Folders().EditMemberOfNode(At(Users(window), L"\\TUS \\U9")), data::kDone);
     EXPECT_EQ(ChildTexts(Users(window), At(Users(window), L"\\TMO \\U9 \\G")),
-              (Strings{L"Laboratoire", U("Qualité (Contrôle final et réclamations)"),
+              (Strings{L"Laboratoire", Wide("Qualité (Contrôle final et réclamations)"),
                        L"Tout le monde (Tous les utilisateurs)"}));
   });
 }

@@ -15,7 +15,7 @@ using test_support::kKeyEscape;
 using test_support::kKeySpace;
 using test_support::kKeyTab;
 
-class ListItem : public ListItemTest {};
+class ListItemDialog : public ListItemTest {};
 
 // The buttons "all" and "none".
 void ExpectButtons(const frmListItem& chooser, bool all, bool none) {
@@ -23,7 +23,7 @@ void ExpectButtons(const frmListItem& chooser, bool all, bool none) {
   EXPECT_EQ(chooser.cmdBtn[1].Enabled(), none);
 }
 
-TEST_F(ListItem, EveryCaptionComesFromTheStringTable) {
+TEST_F(ListItemDialog, EveryCaptionComesFromTheStringTable) {
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) {
     EXPECT_EQ(shown.Caption(), L"Liste des Choix : Groupes");
@@ -37,7 +37,7 @@ TEST_F(ListItem, EveryCaptionComesFromTheStringTable) {
   });
 }
 
-TEST_F(ListItem, TheCaptionNamesThePermissions) {
+TEST_F(ListItemDialog, TheCaptionNamesThePermissions) {
   PreparePermissionsOfGroup(kLaboratory);
   Show([this](frmListItem& shown) {
     EXPECT_EQ(shown.Caption(), L"Liste des Choix : Permissions");
@@ -45,7 +45,7 @@ TEST_F(ListItem, TheCaptionNamesThePermissions) {
   });
 }
 
-TEST_F(ListItem, GroupsOfAUserAreThoseHeIsNotInUnderTheirDisplayNames) {
+TEST_F(ListItemDialog, GroupsOfAUserAreThoseHeIsNotInUnderTheirDisplayNames) {
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) {
     EXPECT_EQ(TextsOf(shown),
@@ -57,7 +57,7 @@ TEST_F(ListItem, GroupsOfAUserAreThoseHeIsNotInUnderTheirDisplayNames) {
   });
 }
 
-TEST_F(ListItem, PermissionsOfAUserAreThoseHeDoesNotHoldDirectly) {
+TEST_F(ListItemDialog, PermissionsOfAUserAreThoseHeDoesNotHoldDirectly) {
   PreparePermissionsOf(kMartin);
   Show([this](frmListItem& shown) {
     ASSERT_EQ(shown.List1.ListCount(), 28);
@@ -69,7 +69,7 @@ TEST_F(ListItem, PermissionsOfAUserAreThoseHeDoesNotHoldDirectly) {
   });
 }
 
-TEST_F(ListItem, APermissionThatAUserHasThroughAGroupIsStillOffered) {
+TEST_F(ListItemDialog, APermissionThatAUserHasThroughAGroupIsStillOffered) {
   // 15 comes from Production.
   ASSERT_EQ(Raw().Number("select count(*) from qrgprm where groupid = 7 and permid = 15"), 1);
   PreparePermissionsOf(kMartin);
@@ -79,7 +79,7 @@ TEST_F(ListItem, APermissionThatAUserHasThroughAGroupIsStillOffered) {
   });
 }
 
-TEST_F(ListItem, PermissionsOfAGroupAreThoseItDoesNotHold) {
+TEST_F(ListItemDialog, PermissionsOfAGroupAreThoseItDoesNotHold) {
   PreparePermissionsOfGroup(kLaboratory);
   Show([this](frmListItem& shown) {
     Ids wanted;
@@ -91,7 +91,7 @@ TEST_F(ListItem, PermissionsOfAGroupAreThoseItDoesNotHold) {
   });
 }
 
-TEST_F(ListItem, TwoOwnersOneAfterTheOtherSeeOnlyWhatEachLacks) {
+TEST_F(ListItemDialog, TwoOwnersOneAfterTheOtherSeeOnlyWhatEachLacks) {
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) { user.Close(shown); });
   frmListItem other(exchange);
@@ -109,7 +109,7 @@ TEST_F(ListItem, TwoOwnersOneAfterTheOtherSeeOnlyWhatEachLacks) {
   });
 }
 
-TEST_F(ListItem, AnOwnerThatHasEveryCandidateSeesAnEmptyListAndOkWritesNothing) {
+TEST_F(ListItemDialog, AnOwnerThatHasEveryCandidateSeesAnEmptyListAndOkWritesNothing) {
   Raw().Execute("insert or ignore into qrusgp select 9, groupid from qrgroupv");
   exchange.AddNode = true;
   PrepareGroupsOf(kMartin);
@@ -123,7 +123,7 @@ TEST_F(ListItem, AnOwnerThatHasEveryCandidateSeesAnEmptyListAndOkWritesNothing) 
   EXPECT_FALSE(exchange.AddNode);
 }
 
-TEST_F(ListItem, AllOnAnEmptyListLeavesBothButtonsAsTheClickSetsThem) {
+TEST_F(ListItemDialog, AllOnAnEmptyListLeavesBothButtonsAsTheClickSetsThem) {
   Raw().Execute("insert or ignore into qrusgp select 9, groupid from qrgroupv");
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) {
@@ -134,7 +134,7 @@ TEST_F(ListItem, AllOnAnEmptyListLeavesBothButtonsAsTheClickSetsThem) {
   });
 }
 
-TEST_F(ListItem, AlreadyLinkedTwiceOverIsLeftOutOnce) {
+TEST_F(ListItemDialog, AlreadyLinkedTwiceOverIsLeftOutOnce) {
   // Two candidates of one id, as a database without a primary key may have: each link takes one.
   Raw().Execute("drop view qrgroupv");
   Raw().Execute(
@@ -147,7 +147,7 @@ TEST_F(ListItem, AlreadyLinkedTwiceOverIsLeftOutOnce) {
   });
 }
 
-TEST_F(ListItem, ButtonsFollowHowManyAreTicked) {
+TEST_F(ListItemDialog, ButtonsFollowHowManyAreTicked) {
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) {
     user.Toggle(shown.List1, 0);
@@ -163,7 +163,7 @@ TEST_F(ListItem, ButtonsFollowHowManyAreTicked) {
   });
 }
 
-TEST_F(ListItem, AllAndNoneTickEveryItem) {
+TEST_F(ListItemDialog, AllAndNoneTickEveryItem) {
   PreparePermissionsOf(kMartin);
   Show([this](frmListItem& shown) {
     user.Click(shown.cmdBtn[0]);
@@ -177,14 +177,14 @@ TEST_F(ListItem, AllAndNoneTickEveryItem) {
   });
 }
 
-TEST_F(ListItem, CancelWithoutAChangeAsksNothing) {
+TEST_F(ListItemDialog, CancelWithoutAChangeAsksNothing) {
   PrepareGroupsOf(kMartin);
   exchange.AddNode = true;
   Show([this](frmListItem& shown) { user.Click(shown.cmdCancel); });
   EXPECT_FALSE(exchange.AddNode);
 }
 
-TEST_F(ListItem, TickingThenUntickingStillCountsAsAChangeForCancel) {
+TEST_F(ListItemDialog, TickingThenUntickingStillCountsAsAChangeForCancel) {
   PrepareGroupsOf(kMartin);
   exchange.AddNode = true;
   Show([this](frmListItem& shown) {
@@ -197,7 +197,7 @@ TEST_F(ListItem, TickingThenUntickingStillCountsAsAChangeForCancel) {
   EXPECT_EQ(user.SeenBoxes().size(), 1U);
 }
 
-TEST_F(ListItem, AllOrNoneAloneCountsAsAChange) {
+TEST_F(ListItemDialog, AllOrNoneAloneCountsAsAChange) {
   for (const int Index : {0, 1}) {
     PrepareGroupsOf(kMartin);
     Show([this, Index](frmListItem& shown) {
@@ -208,7 +208,7 @@ TEST_F(ListItem, AllOrNoneAloneCountsAsAChange) {
   }
 }
 
-TEST_F(ListItem, NoKeepsTheDialogAndItsChangeOnCancelEscapeAndTheCloseBox) {
+TEST_F(ListItemDialog, NoKeepsTheDialogAndItsChangeOnCancelEscapeAndTheCloseBox) {
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) {
     user.Toggle(shown.List1, 2);
@@ -225,7 +225,7 @@ TEST_F(ListItem, NoKeepsTheDialogAndItsChangeOnCancelEscapeAndTheCloseBox) {
   EXPECT_EQ(user.SeenBoxes().size(), 4U);
 }
 
-TEST_F(ListItem, TheCloseBoxAsksOnceAndWritesNothing) {
+TEST_F(ListItemDialog, TheCloseBoxAsksOnceAndWritesNothing) {
   const Rows before = GroupsInDatabase(kMartin);
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) {
@@ -240,7 +240,7 @@ TEST_F(ListItem, TheCloseBoxAsksOnceAndWritesNothing) {
   EXPECT_FALSE(exchange.AddNode);
 }
 
-TEST_F(ListItem, TheHelpButtonAndF1OpenTheTopicOfWhatIsListed) {
+TEST_F(ListItemDialog, TheHelpButtonAndF1OpenTheTopicOfWhatIsListed) {
   PrepareGroupsOf(kMartin);
   const auto askTwice = [this](frmListItem& shown) {
     user.Click(shown.Command1);
@@ -257,7 +257,7 @@ TEST_F(ListItem, TheHelpButtonAndF1OpenTheTopicOfWhatIsListed) {
   EXPECT_EQ(topics, (std::vector<int>{1206, 1206, 1207, 1207, 1207, 1207}));
 }
 
-TEST_F(ListItem, IsWorkedByKeyboardAlone) {
+TEST_F(ListItemDialog, IsWorkedByKeyboardAlone) {
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) {
     EXPECT_TRUE(shown.List1.HasFocus());
@@ -279,7 +279,7 @@ TEST_F(ListItem, IsWorkedByKeyboardAlone) {
   EXPECT_FALSE(exchange.AddNode);
 }
 
-TEST_F(ListItem, AllAndNoneHandTheFocusToEachOther) {
+TEST_F(ListItemDialog, AllAndNoneHandTheFocusToEachOther) {
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) {
     user.Mnemonic(shown, L't');
@@ -293,7 +293,7 @@ TEST_F(ListItem, AllAndNoneHandTheFocusToEachOther) {
   });
 }
 
-TEST_F(ListItem, HostileNamesAreShownAsTheyAre) {
+TEST_F(ListItemDialog, HostileNamesAreShownAsTheyAre) {
   const Texts names = {L"d'Arc \"Jeanne\"",
                        L"x'; DELETE FROM QRUSGP; --",
                        L"/* a */ (b) 100 % %s \\TUS \\U12 && &Co",
@@ -323,7 +323,7 @@ TEST_F(ListItem, HostileNamesAreShownAsTheyAre) {
   EXPECT_EQ(GroupsInDatabase(kMartin), (Rows{{"2"}, {"7"}, {"12"}, {"101"}}));
 }
 
-TEST_F(ListItem, RefusesAnotherKindOrRelationWithError5BeforeItAsksTheDatabase) {
+TEST_F(ListItemDialog, RefusesAnotherKindOrRelationWithError5BeforeItAsksTheDatabase) {
   struct Wrong {
     std::wstring kind;
     std::wstring relation;
