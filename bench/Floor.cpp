@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "data/Text.h"
+#include "server/engines/sqlite/SqliteSettings.h"
 
 namespace bench {
 namespace {
@@ -45,8 +46,9 @@ Parameterised Parameterise(const std::string& text) {
 Floor::Floor(const std::string& databaseFile, const std::vector<std::wstring>& statements) {
   Check(sqlite3_open_v2(databaseFile.c_str(), &database_, SQLITE_OPEN_READWRITE, nullptr),
         database_);
-  // The page cache that the reference server uses too: without it the floor would be a cellar.
-  bench::Execute(database_, "PRAGMA mmap_size=268435456");
+  // What the server's connection has, the floor has too, so that they differ in nothing but the
+  // work.
+  server::ApplySettings(database_);
   for (const std::wstring& statement : statements) {
     const std::string text = data::ToUtf8(statement);
     if (text.starts_with("SELECT") || text.starts_with("DELETE")) {

@@ -6,13 +6,12 @@
 #include <ostream>
 
 #include "data/Text.h"
-#include "server/core/Accounts.h"
-#include "server/core/CommandLine.h"
-#include "server/core/DataSource.h"
-#include "server/core/Filling.h"
-#include "server/core/NewDatabase.h"
-#include "server/core/Sessions.h"
-#include "server/core/SqliteEngine.h"
+#include "server/core/accounts/Accounts.h"
+#include "server/core/samples/Filling.h"
+#include "server/core/sessions/CommandLine.h"
+#include "server/core/sessions/DataSource.h"
+#include "server/core/sessions/Sessions.h"
+#include "server/engines/Engines.h"
 #include "server/tool/Commands.h"
 
 namespace tool {
@@ -25,11 +24,11 @@ constexpr int kMostOthers = 100'000;
 struct OpenSource {
   OpenSource(const Arguments& arguments, const Surroundings& surroundings)
       : source(server::DataSources(surroundings.home).Find(arguments.Value("--source"))),
-        engine(source.database, server::SqliteEngine::Mode::kExisting, std::chrono::seconds(5)),
+        engine(server::OpenEngine(source, std::chrono::seconds(5))),
         passwords(server::ReadKey(source)) {}
 
   server::DataSource source;
-  server::SqliteEngine engine;
+  std::unique_ptr<server::Engine> engine;
   server::PasswordCipher passwords;
 };
 
@@ -92,8 +91,8 @@ void CreateDatabase(const Arguments& arguments, const Surroundings& surroundings
 
 void FillSample(const Arguments& arguments, const Surroundings& surroundings) {
   OpenSource open(arguments, surroundings);
-  RequireEmpty(open.engine);
-  server::FillSample(open.engine, open.passwords);
+  RequireEmpty(*open.engine);
+  server::FillSample(*open.engine, open.passwords);
 }
 
 void FillGenerated(const Arguments& arguments, const Surroundings& surroundings) {
@@ -102,8 +101,8 @@ void FillGenerated(const Arguments& arguments, const Surroundings& surroundings)
   size.groups = arguments.Number("--groups", 2, kMostOthers, size.groups);
   size.permissions = arguments.Number("--permissions", 1, kMostOthers, size.permissions);
   OpenSource open(arguments, surroundings);
-  RequireEmpty(open.engine);
-  server::FillGenerated(open.engine, open.passwords, size);
+  RequireEmpty(*open.engine);
+  server::FillGenerated(*open.engine, open.passwords, size);
 }
 
 void AddAdmin(const Arguments& arguments, const Surroundings& surroundings) {
@@ -117,7 +116,7 @@ void AddAdmin(const Arguments& arguments, const Surroundings& surroundings) {
                                     ? data::FromUtf8(arguments.Value("--full-name"))
                                     : std::wstring();
   OpenSource open(arguments, surroundings);
-  if (!server::AddAdministrator(open.engine, open.passwords, {name, fullName, password})) {
+  if (!server::AddAdministrator(*open.engine, open.passwords, {name, fullName, password})) {
     throw CommandError("there is a user of that name already");
   }
 }
@@ -125,10 +124,10 @@ void AddAdmin(const Arguments& arguments, const Surroundings& surroundings) {
 void OpenSession(const Arguments& arguments, const Surroundings& surroundings) {
   const std::wstring password = Password(arguments, surroundings);
   OpenSource open(arguments, surroundings);
-  const auto user = server::CheckPassword(open.engine, open.passwords,
+  const auto user = server::CheckPassword(*open.engine, open.passwords,
                                           data::FromUtf8(arguments.Value("--user")), password);
   if (!user) throw CommandError("wrong user or password");
-  const server::OpenedSession session = server::OpenUserSession(open.engine, *user);
+  const server::OpenedSession session = server::OpenUserSession(*open.engine, *user);
   surroundings.out << server::FormatCommandLine(
                           {open.source.name, session.token, session.sessionId})
                    << "\n";
@@ -136,7 +135,7 @@ void OpenSession(const Arguments& arguments, const Surroundings& surroundings) {
 
 void ListSessions(const Arguments& arguments, const Surroundings& surroundings) {
   OpenSource open(arguments, surroundings);
-  for (const server::SessionEntry& session : server::ListSessions(open.engine)) {
+  for (const server::SessionEntry& session : server::ListSessions(*open.engine)) {
     surroundings.out << session.sessionId << "\t" << data::ToUtf8(session.userName) << "\t"
                      << UtcTime(session.opened) << "\n";
   }
@@ -145,7 +144,7 @@ void ListSessions(const Arguments& arguments, const Surroundings& surroundings) 
 void CloseSession(const Arguments& arguments, const Surroundings& surroundings) {
   const int session = arguments.Number("--session", 1, INT32_MAX);
   OpenSource open(arguments, surroundings);
-  server::CloseUserSession(open.engine, session);
+  server::CloseUserSession(*open.engine, session);
 }
 
 }  // namespace tool

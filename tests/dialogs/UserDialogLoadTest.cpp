@@ -1,5 +1,5 @@
 #include "UserDialogTest.h"
-#include "server/core/SampleData.h"
+#include "server/core/samples/SampleData.h"
 
 namespace dialogs {
 namespace {

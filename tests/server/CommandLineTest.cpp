@@ -2,7 +2,7 @@
 
 #include "ServerTest.h"
 #include "data/Text.h"
-#include "server/core/CommandLine.h"
+#include "server/core/sessions/CommandLine.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 #include <thread>
 
 #include "ServerTest.h"
-#include "server/core/Counters.h"
-#include "server/core/Query.h"
-#include "server/core/SqliteEngine.h"
+#include "server/core/accounts/Counters.h"
+#include "server/core/sql/Query.h"
+#include "server/engines/sqlite/SqliteEngine.h"
 
 #ifndef _WIN32
 #include <sys/wait.h>

@@ -1,11 +1,11 @@
-#include "server/core/DataSource.h"
+#include "server/core/sessions/DataSource.h"
 
 #include <fstream>
 #include <iterator>
 
 #include "ServerTest.h"
 #include "data/Text.h"
-#include "server/core/PrivateFile.h"
+#include "server/core/sessions/PrivateFile.h"
 
 namespace {
 

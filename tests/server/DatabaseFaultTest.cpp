@@ -5,8 +5,8 @@
 
 #include "ServerTest.h"
 #include "data/MSQLStatement.h"
-#include "server/core/CommandLine.h"
-#include "server/core/SqliteEngine.h"
+#include "server/core/sessions/CommandLine.h"
+#include "server/engines/sqlite/SqliteEngine.h"
 
 #ifdef _WIN32
 #include <windows.h>

@@ -1,9 +1,9 @@
-#include "server/core/PasswordCipher.h"
+#include "server/core/accounts/PasswordCipher.h"
 
 #include "ServerTest.h"
 #include "data/Text.h"
-#include "server/core/Crypto.h"
-#include "server/core/Encoding.h"
+#include "server/core/accounts/Crypto.h"
+#include "server/core/accounts/Encoding.h"
 
 namespace {
 

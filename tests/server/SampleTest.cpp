@@ -2,7 +2,7 @@
 
 #include "ServerTest.h"
 #include "data/MSQLStatement.h"
-#include "server/core/SampleData.h"
+#include "server/core/samples/SampleData.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 #include "ServerTest.h"
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
-#include "server/core/CommandLine.h"
-#include "server/core/Sessions.h"
-#include "server/core/SqliteEngine.h"
+#include "server/core/sessions/CommandLine.h"
+#include "server/core/sessions/Sessions.h"
+#include "server/engines/sqlite/SqliteEngine.h"
 
 namespace {
 

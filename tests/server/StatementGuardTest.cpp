@@ -1,8 +1,8 @@
 #include "ServerTest.h"
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
-#include "server/core/StatementCache.h"
-#include "server/core/StatementGuard.h"
+#include "server/core/sql/StatementCache.h"
+#include "server/core/sql/StatementGuard.h"
 
 namespace {
 

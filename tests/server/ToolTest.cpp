@@ -4,7 +4,8 @@
 
 #include "ServerTest.h"
 #include "data/Text.h"
-#include "server/core/CommandLine.h"
+#include "server/core/sessions/CommandLine.h"
+#include "server/engines/Engines.h"
 
 namespace {
 
@@ -47,7 +48,7 @@ TEST_F(Tool, OpensASessionThatTheServerTakes) {
   ASSERT_EQ(OpenSession(), 0) << errors_;
   const auto session = server::ParseCommandLine(data::FromUtf8(out_));
   EXPECT_EQ(out_, server::FormatCommandLine(session) + "\n");
-  server::ReferenceServer server({home_});
+  server::ReferenceServer server({server::OpenEngine, home_});
   server.OpenSession(server::FormatSessionText(session), session.sessionId);
   EXPECT_EQ(server.GetRights(), 7);
 }
@@ -131,7 +132,7 @@ TEST_F(Tool, AddsAnAdministratorToAnEmptyDatabase) {
   EXPECT_EQ(errors_, "vardexctl: there is a user of that name already\n");
   ASSERT_EQ(OpenSession("Zoé", "s3cret"), 0) << errors_;
   const auto session = server::ParseCommandLine(data::FromUtf8(out_));
-  server::ReferenceServer server({home_});
+  server::ReferenceServer server({server::OpenEngine, home_});
   server.OpenSession(server::FormatSessionText(session), session.sessionId);
   EXPECT_EQ(server.GetRights(), 4);
   EXPECT_EQ(server.GetSessionUserText(), L"Zoé (Zoé Faure)");

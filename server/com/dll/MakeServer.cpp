@@ -5,7 +5,8 @@
 #include <string>
 #include <utility>
 
-#include "server/core/ReferenceServer.h"
+#include "server/core/sessions/ReferenceServer.h"
+#include "server/engines/Engines.h"
 
 namespace {
 
@@ -16,7 +17,7 @@ void ShowAboutBox(const std::wstring& title, const std::wstring& text) {
 }  // namespace
 
 std::unique_ptr<data::SessionServer> MakeServer() {
-  server::ReferenceServer::Options options;
+  server::ReferenceServer::Options options{server::OpenEngine};
   options.showAbout = ShowAboutBox;
   return std::make_unique<server::ReferenceServer>(std::move(options));
 }

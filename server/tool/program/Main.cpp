@@ -2,7 +2,7 @@
 #include <string>
 #include <vector>
 
-#include "server/core/DataSource.h"
+#include "server/core/sessions/DataSource.h"
 #include "server/tool/Tool.h"
 
 #ifdef _WIN32

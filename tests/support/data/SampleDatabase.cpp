@@ -5,15 +5,15 @@
 #include <stdexcept>
 
 #include "data/Text.h"
-#include "server/core/Accounts.h"
-#include "server/core/CommandLine.h"
-#include "server/core/Crypto.h"
-#include "server/core/Encoding.h"
-#include "server/core/NewDatabase.h"
-#include "server/core/PrivateFile.h"
-#include "server/core/Query.h"
-#include "server/core/Sessions.h"
-#include "server/core/SqliteEngine.h"
+#include "server/core/accounts/Accounts.h"
+#include "server/core/accounts/Crypto.h"
+#include "server/core/accounts/Encoding.h"
+#include "server/core/sessions/CommandLine.h"
+#include "server/core/sessions/PrivateFile.h"
+#include "server/core/sessions/Sessions.h"
+#include "server/core/sql/Query.h"
+#include "server/engines/Engines.h"
+#include "server/engines/sqlite/SqliteEngine.h"
 
 namespace test_support {
 namespace {
@@ -104,7 +104,7 @@ std::wstring SampleDatabase::CommandLine(std::wstring_view userName) {
 
 std::unique_ptr<server::ReferenceServer> SampleDatabase::MakeServer() const {
   return std::make_unique<server::ReferenceServer>(
-      server::ReferenceServer::Options{home_, lockWait_, showAbout_});
+      server::ReferenceServer::Options{server::OpenEngine, home_, lockWait_, showAbout_});
 }
 
 std::unique_ptr<server::ReferenceServer> SampleDatabase::OpenServer(std::wstring_view userName) {

@@ -8,9 +8,9 @@
 #include <string_view>
 #include <vector>
 
-#include "server/core/DataSource.h"
-#include "server/core/Filling.h"
-#include "server/core/ReferenceServer.h"
+#include "server/core/samples/Filling.h"
+#include "server/core/sessions/DataSource.h"
+#include "server/core/sessions/ReferenceServer.h"
 #include "tests/support/data/RawDatabase.h"
 
 namespace test_support {

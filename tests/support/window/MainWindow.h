@@ -11,7 +11,7 @@
 #include "app/mGlobal.h"
 #include "browser/frmUserGroupPerm.h"
 #include "controls/Desktop.h"
-#include "server/core/Filling.h"
+#include "server/core/samples/Filling.h"
 #include "tests/support/controls/User.h"
 #include "tests/support/data/SampleDatabase.h"
 #include "tests/support/recording/CallLog.h"

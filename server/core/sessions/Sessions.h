@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "server/core/sql/Engine.h"
+
+// The sessions of a database: QRAUSR holds the open ones, QRAUSRX remembers closed ones for a while
+// so that a late caller is told what happened. Of a token only the SHA-256 hash is stored.
+namespace server {
+
+struct OpenedSession {
+  std::int32_t sessionId = 0;
+  std::string token;  // hexadecimal; known to nobody but the caller from here on
+};
+
+struct SessionEntry {
+  std::int32_t sessionId = 0;
+  std::int32_t userId = 0;
+  std::wstring userName;
+  std::int64_t opened = 0;  // seconds since 1970
+};
+
+// Opens a session for a user, under a number drawn at random from the positive 32-bit ones.
+OpenedSession OpenUserSession(Engine& engine, std::int32_t userId);
+
+// Returns the user of a session. Raises kSessionUnknown, kSessionClosed, kTokenWrong or
+// kSessionUserGone.
+std::int32_t CheckSession(Engine& engine, std::int32_t sessionId, std::string_view token);
+
+// Raises kSessionUnknown or kSessionClosed.
+void CloseUserSession(Engine& engine, std::int32_t sessionId);
+
+// The open sessions, oldest first.
+std::vector<SessionEntry> ListSessions(Engine& engine);
+
+// Whether a text has the form of a token.
+bool IsToken(std::string_view text);
+
+}  // namespace server

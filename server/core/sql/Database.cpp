@@ -1,0 +1,65 @@
+#include "server/core/sql/Database.h"
+
+#include "data/Text.h"
+#include "server/core/Errors.h"
+
+namespace server {
+namespace {
+
+void Bind(Statement& statement, std::span<const Literal> literals) {
+  int parameter = 0;
+  for (const Literal& literal : literals) {
+    if (literal.isText) {
+      statement.Bind(++parameter, data::ToUtf8(literal.text));
+    } else {
+      statement.Bind(++parameter, literal.number);
+    }
+  }
+}
+
+}  // namespace
+
+Database::Database(std::unique_ptr<Engine> engine) : engine_(std::move(engine)) {}
+
+std::unique_ptr<CursorLoan> Database::Borrow(std::wstring_view statement, bool select) {
+  shape_.Read(statement);
+  std::shared_ptr<CachedStatement> known = cache_.Find(shape_);
+  if ((known->plan.kind == StatementKind::kSelect) != select) {
+    FailDatabase(select ? L"statement returns no rows" : L"statement changes no rows");
+  }
+  CheckLiterals(known->plan, shape_.Literals());
+  auto cursor = std::make_unique<CursorLoan>(*engine_, std::move(known));
+  Bind(cursor->Get(), shape_.Literals());
+  return cursor;
+}
+
+std::unique_ptr<CursorLoan> Database::BorrowOwn(std::string_view sql) {
+  return std::make_unique<CursorLoan>(*engine_, cache_.FindOwn(sql));
+}
+
+std::int32_t Database::Execute(std::wstring_view statement) {
+  const std::unique_ptr<CursorLoan> cursor = Borrow(statement, false);
+  cursor->Get().Step();
+  return engine_->RowsAffected();
+}
+
+void Database::BeginRead() {
+  if (readDepth_ == 0) {
+    engine_->BeginReading();
+    ++readNumber_;
+  }
+  ++readDepth_;
+}
+
+void Database::EndRead() {
+  if (readDepth_ == 0) Fail(kReadNotBegun);
+  if (--readDepth_ > 0) return;
+  try {
+    engine_->Commit();
+  } catch (...) {
+    engine_->Rollback();
+    throw;
+  }
+}
+
+}  // namespace server

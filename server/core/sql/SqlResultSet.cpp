@@ -1,0 +1,145 @@
+#include "server/core/sql/SqlResultSet.h"
+
+#include <algorithm>
+
+#include "data/Text.h"
+#include "server/core/Errors.h"
+
+namespace server {
+
+SqlResultSet::SqlResultSet(std::shared_ptr<Database> database, std::unique_ptr<CursorLoan> cursor)
+    : database_(std::move(database)), cursor_(std::move(cursor)), onRow_(cursor_->Get().Step()) {}
+
+CursorLoan& SqlResultSet::Open() {
+  if (cursor_ == nullptr) Fail(kResultSetClosed);
+  return *cursor_;
+}
+
+bool SqlResultSet::EndOfRows() {
+  Open();
+  return detached_ ? rows_.EndOfRows() : !onRow_;
+}
+
+void SqlResultSet::RequireRow() {
+  if (EndOfRows()) Fail(kNoCurrentRow);
+}
+
+data::ColumnValue SqlResultSet::Column(int position) {
+  CursorLoan& cursor = Open();
+  if (position < 0 || static_cast<std::size_t>(position) >= cursor.Rows().Columns()) {
+    Fail(kColumnUnknown, data::Decimal(position));
+  }
+  RequireRow();
+  return detached_ ? rows_.Read(position) : cursor.Rows().Read(position);
+}
+
+void SqlResultSet::MoveNext() {
+  RequireRow();
+  writer_.reset();
+  if (detached_) {
+    rows_.MoveNext();
+  } else {
+    onRow_ = false;
+    onRow_ = cursor_->Get().Step();
+  }
+}
+
+void SqlResultSet::MoveFirst() {
+  Statement& statement = Open().Get();
+  writer_.reset();
+  rows_.Clear();
+  detached_ = false;
+  onRow_ = false;
+  statement.Reset();
+  onRow_ = statement.Step();
+}
+
+void SqlResultSet::RequireWritable() {
+  const StatementPlan& plan = Open().Plan();
+  if (plan.table == nullptr || plan.table->writesTo.empty()) Fail(kSetNotWritable);
+  for (const SchemaColumn& column : plan.table->columns) {
+    if (!column.key) continue;
+    if (std::find(plan.columns.begin(), plan.columns.end(), &column) == plan.columns.end()) {
+      Fail(kSetNotWritable);
+    }
+  }
+}
+
+void SqlResultSet::Detach() {
+  if (detached_) return;
+  rows_.Clear();
+  if (onRow_) rows_.Fill(cursor_->Rows());
+  cursor_->Get().Reset();
+  detached_ = true;
+}
+
+void SqlResultSet::AddNew() {
+  RequireWritable();
+  Detach();
+  const StatementPlan& plan = cursor_->Plan();
+  writer_.emplace(*plan.table, plan.columns, std::vector<std::int64_t>{});
+}
+
+void SqlResultSet::Edit() {
+  RequireWritable();
+  RequireRow();
+  Detach();
+  const StatementPlan& plan = cursor_->Plan();
+  writer_.emplace(*plan.table, plan.columns, CurrentKeys());
+}
+
+std::vector<std::int64_t> SqlResultSet::CurrentKeys() {
+  const StatementPlan& plan = cursor_->Plan();
+  std::vector<std::int64_t> keys;
+  for (const SchemaColumn& column : plan.table->columns) {
+    if (!column.key) continue;
+    const auto place = std::find(plan.columns.begin(), plan.columns.end(), &column);
+    keys.push_back(rows_.Read(static_cast<int>(place - plan.columns.begin())).Integer());
+  }
+  return keys;
+}
+
+void SqlResultSet::SetColumn(std::wstring_view name, const data::FieldValue& value) {
+  const std::vector<const SchemaColumn*>& columns = Open().Plan().columns;
+  const std::string narrow = data::ToUtf8(name);
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (SameName(columns[i]->name, narrow)) {
+      Set(i, value);
+      return;
+    }
+  }
+  Fail(kColumnUnknown, name);
+}
+
+void SqlResultSet::SetColumn(int position, const data::FieldValue& value) {
+  if (position < 0 || static_cast<std::size_t>(position) >= Open().Rows().Columns()) {
+    Fail(kColumnUnknown, data::Decimal(position));
+  }
+  Set(static_cast<std::size_t>(position), value);
+}
+
+void SqlResultSet::Set(std::size_t column, const data::FieldValue& value) {
+  if (!writer_) Fail(kNothingToWrite);
+  writer_->Set(column, value);
+}
+
+void SqlResultSet::Update() {
+  Open();
+  if (!writer_) Fail(kNothingToWrite);
+  const RowWriter writer = std::move(*writer_);
+  writer_.reset();
+  writer.Write(*database_);
+  if (!writer.IsNew()) {
+    for (std::size_t i = 0; i < writer.Values().size(); ++i) {
+      if (writer.Values()[i]) rows_.Change(i, *writer.Values()[i]);
+    }
+  }
+}
+
+void SqlResultSet::Close() {
+  writer_.reset();
+  rows_.Clear();
+  cursor_.reset();
+}
+
+}  // namespace server

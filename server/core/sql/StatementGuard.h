@@ -1,0 +1,38 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "server/core/sql/SchemaTables.h"
+#include "server/core/sql/StatementShape.h"
+
+// The second half of the statement guard: the grammar of what a client may ask of the database. It
+// is a list of what is allowed, not of what is forbidden:
+//   SELECT [DISTINCT] columns or * FROM up to three tables [WHERE column = value or column, joined
+//   by AND, OR and parentheses] [ORDER BY column]; DELETE FROM a link table WHERE column = number
+//   [AND column = number]; UPDATE of a user or group that marks it deleted: its name becomes
+//   name(id), its flag D.
+// Everything else is refused with a database error before the database sees anything of it.
+namespace server {
+
+enum class StatementKind { kSelect, kDelete, kMarkDeleted };
+
+// A shape once understood: what the engine is to run, with a parameter for each literal in turn.
+struct StatementPlan {
+  StatementKind kind = StatementKind::kSelect;
+  std::string sql;
+  // The only table of the statement; null when there are several.
+  const SchemaTable* table = nullptr;
+  // The columns of a result set, in order.
+  std::vector<const SchemaColumn*> columns;
+};
+
+// Understands a shape or raises a database error.
+StatementPlan UnderstandStatement(const StatementShape& shape);
+
+// Checks what depends on the literals of one statement: a row is marked deleted only with the flag
+// D and under a name that ends in its own identifier in parentheses.
+void CheckLiterals(const StatementPlan& plan, std::span<const Literal> literals);
+
+}  // namespace server

@@ -1,0 +1,113 @@
+#include "server/core/sql/StatementTokens.h"
+
+#include "data/Text.h"
+#include "server/core/Errors.h"
+
+namespace server {
+namespace {
+
+bool IsNameLetter(char letter) {
+  return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
+         (letter >= '0' && letter <= '9') || letter == '_';
+}
+
+TokenKind KindOf(char letter) {
+  if (letter == StatementShape::kNumberMark) return TokenKind::kNumber;
+  if (letter == StatementShape::kTextMark) return TokenKind::kText;
+  if (letter == StatementShape::kFaultMark) return TokenKind::kFault;
+  return IsNameLetter(letter) ? TokenKind::kName : TokenKind::kSign;
+}
+
+}  // namespace
+
+StatementTokens::StatementTokens(const StatementShape& shape) : shape_(shape), text_(shape.Text()) {
+  Advance();
+}
+
+void StatementTokens::Advance() {
+  next_ = text_.find_first_not_of(" \t\r\n", next_);
+  if (next_ == std::string_view::npos) next_ = text_.size();
+  const std::size_t place = next_;
+  if (place == text_.size()) {
+    current_ = {TokenKind::kEnd, {}, place, 0};
+    return;
+  }
+  const TokenKind kind = KindOf(text_[next_++]);
+  if (kind == TokenKind::kName) {
+    while (next_ < text_.size() && IsNameLetter(text_[next_])) ++next_;
+  }
+  current_ = {kind, text_.substr(place, next_ - place), place, literals_};
+  if (kind == TokenKind::kNumber || kind == TokenKind::kText) ++literals_;
+}
+
+bool StatementTokens::SkipWord(std::string_view word) {
+  if (current_.kind != TokenKind::kName || !SameName(current_.text, word)) return false;
+  Advance();
+  return true;
+}
+
+bool StatementTokens::SkipSign(char sign) {
+  if (current_.kind != TokenKind::kSign || current_.text[0] != sign) return false;
+  Advance();
+  return true;
+}
+
+void StatementTokens::ExpectWord(std::string_view word) {
+  if (!SkipWord(word)) FailAt(current_);
+}
+
+void StatementTokens::ExpectSign(char sign) {
+  if (!SkipSign(sign)) FailAt(current_);
+}
+
+Token StatementTokens::ExpectName() {
+  if (current_.kind != TokenKind::kName) FailAt(current_);
+  const Token name = current_;
+  Advance();
+  return name;
+}
+
+void StatementTokens::ExpectLiteral(ColumnKind kind) {
+  const TokenKind wanted = kind == ColumnKind::kNumber ? TokenKind::kNumber : TokenKind::kText;
+  if (current_.kind != wanted) FailAt(current_);
+  Advance();
+}
+
+void StatementTokens::ExpectEnd() {
+  if (current_.kind != TokenKind::kEnd) FailAt(current_);
+}
+
+void StatementTokens::CopyUpTo(std::size_t place) {
+  for (; copied_ < place; ++copied_) {
+    const TokenKind kind = KindOf(text_[copied_]);
+    const bool literal = kind == TokenKind::kNumber || kind == TokenKind::kText;
+    sql_ += literal ? '?' : text_[copied_];
+  }
+}
+
+void StatementTokens::LeaveOut(const Token& first, const Token& last) {
+  CopyUpTo(first.place);
+  copied_ = last.place;
+}
+
+std::string StatementTokens::Sql() {
+  CopyUpTo(text_.size());
+  return sql_;
+}
+
+std::wstring StatementTokens::Piece(const Token& token) const {
+  switch (token.kind) {
+    case TokenKind::kNumber:
+      return data::Decimal(shape_.Literals()[token.literal].number);
+    case TokenKind::kText:
+      return L"'" + std::wstring(shape_.Literals()[token.literal].text) + L"'";
+    default:
+      return data::FromUtf8(token.text);
+  }
+}
+
+void StatementTokens::FailAt(const Token& token) const {
+  FailDatabase(token.kind == TokenKind::kFault ? shape_.Fault() : SyntaxError(Piece(token)));
+}
+
+}  // namespace server

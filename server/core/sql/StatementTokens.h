@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "server/core/sql/SchemaTables.h"
+#include "server/core/sql/StatementShape.h"
+
+namespace server {
+
+enum class TokenKind { kName, kNumber, kText, kSign, kFault, kEnd };
+
+struct Token {
+  TokenKind kind = TokenKind::kEnd;
+  std::string_view text;    // of the shape
+  std::size_t place = 0;    // in the shape
+  std::size_t literal = 0;  // which literal, where it is one
+};
+
+// A shape read token by token, with the text for the engine written alongside. Whatever is expected
+// and not there raises a syntax error at the token in its place.
+class StatementTokens {
+ public:
+  explicit StatementTokens(const StatementShape& shape);
+
+  const Token& Current() const { return current_; }
+  // Step over the current token if it is this word or sign; false if it is something else.
+  bool SkipWord(std::string_view word);
+  bool SkipSign(char sign);
+  void ExpectWord(std::string_view word);
+  void ExpectSign(char sign);
+  Token ExpectName();
+  void ExpectLiteral(ColumnKind kind);
+  void ExpectEnd();
+  // Keeps the shape from one token up to another out of the text for the engine.
+  void LeaveOut(const Token& first, const Token& last);
+  // The text for the engine: the shape with a parameter for each literal.
+  std::string Sql();
+
+  // A token as it stood in the statement.
+  std::wstring Piece(const Token& token) const;
+  [[noreturn]] void FailAt(const Token& token) const;
+
+ private:
+  void Advance();
+  void CopyUpTo(std::size_t place);
+
+  const StatementShape& shape_;
+  std::string_view text_;
+  Token current_;
+  std::size_t next_ = 0;
+  std::size_t literals_ = 0;
+  std::string sql_;
+  std::size_t copied_ = 0;
+};
+
+}  // namespace server
