@@ -50,7 +50,7 @@ Strings Without(const Strings& lines, const Strings& others) {
 
 }  // namespace
 
-void CommandTest::Select(frmUserGroupPerm& window, int tree, const wchar_t* key) {
+void CommandTest::Select(frmUserGroupPerm& window, int tree, const std::wstring& key) {
   user.ChooseTab(window.TabStrip1, tree);
   const int node = At(window, tree, key);
   ASSERT_NE(node, kNoNode) << data::ToUtf8(key);
@@ -62,11 +62,11 @@ std::wstring CommandTest::Selected(frmUserGroupPerm& window, int tree) {
   return view.Nodes().Key(view.SelectedNode());
 }
 
-bool CommandTest::Has(frmUserGroupPerm& window, int tree, const wchar_t* key) {
+bool CommandTest::Has(frmUserGroupPerm& window, int tree, const std::wstring& key) {
   return At(window, tree, key) != kNoNode;
 }
 
-int CommandTest::At(frmUserGroupPerm& window, int tree, const wchar_t* key) {
+int CommandTest::At(frmUserGroupPerm& window, int tree, const std::wstring& key) {
   return window.TreeView1[tree].Nodes().Find(key);
 }
 

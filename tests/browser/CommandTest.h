@@ -17,10 +17,10 @@ class CommandTest : public test_support::MainWindow {
   using Where = test_support::Where;
 
   // A click on the node of this key, on its tab.
-  void Select(frmUserGroupPerm& window, int tree, const wchar_t* key);
+  void Select(frmUserGroupPerm& window, int tree, const std::wstring& key);
   static std::wstring Selected(frmUserGroupPerm& window, int tree);
-  static bool Has(frmUserGroupPerm& window, int tree, const wchar_t* key);
-  static int At(frmUserGroupPerm& window, int tree, const wchar_t* key);
+  static bool Has(frmUserGroupPerm& window, int tree, const std::wstring& key);
+  static int At(frmUserGroupPerm& window, int tree, const std::wstring& key);
 
   // Every node of both trees with all that is seen of it but whether a folder is open.
   static Strings Look(frmUserGroupPerm& window);

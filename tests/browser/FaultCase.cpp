@@ -6,11 +6,13 @@
 #include "dialogs/frmListItem.h"
 #include "dialogs/frmNewGroup.h"
 #include "dialogs/frmNewUser.h"
+#include "tests/support/keys/Buttons.h"
+#include "tests/support/keys/Keys.h"
 
 namespace browser {
 namespace {
 
-using test_support::User;
+using namespace test_support;
 using Phases = std::vector<FaultPhase>;
 
 constexpr auto kWrite = FaultPhase::kWrite;
@@ -148,8 +150,8 @@ void FillUser(User& user, controls::Form& form) {
   user.Type(dialog.txtPassword, L"secret1");
   user.Type(dialog.txtVerify, L"secret1");
   // One group and two permissions change their checks.
-  user.Toggle(dialog.List1[1], 2);
-  for (const int item : {3, 6}) user.Toggle(dialog.List1[2], item);
+  user.Toggle(dialog.List1[kGroupsList], 2);
+  for (const int item : {3, 6}) user.Toggle(dialog.List1[kPermissionsList], item);
   user.Click(dialog.cmdOK);
 }
 
@@ -157,19 +159,19 @@ void FillGroup(User& user, controls::Form& form) {
   auto& dialog = dynamic_cast<dialogs::GroupDialog&>(form);
   user.Type(dialog.txtGroupName, L"Labo");
   user.Type(dialog.txtDesc, L"Mesures");
-  for (const int item : {3, 6}) user.Toggle(dialog.List1[2], item);
+  for (const int item : {3, 6}) user.Toggle(dialog.List1[kPermissionsList], item);
   user.Click(dialog.cmdOK);
 }
 
 void FillChooser(User& user, controls::Form& form) {
   auto& dialog = dynamic_cast<dialogs::frmListItem&>(form);
-  user.Click(dialog.cmdBtn[0]);
+  user.Click(dialog.cmdBtn[kCheckAllButton]);
   user.Click(dialog.cmdOK);
 }
 
 void FillMembers(User& user, controls::Form& form) {
   auto& dialog = dynamic_cast<dialogs::frmAddUserInGroup&>(form);
-  user.Click(dialog.cmdBtn[2]);
+  user.Click(dialog.cmdBtn[kAddAllButton]);
   user.Click(dialog.cmdOK);
 }
 
@@ -177,67 +179,67 @@ using Window = frmUserGroupPerm;
 
 std::vector<FaultCase> AccountCases() {
   return {
-      {"edit user", 0, L"\\TUS \\U9", [](Window& w) { return &w.cmdUser[0]; }, FillUser,
+      {"edit user", 0, Keys::User(9), [](Window& w) { return &w.cmdUser[kEditButton]; }, FillUser,
        EditUserPhases()},
       {"delete user",
        0,
-       L"\\TUS \\U9",
-       [](Window& w) { return &w.cmdUser[1]; },
+       Keys::User(9),
+       [](Window& w) { return &w.cmdUser[kDeleteButton]; },
        {},
        Deletion(L"UPDATE QRUSER") + kAllMembers},
-      {"new user", 0, L"\\TRT ", [](Window& w) { return &w.cmdUser[2]; }, FillUser,
+      {"new user", 0, Keys::Root(), [](Window& w) { return &w.cmdUser[kNewButton]; }, FillUser,
        NewUserPhases()},
-      {"edit group", 1, L"\\TGR \\G6", [](Window& w) { return &w.cmdGroup[0]; }, FillGroup,
-       EditGroupPhases()},
+      {"edit group", 1, Keys::Group(6), [](Window& w) { return &w.cmdGroup[kEditButton]; },
+       FillGroup, EditGroupPhases()},
       {"delete group",
        1,
-       L"\\TGR \\G6",
-       [](Window& w) { return &w.cmdGroup[1]; },
+       Keys::Group(6),
+       [](Window& w) { return &w.cmdGroup[kDeleteButton]; },
        {},
        Deletion(L"UPDATE QRGROUP") + kAllUsersLinks},
-      {"new group", 1, L"\\TRT ", [](Window& w) { return &w.cmdGroup[2]; }, FillGroup,
+      {"new group", 1, Keys::Root(), [](Window& w) { return &w.cmdGroup[kNewButton]; }, FillGroup,
        NewGroupPhases()},
   };
 }
 
 std::vector<FaultCase> LinkCases() {
   return {
-      {"assign groups", 0, L"\\TMO \\U9 \\G", [](Window& w) { return &w.cmdMemberOf[0]; },
-       FillChooser,
+      {"assign groups", 0, Keys::GroupsOfUser(9),
+       [](Window& w) { return &w.cmdMemberOf[kAssignButton]; }, FillChooser,
        ChooserPhases(kAllGroups, L"SELECT QRUSGP.GROUPID FROM", kMembership) +
            Phases{kUserFolders} + kAllMembers},
       {"remove membership",
        0,
-       L"\\TGU \\U9 \\G12",
-       [](Window& w) { return &w.cmdMemberOf[1]; },
+       Keys::GroupOfUser(9, 12),
+       [](Window& w) { return &w.cmdMemberOf[kRemoveButton]; },
        {},
        Deletion(L"DELETE FROM QRUSGP") + Phases{kUserFolders}},
-      {"assign user permissions", 0, L"\\TUP \\U9 \\P",
-       [](Window& w) { return &w.cmdUserPermission[0]; }, FillChooser,
+      {"assign user permissions", 0, Keys::OwnPermissions(9),
+       [](Window& w) { return &w.cmdUserPermission[kAssignButton]; }, FillChooser,
        ChooserPhases(kAllPermissions, L"SELECT QRUPRM.PERMID FROM", kOwnRows) +
            Phases{kUserFolders}},
       {"remove user permission",
        0,
-       L"\\TPU \\U9 \\P14",
-       [](Window& w) { return &w.cmdUserPermission[1]; },
+       Keys::OwnPermission(9, 14),
+       [](Window& w) { return &w.cmdUserPermission[kRemoveButton]; },
        {},
        Deletion(L"DELETE FROM QRUPRM") + Phases{kUserFolders}},
-      {"assign members", 1, L"\\TMS \\G6 \\U", [](Window& w) { return &w.cmdMember[0]; },
-       FillMembers, AddUsersPhases()},
+      {"assign members", 1, Keys::MembersOfGroup(6),
+       [](Window& w) { return &w.cmdMember[kAssignButton]; }, FillMembers, AddUsersPhases()},
       {"remove member",
        1,
-       L"\\TUG \\G6 \\U15",
-       [](Window& w) { return &w.cmdMember[1]; },
+       Keys::MemberOfGroup(6, 15),
+       [](Window& w) { return &w.cmdMember[kRemoveButton]; },
        {},
        Deletion(L"DELETE FROM QRUSGP") + kAllUsersLinks},
-      {"assign group permissions", 1, L"\\TGP \\G6 \\P",
-       [](Window& w) { return &w.cmdGroupPermission[0]; }, FillChooser,
+      {"assign group permissions", 1, Keys::GroupPermissions(6),
+       [](Window& w) { return &w.cmdGroupPermission[kAssignButton]; }, FillChooser,
        ChooserPhases(kAllPermissions, L"SELECT QRGPRM.PERMID FROM", kGroupRow) +
            Phases{kGroupFolders} + kAllUsersPermissions},
       {"remove group permission",
        1,
-       L"\\TPG \\G6 \\P21",
-       [](Window& w) { return &w.cmdGroupPermission[1]; },
+       Keys::GroupPermission(6, 21),
+       [](Window& w) { return &w.cmdGroupPermission[kRemoveButton]; },
        {},
        Deletion(L"DELETE FROM QRGPRM") + kAllUsersPermissions},
   };

@@ -22,7 +22,7 @@ struct FaultPhase {
 struct FaultCase {
   const char* name;
   int tree;
-  const wchar_t* key;  // of the node that it is given at
+  std::wstring key;  // of the node that it is given at
   controls::CommandButton* (*button)(frmUserGroupPerm& window);
   // Fills the dialog in and presses OK; empty for a command that only asks.
   std::function<void(test_support::User& user, controls::Form& form)> Fill;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "data/Text.h"
+#include "tests/support/keys/Keys.h"
 #include "tests/support/walk/Walker.h"
 
 namespace test_support {
@@ -80,10 +81,10 @@ void Walker::FollowAccount(const Command& command, const Tables& now) {
   const std::int32_t id = NewIdentifier(tree, before_, now);
   wanted_.ReadAccount(tree, id, now);
   wanted_.ReadLinksOfAll(1 - tree, now);
-  selected_[tree] = (tree == 0 ? L"\\TUS \\U" : L"\\TGR \\G") + std::to_wstring(id);
+  selected_[tree] = tree == 0 ? Keys::User(id) : Keys::Group(id);
   EXPECT_EQ(SelectedKey(tree), selected_[tree]);
   // The way to it is opened.
-  closed_[tree].erase(L"\\TRT ");
+  closed_[tree].erase(Keys::Root());
 }
 
 void Walker::FollowEdit(const Tables& now) {
@@ -102,8 +103,7 @@ void Walker::FollowEdit(const Tables& now) {
   // Neither the text of "Admin" nor the groups tree follows his editing.
   if (tree == 0 && target_.account == window_.accounts.adminUserId) {
     for (const auto& [id, record] : now.groups) {
-      meant_.insert(L"\\TUG \\G" + std::to_wstring(id) + L" \\U" +
-                    std::to_wstring(target_.account));
+      meant_.insert(Keys::MemberOfGroup(id, target_.account));
     }
     return;
   }
@@ -113,7 +113,7 @@ void Walker::FollowEdit(const Tables& now) {
   wanted_.SetText(tree, target_.account, NodeText(name, addition),
                   (tree == 0 ? now.users : now.groups).at(target_.account).name);
   // The node shows what was typed, without blanks around it and unmapped, until it is read anew.
-  meant_.insert((tree == 0 ? L"\\TUS \\U" : L"\\TGR \\G") + std::to_wstring(target_.account));
+  meant_.insert(tree == 0 ? Keys::User(target_.account) : Keys::Group(target_.account));
   wanted_.ReadLinksOfAll(1 - tree, now);
 }
 
@@ -144,8 +144,7 @@ void Walker::FollowRemoval(int folder, const Tables& now) {
   wanted_.RemoveLeaf(target_.tree, target_.account, folder, target_.leaf);
   if (target_.tree == 0 && folder == kGroupsFolder) {
     // The group goes on listing the user until its members are read again.
-    const std::wstring key =
-        L"\\TUG \\G" + std::to_wstring(target_.leaf) + L" \\U" + std::to_wstring(target_.account);
+    const std::wstring key = Keys::MemberOfGroup(target_.leaf, target_.account);
     meant_.insert(key);
     if (!foreign_ && wanted_.Lines(1).contains(key)) {
       EXPECT_NE(NodesOf(1).Find(key), controls::kNoNode);

@@ -5,6 +5,7 @@
 #include "controls/Desktop.h"
 #include "controls/PopupMenu.h"
 #include "data/Text.h"
+#include "tests/support/keys/Keys.h"
 #include "tests/support/walk/Walker.h"
 
 namespace test_support {
@@ -190,7 +191,7 @@ void Walker::Refresh(bool byKey) {
   wanted_.Refresh(before_);
   meant_.clear();
   foreign_ = false;
-  for (const int tree : {0, 1}) EXPECT_EQ(SelectedKey(tree), L"\\TRT ");
+  for (const int tree : {0, 1}) EXPECT_EQ(SelectedKey(tree), Keys::Root());
   Check(false);
 }
 

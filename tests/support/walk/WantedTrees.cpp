@@ -1,22 +1,25 @@
 #include "tests/support/walk/WantedTrees.h"
 
 #include "browser/TreeImages.h"
+#include "tests/support/keys/Keys.h"
 
 namespace test_support {
 namespace {
 
+// How a folder of an account looks, and what the keys are of it and its leaves.
 struct FolderLook {
-  const wchar_t* tag;
-  const wchar_t* leafTag;
   const wchar_t* caption;
-  const wchar_t* marker;
+  std::wstring (*key)(std::int32_t account);
+  std::wstring (*leafKey)(std::int32_t account, std::int32_t leaf);
 };
 
-constexpr FolderLook kUserFolders[] = {{L"MO", L"GU", L"Membre du Groupe", L"\\G"},
-                                       {L"UP", L"PU", L"Droits Utilisateur", L"\\P"},
-                                       {L"AP", L"PA", L"Ensemble des Droits", L"\\P"}};
-constexpr FolderLook kGroupFolders[] = {{L"MS", L"UG", L"Membres", L"\\U"},
-                                        {L"GP", L"PG", L"Droits du Groupe", L"\\P"}};
+constexpr FolderLook kUserFolders[] = {
+    {L"Membre du Groupe", Keys::GroupsOfUser, Keys::GroupOfUser},
+    {L"Droits Utilisateur", Keys::OwnPermissions, Keys::OwnPermission},
+    {L"Ensemble des Droits", Keys::AllPermissions, Keys::AnyPermission}};
+constexpr FolderLook kGroupFolders[] = {
+    {L"Membres", Keys::MembersOfGroup, Keys::MemberOfGroup},
+    {L"Droits du Groupe", Keys::GroupPermissions, Keys::GroupPermission}};
 
 std::wstring Line(const std::wstring& text, int image, const std::wstring& name = {}) {
   return text + L" | " + std::to_wstring(image) + L" | " + name;
@@ -149,19 +152,16 @@ void WantedTrees::SetText(int tree, std::int32_t account, const std::wstring& te
 
 TreeLines WantedTrees::Lines(int tree) const {
   TreeLines lines;
-  lines[L"\\TRT "] = Line(tree == 0 ? L"Utilisateurs" : L"Groupes", browser::kFolderClosed);
+  lines[Keys::Root()] = Line(tree == 0 ? L"Utilisateurs" : L"Groupes", browser::kFolderClosed);
   const int folders = tree == 0 ? 3 : 2;
   for (const auto& [id, account] : trees_[tree]) {
-    const std::wstring owner = (tree == 0 ? L" \\U" : L" \\G") + std::to_wstring(id);
-    lines[(tree == 0 ? L"\\TUS" : L"\\TGR") + owner] =
+    lines[tree == 0 ? Keys::User(id) : Keys::Group(id)] =
         Line(account.text, ImageOf(tree, id), account.name);
     for (int i = 0; i < folders; ++i) {
       const FolderLook& look = tree == 0 ? kUserFolders[i] : kGroupFolders[i];
-      lines[std::wstring(L"\\T") + look.tag + owner + L" " + look.marker] =
-          Line(look.caption, browser::kFolderClosed);
+      lines[look.key(id)] = Line(look.caption, browser::kFolderClosed);
       for (const auto& [leafId, leaf] : account.folders[i]) {
-        lines[std::wstring(L"\\T") + look.leafTag + owner + L" " + look.marker +
-              std::to_wstring(leafId)] = Line(leaf.text, leaf.image);
+        lines[look.leafKey(id, leafId)] = Line(leaf.text, leaf.image);
       }
     }
   }
