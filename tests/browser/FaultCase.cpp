@@ -12,7 +12,13 @@
 namespace browser {
 namespace {
 
-using namespace test_support;
+using test_support::Keys;
+using test_support::User;
+using enum test_support::AccountButton;
+using enum test_support::LinkButton;
+using enum test_support::ChooserButton;
+using enum test_support::MoveButton;
+using enum test_support::DialogList;
 using Phases = std::vector<FaultPhase>;
 
 constexpr auto kWrite = FaultPhase::kWrite;
@@ -76,9 +82,10 @@ const Phases kUserLists{{L"List1AddItem", kWrite, {kAllGroups, L"GetDisplayName 
                         {L"SelectListItem", kWrite, {kOwnRows}}};
 
 Phases EditUserPhases() {
+  std::vector<std::wstring> row = Writing(kUserRow);
+  row.emplace_back(L"EncryptPassword");
   return Phases{{L"Form Load", kWrite, {kUserRow, L"DecryptPassword"}}} + kUserLists +
-         Phases{{L"EditUser", kWrite, Writing(kUserRow)},
-                {L"EditUser", kWrite, {L"EncryptPassword", L"Update"}},
+         Phases{{L"EditUser", kWrite, row},
                 Links(L"EditUserGroups", kMembershipsOfUser, L"DELETE FROM QRUSGP"),
                 Links(L"EditUserPermissions", kOwnRows, L"DELETE FROM QRUPRM"),
                 kUserFolders} +
@@ -86,13 +93,12 @@ Phases EditUserPhases() {
 }
 
 Phases NewUserPhases() {
+  std::vector<std::wstring> row = Writing(kUserRow);
+  row.insert(row.end(), {L"NewIdentifier QRUSRN", L"EncryptPassword"});
   return Phases{{L"List1AddItem", kWrite, {kAllGroups, L"GetDisplayName 104"}},
                 {L"GetEveryOneGroup", kWrite, {L"SELECT QRGROUPV.GROUPID FROM QRGROUPV WHERE"}},
                 {L"List1AddItem", kWrite, {kAllPermissions, L"GetDisplayName 101"}},
-                {L"NewUser",
-                 kWrite,
-                 {L"NewIdentifier QRUSRN", kUserRow, L"AddNew", L"EncryptPassword"}},
-                {L"NewUser", kWrite, {std::wstring(L"Update ") + kUserRow}},
+                {L"NewUser", kWrite, row},
                 Links(L"NewUserGroups", kMembershipsOfUser),
                 Links(L"NewUserPermissions", kOwnRows),
                 kUserFolders} +

@@ -25,6 +25,10 @@ struct CallLog {
   // Asked before each of these calls with its text; a number other than 0 makes it fail with
   // that error. Empty: nothing fails.
   std::function<long(const std::wstring& call)> FailAt;
+  // The same for what a result set does besides, which is not recorded as it would drown the rest:
+  // "EndOfRows SELECT ...", "Column 2 SELECT ...", "MoveNext SELECT ...", "SetColumn NAME SELECT
+  // ...", "Close SELECT ...".
+  std::function<long(const std::wstring& call)> FailInside;
   // Given out instead of the session's own rights mask.
   std::optional<std::int32_t> rights;
 
@@ -38,7 +42,14 @@ struct CallLog {
   }
   void Step(const std::wstring& call) {
     calls.push_back(call);
-    const long number = FailAt ? FailAt(call) : 0;
+    if (FailAt) Fail(FailAt(call), call);
+  }
+  void Inside(const std::wstring& call) {
+    if (FailInside) Fail(FailInside(call), call);
+  }
+
+ private:
+  static void Fail(long number, const std::wstring& call) {
     if (number != 0) throw data::RunTimeError(number, L"injected: " + call);
   }
 };

@@ -7,16 +7,25 @@
 namespace test_support {
 namespace {
 
-// Reading is not recorded: it would drown the rest.
+// Reading is not recorded, but may be made to fail.
 class RecordingResultSet : public data::ResultSet {
  public:
   RecordingResultSet(std::unique_ptr<data::ResultSet> rows, std::wstring_view statement,
                      CallLog& log)
       : rows_(std::move(rows)), statement_(statement), log_(log) {}
 
-  bool EndOfRows() override { return rows_->EndOfRows(); }
-  data::ColumnValue Column(int position) override { return rows_->Column(position); }
-  void MoveNext() override { rows_->MoveNext(); }
+  bool EndOfRows() override {
+    Inside(L"EndOfRows");
+    return rows_->EndOfRows();
+  }
+  data::ColumnValue Column(int position) override {
+    Inside(L"Column", data::Decimal(position));
+    return rows_->Column(position);
+  }
+  void MoveNext() override {
+    Inside(L"MoveNext");
+    rows_->MoveNext();
+  }
   void MoveFirst() override {
     log_.Step(L"MoveFirst " + statement_);
     rows_->MoveFirst();
@@ -30,18 +39,30 @@ class RecordingResultSet : public data::ResultSet {
     rows_->Edit();
   }
   void SetColumn(std::wstring_view name, const data::FieldValue& value) override {
+    Inside(L"SetColumn", name);
     rows_->SetColumn(name, value);
   }
   void SetColumn(int position, const data::FieldValue& value) override {
+    Inside(L"SetColumn", data::Decimal(position));
     rows_->SetColumn(position, value);
   }
   void Update() override {
     log_.Step(L"Update " + statement_);
     rows_->Update();
   }
-  void Close() override { rows_->Close(); }
+  void Close() override {
+    Inside(L"Close");
+    rows_->Close();
+  }
 
  private:
+  void Inside(const std::wstring& operation) {
+    if (log_.FailInside) log_.Inside(operation + L" " + statement_);
+  }
+  void Inside(const std::wstring& operation, std::wstring_view column) {
+    if (log_.FailInside) Inside(operation + L" " + std::wstring(column));
+  }
+
   std::unique_ptr<data::ResultSet> rows_;
   std::wstring statement_;
   CallLog& log_;
