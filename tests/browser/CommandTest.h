@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/window/MainWindow.h"
+#include "tests/support/window/MainWindowFixture.h"
 
 namespace browser {
 
@@ -12,7 +12,7 @@ using Strings = std::vector<std::wstring>;
 
 // What tests of the main window's commands share: selecting by key, looking at both trees, the
 // statements of the rebuilds and the boxes that commands bring up.
-class CommandTest : public test_support::MainWindow {
+class CommandTest : public test_support::MainWindowFixture {
  protected:
   using Where = test_support::Where;
 

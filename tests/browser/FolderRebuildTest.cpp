@@ -5,7 +5,7 @@
 #include "browser/TreeImages.h"
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
-#include "tests/support/window/MainWindow.h"
+#include "tests/support/window/MainWindowFixture.h"
 
 namespace browser {
 namespace {
@@ -19,7 +19,7 @@ std::wstring Wide(const char* utf8) {
 }
 
 // Martin is user 9; Qualité, group 6, is none of his.
-class Folders : public test_support::MainWindow {
+class Folders : public test_support::MainWindowFixture {
  protected:
   static TreeView& Users(frmUserGroupPerm& window) { return window.TreeView1[0]; }
   static TreeView& Groups(frmUserGroupPerm& window) { return window.TreeView1[1]; }

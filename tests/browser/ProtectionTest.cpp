@@ -10,7 +10,7 @@
 #include "dialogs/frmListItem.h"
 #include "dialogs/frmNewGroup.h"
 #include "dialogs/frmNewUser.h"
-#include "tests/support/window/MainWindow.h"
+#include "tests/support/window/MainWindowFixture.h"
 
 namespace browser {
 namespace {
@@ -79,7 +79,7 @@ constexpr Row kMoreauForHimself[] = {
     {0, L"\\TPU \\U2 \\P29", "E-N -- AR"}, {0, L"\\TAP \\U2 \\P", "E-N -- --"},
 };
 
-class Protection : public test_support::MainWindow {
+class Protection : public test_support::MainWindowFixture {
  protected:
   static std::vector<CommandButton*> Buttons(frmUserGroupPerm& window, int tree) {
     const auto all = [](auto& account, auto& first, auto& second) {

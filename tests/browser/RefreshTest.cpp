@@ -9,7 +9,7 @@
 #include "data/MSQLStatement.h"
 #include "data/RunTimeError.h"
 #include "data/Text.h"
-#include "tests/support/window/MainWindow.h"
+#include "tests/support/window/MainWindowFixture.h"
 
 namespace browser {
 namespace {
@@ -20,7 +20,7 @@ using controls::TreeView;
 // What is over sooner is over at once, as far as the status line is concerned.
 constexpr std::chrono::milliseconds kAtOnce{100};
 
-class Refresh : public test_support::MainWindow {
+class Refresh : public test_support::MainWindowFixture {
  protected:
   static void ExpectOnItsRoot(const TreeView& tree) {
     EXPECT_EQ(tree.SelectedNode(), tree.Nodes().Root());

@@ -4,7 +4,7 @@
 #include "data/MSQLStatement.h"
 #include "data/RunTimeError.h"
 #include "data/Text.h"
-#include "tests/support/window/MainWindow.h"
+#include "tests/support/window/MainWindowFixture.h"
 
 namespace browser {
 namespace {
@@ -13,7 +13,7 @@ using controls::kResultOk;
 using test_support::CallLog;
 using Strings = std::vector<std::wstring>;
 
-class StartUp : public test_support::MainWindow {
+class StartUp : public test_support::MainWindowFixture {
  protected:
   static constexpr long kInjected = 1234;
 

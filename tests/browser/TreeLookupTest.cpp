@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "tests/support/window/MainWindow.h"
+#include "tests/support/window/MainWindowFixture.h"
 
 namespace browser {
 namespace {
@@ -10,7 +10,7 @@ namespace {
 using controls::TreeNodes;
 
 // Martin is user 9; groups 7 and 12 are his, permission 14 is his own.
-class Lookup : public test_support::MainWindow {
+class Lookup : public test_support::MainWindowFixture {
  protected:
   static int User(frmUserGroupPerm& window, const wchar_t* key) {
     return window.TreeView1[0].Nodes().Find(key);

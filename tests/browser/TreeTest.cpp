@@ -9,7 +9,7 @@
 #include "data/MSQLStatement.h"
 #include "data/NodeKey.h"
 #include "data/Text.h"
-#include "tests/support/window/MainWindow.h"
+#include "tests/support/window/MainWindowFixture.h"
 
 namespace browser {
 namespace {
@@ -22,7 +22,7 @@ std::wstring U(const char* utf8) {
   return data::FromUtf8(utf8);
 }
 
-class Trees : public test_support::MainWindow {};
+class Trees : public test_support::MainWindowFixture {};
 
 TEST_F(Trees, EveryNodeHasTheKeyOfItsKindComposedFromItsParents) {
   Run([](frmUserGroupPerm& window) {

@@ -2,14 +2,14 @@
 
 #include "browser/TreeImages.h"
 #include "data/Text.h"
-#include "tests/support/window/MainWindow.h"
+#include "tests/support/window/MainWindowFixture.h"
 
 namespace browser {
 namespace {
 
 using controls::CommandButton;
 
-class Window : public test_support::MainWindow {};
+class Window : public test_support::MainWindowFixture {};
 
 TEST_F(Window, EveryCaptionComesFromTheStringTable) {
   Run([this](frmUserGroupPerm& window) {

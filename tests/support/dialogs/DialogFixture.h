@@ -7,7 +7,7 @@
 
 #include "browser/frmUserGroupPerm.h"
 #include "dialogs/Exchange.h"
-#include "tests/support/window/MainWindow.h"
+#include "tests/support/window/MainWindowFixture.h"
 
 namespace test_support {
 
@@ -15,7 +15,7 @@ namespace test_support {
 // an Exchange over them with nothing in it yet but Admin's identifier. The window is started by
 // SetUp, in a session of Admin; a test that wants another session, or that changes the database
 // behind the program's back and wants the trees to show it, calls Start again.
-class DialogFixture : public MainWindow {
+class DialogFixture : public MainWindowFixture {
  protected:
   void SetUp() override { Start(); }
   void TearDown() override { Stop(); }

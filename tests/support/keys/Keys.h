@@ -5,6 +5,14 @@
 
 namespace test_support {
 
+// The two trees by their index, which is that of their tabs as well.
+inline constexpr int kUsersTree = 0;
+inline constexpr int kGroupsTree = 1;
+inline constexpr int kTrees[] = {kUsersTree, kGroupsTree};
+constexpr int OtherTree(int tree) {
+  return tree == kUsersTree ? kGroupsTree : kUsersTree;
+}
+
 // The keys of the nodes of both trees, as the tests state them: written out here and not taken from
 // the program, which composes them in its own way. Each function is named after what its node
 // shows. The identifier of the account that owns the node comes first, that of what a leaf stands
@@ -13,6 +21,9 @@ class Keys {
  public:
   // In either tree.
   static std::wstring Root() { return L"\\TRT "; }
+  static std::wstring Account(int tree, std::int32_t id) {
+    return tree == kUsersTree ? User(id) : Group(id);
+  }
 
   // In the users tree: an account, its three folders, and what is in each of them.
   static std::wstring User(std::int32_t user) { return L"\\TUS \\U" + Number(user); }

@@ -36,14 +36,14 @@ std::wstring NodeText(const std::wstring& name, const std::wstring& addition) {
 }
 
 std::wstring WantedTrees::TextOf(int tree, std::int32_t id, const Tables& tables) const {
-  const AccountRecord& record = (tree == 0 ? tables.users : tables.groups).at(id);
-  if (tree == 0) return NodeText(record.name, record.addition);
+  const AccountRecord& record = (tree == kUsersTree ? tables.users : tables.groups).at(id);
+  if (tree == kUsersTree) return NodeText(record.name, record.addition);
   return NodeText(tables.Display(104, record.name),
                   record.addition.empty() ? L"" : tables.Display(105, record.addition));
 }
 
 int WantedTrees::ImageOf(int tree, std::int32_t id) const {
-  if (tree == 0) {
+  if (tree == kUsersTree) {
     const bool kept = id == accounts_.adminUserId || id == accounts_.currentUserId;
     return kept ? browser::kProtectedUserImage : browser::kUserImage;
   }
@@ -55,7 +55,7 @@ WantedTrees::Folder WantedTrees::Groups(std::int32_t user, const Tables& tables)
   Folder folder;
   for (const auto& [member, group] : tables.memberships) {
     if (member != user || !Tables::IsLiving(tables.groups, group)) continue;
-    folder[group] = {TextOf(1, group, tables), ImageOf(1, group)};
+    folder[group] = {TextOf(kGroupsTree, group, tables), ImageOf(kGroupsTree, group)};
   }
   return folder;
 }
@@ -64,7 +64,7 @@ WantedTrees::Folder WantedTrees::Members(std::int32_t group, const Tables& table
   Folder folder;
   for (const auto& [member, of] : tables.memberships) {
     if (of != group || !Tables::IsLiving(tables.users, member)) continue;
-    folder[member] = {TextOf(0, member, tables), ImageOf(0, member)};
+    folder[member] = {TextOf(kUsersTree, member, tables), ImageOf(kUsersTree, member)};
   }
   return folder;
 }
@@ -97,9 +97,9 @@ WantedTrees::Folder WantedTrees::AllPermissions(std::int32_t user, const Folder&
 }
 
 void WantedTrees::Refresh(const Tables& tables) {
-  for (const int tree : {0, 1}) {
+  for (const int tree : kTrees) {
     trees_[tree].clear();
-    for (const auto& [id, record] : tree == 0 ? tables.users : tables.groups) {
+    for (const auto& [id, record] : tree == kUsersTree ? tables.users : tables.groups) {
       if (!record.deleted) ReadAccount(tree, id, tables);
     }
   }
@@ -107,13 +107,14 @@ void WantedTrees::Refresh(const Tables& tables) {
 
 void WantedTrees::ReadAccount(int tree, std::int32_t id, const Tables& tables) {
   SetText(tree, id, TextOf(tree, id, tables),
-          (tree == 0 ? tables.users : tables.groups).at(id).name);
-  for (int folder = 0; folder < (tree == 0 ? 3 : 2); ++folder) ReadFolder(tree, id, folder, tables);
+          (tree == kUsersTree ? tables.users : tables.groups).at(id).name);
+  for (int folder = 0; folder < (tree == kUsersTree ? 3 : 2); ++folder)
+    ReadFolder(tree, id, folder, tables);
 }
 
 void WantedTrees::ReadFolder(int tree, std::int32_t account, int folder, const Tables& tables) {
   Folder(&folders)[3] = trees_[tree].at(account).folders;
-  if (tree == 1) {
+  if (tree == kGroupsTree) {
     folders[folder] = folder == kMembersFolder
                           ? Members(account, tables)
                           : Permissions(tables.groupPermissions, account, tables);
@@ -128,12 +129,13 @@ void WantedTrees::ReadFolder(int tree, std::int32_t account, int folder, const T
 void WantedTrees::ReadLinksOfAll(int tree, const Tables& tables) {
   for (const auto& [id, account] : trees_[tree]) {
     ReadFolder(tree, id, kGroupsFolder, tables);
-    if (tree == 0) ReadFolder(tree, id, kAllFolder, tables);
+    if (tree == kUsersTree) ReadFolder(tree, id, kAllFolder, tables);
   }
 }
 
 void WantedTrees::ReadAllPermissions(const Tables& tables) {
-  for (const auto& [id, account] : trees_[0]) ReadFolder(0, id, kAllFolder, tables);
+  for (const auto& [id, account] : trees_[kUsersTree])
+    ReadFolder(kUsersTree, id, kAllFolder, tables);
 }
 
 void WantedTrees::Remove(int tree, std::int32_t account) {
@@ -152,13 +154,13 @@ void WantedTrees::SetText(int tree, std::int32_t account, const std::wstring& te
 
 TreeLines WantedTrees::Lines(int tree) const {
   TreeLines lines;
-  lines[Keys::Root()] = Line(tree == 0 ? L"Utilisateurs" : L"Groupes", browser::kFolderClosed);
-  const int folders = tree == 0 ? 3 : 2;
+  lines[Keys::Root()] =
+      Line(tree == kUsersTree ? L"Utilisateurs" : L"Groupes", browser::kFolderClosed);
+  const int folders = tree == kUsersTree ? 3 : 2;
   for (const auto& [id, account] : trees_[tree]) {
-    lines[tree == 0 ? Keys::User(id) : Keys::Group(id)] =
-        Line(account.text, ImageOf(tree, id), account.name);
+    lines[Keys::Account(tree, id)] = Line(account.text, ImageOf(tree, id), account.name);
     for (int i = 0; i < folders; ++i) {
-      const FolderLook& look = tree == 0 ? kUserFolders[i] : kGroupFolders[i];
+      const FolderLook& look = tree == kUsersTree ? kUserFolders[i] : kGroupFolders[i];
       lines[look.key(id)] = Line(look.caption, browser::kFolderClosed);
       for (const auto& [leafId, leaf] : account.folders[i]) {
         lines[look.leafKey(id, leafId)] = Line(leaf.text, leaf.image);

@@ -18,7 +18,7 @@ enum WantedFolder { kGroupsFolder = 0, kOwnFolder = 1, kAllFolder = 2 };     // 
 enum WantedGroupFolder { kMembersFolder = 0, kGroupPermissionsFolder = 1 };  // of a group
 
 // What the two trees have to show, folder by folder as each was last read. It is made from the
-// database's tables and knows nothing of the program's builders. Trees: 0 users, 1 groups.
+// database's tables and knows nothing of the program's builders.
 class WantedTrees {
  public:
   explicit WantedTrees(const browser::ProtectedAccounts& accounts) : accounts_(accounts) {}

@@ -1,4 +1,4 @@
-#include "tests/support/window/MainWindow.h"
+#include "tests/support/window/MainWindowFixture.h"
 
 #include "app/ErrorReport.h"
 #include "data/Text.h"
@@ -6,22 +6,23 @@
 
 namespace test_support {
 
-MainWindow::MainWindow() : database_(std::make_unique<test_support::SampleDatabase>()) {
+MainWindowFixture::MainWindowFixture()
+    : database_(std::make_unique<test_support::SampleDatabase>()) {
   global.CreateSessionServer = [this] { return Record(database_->MakeServer(), log); };
   desktop.EscapedError = [this] { app::ReportError(global, L"uadmin"); };
 }
 
-void MainWindow::UseGenerated(const server::GeneratedSize& size) {
+void MainWindowFixture::UseGenerated(const server::GeneratedSize& size) {
   database_.reset();
   database_ = std::make_unique<test_support::SampleDatabase>(size);
 }
 
-void MainWindow::UseSample() {
+void MainWindowFixture::UseSample() {
   database_.reset();
   database_ = std::make_unique<test_support::SampleDatabase>();
 }
 
-void MainWindow::Run(const WindowScript& script, std::wstring_view userName) {
+void MainWindowFixture::Run(const WindowScript& script, std::wstring_view userName) {
   user.SetCommandLine(database_->CommandLine(userName));
   if (script) {
     user.ExpectModal([&](controls::Form& form) {
@@ -33,7 +34,7 @@ void MainWindow::Run(const WindowScript& script, std::wstring_view userName) {
   desktop.Run(window);
 }
 
-std::vector<std::wstring> MainWindow::ChildTexts(const controls::TreeView& tree, int node) {
+std::vector<std::wstring> MainWindowFixture::ChildTexts(const controls::TreeView& tree, int node) {
   const controls::TreeNodes& nodes = tree.Nodes();
   std::vector<std::wstring> texts;
   for (int child = nodes.FirstChild(node); child != controls::kNoNode; child = nodes.Next(child)) {
@@ -42,14 +43,15 @@ std::vector<std::wstring> MainWindow::ChildTexts(const controls::TreeView& tree,
   return texts;
 }
 
-int MainWindow::Child(const controls::TreeView& tree, int node, std::wstring_view text) {
+int MainWindowFixture::Child(const controls::TreeView& tree, int node, std::wstring_view text) {
   const controls::TreeNodes& nodes = tree.Nodes();
   int child = nodes.FirstChild(node);
   while (child != controls::kNoNode && nodes.Text(child) != text) child = nodes.Next(child);
   return child;
 }
 
-int MainWindow::NodeAt(const controls::TreeView& tree, const std::vector<std::wstring>& texts) {
+int MainWindowFixture::NodeAt(const controls::TreeView& tree,
+                              const std::vector<std::wstring>& texts) {
   int node = tree.Nodes().Root();
   for (const std::wstring& text : texts) {
     const int child = Child(tree, node, text);

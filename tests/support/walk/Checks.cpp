@@ -1,20 +1,23 @@
-// What holds after every step of the random administrator.
+#include "tests/support/walk/Checks.h"
 
 #include <gtest/gtest.h>
 
 #include "browser/TreeImages.h"
+#include "controls/Desktop.h"
 #include "controls/SortKey.h"
 #include "data/Text.h"
+#include "tests/support/keys/Buttons.h"
 #include "tests/support/keys/Keys.h"
 #include "tests/support/walk/Catalogue.h"
-#include "tests/support/walk/Walker.h"
+#include "tests/support/walk/Command.h"
 
 namespace test_support {
 namespace {
 
 TreeLines ShownLines(const controls::TreeNodes& nodes) {
   TreeLines lines;
-  for (int node = nodes.NextIndex(0); node != controls::kNoNode; node = nodes.NextIndex(node)) {
+  for (controls::NodeId node = nodes.NextIndex(0); node != controls::kNoNode;
+       node = nodes.NextIndex(node)) {
     const bool folder = nodes.Image(node) <= browser::kFolderOpen;
     if (folder) {
       EXPECT_EQ(nodes.Image(node) == browser::kFolderOpen, nodes.Expanded(node))
@@ -49,53 +52,65 @@ std::map<std::wstring, std::string> Differences(const TreeLines& left, const Tre
 
 }  // namespace
 
-void Walker::Check(bool command) {
-  const Tables now = ReadTables(raw_);
+void Checks::AfterStep() {
+  const Tables now = ReadTables(walk_.raw);
   CheckTrees();
-  CheckWantedDifferences(now);
-  for (const int tree : {0, 1}) {
+  CheckDifferences(now);
+  for (const int tree : kTrees) {
     CheckOrder(tree);
+    CheckCounts(tree);
     CheckButtons(tree);
-    EXPECT_EQ(tree == 0 ? window_.userCount : window_.groupCount, wanted_.Count(tree));
-    EXPECT_EQ(NodesOf(tree).Children(NodesOf(tree).Root()), wanted_.Count(tree));
   }
   CheckSelection();
   CheckProtected(now);
   CheckStatements();
   CheckStatus(now);
-  if (command) CheckKept();
-  EXPECT_TRUE(window_.IsLoaded());
-  EXPECT_TRUE(user_.CanUse(window_.cmdBtn[0])) << "a modal form is left open";
-  EXPECT_EQ(window_.OwnerDesktop().Pointer(), controls::MousePointer::kDefault);
+  CheckWindow();
 }
 
-void Walker::CheckTrees() const {
-  for (const int tree : {0, 1}) {
-    for (const auto& [key, text] : Differences(ShownLines(NodesOf(tree)), wanted_.Lines(tree))) {
+void Checks::CheckWindow() const {
+  EXPECT_TRUE(walk_.window.IsLoaded());
+  EXPECT_TRUE(walk_.user.CanUse(walk_.window.cmdBtn[kRefreshButton]))
+      << "a modal form is left open";
+  EXPECT_EQ(walk_.window.OwnerDesktop().Pointer(), controls::MousePointer::kDefault);
+}
+
+void Checks::CheckCounts(int tree) const {
+  const int wanted = expected_.trees.Count(tree);
+  EXPECT_EQ(tree == kUsersTree ? walk_.window.userCount : walk_.window.groupCount, wanted);
+  EXPECT_EQ(walk_.Nodes(tree).Children(walk_.Nodes(tree).Root()), wanted);
+}
+
+void Checks::CheckTrees() const {
+  for (const int tree : kTrees) {
+    for (const auto& [key, text] :
+         Differences(ShownLines(walk_.Nodes(tree)), expected_.trees.Lines(tree))) {
       ADD_FAILURE() << "shown against wanted: " << text;
     }
   }
 }
 
 // What is wanted is what a refresh would build, but for the differences that are meant.
-void Walker::CheckWantedDifferences(const Tables& now) {
-  if (foreign_) return;
-  WantedTrees refreshed(window_.accounts);
+void Checks::CheckDifferences(const Tables& now) {
+  if (expected_.isChangedOutside) return;
+  WantedTrees refreshed(walk_.window.accounts);
   refreshed.Refresh(now);
   std::set<std::wstring> present;
-  for (const int tree : {0, 1}) {
-    for (const auto& [key, text] : Differences(wanted_.Lines(tree), refreshed.Lines(tree))) {
+  for (const int tree : kTrees) {
+    for (const auto& [key, text] :
+         Differences(expected_.trees.Lines(tree), refreshed.Lines(tree))) {
       if (key != Keys::Root()) present.insert(key);
-      EXPECT_TRUE(meant_.contains(key)) << "wanted against refreshed: " << text;
+      EXPECT_TRUE(expected_.differing.contains(key)) << "wanted against refreshed: " << text;
     }
   }
-  meant_ = present;
+  expected_.differing = present;
 }
 
-void Walker::CheckOrder(int tree) const {
-  const Nodes& nodes = NodesOf(tree);
-  for (int node = nodes.NextIndex(0); node != controls::kNoNode; node = nodes.NextIndex(node)) {
-    const int next = nodes.Next(node);
+void Checks::CheckOrder(int tree) const {
+  const controls::TreeNodes& nodes = walk_.Nodes(tree);
+  for (controls::NodeId node = nodes.NextIndex(0); node != controls::kNoNode;
+       node = nodes.NextIndex(node)) {
+    const controls::NodeId next = nodes.Next(node);
     if (next == controls::kNoNode) continue;
     EXPECT_LE(controls::SortKey(nodes.Text(node)), controls::SortKey(nodes.Text(next)))
         << data::ToUtf8(nodes.Key(node)) << " before " << data::ToUtf8(nodes.Key(next));
@@ -104,9 +119,9 @@ void Walker::CheckOrder(int tree) const {
 
 // Edit, Delete and New, Assign and Remove of the first links, then of the second, as the selected
 // node allows them.
-std::string Walker::WantedButtons(int tree) const {
-  const Target at = ReadTarget(tree, SelectedKey(tree));
-  const browser::ProtectedAccounts& kept = window_.accounts;
+std::string Checks::WantedButtons(int tree) const {
+  const Target at = ReadTarget(tree, walk_.SelectedKey(tree));
+  const browser::ProtectedAccounts& kept = walk_.window.accounts;
   const auto is = [&at](std::initializer_list<const wchar_t*> tags) {
     for (const wchar_t* tag : tags) {
       if (at.tag == tag) return true;
@@ -119,7 +134,7 @@ std::string Walker::WantedButtons(int tree) const {
   bool removeFirst = is({L"GU", L"UG"});
   bool assignSecond = second;
   bool removeSecond = is({L"PU", L"PG"});
-  if (tree == 0) {
+  if (tree == kUsersTree) {
     if (at.account == kept.adminUserId || at.account == kept.currentUserId) remove = false;
     if (removeFirst && at.leaf == kept.everyoneGroupId) removeFirst = false;
     if (at.account == kept.adminUserId && at.leaf == kept.administratorsGroupId) {
@@ -127,7 +142,8 @@ std::string Walker::WantedButtons(int tree) const {
     }
   } else if (at.account == kept.administratorsGroupId) {
     remove = assignSecond = removeSecond = false;
-    if (NodesOf(1).Text(window_.TreeView1[1].SelectedNode()) == L"Admin") removeFirst = false;
+    if (walk_.Nodes(kGroupsTree).Text(walk_.SelectedNode(kGroupsTree)) == L"Admin")
+      removeFirst = false;
   } else if (at.account == kept.everyoneGroupId) {
     remove = removeFirst = false;
   }
@@ -140,32 +156,35 @@ std::string Walker::WantedButtons(int tree) const {
   return look;
 }
 
-void Walker::CheckButtons(int tree) {
+void Checks::CheckButtons(int tree) {
   constexpr char kSigns[] = "EDNARAR";
   std::string look;
-  const auto buttons = Buttons(tree);
+  const auto buttons = walk_.Buttons(tree);
   for (std::size_t i = 0; i < buttons.size(); ++i) {
     if (i == 3 || i == 5) look += ' ';
     look += buttons[i]->Enabled() ? kSigns[i] : '-';
   }
-  EXPECT_EQ(look, WantedButtons(tree)) << data::ToUtf8(SelectedKey(tree));
+  EXPECT_EQ(look, WantedButtons(tree)) << data::ToUtf8(walk_.SelectedKey(tree));
 }
 
 // What the window says that the selected node of the shown tab stands for.
-void Walker::CheckSelection() const {
-  const int tree = Tab();
-  const Target at = ReadTarget(tree, SelectedKey(tree));
+void Checks::CheckSelection() const {
+  const int tree = walk_.Tab();
+  const Target at = ReadTarget(tree, walk_.SelectedKey(tree));
   const bool link = at.tag == L"GU" || at.tag == L"UG";
   const bool permission = at.tag == L"PU" || at.tag == L"PG";
-  EXPECT_EQ(tree == 0 ? window_.exchange.UserID : window_.exchange.GroupID, at.account);
-  EXPECT_EQ(tree == 0 ? window_.exchange.GroupID : window_.exchange.UserID, link ? at.leaf : -1);
-  EXPECT_EQ(window_.selectedPermId, permission ? at.leaf : -1);
-  const int node = window_.TreeView1[tree].SelectedNode();
-  EXPECT_EQ(window_.selectedPermName, permission ? NodesOf(tree).Text(node) : std::wstring());
+  EXPECT_EQ(tree == kUsersTree ? walk_.window.exchange.UserID : walk_.window.exchange.GroupID,
+            at.account);
+  EXPECT_EQ(tree == kUsersTree ? walk_.window.exchange.GroupID : walk_.window.exchange.UserID,
+            link ? at.leaf : -1);
+  EXPECT_EQ(walk_.window.selectedPermId, permission ? at.leaf : -1);
+  const controls::NodeId node = walk_.SelectedNode(tree);
+  EXPECT_EQ(walk_.window.selectedPermName,
+            permission ? walk_.Nodes(tree).Text(node) : std::wstring());
 }
 
-void Walker::CheckProtected(const Tables& now) const {
-  const browser::ProtectedAccounts& kept = window_.accounts;
+void Checks::CheckProtected(const Tables& now) const {
+  const browser::ProtectedAccounts& kept = walk_.window.accounts;
   EXPECT_EQ(now.users.at(kept.adminUserId).name, L"Admin");
   EXPECT_EQ(now.groups.at(kept.administratorsGroupId).name, L"Administrators");
   EXPECT_EQ(now.groups.at(kept.everyoneGroupId).name, L"Everyone");
@@ -178,46 +197,27 @@ void Walker::CheckProtected(const Tables& now) const {
   EXPECT_TRUE(now.memberships.contains({kept.adminUserId, kept.administratorsGroupId}));
 }
 
-void Walker::CheckStatements() {
-  for (const std::wstring& statement : log_.statements) {
+void Checks::CheckStatements() {
+  for (const std::wstring& statement : walk_.log.statements) {
     EXPECT_TRUE(IsInCatalogue(statement)) << data::ToUtf8(statement);
   }
-  log_.statements.clear();
-  log_.serverCalls.clear();
-  log_.calls.clear();
+  walk_.log.statements.clear();
+  walk_.log.serverCalls.clear();
+  walk_.log.calls.clear();
 }
 
-void Walker::CheckStatus(const Tables& now) const {
-  const std::wstring status = window_.lblStatus.Caption();
-  if (Tab() == 0 && ReadTarget(0, SelectedKey(0)).tag == L"PA") {
+void Checks::CheckStatus(const Tables& now) const {
+  const std::wstring status = walk_.window.lblStatus.Caption();
+  if (walk_.Tab() == kUsersTree &&
+      ReadTarget(kUsersTree, walk_.SelectedKey(kUsersTree)).tag == L"PA") {
     EXPECT_TRUE(status.starts_with(L"Accord") || status.starts_with(L"Par ") ||
                 status.starts_with(L"Origine"))
         << data::ToUtf8(status);
     return;
   }
-  EXPECT_EQ(status, std::to_wstring(wanted_.Count(0)) + L" utilisateurs, " +
-                        std::to_wstring(wanted_.Count(1)) + L" groupes, " +
+  EXPECT_EQ(status, std::to_wstring(expected_.trees.Count(kUsersTree)) + L" utilisateurs, " +
+                        std::to_wstring(expected_.trees.Count(kGroupsTree)) + L" groupes, " +
                         std::to_wstring(now.permissions.size()) + L" permissions");
-}
-
-// A command leaves open what is open, closed what is closed, and selected what is selected, as far
-// as it is still there. Who gets his first children may be open or closed.
-void Walker::CheckKept() const {
-  for (const int tree : {0, 1}) {
-    const Nodes& nodes = NodesOf(tree);
-    const auto expect = [&](const std::set<std::wstring>& keys, bool open) {
-      for (const std::wstring& key : keys) {
-        const int node = nodes.Find(key);
-        if (node == controls::kNoNode || !nodes.HasChildren(node)) continue;
-        EXPECT_EQ(nodes.Expanded(node), open) << data::ToUtf8(key);
-      }
-    };
-    expect(open_[tree], true);
-    expect(closed_[tree], false);
-    if (nodes.Find(selected_[tree]) != controls::kNoNode) {
-      EXPECT_EQ(SelectedKey(tree), selected_[tree]);
-    }
-  }
 }
 
 }  // namespace test_support

@@ -20,11 +20,11 @@ namespace test_support {
 
 // The program from its main window down, on the reference session server and a database of its own,
 // with a user in front of it.
-class MainWindow : public ::testing::Test {
+class MainWindowFixture : public ::testing::Test {
  protected:
   using WindowScript = std::function<void(browser::frmUserGroupPerm& window)>;
 
-  MainWindow();
+  MainWindowFixture();
 
   // Replaces the sample by made-up accounts; before Run.
   void UseGenerated(const server::GeneratedSize& size);

@@ -1,7 +1,8 @@
-#include "tests/support/walk/Outcome.h"
+#include "tests/support/walk/Command.h"
 
 #include "data/NodeKey.h"
 #include "data/Text.h"
+#include "tests/support/keys/Keys.h"
 
 namespace test_support {
 namespace {
@@ -48,26 +49,47 @@ void WriteGroup(Tables& tables, bool isNew, std::int32_t id, const DialogState& 
 
 }  // namespace
 
+std::string Name(int tree, const Command& command) {
+  constexpr const char* kSections[] = {"account", "first links", "second links"};
+  constexpr const char* kVerbs[] = {"edit", "delete", "new", "assign", "remove"};
+  return std::string(tree == kUsersTree ? "users, " : "groups, ") +
+         kSections[static_cast<int>(command.section)] + ": " +
+         kVerbs[static_cast<int>(command.verb)];
+}
+
 Target ReadTarget(int tree, const std::wstring& key) {
   Target target{tree, key, data::GetTypeNode(key)};
   if (target.tag == L"RT") return target;
-  target.account = tree == 0 ? data::GetUserID(key) : data::GetGroupID(key);
+  target.account = tree == kUsersTree ? data::GetUserID(key) : data::GetGroupID(key);
   if (target.tag == L"GU") target.leaf = data::GetGroupID(key);
   if (target.tag == L"UG") target.leaf = data::GetUserID(key);
   if (target.tag[0] == L'P') target.leaf = data::GetPermID(key);
   return target;
 }
 
+std::optional<Command> CommandOfDelete(const Target& target) {
+  if (target.tag == L"US" || target.tag == L"GR") return Command{Section::kAccount, Verb::kDelete};
+  if (target.tag == L"GU" || target.tag == L"UG") {
+    return Command{Section::kFirstLinks, Verb::kRemove};
+  }
+  if (target.tag == L"PU" || target.tag == L"PG") {
+    return Command{Section::kSecondLinks, Verb::kRemove};
+  }
+  return std::nullopt;
+}
+
 Tables AfterDialog(const Command& command, const Target& target, std::int32_t id,
                    const DialogState& dialog, const Tables& before) {
   Tables after = before;
   if (command.section == Section::kAccount) {
-    const bool isNew = command.index == 2;
-    target.tree == 0 ? WriteUser(after, isNew, id, dialog) : WriteGroup(after, isNew, id, dialog);
+    const bool isNew = command.verb == Verb::kNew;
+    target.tree == kUsersTree ? WriteUser(after, isNew, id, dialog)
+                              : WriteGroup(after, isNew, id, dialog);
   } else if (command.section == Section::kSecondLinks) {
-    Tables::Links& links = target.tree == 0 ? after.userPermissions : after.groupPermissions;
+    Tables::Links& links =
+        target.tree == kUsersTree ? after.userPermissions : after.groupPermissions;
     for (const std::int32_t permission : dialog.first) links.emplace(id, permission);
-  } else if (target.tree == 0) {
+  } else if (target.tree == kUsersTree) {
     for (const std::int32_t group : dialog.first) after.memberships.emplace(id, group);
   } else if (dialog.first.empty()) {
     SetMembers(after.memberships, id, {});
@@ -78,8 +100,8 @@ Tables AfterDialog(const Command& command, const Target& target, std::int32_t id
 }
 
 std::int32_t NewIdentifier(int tree, const Tables& before, const Tables& after) {
-  const Tables::Accounts& known = tree == 0 ? before.users : before.groups;
-  for (const auto& [id, record] : tree == 0 ? after.users : after.groups) {
+  const Tables::Accounts& known = tree == kUsersTree ? before.users : before.groups;
+  for (const auto& [id, record] : tree == kUsersTree ? after.users : after.groups) {
     if (!known.contains(id)) return id;
   }
   return -1;

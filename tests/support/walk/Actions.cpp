@@ -1,0 +1,203 @@
+#include "tests/support/walk/Actions.h"
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+#include <optional>
+
+#include "controls/Desktop.h"
+#include "controls/PopupMenu.h"
+#include "data/Text.h"
+#include "tests/support/keys/Buttons.h"
+#include "tests/support/keys/Keys.h"
+
+namespace test_support {
+namespace {
+
+// Where the menu has the lines that are buttons as well, in the order of the buttons.
+constexpr std::size_t kButtonLines[] = {0, 1, 2, 4, 5, 7, 8};
+
+std::optional<Command> CommandOfMenuLine(std::size_t line) {
+  for (std::size_t place = 0; place < kCommands.size(); ++place) {
+    if (kButtonLines[place] == line) return kCommands[place];
+  }
+  return std::nullopt;
+}
+
+// Another administrator keeps to the rules, too: what is protected stays.
+constexpr const char* kOutsideChanges[] = {
+    "DELETE FROM QRUSGP WHERE USERID > 2 AND GROUPID > 2 AND (USERID + GROUPID) % 3 = 0",
+    "DELETE FROM QRUPRM WHERE USERID % 2 = 1",
+    "DELETE FROM QRGPRM WHERE GROUPID > 2 AND PERMID % 2 = 0",
+    "INSERT OR IGNORE INTO QRUSGP SELECT USERID, 7 FROM QRUSERV WHERE USERID % 2 = 0",
+    "INSERT OR IGNORE INTO QRUPRM SELECT USERID, 14 FROM QRUSERV WHERE USERID % 2 = 1",
+    "INSERT OR IGNORE INTO QRGPRM SELECT GROUPID, 20 FROM QRGROUPV WHERE GROUPID > 1",
+    "UPDATE QRUSER SET FULLNAME = 'Nom ' || USERID WHERE USERID > 2",
+    "UPDATE QRGROUP SET DESCR = 'Service ' || GROUPID WHERE GROUPID > 2",
+    "UPDATE QRUSER SET VFLG = 'D', NAME = NAME || '(' || USERID || ')' WHERE USERID IN (SELECT "
+    "MAX(USERID) FROM QRUSERV WHERE USERID > 2)",
+    "UPDATE QRGROUP SET VFLG = 'D', NAME = NAME || '(' || GROUPID || ')' WHERE GROUPID IN "
+    "(SELECT MAX(GROUPID) FROM QRGROUPV WHERE GROUPID > 2)",
+};
+
+}  // namespace
+
+const std::vector<Actions::Action>& Actions::All() {
+  static const std::vector<Action> actions{
+      {4, &Actions::ChooseTab},       {20, &Actions::SelectNode},  {4, &Actions::OpenOrCloseNode},
+      {28, &Actions::ClickButton},    {12, &Actions::PressKey},    {8, &Actions::UseMenu},
+      {1, &Actions::RefreshByButton}, {1, &Actions::RefreshByKey}, {2, &Actions::ChangeFromOutside},
+  };
+  return actions;
+}
+
+void Actions::DoOne() {
+  const auto add = [](int sum, const Action& action) { return sum + action.chance; };
+  int left = walk_.dice.Below(std::accumulate(All().begin(), All().end(), 0, add));
+  for (const Action& action : All()) {
+    left -= action.chance;
+    if (left < 0) return (this->*action.Do)();
+  }
+}
+
+void Actions::ChooseTab() {
+  const int tab = walk_.dice.Below(2);
+  walk_.Note("tab " + std::to_string(tab));
+  walk_.user.TryChooseTab(walk_.window.TabStrip1, tab);
+  EXPECT_EQ(walk_.Tab(), tab);
+  checks_.AfterStep();
+}
+
+// Any kind of node is as likely as any other, however many leaves there are.
+controls::NodeId Actions::SomeNode() {
+  const controls::TreeNodes& nodes = walk_.Nodes(walk_.Tab());
+  controls::NodeId node = nodes.Root();
+  for (int depth = 0; depth < 3 && !walk_.dice.OneIn(depth == 0 ? 12 : 4); ++depth) {
+    const int children = nodes.Children(node);
+    if (children == 0) break;
+    node = nodes.FirstChild(node);
+    for (int skip = walk_.dice.Below(children); skip > 0; --skip) node = nodes.Next(node);
+  }
+  return node;
+}
+
+void Actions::SelectNode() {
+  const controls::NodeId node = SomeNode();
+  const int tab = walk_.Tab();
+  walk_.Note("select " + data::ToUtf8(walk_.Nodes(tab).Key(node)));
+  EXPECT_TRUE(walk_.user.TrySelect(walk_.TreeOf(tab), node));
+  EXPECT_EQ(walk_.SelectedNode(tab), node);
+  checks_.AfterStep();
+}
+
+void Actions::OpenOrCloseNode() {
+  const controls::NodeId node = SomeNode();
+  controls::TreeView& tree = walk_.TreeOf(walk_.Tab());
+  walk_.Note("open or close " + data::ToUtf8(tree.Nodes().Key(node)));
+  if (!walk_.user.TryExpand(tree, node)) walk_.user.TryCollapse(tree, node);
+  checks_.AfterStep();
+}
+
+void Actions::ClickButton() {
+  const int place = walk_.dice.Below(static_cast<int>(kCommands.size()));
+  controls::CommandButton& button = *walk_.Buttons(walk_.Tab())[static_cast<std::size_t>(place)];
+  if (!button.Enabled()) return SelectNode();
+  run_.Begin();
+  walk_.Note("click " + data::ToUtf8(button.Caption()) + " (" + std::to_string(place) + ") at " +
+             data::ToUtf8(run_.At().key));
+  EXPECT_TRUE(walk_.user.TryClick(button));
+  FinishCommand(kCommands[static_cast<std::size_t>(place)]);
+}
+
+// A key whose button is off does nothing; that nothing has happened is then found out by the end of
+// the command.
+void Actions::PressKey() {
+  constexpr int kKeys[] = {controls::kKeyF2,
+                           controls::kKeyDelete,
+                           controls::kKeyF2,
+                           controls::kKeyDelete,
+                           controls::kKeyF1,
+                           kKeyTab,
+                           kKeyC};
+  const int key = walk_.dice.Pick(kKeys);
+  controls::TreeView& tree = walk_.TreeOf(walk_.Tab());
+  if (!walk_.dice.OneIn(6)) walk_.user.TryFocus(tree);
+  run_.Begin();
+  walk_.Note("key " + std::to_string(key) + " at " + data::ToUtf8(run_.At().key));
+  std::optional<Command> command;
+  if (key == controls::kKeyF2) command = Command{Section::kAccount, Verb::kEdit};
+  if (key == controls::kKeyDelete) command = CommandOfDelete(run_.At());
+  if (!tree.HasFocus()) command.reset();
+  if (key == kKeyC) {
+    walk_.user.PressCtrl(walk_.window, key);
+  } else {
+    walk_.user.TryPressKey(walk_.window, key);
+  }
+  if (command) return FinishCommand(*command);
+  EXPECT_TRUE(run_.DidNothing());
+  checks_.AfterStep();
+  run_.CheckKept();
+}
+
+void Actions::UseMenu() {
+  controls::TreeView& tree = walk_.TreeOf(walk_.Tab());
+  std::optional<Command> command;
+  bool shown = false;
+  auto& popupMenu = walk_.window.OwnerDesktop().Instead.PopupMenu;
+  popupMenu = [&](const std::vector<controls::MenuItem>& items) {
+    shown = true;
+    const auto buttons = walk_.Buttons(walk_.Tab());
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+      EXPECT_EQ(items[kButtonLines[i]].enabled, buttons[i]->Enabled());
+    }
+    // What is selected has changed with the click.
+    run_.Begin();
+    const auto line = static_cast<std::size_t>(walk_.dice.Below(static_cast<int>(items.size())));
+    if (items[line].command == 0 || !items[line].enabled) return 0;
+    walk_.Note("  line " + data::ToUtf8(items[line].caption) + " at " +
+               data::ToUtf8(run_.At().key));
+    command = CommandOfMenuLine(line);
+    return items[line].command;
+  };
+  const controls::NodeId node = SomeNode();
+  walk_.Note("menu of " + data::ToUtf8(tree.Nodes().Key(node)));
+  walk_.user.TryRightClick(tree, node);
+  popupMenu = nullptr;
+  EXPECT_TRUE(shown);
+  if (command) return FinishCommand(*command);
+  checks_.AfterStep();
+}
+
+void Actions::RefreshByButton() {
+  walk_.Note("refresh");
+  walk_.user.TryClick(walk_.window.cmdBtn[kRefreshButton]);
+  FinishRefresh();
+}
+
+void Actions::RefreshByKey() {
+  walk_.Note("F5");
+  walk_.user.TryPressKey(walk_.window, controls::kKeyF5);
+  FinishRefresh();
+}
+
+void Actions::ChangeFromOutside() {
+  const char* change = walk_.dice.Pick(kOutsideChanges);
+  walk_.Note(std::string("somebody else: ") + change);
+  walk_.raw.Execute(change);
+  expected_.isChangedOutside = true;
+  checks_.AfterStep();
+}
+
+void Actions::FinishCommand(const Command& command) {
+  run_.Finish(command);
+  checks_.AfterStep();
+  run_.CheckKept();
+}
+
+void Actions::FinishRefresh() {
+  expected_.Refreshed(ReadTables(walk_.raw));
+  for (const int tree : kTrees) EXPECT_EQ(walk_.SelectedKey(tree), Keys::Root());
+  checks_.AfterStep();
+}
+
+}  // namespace test_support

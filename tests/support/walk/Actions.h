@@ -1,0 +1,51 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "tests/support/walk/Checks.h"
+#include "tests/support/walk/CommandRun.h"
+#include "tests/support/walk/Expected.h"
+#include "tests/support/walk/Walk.h"
+
+namespace test_support {
+
+// What a person does in the main window, and what somebody else does to the database meanwhile. An
+// action makes its gesture, brings the expected state forward, and has everything checked.
+class Actions {
+ public:
+  Actions(Walk& walk, Expected& expected, CommandRun& run, Checks& checks)
+      : walk_(walk), expected_(expected), run_(run), checks_(checks) {}
+
+  // One of them by chance.
+  void DoOne();
+
+ private:
+  // A new action is a function here and a line in the table of Actions.cpp.
+  struct Action {
+    int chance;  // how often, compared with the others
+    void (Actions::*Do)();
+  };
+  static const std::vector<Action>& All();
+
+  void ChooseTab();
+  void SelectNode();
+  void OpenOrCloseNode();
+  void ClickButton();
+  void PressKey();
+  void UseMenu();
+  void RefreshByButton();
+  void RefreshByKey();
+  void ChangeFromOutside();
+
+  controls::NodeId SomeNode();
+  void FinishCommand(const Command& command);
+  void FinishRefresh();
+
+  Walk& walk_;
+  Expected& expected_;
+  CommandRun& run_;
+  Checks& checks_;
+};
+
+}  // namespace test_support

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <set>
+#include <string>
+
+#include "tests/support/walk/Tables.h"
+#include "tests/support/walk/Walk.h"
+#include "tests/support/walk/WantedTrees.h"
+
+namespace test_support {
+
+// The state that the window has to be in. Actions and commands bring it forward, the checks compare
+// it with what is there.
+struct Expected {
+  explicit Expected(const browser::ProtectedAccounts& accounts) : trees(accounts) {}
+
+  // Both trees were read from this database.
+  void Refreshed(const Tables& now) {
+    trees.Refresh(now);
+    differing.clear();
+    isChangedOutside = false;
+  }
+
+  WantedTrees trees;
+  // The keys of the nodes that may differ from what a refresh would show.
+  std::set<std::wstring> differing;
+  // Somebody else has changed the database since the last refresh.
+  bool isChangedOutside = false;
+};
+
+}  // namespace test_support

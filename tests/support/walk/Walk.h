@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "browser/frmUserGroupPerm.h"
+#include "tests/support/controls/User.h"
+#include "tests/support/data/RawDatabase.h"
+#include "tests/support/recording/CallLog.h"
+#include "tests/support/walk/Dice.h"
+
+namespace test_support {
+
+// What the parts of a walk share: the window, the user in front of it, the database under it, the
+// dice, and the list of what was done. All access to the window's trees and buttons is here.
+class Walk {
+ public:
+  using KeySet = std::set<std::wstring>;
+
+  Walk(browser::frmUserGroupPerm& form, User& person, CallLog& calls, RawDatabase& database,
+       std::uint32_t seed)
+      : window(form), user(person), log(calls), raw(database), dice(seed) {}
+
+  void Note(const std::string& step) { steps.push_back(step); }
+
+  // The tab on view, which has the index of its tree.
+  int Tab() const { return window.TabStrip1.SelectedTab(); }
+  controls::TreeView& TreeOf(int tab) { return window.TreeView1[tab]; }
+  const controls::TreeNodes& Nodes(int tree) const { return window.TreeView1[tree].Nodes(); }
+  controls::NodeId SelectedNode(int tree) const { return window.TreeView1[tree].SelectedNode(); }
+  std::wstring SelectedKey(int tree) const;
+  // Of the nodes with children: those that are open, or those that are closed.
+  KeySet KeysOfNodes(int tree, bool open) const;
+  // The buttons beside a tree in the order of kCommands.
+  std::vector<controls::CommandButton*> Buttons(int tree);
+
+  browser::frmUserGroupPerm& window;
+  User& user;
+  CallLog& log;
+  RawDatabase& raw;
+  Dice dice;
+  std::vector<std::string> steps;  // a line each
+};
+
+}  // namespace test_support
