@@ -1,6 +1,6 @@
 #include "server/com/Answer.h"
 
-#include <new>
+#include "automation/Bstr.h"
 
 namespace server::com {
 
@@ -15,8 +15,7 @@ void Put(VARIANT& answer, bool truth) {
 }
 
 void Put(VARIANT& answer, std::wstring_view text) {
-  answer.bstrVal = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
-  if (answer.bstrVal == nullptr) throw std::bad_alloc();
+  answer.bstrVal = automation::Bstr(text).Detach();
   answer.vt = VT_BSTR;
 }
 

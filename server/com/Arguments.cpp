@@ -1,9 +1,13 @@
 #include "server/com/Arguments.h"
 
-#include <new>
 #include <string>
 
+#include "automation/Variant.h"
 #include "server/com/CallError.h"
+
+using automation::Bstr;
+using automation::Variant;
+using automation::View;
 
 namespace server::com {
 namespace {
@@ -18,32 +22,15 @@ const VARIANT& Followed(const VARIANT& value) {
   return value.vt == kValueReference ? *value.pvarVal : value;
 }
 
-VARIANT Converted(const VARIANT& value, VARTYPE type, unsigned at) {
-  VARIANT converted;
-  VariantInit(&converted);
+Variant Converted(const VARIANT& value, VARTYPE type, unsigned at) {
+  Variant converted;
   const HRESULT result =
       VariantChangeTypeEx(&converted, const_cast<VARIANT*>(&value), LOCALE_INVARIANT, 0, type);
   if (FAILED(result)) throw CallError{result, at};
   return converted;
 }
 
-std::wstring_view View(BSTR text) {
-  return {text, SysStringLen(text)};
-}
-
-BSTR Copy(std::wstring_view text) {
-  const BSTR copy = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
-  if (copy == nullptr) throw std::bad_alloc();
-  return copy;
-}
-
 }  // namespace
-
-void Arguments::FreeConverted() {
-  for (const BSTR text : converted_) {
-    if (text != nullptr) SysFreeString(text);
-  }
-}
 
 std::int32_t Arguments::Integer(unsigned at) const {
   const VARIANT& value = Value(at);
@@ -54,11 +41,9 @@ std::wstring_view Arguments::Text(unsigned at) {
   const VARIANT& value = Followed(Value(at));
   if (value.vt == VT_BSTR) return View(value.bstrVal);
   if (value.vt == kTextReference) return View(*value.pbstrVal);
-  SysFreeString(converted_[at]);
-  converted_[at] = nullptr;
-  anyConverted_ = true;
-  converted_[at] = Converted(value, VT_BSTR, at).bstrVal;
-  return View(converted_[at]);
+  Variant text = Converted(value, VT_BSTR, at);
+  converted_[at].Take(text.DetachText());
+  return converted_[at].View();
 }
 
 bool Arguments::IsText(unsigned at) const {
@@ -77,14 +62,14 @@ data::FieldValue Arguments::Field(unsigned at) const {
 void Arguments::PutText(unsigned at, std::wstring_view text) {
   VARIANT& target = Value(at);
   if (target.vt == kTextReference) {
-    const BSTR copy = Copy(text);
+    Bstr copy(text);
     SysFreeString(*target.pbstrVal);
-    *target.pbstrVal = copy;
+    *target.pbstrVal = copy.Detach();
   } else if (target.vt == kValueReference) {
-    const BSTR copy = Copy(text);
+    Bstr copy(text);
     VariantClear(target.pvarVal);
     target.pvarVal->vt = VT_BSTR;
-    target.pvarVal->bstrVal = copy;
+    target.pvarVal->bstrVal = copy.Detach();
   } else {
     throw CallError{DISP_E_TYPEMISMATCH, at};
   }

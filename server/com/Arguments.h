@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "automation/Bstr.h"
 #include "data/Value.h"
 
 namespace server::com {
@@ -18,9 +19,6 @@ namespace server::com {
 class Arguments {
  public:
   explicit Arguments(const DISPPARAMS& call) : call_(call) {}
-  ~Arguments() {
-    if (anyConverted_) FreeConverted();
-  }
   Arguments(const Arguments&) = delete;
   Arguments& operator=(const Arguments&) = delete;
 
@@ -37,14 +35,11 @@ class Arguments {
  private:
   static constexpr unsigned kMostTexts = 3;
 
-  void FreeConverted();
-
   // Arguments arrive last first.
   VARIANT& Value(unsigned at) const { return call_.rgvarg[call_.cArgs - 1 - at]; }
 
   const DISPPARAMS& call_;
-  std::array<BSTR, kMostTexts> converted_{};
-  bool anyConverted_ = false;
+  std::array<automation::SecretBstr, kMostTexts> converted_;  // one of them may be a password
 };
 
 }  // namespace server::com

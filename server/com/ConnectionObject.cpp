@@ -10,18 +10,13 @@
 using Microsoft::WRL::ComPtr;
 
 namespace server::com {
-namespace {
 
-enum ConnectionDispId : DISPID { kOpenResultSet = 1, kExecute, kBeginRead, kEndRead };
-
-constexpr Member kMembers[] = {
-    {L"OpenResultSet", 1},
-    {L"Execute", 1},
-    {L"BeginRead", 0},
-    {L"EndRead", 0},
-};
-
-}  // namespace
+const std::array<Member, 4> ConnectionObject::kMembers = {{
+    {L"OpenResultSet", 1, 1, Handle<ConnectionObject, &ConnectionObject::OpenResultSet>},
+    {L"Execute", 2, 1, Handle<ConnectionObject, &ConnectionObject::Execute>},
+    {L"BeginRead", 3, 0, Handle<ConnectionObject, &ConnectionObject::BeginRead>},
+    {L"EndRead", 4, 0, Handle<ConnectionObject, &ConnectionObject::EndRead>},
+}};
 
 ConnectionObject::ConnectionObject(SessionServerObject& server,
                                    std::unique_ptr<data::Connection> connection)
@@ -36,23 +31,22 @@ ConnectionObject::~ConnectionObject() {
   server_.Release();
 }
 
-void ConnectionObject::Run(DISPID id, Arguments& arguments, VARIANT& answer) {
-  switch (id) {
-    case kOpenResultSet:
-      return OpenResultSet(arguments, answer);
-    case kExecute:
-      return Put(answer, connection_->Execute(arguments.Text(0)));
-    case kBeginRead:
-      return connection_->BeginRead();
-    case kEndRead:
-      return connection_->EndRead();
-  }
-}
-
 void ConnectionObject::OpenResultSet(Arguments& arguments, VARIANT& answer) {
   auto rows = std::make_unique<ResultSetObject>(ComPtr<IDispatch>(this),
                                                 connection_->OpenResultSet(arguments.Text(0)));
   Put(answer, rows.release());
+}
+
+void ConnectionObject::Execute(Arguments& arguments, VARIANT& answer) {
+  Put(answer, connection_->Execute(arguments.Text(0)));
+}
+
+void ConnectionObject::BeginRead(Arguments&, VARIANT&) {
+  connection_->BeginRead();
+}
+
+void ConnectionObject::EndRead(Arguments&, VARIANT&) {
+  connection_->EndRead();
 }
 
 }  // namespace server::com

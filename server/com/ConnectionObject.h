@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 
 #include "data/SessionServer.h"
@@ -16,11 +17,13 @@ class ConnectionObject final : public DispatchObject {
   ConnectionObject(SessionServerObject& server, std::unique_ptr<data::Connection> connection);
   ~ConnectionObject() override;
 
- protected:
-  void Run(DISPID id, Arguments& arguments, VARIANT& answer) override;
-
  private:
+  static const std::array<Member, 4> kMembers;
+
   void OpenResultSet(Arguments& arguments, VARIANT& answer);
+  void Execute(Arguments& arguments, VARIANT& answer);
+  void BeginRead(Arguments& arguments, VARIANT& answer);
+  void EndRead(Arguments& arguments, VARIANT& answer);
 
   SessionServerObject& server_;  // holds a reference
   std::unique_ptr<data::Connection> connection_;

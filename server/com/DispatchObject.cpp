@@ -1,6 +1,6 @@
 #include "server/com/DispatchObject.h"
 
-#include <memory>
+#include <algorithm>
 
 #include "server/com/Failure.h"
 #include "server/com/TypeLibrary.h"
@@ -17,30 +17,8 @@ bool IsNamed(const Member& member, const wchar_t* name) {
 
 }  // namespace
 
-HRESULT DispatchObject::QueryInterface(REFIID id, void** object) {
-  if (object == nullptr) return E_POINTER;
-  *object = nullptr;
-  if (id == IID_IUnknown || id == IID_IDispatch || id == interfaceId_) {
-    *object = static_cast<IDispatch*>(this);
-  } else if (id == IID_ISupportErrorInfo) {
-    *object = static_cast<ISupportErrorInfo*>(this);
-  } else {
-    return E_NOINTERFACE;
-  }
-  AddRef();
-  return S_OK;
-}
-
-ULONG DispatchObject::AddRef() {
-  return ++references_;
-}
-
-// Behind the last reference nobody owns the object but the object itself, for as long as it takes
-// to end.
-ULONG DispatchObject::Release() {
-  const ULONG left = --references_;
-  if (left == 0) const std::unique_ptr<DispatchObject> last(this);
-  return left;
+bool DispatchObject::IsFirst(REFIID id) const {
+  return id == IID_IDispatch || id == interfaceId_;
 }
 
 HRESULT DispatchObject::GetTypeInfoCount(UINT* count) {
@@ -60,31 +38,35 @@ HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
   if (names == nullptr || ids == nullptr) return E_POINTER;
   if (count == 0) return E_INVALIDARG;
   for (UINT i = 0; i < count; ++i) ids[i] = DISPID_UNKNOWN;
-  for (std::size_t i = 0; i < members_.size() && ids[0] == DISPID_UNKNOWN; ++i) {
-    if (IsNamed(members_[i], names[0])) ids[0] = static_cast<DISPID>(i + 1);
-  }
+  const auto named = [&](const Member& member) { return IsNamed(member, names[0]); };
+  const auto found = std::ranges::find_if(members_, named);
+  if (found != members_.end()) ids[0] = found->id;
   return count == 1 && ids[0] != DISPID_UNKNOWN ? S_OK : DISP_E_UNKNOWNNAME;
 }
 
-HRESULT DispatchObject::Find(DISPID id, WORD kind, const DISPPARAMS* call) const {
-  if (id < 1 || static_cast<std::size_t>(id) > members_.size()) return DISP_E_MEMBERNOTFOUND;
-  const Member& member = members_[static_cast<std::size_t>(id) - 1];
-  if ((kind & kCalls) == 0) return DISP_E_MEMBERNOTFOUND;
+const Member* DispatchObject::Find(DISPID id) const {
+  const auto found = std::ranges::find(members_, id, &Member::id);
+  return found == members_.end() ? nullptr : &*found;
+}
+
+HRESULT DispatchObject::Check(const Member* member, WORD kind, const DISPPARAMS* call) {
+  if (member == nullptr || (kind & kCalls) == 0) return DISP_E_MEMBERNOTFOUND;
   if (call == nullptr) return E_POINTER;
   if (call->cNamedArgs != 0) return DISP_E_NONAMEDARGS;
-  return call->cArgs == member.arguments ? S_OK : DISP_E_BADPARAMCOUNT;
+  return call->cArgs == member->arguments ? S_OK : DISP_E_BADPARAMCOUNT;
 }
 
 HRESULT DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* call,
                                VARIANT* answer, EXCEPINFO* exception, UINT* wrongArgument) {
-  const HRESULT found = Find(id, kind, call);
-  if (FAILED(found)) return found;
+  const Member* const member = Find(id);
+  const HRESULT right = Check(member, kind, call);
+  if (FAILED(right)) return right;
   VARIANT unwanted;
   VARIANT& target = answer == nullptr ? unwanted : *answer;
   target.vt = VT_EMPTY;
   try {
     Arguments arguments(*call);
-    Run(id, arguments, target);
+    member->handler(*this, arguments, target);
     // Most of what is called without a wish for an answer gives none: moving on, row by row.
     if (answer == nullptr && unwanted.vt != VT_EMPTY) VariantClear(&unwanted);
     return S_OK;

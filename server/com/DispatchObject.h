@@ -6,31 +6,32 @@
 
 #include <span>
 
+#include "automation/ComObject.h"
 #include "server/com/Arguments.h"
 #include "server/com/LiveObject.h"
 
 namespace server::com {
 
-// A member of a late-bound object. Its number is its place in the object's list, from 1.
+class DispatchObject;
+
+// A member of a late-bound object: the name and the number that the type library has for it, how
+// many arguments it takes, and what does its work.
 struct Member {
+  using Handler = void (*)(DispatchObject& object, Arguments& arguments, VARIANT& answer);
+
   const wchar_t* name;
+  DISPID id;
   unsigned arguments;
+  Handler handler;
 };
 
-// An object that is called by the names of its members. It is made with one reference, which
-// belongs to its maker, and goes with the last one. Nothing thrown behind Run leaves it: failures
-// are described in the automation manner.
-class DispatchObject : public IDispatch, public ISupportErrorInfo {
+// An object that is called by the names of its members. Nothing that a handler throws leaves it:
+// failures are described in the automation manner.
+class DispatchObject : public automation::ComObject<IDispatch, ISupportErrorInfo> {
  public:
+  // Both outlive the object.
   DispatchObject(const GUID& interfaceId, std::span<const Member> members)
       : interfaceId_(interfaceId), members_(members) {}
-  virtual ~DispatchObject() = default;
-  DispatchObject(const DispatchObject&) = delete;
-  DispatchObject& operator=(const DispatchObject&) = delete;
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
-  ULONG STDMETHODCALLTYPE AddRef() override;
-  ULONG STDMETHODCALLTYPE Release() override;
 
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
@@ -43,15 +44,21 @@ class DispatchObject : public IDispatch, public ISupportErrorInfo {
   HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID id) override;
 
  protected:
-  // Does a member's work. The number of arguments is right, and answer is empty.
-  virtual void Run(DISPID id, Arguments& arguments, VARIANT& answer) = 0;
+  bool IsFirst(REFIID id) const override;
+
+  // A method of a derived class as the handler of a member. When it is called, the number of
+  // arguments is right and the answer is empty.
+  template <typename Class, void (Class::*Method)(Arguments& arguments, VARIANT& answer)>
+  static void Handle(DispatchObject& object, Arguments& arguments, VARIANT& answer) {
+    (static_cast<Class&>(object).*Method)(arguments, answer);
+  }
 
  private:
-  HRESULT Find(DISPID id, WORD kind, const DISPPARAMS* call) const;
+  const Member* Find(DISPID id) const;
+  static HRESULT Check(const Member* member, WORD kind, const DISPPARAMS* call);
 
   const GUID& interfaceId_;
   std::span<const Member> members_;
-  ULONG references_ = 1;  // an object is used in the apartment that made it
   LiveObject live_;
 };
 

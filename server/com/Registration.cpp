@@ -5,8 +5,12 @@
 
 #include <array>
 
+#include "automation/RegistryKey.h"
 #include "server/com/Identity.h"
-#include "server/com/RegistryKey.h"
+
+using automation::ReadText;
+using automation::RegistryError;
+using automation::RegistryKey;
 
 namespace server::com {
 namespace {

@@ -2,6 +2,7 @@
 
 #include <wrl/client.h>
 
+#include <array>
 #include <memory>
 
 #include "data/SessionServer.h"
@@ -15,11 +16,18 @@ class ResultSetObject final : public DispatchObject {
   ResultSetObject(Microsoft::WRL::ComPtr<IDispatch> connection,
                   std::unique_ptr<data::ResultSet> rows);
 
- protected:
-  void Run(DISPID id, Arguments& arguments, VARIANT& answer) override;
-
  private:
-  void SetColumn(Arguments& arguments);
+  static const std::array<Member, 9> kMembers;
+
+  void EndOfRows(Arguments& arguments, VARIANT& answer);
+  void Column(Arguments& arguments, VARIANT& answer);
+  void MoveNext(Arguments& arguments, VARIANT& answer);
+  void MoveFirst(Arguments& arguments, VARIANT& answer);
+  void AddNew(Arguments& arguments, VARIANT& answer);
+  void Edit(Arguments& arguments, VARIANT& answer);
+  void SetColumn(Arguments& arguments, VARIANT& answer);
+  void Update(Arguments& arguments, VARIANT& answer);
+  void Close(Arguments& arguments, VARIANT& answer);
 
   Microsoft::WRL::ComPtr<IDispatch> connection_;
   std::unique_ptr<data::ResultSet> rows_;  // goes before the connection

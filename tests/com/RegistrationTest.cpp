@@ -3,15 +3,15 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
+#include "automation/RegistryKey.h"
 #include "server/com/Identity.h"
-#include "server/com/RegistryKey.h"
 
 namespace com_test {
 namespace {
 
-using server::com::ReadText;
+using automation::ReadText;
+using automation::RegistryKey;
 using server::com::Register;
-using server::com::RegistryKey;
 using server::com::Scope;
 using server::com::Unregister;
 

@@ -5,12 +5,13 @@ file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
   ${PROJECT_SOURCE_DIR}/app/*.h ${PROJECT_SOURCE_DIR}/bench/*.h ${PROJECT_SOURCE_DIR}/browser/*.h
   ${PROJECT_SOURCE_DIR}/controls/*.h ${PROJECT_SOURCE_DIR}/data/*.h
   ${PROJECT_SOURCE_DIR}/dialogs/*.h ${PROJECT_SOURCE_DIR}/resources/*.h
-  ${PROJECT_SOURCE_DIR}/server/*.h ${PROJECT_SOURCE_DIR}/tests/*.h ${PROJECT_SOURCE_DIR}/com/*.h)
+  ${PROJECT_SOURCE_DIR}/server/*.h ${PROJECT_SOURCE_DIR}/tests/*.h ${PROJECT_SOURCE_DIR}/com/*.h
+  ${PROJECT_SOURCE_DIR}/automation/*.h)
 # A list of macro calls, which is included for what the includer makes of them.
 list(REMOVE_ITEM headers resources/strings_fr.h)
 # Each compiler is given the headers of its own: those of the folders that only Windows has, or the
 # portable ones.
-set(windowsFolders "(.*/)?(win32|com|window)|server/kvh_util|tests/help|tests/program")
+set(windowsFolders "(.*/)?(win32|com|window)|automation|server/kvh_util|tests/help|tests/program")
 if(WIN32)
   list(FILTER headers INCLUDE REGEX "^(${windowsFolders})/")
 else()

@@ -6,7 +6,7 @@
 #include <new>
 
 #include "MakeServer.h"
-#include "server/com/Adopt.h"
+#include "automation/Adopt.h"
 #include "server/com/ClassFactory.h"
 #include "server/com/Identity.h"
 #include "server/com/LiveObject.h"
@@ -39,7 +39,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) try {
   *object = nullptr;
   if (classId != server::com::kClassId) return CLASS_E_CLASSNOTAVAILABLE;
   const auto factory =
-      server::com::Adopt<IClassFactory>(std::make_unique<server::com::ClassFactory>(MakeServer));
+      automation::Adopt<IClassFactory>(std::make_unique<server::com::ClassFactory>(MakeServer));
   return factory.CopyTo(id, object);
 } catch (const std::bad_alloc&) {
   return E_OUTOFMEMORY;

@@ -1,6 +1,6 @@
-#include "server/com/RegistryKey.h"
+#include "automation/RegistryKey.h"
 
-namespace server::com {
+namespace automation {
 namespace {
 
 void Check(LSTATUS status) {
@@ -20,10 +20,10 @@ RegistryKey::~RegistryKey() {
   if (key_ != nullptr) RegCloseKey(key_);
 }
 
-void RegistryKey::Write(const std::wstring& name, const std::wstring& text) const {
+void RegistryKey::Write(const wchar_t* name, const std::wstring& text) const {
   const auto bytes = reinterpret_cast<const BYTE*>(text.c_str());
   const auto size = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-  Check(RegSetValueExW(key_, name.c_str(), 0, REG_SZ, bytes, size));
+  Check(RegSetValueExW(key_, name, 0, REG_SZ, bytes, size));
 }
 
 void RegistryKey::Remove(const std::wstring& path) const {
@@ -39,4 +39,4 @@ std::wstring ReadText(HKEY parent, const std::wstring& path) {
   return status == ERROR_SUCCESS ? std::wstring(text) : std::wstring();
 }
 
-}  // namespace server::com
+}  // namespace automation

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-namespace server::com {
+namespace automation {
 
 // Holds a new object by the one reference that it was made with. ComPtr's own Attach is of no use
 // for that: the compiler's version of it counts another reference.
@@ -15,4 +15,4 @@ Microsoft::WRL::ComPtr<Interface> Adopt(std::unique_ptr<Object> made) {
   return held;
 }
 
-}  // namespace server::com
+}  // namespace automation

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-namespace server::com {
+namespace automation {
 
 // The registry refused; thrown by everything below that writes.
 struct RegistryError {
@@ -23,7 +23,7 @@ class RegistryKey {
   HKEY Get() const { return key_; }
 
   // An empty name stands for the key's default value.
-  void Write(const std::wstring& name, const std::wstring& text) const;
+  void Write(const wchar_t* name, const std::wstring& text) const;
   // Removes a key below with all that is in it. One that is not there is no failure.
   void Remove(const std::wstring& path) const;
 
@@ -36,4 +36,4 @@ class RegistryKey {
 // The default value of a key below parent; empty when there is none.
 std::wstring ReadText(HKEY parent, const std::wstring& path);
 
-}  // namespace server::com
+}  // namespace automation

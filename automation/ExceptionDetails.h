@@ -1,0 +1,25 @@
+#pragma once
+
+#include <windows.h>
+
+#include <oaidl.h>
+#include <oleauto.h>
+
+namespace automation {
+
+// What a callee writes about a failure, usable as an EXCEPINFO; owns the texts in it.
+class ExceptionDetails : public EXCEPINFO {
+ public:
+  ExceptionDetails() : EXCEPINFO{} {}
+  ~ExceptionDetails() {
+    SysFreeString(bstrSource);
+    SysFreeString(bstrDescription);
+    SysFreeString(bstrHelpFile);
+  }
+  // Drops what a callee that died may have left half written, without freeing it.
+  void Forget() { static_cast<EXCEPINFO&>(*this) = EXCEPINFO{}; }
+  ExceptionDetails(const ExceptionDetails&) = delete;
+  ExceptionDetails& operator=(const ExceptionDetails&) = delete;
+};
+
+}  // namespace automation
