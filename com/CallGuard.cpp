@@ -1,7 +1,7 @@
 #include "com/CallGuard.h"
 
 // GCC knows no __try, so the frame that owns the handler is written in assembler: one that calls,
-// answers 0, and can be resumed behind the call with an exception code for an answer.
+// answers 0, and can be resumed after the call with an exception code for an answer.
 namespace {
 
 constexpr DWORD kUnwinding = 0x2;
@@ -9,7 +9,7 @@ constexpr DWORD kExitUnwind = 0x4;
 constexpr DWORD kSeverityError = 3;
 
 // Only failures end a call. Warnings, debugger notes and the exceptions that C++ run-times travel
-// by are for others, and behind an overflown stack nothing may go on.
+// by are for others, and after a stack overflow nothing may go on.
 bool EndsTheCall(const EXCEPTION_RECORD& record) {
   if ((record.ExceptionFlags & (kUnwinding | kExitUnwind)) != 0) return false;
   return record.ExceptionCode >> 30 == kSeverityError &&
@@ -60,7 +60,7 @@ extern "C" int UadminEndsTheCall(const EXCEPTION_RECORD* record) {
 }
 
 // The handler is registered in the thread's chain. RtlUnwind may leave any register but the stack
-// pointer changed, so what is needed behind it is read from the stack again.
+// pointer changed, so what is needed after it is read from the stack again.
 asm(R"(
   .text
   .globl _UadminCallGuarded

@@ -14,9 +14,9 @@ DWORD CallGuarded(void (*function)(void* context), void* context);
 
 // The same for a callable, which must not throw either.
 template <typename Callable>
-DWORD Guarded(Callable&& callable) {
-  return CallGuarded([](void* context) { (*static_cast<Callable*>(context))(); },
-                     static_cast<void*>(&callable));
+DWORD FaultOf(const Callable& callable) {
+  return CallGuarded([](void* context) { (*static_cast<const Callable*>(context))(); },
+                     const_cast<Callable*>(&callable));
 }
 
 }  // namespace com

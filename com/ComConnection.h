@@ -1,6 +1,6 @@
 #pragma once
 
-#include "com/LateBound.h"
+#include "com/RemoteObject.h"
 #include "com/ResultSetKinds.h"
 #include "data/SessionServer.h"
 
@@ -9,7 +9,7 @@ namespace com {
 // The database connection of the session server.
 class ComConnection final : public data::Connection {
  public:
-  ComConnection(Microsoft::WRL::ComPtr<IDispatch> object, std::shared_ptr<ServerFate> fate);
+  explicit ComConnection(RemoteObject object) : object_(std::move(object)) {}
 
   std::unique_ptr<data::ResultSet> OpenResultSet(std::wstring_view statement) override;
   std::int32_t Execute(std::wstring_view statement) override;
@@ -17,7 +17,7 @@ class ComConnection final : public data::Connection {
   void EndRead() override;
 
  private:
-  LateBound object_;
+  RemoteObject object_;
   ResultSetKinds kinds_;
 };
 

@@ -1,8 +1,13 @@
 #include "com/ComResultSet.h"
 
+#include "automation/Bstr.h"
 #include "com/Conversion.h"
-#include "com/ResultSetMembers.h"
 #include "data/RunTimeError.h"
+
+using automation::Argument;
+using automation::Bstr;
+using automation::NullArgument;
+using automation::Variant;
 
 namespace com {
 namespace {
@@ -16,14 +21,14 @@ constexpr int kMostColumns = 4096;
 // at once. A failure has nobody left to be told.
 ComResultSet::~ComResultSet() {
   try {
-    if (open_) object_.CallIfThere(kClose);
+    if (open_) object_.CallIfThere(Member::kClose);
   } catch (const data::RunTimeError&) {
   }
 }
 
 bool ComResultSet::EndOfRows() {
   Variant end;
-  object_.Read(kEndOfRows, end);
+  object_.Read(Member::kEndOfRows, end);
   return ToBoolean(end);
 }
 
@@ -35,7 +40,7 @@ data::ColumnValue ComResultSet::Column(int position) {
   Slot& slot = SlotAt(index);
   if (slot.row != row_) {
     slot.value.Clear();
-    object_.Read(kColumn, slot.value, Argument(position));
+    object_.Read(Member::kColumn, slot.value, Argument(position));
     slot.row = row_;
   }
   return ToColumnValue(slot.value);
@@ -49,23 +54,23 @@ ComResultSet::Slot& ComResultSet::SlotAt(std::size_t position) {
 }
 
 void ComResultSet::MoveNext() {
-  Change(kMoveNext);
+  Change(Member::kMoveNext);
 }
 
 void ComResultSet::MoveFirst() {
-  Change(kMoveFirst);
+  Change(Member::kMoveFirst);
 }
 
 void ComResultSet::AddNew() {
-  Change(kAddNew);
+  Change(Member::kAddNew);
 }
 
 void ComResultSet::Edit() {
-  Change(kEdit);
+  Change(Member::kEdit);
 }
 
 void ComResultSet::Update() {
-  Change(kUpdate);
+  Change(Member::kUpdate);
 }
 
 void ComResultSet::SetColumn(std::wstring_view name, const data::FieldValue& value) {
@@ -80,24 +85,24 @@ void ComResultSet::SetColumn(int position, const data::FieldValue& value) {
 void ComResultSet::SetColumn(const VARIANT& column, const data::FieldValue& value) {
   ++row_;
   if (const auto* number = std::get_if<std::int32_t>(&value)) {
-    object_.Call(kSetColumn, nullptr, column, Argument(*number));
+    object_.Call(Member::kSetColumn, column, Argument(*number));
   } else if (const auto* text = std::get_if<std::wstring>(&value)) {
     const Bstr copy(*text);
-    object_.Call(kSetColumn, nullptr, column, Argument(copy));
+    object_.Call(Member::kSetColumn, column, Argument(copy));
   } else {
-    object_.Call(kSetColumn, nullptr, column, NullArgument());
+    object_.Call(Member::kSetColumn, column, NullArgument());
   }
 }
 
 void ComResultSet::Close() {
   open_ = false;
-  object_.Call(kClose, nullptr);
+  object_.Call(Member::kClose);
 }
 
-// What a call may change is read anew behind it.
-void ComResultSet::Change(std::size_t member) {
+// What a call may change is asked for again after it.
+void ComResultSet::Change(Member member) {
   ++row_;
-  object_.Call(member, nullptr);
+  object_.Call(member);
 }
 
 }  // namespace com

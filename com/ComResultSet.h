@@ -4,7 +4,8 @@
 #include <cstddef>
 #include <vector>
 
-#include "com/LateBound.h"
+#include "automation/Variant.h"
+#include "com/RemoteObject.h"
 #include "data/SessionServer.h"
 
 namespace com {
@@ -13,7 +14,7 @@ namespace com {
 // is borrowed from there, and reading it again in the same row asks nobody.
 class ComResultSet final : public data::ResultSet {
  public:
-  explicit ComResultSet(LateBound object) : object_(std::move(object)) {}
+  explicit ComResultSet(RemoteObject object) : object_(std::move(object)) {}
   ~ComResultSet() override;
 
   bool EndOfRows() override;
@@ -29,15 +30,15 @@ class ComResultSet final : public data::ResultSet {
 
  private:
   struct Slot {
-    Variant value;
+    automation::Variant value;
     unsigned row = 0;  // the count of moves at which it was read; 0 is before the first
   };
 
   Slot& SlotAt(std::size_t position);
-  void Change(std::size_t member);
+  void Change(Member member);
   void SetColumn(const VARIANT& column, const data::FieldValue& value);
 
-  LateBound object_;
+  RemoteObject object_;
   // Result sets are opened by the ten thousand, few of them wider than an account's row.
   std::array<Slot, 3> firstSlots_;
   std::vector<Slot> furtherSlots_;

@@ -1,15 +1,17 @@
 #include "com/ComSessionServer.h"
 
+#include <windows.h>
+
 #include <objbase.h>
+#include <oleauto.h>
 
 #include <string>
 
-#include "com/CallGuard.h"
 #include "com/ClassFault.h"
+#include "com/ErrorObject.h"
+#include "com/FailureNumber.h"
 #include "com/SessionServerAdapter.h"
 #include "data/RunTimeError.h"
-
-using Microsoft::WRL::ComPtr;
 
 namespace com {
 namespace {
@@ -17,7 +19,9 @@ namespace {
 // A server may run in this process or in one of its own.
 constexpr DWORD kContexts = CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER;
 
-[[noreturn]] void RaiseFault(ClassFault fault, HRESULT result, const ServerTexts& texts) {
+// text: what the maker of the object said about its failure.
+[[noreturn]] void RaiseFault(ClassFault fault, HRESULT result, const ServerTexts& texts,
+                             const std::wstring& text) {
   switch (fault) {
     case ClassFault::kNotRegistered:
       throw data::RunTimeError(data::kCannotCreateObject, texts.notRegistered);
@@ -29,7 +33,7 @@ constexpr DWORD kContexts = CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER;
       break;
   }
   if (result == E_NOINTERFACE) throw data::RunTimeError(data::kNoAutomation);
-  throw data::RunTimeError(result);
+  throw data::RunTimeError(FailureNumber(result), text);
 }
 
 // The result of the system comes first where it is plain; the registry is asked for the rest, since
@@ -46,24 +50,36 @@ ClassFault FaultBehind(HRESULT result, const std::wstring& progId) {
   return noLibrary ? ClassFault::kFileMissing : ClassFault::kNone;
 }
 
-HRESULT Create(const std::wstring& progId, ComPtr<IDispatch>& object) {
+// An error object that is older than the call would be taken for the maker's.
+HRESULT Create(const std::wstring& progId, IDispatch*& object) {
   CLSID id{};
   const HRESULT named = CLSIDFromProgID(progId.c_str(), &id);
   if (FAILED(named)) return named;
-  return CoCreateInstance(id, nullptr, kContexts, IID_PPV_ARGS(object.GetAddressOf()));
+  SetErrorInfo(0, nullptr);
+  return CoCreateInstance(id, nullptr, kContexts, __uuidof(IDispatch),
+                          reinterpret_cast<void**>(&object));
+}
+
+std::wstring TextOfMaker(ServerState& server) {
+  const ErrorObject error(server);
+  return error.IsThere() ? error.Text() : std::wstring();
 }
 
 }  // namespace
 
 std::unique_ptr<data::SessionServer> CreateSessionServer(std::wstring_view progId,
-                                                         const ServerTexts& texts) {
+                                                         const ServerTexts& texts,
+                                                         CallObserver* observer) {
   const std::wstring name(progId);
-  ComPtr<IDispatch> object;
+  auto server = std::make_shared<ServerState>(texts, observer);
+  IDispatch* object = nullptr;
   HRESULT result = E_UNEXPECTED;
-  const DWORD exception = Guarded([&]() noexcept { result = Create(name, object); });
-  if (exception != 0) throw data::RunTimeError(static_cast<long>(exception), texts.lost);
-  if (FAILED(result)) RaiseFault(FaultBehind(result, name), result, texts);
-  return std::make_unique<SessionServerAdapter>(std::move(object), texts);
+  server->Touch([&]() noexcept { result = Create(name, object); });
+  if (FAILED(result)) {
+    const std::wstring text = TextOfMaker(*server);
+    RaiseFault(FaultBehind(result, name), result, texts, text);
+  }
+  return std::make_unique<SessionServerAdapter>(RemoteObject(object, std::move(server)));
 }
 
 }  // namespace com

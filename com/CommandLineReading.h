@@ -4,12 +4,12 @@
 #include <string>
 #include <string_view>
 
-#include "com/LateBound.h"
+#include "com/RemoteObject.h"
 
 namespace com {
 
 // Calls the session server's ReadCommandLine, the one member with arguments that it writes to.
-void ReadCommandLine(LateBound& server, std::wstring_view commandLine, std::wstring& sessionText,
+void ReadCommandLine(RemoteObject& server, std::wstring_view commandLine, std::wstring& sessionText,
                      std::int32_t& sessionId);
 
 }  // namespace com

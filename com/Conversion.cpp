@@ -1,14 +1,14 @@
 #include "com/Conversion.h"
 
-#include "com/ComError.h"
+#include "automation/Bstr.h"
+#include "automation/Variant.h"
 #include "data/RunTimeError.h"
+
+using automation::Variant;
+using automation::View;
 
 namespace com {
 namespace {
-
-bool IsNothing(const VARIANT& value) {
-  return value.vt == VT_EMPTY || value.vt == VT_NULL;
-}
 
 void Convert(VARIANT& target, const VARIANT& source, VARTYPE type) {
   const auto from = const_cast<VARIANT*>(&source);
@@ -22,10 +22,6 @@ Variant Converted(const VARIANT& source, VARTYPE type) {
   Variant converted;
   Convert(converted, source, type);
   return converted;
-}
-
-std::wstring_view Borrow(BSTR text) {
-  return {text, SysStringLen(text)};
 }
 
 // True for a decimal or floating number without a fraction, which is then a 64-bit integer.
@@ -62,10 +58,19 @@ data::ColumnValue UnusualColumnValue(VARIANT& value) {
       break;
   }
   Convert(value, value, VT_BSTR);
-  return data::ColumnValue(Borrow(value.bstrVal));
+  return data::ColumnValue(View(value.bstrVal));
 }
 
 }  // namespace
+
+bool IsNothing(const VARIANT& value) {
+  return value.vt == VT_EMPTY || value.vt == VT_NULL;
+}
+
+void CheckConversion(HRESULT result) {
+  if (SUCCEEDED(result)) return;
+  throw data::RunTimeError(result == DISP_E_OVERFLOW ? data::kOverflow : data::kTypeMismatch);
+}
 
 std::int32_t ToInteger(const VARIANT& value) {
   return value.vt == VT_I4 ? value.lVal : Converted(value, VT_I4).lVal;
@@ -77,15 +82,15 @@ bool ToBoolean(const VARIANT& value) {
 }
 
 std::wstring ToText(const VARIANT& value) {
-  if (value.vt == VT_BSTR) return std::wstring(Borrow(value.bstrVal));
+  if (value.vt == VT_BSTR) return std::wstring(View(value.bstrVal));
   if (IsNothing(value)) return {};
-  return std::wstring(Borrow(Converted(value, VT_BSTR).bstrVal));
+  return std::wstring(View(Converted(value, VT_BSTR).bstrVal));
 }
 
 data::ColumnValue ToColumnValue(VARIANT& value) {
   switch (value.vt) {
     case VT_BSTR:
-      return data::ColumnValue(Borrow(value.bstrVal));
+      return data::ColumnValue(View(value.bstrVal));
     case VT_I4:
       return data::ColumnValue(std::int64_t{value.lVal});
     case VT_I2:

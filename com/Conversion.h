@@ -1,14 +1,23 @@
 #pragma once
 
+#include <windows.h>
+
+#include <oleauto.h>
+
 #include <cstdint>
 #include <string>
 
-#include "com/Variant.h"
 #include "data/Value.h"
 
 // What a server gave back, as what the program works with. A value of another type is converted by
 // the rules of automation in the invariant locale; what cannot be raises 13, what does not fit 6.
 namespace com {
+
+// Whether a value is empty or a null.
+bool IsNothing(const VARIANT& value);
+
+// Raises 6 for a value that is too large and 13 for any other conversion that failed.
+void CheckConversion(HRESULT result);
 
 std::int32_t ToInteger(const VARIANT& value);
 bool ToBoolean(const VARIANT& value);

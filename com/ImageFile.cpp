@@ -2,8 +2,7 @@
 
 #include <windows.h>
 
-#include <memory>
-#include <type_traits>
+#include "automation/Handle.h"
 
 namespace com {
 namespace {
@@ -14,21 +13,16 @@ constexpr WORD kOwnMachine = IMAGE_FILE_MACHINE_AMD64;
 constexpr WORD kOwnMachine = IMAGE_FILE_MACHINE_I386;
 #endif
 
-struct HandleCloser {
-  void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-using FileHandle = std::unique_ptr<std::remove_pointer_t<HANDLE>, HandleCloser>;
-
 std::wstring Located(const std::wstring& path) {
   wchar_t found[MAX_PATH] = {};
   const DWORD length = SearchPathW(nullptr, path.c_str(), L".dll", MAX_PATH, found, nullptr);
   return length == 0 || length >= MAX_PATH ? path : std::wstring(found, length);
 }
 
-FileHandle Open(const std::wstring& path) {
-  const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
-                                  nullptr, OPEN_EXISTING, 0, nullptr);
-  return FileHandle(file == INVALID_HANDLE_VALUE ? nullptr : file);
+automation::Handle Open(const std::wstring& path) {
+  return automation::FileHandle(CreateFileW(path.c_str(), GENERIC_READ,
+                                            FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
+                                            OPEN_EXISTING, 0, nullptr));
 }
 
 bool ReadAt(HANDLE file, LONG offset, void* target, DWORD size) {
@@ -40,7 +34,7 @@ bool ReadAt(HANDLE file, LONG offset, void* target, DWORD size) {
 }  // namespace
 
 ImageKind ReadImageKind(const std::wstring& path) {
-  const FileHandle file = Open(Located(path));
+  const automation::Handle file = Open(Located(path));
   if (file == nullptr) {
     const DWORD error = GetLastError();
     const bool missing = error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;

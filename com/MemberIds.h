@@ -7,38 +7,29 @@
 #include <array>
 #include <bitset>
 #include <cstddef>
-#include <span>
+
+#include "com/Member.h"
 
 namespace com {
 
-// The numbers under which an object of one class takes calls to a list of members. Each is asked
-// for once, when it is first needed.
+// The numbers under which the objects of one class take calls, as far as they have been asked for.
 class MemberIds {
  public:
-  static constexpr std::size_t kMostMembers = 16;
+  MemberIds() { ids_.fill(DISPID_UNKNOWN); }
 
-  template <std::size_t Count>
-  explicit MemberIds(const wchar_t* const (&names)[Count]) : names_(names) {
-    static_assert(Count <= kMostMembers);
-    ids_.fill(DISPID_UNKNOWN);
-  }
+  // DISPID_UNKNOWN until the number has been asked for.
+  DISPID Find(Member member) const { return ids_[Index(member)]; }
+  void Remember(Member member, DISPID id) { ids_[Index(member)] = id; }
 
-  // True when the member's number is known without asking.
-  bool Knows(std::size_t member, DISPID& id) const {
-    id = ids_[member];
-    return id != DISPID_UNKNOWN;
-  }
-
-  // Asks the object for a number that is not known. S_OK, or what the object answered. A member
-  // that the object does not have is remembered as such and not asked for again.
-  HRESULT Ask(IDispatch* object, std::size_t member, DISPID& id);
-
-  const wchar_t* Name(std::size_t member) const { return names_[member]; }
+  // Whether the objects have been found to lack the member.
+  bool IsAbsent(Member member) const { return absent_[Index(member)]; }
+  void RememberAbsent(Member member) { absent_.set(Index(member)); }
 
  private:
-  std::span<const wchar_t* const> names_;
-  std::array<DISPID, kMostMembers> ids_;  // DISPID_UNKNOWN until asked for
-  std::bitset<kMostMembers> absent_;
+  static std::size_t Index(Member member) { return static_cast<std::size_t>(member); }
+
+  std::array<DISPID, kMemberCount> ids_;
+  std::bitset<kMemberCount> absent_;
 };
 
 }  // namespace com

@@ -1,14 +1,10 @@
 #pragma once
 
-#include <windows.h>
-
-#include <oaidl.h>
-
 #include <memory>
 #include <vector>
 
-#include "com/LateBound.h"
 #include "com/MemberIds.h"
+#include "com/RemoteObject.h"
 
 namespace com {
 
@@ -18,8 +14,8 @@ namespace com {
 // several classes can share the code that dispatches their calls.
 class ResultSetKinds {
  public:
-  // The numbers to call this result set with.
-  std::shared_ptr<MemberIds> For(IDispatch* resultSet, ServerFate& fate);
+  // Gives a new result set the numbers of its class.
+  void Recognize(RemoteObject& resultSet);
 
  private:
   struct Kind {

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "com/LateBound.h"
-#include "com/ServerTexts.h"
+#include <utility>
+
+#include "com/RemoteObject.h"
 #include "data/SessionServer.h"
 
 namespace com {
@@ -9,7 +10,7 @@ namespace com {
 // The session server behind any object that offers its members by name.
 class SessionServerAdapter final : public data::SessionServer {
  public:
-  SessionServerAdapter(Microsoft::WRL::ComPtr<IDispatch> object, const ServerTexts& texts);
+  explicit SessionServerAdapter(RemoteObject object) : object_(std::move(object)) {}
 
   void ReadCommandLine(std::wstring_view commandLine, std::wstring& sessionText,
                        std::int32_t& sessionId) override;
@@ -26,7 +27,7 @@ class SessionServerAdapter final : public data::SessionServer {
                  std::int32_t second) override;
 
  private:
-  LateBound object_;
+  RemoteObject object_;
 };
 
 }  // namespace com

@@ -2,9 +2,9 @@
 
 #include <windows.h>
 
-#include <memory>
 #include <string>
-#include <type_traits>
+
+#include "automation/Library.h"
 
 namespace com_test {
 
@@ -20,17 +20,11 @@ class BuiltLibrary {
   // Null when the library has no such function.
   template <typename Function>
   Function Find(const char* name) const {
-    return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(Address(name)));
+    return automation::FindFunction<Function>(module_.get(), name);
   }
 
  private:
-  struct Unloader {
-    void operator()(HMODULE module) const { FreeLibrary(module); }
-  };
-
-  FARPROC Address(const char* name) const { return GetProcAddress(module_.get(), name); }
-
-  std::unique_ptr<std::remove_pointer_t<HMODULE>, Unloader> module_;
+  automation::Library module_;
 };
 
 }  // namespace com_test

@@ -1,6 +1,11 @@
 #include "ClassEntry.h"
 
+#include <oleauto.h>
+
 #include <memory>
+
+#include "automation/Adopt.h"
+#include "automation/ComObject.h"
 
 using Microsoft::WRL::ComPtr;
 
@@ -31,23 +36,10 @@ void Remove(const std::wstring& path, REGSAM view = 0) {
 }
 
 // Gives out one and the same object whenever one is asked for.
-class InstanceFactory final : public IClassFactory {
+class InstanceFactory final : public automation::ComObject<IClassFactory> {
  public:
   explicit InstanceFactory(IDispatch* instance) : instance_(instance) {}
-  virtual ~InstanceFactory() = default;
 
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-    *object = id == IID_IUnknown || id == IID_IClassFactory ? this : nullptr;
-    if (*object == nullptr) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0) const std::unique_ptr<InstanceFactory> last(this);
-    return left;
-  }
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID id, void** object) override {
     return instance_->QueryInterface(id, object);
   }
@@ -55,8 +47,33 @@ class InstanceFactory final : public IClassFactory {
 
  private:
   ComPtr<IDispatch> instance_;
-  ULONG references_ = 0;
 };
+
+class FailingFactory final : public automation::ComObject<IClassFactory> {
+ public:
+  FailingFactory(HRESULT result, const wchar_t* text) : result_(result), text_(text) {}
+
+  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID, void** object) override {
+    *object = nullptr;
+    ComPtr<ICreateErrorInfo> creation;
+    ComPtr<IErrorInfo> info;
+    CreateErrorInfo(creation.GetAddressOf());
+    creation->SetDescription(text_.data());
+    if (SUCCEEDED(creation.As(&info))) SetErrorInfo(0, info.Get());
+    return result_;
+  }
+  HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
+
+ private:
+  HRESULT result_;
+  std::wstring text_;
+};
+
+DWORD Announce(const CLSID& classId, IClassFactory* factory) {
+  DWORD cookie = 0;
+  CoRegisterClassObject(classId, factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie);
+  return cookie;
+}
 
 }  // namespace
 
@@ -79,14 +96,28 @@ void ClassEntry::SetLibrary(const std::wstring& file) {
   Write(L"CLSID\\" + classIdText_ + L"\\InprocServer32", file);
 }
 
+void ClassEntry::SetProgram(const std::wstring& commandLine) {
+  Write(L"CLSID\\" + classIdText_ + L"\\LocalServer32", commandLine);
+}
+
 void ClassEntry::SetLibraryOfTheOtherView(const std::wstring& file) {
   Write(L"CLSID\\" + classIdText_ + L"\\InprocServer32", file, kOtherView);
 }
 
-RunningClass::RunningClass(const CLSID& classId, IDispatch* instance) {
-  const ComPtr<IClassFactory> factory(std::make_unique<InstanceFactory>(instance).release());
-  CoRegisterClassObject(classId, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie_);
+FailingClass::FailingClass(const CLSID& classId, HRESULT result, const wchar_t* text)
+    : cookie_(Announce(
+          classId,
+          automation::Adopt<IClassFactory>(std::make_unique<FailingFactory>(result, text)).Get())) {
 }
+
+FailingClass::~FailingClass() {
+  CoRevokeClassObject(cookie_);
+}
+
+RunningClass::RunningClass(const CLSID& classId, IDispatch* instance)
+    : cookie_(Announce(
+          classId,
+          automation::Adopt<IClassFactory>(std::make_unique<InstanceFactory>(instance)).Get())) {}
 
 RunningClass::~RunningClass() {
   CoRevokeClassObject(cookie_);

@@ -98,12 +98,12 @@ TEST(Creation, OfARegisteredClassGivesASessionServer) {
   const ComPtr<FakeObject> object = FakeObject::Make();
   object->Gives(L"GetRights", SmallValue(5));
   const RunningClass running(entry.ClassId(), object.Get());
-  const ULONG before = object->references;
+  const ULONG before = object->References();
   {
     const auto server = ::com::CreateSessionServer(entry.ProgId(), {L"", L"", L""});
     EXPECT_EQ(5, server->GetRights());
   }
-  EXPECT_EQ(before, object->references);
+  EXPECT_EQ(before, object->References());
 }
 
 TEST(Creation, OfAnObjectThatScriptsCannotCallIsError430) {
@@ -113,6 +113,22 @@ TEST(Creation, OfAnObjectThatScriptsCannotCallIsError430) {
   object->isDispatch = false;
   const RunningClass running(entry.ClassId(), object.Get());
   EXPECT_EQ(data::kNoAutomation, ErrorOfCreating(entry.ProgId()).Number());
+}
+
+TEST(Creation, ThatTheClassRefusesIsReportedInItsOwnWords) {
+  const ::com::Apartment apartment;
+  ClassEntry entry;
+  const FailingClass failing(entry.ClassId(), E_ACCESSDENIED, L"no licence left");
+  // What an earlier call has left behind is not taken for it.
+  ComPtr<ICreateErrorInfo> creation;
+  ComPtr<IErrorInfo> old;
+  CreateErrorInfo(creation.GetAddressOf());
+  creation->SetDescription(const_cast<wchar_t*>(L"old"));
+  creation.As(&old);
+  SetErrorInfo(0, old.Get());
+  const data::RunTimeError error = ErrorOfCreating(entry.ProgId());
+  EXPECT_EQ(E_ACCESSDENIED, error.Number());
+  EXPECT_EQ(L"no licence left", error.Text());
 }
 
 TEST(Apartments, CannotBeHadInAThreadOfAnotherKind) {

@@ -141,6 +141,27 @@ TEST(ObjectsGivenBack, MustBeThere) {
   EXPECT_EQ(data::kObjectRequired, ErrorOfOpening(NullValue()).Number());
 }
 
+VARIANT ReferenceTo(IDispatch** object) {
+  VARIANT value{};
+  value.vt = VT_BYREF | VT_DISPATCH;
+  value.ppdispVal = object;
+  return value;
+}
+
+TEST(ObjectsGivenBack, MayComeByReference) {
+  const ComPtr<FakeObject> rows = FakeObject::Make();
+  IDispatch* object = rows.Get();
+  EXPECT_EQ(0, ErrorOfOpening(ReferenceTo(&object)).Number());
+  VARIANT variable = ObjectValue(object);
+  VARIANT reference{};
+  reference.vt = VT_BYREF | VT_VARIANT;
+  reference.pvarVal = &variable;
+  EXPECT_EQ(0, ErrorOfOpening(reference).Number());
+  EXPECT_EQ(1U, rows->References());
+  object = nullptr;
+  EXPECT_EQ(data::kObjectNotSet, ErrorOfOpening(ReferenceTo(&object)).Number());
+}
+
 TEST(ObjectsGivenBack, MustBeCallableLateBound) {
   const ComPtr<FakeObject> object = FakeObject::Make();
   object->isDispatch = false;

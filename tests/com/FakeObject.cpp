@@ -1,15 +1,16 @@
 #include "FakeObject.h"
 
 #include <memory>
+#include <utility>
+
+#include "automation/Adopt.h"
 
 using Microsoft::WRL::ComPtr;
 
 namespace com_test {
 
 ComPtr<FakeObject> FakeObject::Make(DISPID firstId) {
-  ComPtr<FakeObject> object;
-  *object.GetAddressOf() = std::unique_ptr<FakeObject>(new FakeObject(firstId)).release();
-  return object;
+  return automation::Adopt<FakeObject>(std::unique_ptr<FakeObject>(new FakeObject(firstId)));
 }
 
 FakeObject& FakeObject::On(const wchar_t* name, Handler handler) {
@@ -23,29 +24,18 @@ FakeObject& FakeObject::Gives(const wchar_t* name, const VARIANT& value) {
 }
 
 HRESULT FakeObject::QueryInterface(REFIID id, void** object) {
+  ++queries;
+  if (onQuery) onQuery();
+  const bool refused =
+      (id == IID_IDispatch && !isDispatch) || (id == IID_ISupportErrorInfo && !supportsErrorInfo);
+  if (!refused) return ComObject::QueryInterface(id, object);
   *object = nullptr;
-  if (id == IID_IUnknown || (id == IID_IDispatch && isDispatch)) {
-    *object = static_cast<IDispatch*>(this);
-  } else if (id == IID_ISupportErrorInfo && supportsErrorInfo) {
-    *object = static_cast<ISupportErrorInfo*>(this);
-  } else {
-    return E_NOINTERFACE;
-  }
-  AddRef();
-  return S_OK;
-}
-
-ULONG FakeObject::AddRef() {
-  return ++references;
+  return E_NOINTERFACE;
 }
 
 ULONG FakeObject::Release() {
-  const ULONG left = --references;
-  if (left == 0) {
-    const std::unique_ptr<FakeObject> last(this);
-    if (onLastRelease) onLastRelease();
-  }
-  return left;
+  if (ComObject::References() == 1 && onLastRelease) std::exchange(onLastRelease, {})();
+  return ComObject::Release();
 }
 
 HRESULT FakeObject::GetTypeInfoCount(UINT* count) {
@@ -60,6 +50,7 @@ HRESULT FakeObject::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
 
 HRESULT FakeObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) {
   ++lookups;
+  if (onLookup) onLookup();
   ids[0] = DISPID_UNKNOWN;
   for (const Entry& entry : entries_) {
     if (lstrcmpiW(entry.name.c_str(), names[0]) == 0) ids[0] = entry.id;

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "automation/ComObject.h"
+
 namespace com_test {
 
 // A call as the object gets it.
@@ -25,7 +27,7 @@ struct FakeCall {
 
 // A late-bound object written for the tests alone: each member does what the test says and has the
 // number that the test says. It lives as long as somebody holds it.
-class FakeObject final : public IDispatch, public ISupportErrorInfo {
+class FakeObject final : public automation::ComObject<IDispatch, ISupportErrorInfo> {
  public:
   using Handler = std::function<HRESULT(const FakeCall& call)>;
 
@@ -40,14 +42,18 @@ class FakeObject final : public IDispatch, public ISupportErrorInfo {
   bool supportsErrorInfo = false;
   // Whether it can be called late-bound at all.
   bool isDispatch = true;
+  // What happens, besides the ordinary, when the object is asked for an interface or a number, and
+  // when its last reference goes.
+  std::function<void()> onQuery;
+  std::function<void()> onLookup;
   std::function<void()> onLastRelease;
 
+  int queries = 0;
   int lookups = 0;
   int calls = 0;
-  ULONG references = 1;
+  ULONG References() const { return ComObject::References(); }
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
-  ULONG STDMETHODCALLTYPE AddRef() override;
   ULONG STDMETHODCALLTYPE Release() override;
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** info) override;

@@ -6,10 +6,13 @@ using Microsoft::WRL::ComPtr;
 
 namespace com_test {
 
-std::unique_ptr<data::SessionServer> Adapt(IDispatch* server) {
+std::unique_ptr<data::SessionServer> Adapt(IDispatch* server, ::com::CallObserver* observer) {
   const ::com::ServerTexts texts{L"not registered", L"file missing", L"wrong bitness", kLost,
                                  kNoMember};
-  return std::make_unique<::com::SessionServerAdapter>(ComPtr<IDispatch>(server), texts);
+  auto state = std::make_shared<::com::ServerState>(texts, observer);
+  if (server != nullptr) server->AddRef();
+  return std::make_unique<::com::SessionServerAdapter>(
+      ::com::RemoteObject(server, std::move(state)));
 }
 
 std::unique_ptr<data::Connection> AdaptConnection(IDispatch* connection) {

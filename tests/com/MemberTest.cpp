@@ -179,13 +179,13 @@ TEST(References, AreGivenBack) {
     const auto adapter = Adapt(server.Get());
     const auto database = adapter->DatabaseConnection();
     const auto set = database->OpenResultSet(L"SELECT");
-    EXPECT_EQ(2U, rows->references);
-    EXPECT_EQ(2U, connection->references);
-    EXPECT_EQ(2U, server->references);
+    EXPECT_EQ(2U, rows->References());
+    EXPECT_EQ(2U, connection->References());
+    EXPECT_EQ(2U, server->References());
   }
-  EXPECT_EQ(1U, rows->references);
-  EXPECT_EQ(1U, connection->references);
-  EXPECT_EQ(1U, server->references);
+  EXPECT_EQ(1U, rows->References());
+  EXPECT_EQ(1U, connection->References());
+  EXPECT_EQ(1U, server->References());
 }
 
 }  // namespace

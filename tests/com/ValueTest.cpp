@@ -91,6 +91,9 @@ TEST(RowCounts, AreUnknownWhenNothingComesBack) {
   const ComPtr<FakeObject> object = FakeObject::Make();
   object->Gives(L"Execute", Typed(VT_EMPTY));
   EXPECT_EQ(-1, AdaptConnection(object.Get())->Execute(L"DELETE"));
+  const ComPtr<FakeObject> other = FakeObject::Make();
+  other->Gives(L"Execute", NullValue());
+  EXPECT_EQ(-1, AdaptConnection(other.Get())->Execute(L"DELETE"));
 }
 
 TEST(RowCounts, ComeBackAsTheServerCountsThem) {
@@ -159,6 +162,30 @@ TEST(Columns, ThatAreObjectsStandForTheirDefaultValue) {
   field->Gives(L"Value", TextValue(L"Martin"));
   EXPECT_EQ(L"Martin", TextOfColumn(ObjectValue(field.Get())));
   EXPECT_EQ(data::kObjectNotSet, NumberOfError([] { TextOfColumn(ObjectValue(nullptr)); }));
+}
+
+TEST(Columns, ThatAreObjectsMayComeByReference) {
+  const ComPtr<FakeObject> field = FakeObject::Make(DISPID_VALUE);
+  field->Gives(L"Value", TextValue(L"Martin"));
+  IDispatch* target = field.Get();
+  VARIANT reference{};
+  reference.vt = VT_BYREF | VT_DISPATCH;
+  reference.ppdispVal = &target;
+  EXPECT_EQ(L"Martin", TextOfColumn(reference));
+  EXPECT_EQ(1U, field->References());
+}
+
+TEST(Columns, ThatAreObjectsMayStandForFurtherObjects) {
+  const ComPtr<FakeObject> inner = FakeObject::Make(DISPID_VALUE);
+  inner->Gives(L"Value", TextValue(L"Martin"));
+  const ComPtr<FakeObject> outer = FakeObject::Make(DISPID_VALUE);
+  outer->Gives(L"Value", ObjectValue(inner.Get()));
+  EXPECT_EQ(L"Martin", TextOfColumn(ObjectValue(outer.Get())));
+  const ComPtr<FakeObject> endless = FakeObject::Make(DISPID_VALUE);
+  endless->On(L"Value",
+              [&](const FakeCall& call) { return Give(call.result, ObjectValue(endless.Get())); });
+  EXPECT_EQ(data::kTypeMismatch, NumberOfError([&] { TextOfColumn(ObjectValue(endless.Get())); }));
+  EXPECT_EQ(1U, endless->References());
 }
 
 TEST(Columns, AreAskedForOncePerRow) {
