@@ -16,6 +16,7 @@ struct Desktop::Peer {
   bool HandleInput();
 
   MousePointer pointer = MousePointer::kDefault;
+  int inputHolds = 0;  // holds without their release
   std::deque<std::function<void()>> input;
 };
 

@@ -20,6 +20,10 @@ void Form::Peer::Leave(Control& control) {
   if (focus_ == &control) focus_ = nullptr;
 }
 
+bool Form::Peer::TakesInput() const {
+  return visible && modalAbove == 0 && form.OwnerDesktop().BackEnd().inputHolds == 0;
+}
+
 void Form::Peer::Start() {
   loaded = true;
   visible = false;

@@ -36,7 +36,7 @@ struct Form::Peer {
   // The window is gone, without a question.
   void Destroy();
   // Whether the user's input reaches the form.
-  bool TakesInput() const { return visible && modalAbove == 0; }
+  bool TakesInput() const;
 
   Form& form;
   bool loaded = false;

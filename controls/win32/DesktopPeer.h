@@ -30,6 +30,7 @@ struct Desktop::Peer {
   std::vector<Form::Peer*> forms;  // loaded, in that order
   MousePointer pointer = MousePointer::kDefault;
   bool inputHeld = false;
+  int inputHolds = 0;  // holds without their release
   HelpLibrary help;
 };
 

@@ -137,7 +137,9 @@ Form::Peer::Frame::~Frame() {
 }
 
 bool Form::Peer::TakesInput() const {
-  return shown && IsWindowEnabled(window) && !desktop.BackEnd().inputHeld;
+  const Desktop::Peer& surroundings = desktop.BackEnd();
+  return shown && IsWindowEnabled(window) && !surroundings.inputHeld &&
+         surroundings.inputHolds == 0;
 }
 
 void Form::Peer::ShowStates() {

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "controls/win32/ControlPeer.h"
+#include "controls/win32/DesktopPeer.h"
 #include "controls/win32/FormPeer.h"
 
 namespace controls {
@@ -27,9 +28,20 @@ INT_PTR CALLBACK FormThunk(HWND window, UINT number, WPARAM wParam, LPARAM lPara
   return result;
 }
 
+namespace {
+
+// Keys and the mouse as the native controls understand them, which ask nobody whether they may.
+bool IsInput(UINT number) {
+  return (number >= WM_KEYFIRST && number <= WM_KEYLAST) ||
+         (number > WM_MOUSEMOVE && number <= WM_MOUSELAST);
+}
+
+}  // namespace
+
 LRESULT CALLBACK ControlThunk(HWND window, UINT number, WPARAM wParam, LPARAM lParam) {
   auto& peer = *reinterpret_cast<Control::Peer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (number == WM_NCDESTROY) return peer.Native({number, wParam, lParam});
+  if (IsInput(number) && peer.Surroundings().BackEnd().inputHolds > 0) return 0;
   LRESULT result = 0;
   const Form::Peer::Frame frame(peer.form.BackEnd());
   Guarded(peer.Surroundings(), [&] { result = peer.Handle({number, wParam, lParam}); });

@@ -1,3 +1,4 @@
+#include "controls/InputHold.h"
 #include "tests/controls/ControlsTest.h"
 
 namespace controls_test {
@@ -46,6 +47,21 @@ TEST_F(Desktop, TellsWhatIsAroundTheProgram) {
   EXPECT_EQ(desktop.UserDefaultLcid(), 1041);
   EXPECT_EQ(desktop.ProgramFolder(), L"C:\\Outils\\Été");
   EXPECT_EQ(desktop.CommandLine(), L"\"base\" 12");
+}
+
+TEST_F(Desktop, LetsNoFormTakeInputWhileThatIsHeld) {
+  form.more.Click = [this] { events.push_back(L"more"); };
+  controls::HoldInput(desktop);
+  controls::HoldInput(desktop);
+  EXPECT_FALSE(user.TryClick(form.more));
+  controls::ReleaseInput(desktop);
+  EXPECT_FALSE(user.TryClick(form.more));
+  EXPECT_FALSE(user.TryClose(form));
+  EXPECT_TRUE(form.IsLoaded());
+  controls::ReleaseInput(desktop);
+  EXPECT_TRUE(user.TryClick(form.more));
+  EXPECT_EQ(events, (Events{L"more"}));
+  EXPECT_TRUE(user.TryClose(form));
 }
 
 TEST_F(Desktop, BeepsAndShowsThePointer) {

@@ -1,3 +1,4 @@
+#include "controls/InputHold.h"
 #include "controls/win32/DesktopPeer.h"
 #include "controls/win32/FormPeer.h"
 #include "tests/controls/ControlsTest.h"
@@ -33,6 +34,22 @@ TEST_F(NativeDriving, AFormBelowAModalOneIsNotClosedByAnybody) {
   dialog.ShowModal(form);
   EXPECT_TRUE(form.IsLoaded());
   EXPECT_FALSE(dialog.IsLoaded());
+}
+
+TEST_F(NativeDriving, NothingReachesAFormWhileInputIsHeld) {
+  form.more.Click = [this] { events.push_back(L"more"); };
+  controls::HoldInput(desktop);
+  SendMessageW(Of(form.more), BM_CLICK, 0, 0);
+  SendMessageW(Of(form.more), WM_KEYDOWN, VK_SPACE, 0);
+  SendMessageW(Of(form.more), WM_KEYUP, VK_SPACE, 0);
+  SendMessageW(Of(form.name), WM_CHAR, L'x', 0);
+  SendMessageW(form.BackEnd().window, WM_CLOSE, 0, 0);
+  controls::ReleaseInput(desktop);
+  EXPECT_TRUE(events.empty());
+  EXPECT_EQ(form.name.Text(), L"");
+  EXPECT_TRUE(form.IsLoaded());
+  SendMessageW(Of(form.name), WM_CHAR, L'x', 0);
+  EXPECT_EQ(form.name.Text(), L"x");
 }
 
 TEST_F(NativeDriving, ChecksMayBeSetFromOutside) {

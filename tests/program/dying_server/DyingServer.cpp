@@ -1,5 +1,6 @@
 // A session server that does what the reference one does until it is told to die, from where on it
-// goes wrong in every call. Told so from the start, it goes wrong in the first one.
+// goes wrong in every call. Told so from the start, it goes wrong in the first one. It can also be
+// told to handle the messages of its client in the middle of a call.
 
 #include <windows.h>
 

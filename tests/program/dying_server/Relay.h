@@ -7,15 +7,14 @@
 #include <oaidl.h>
 #include <wrl/client.h>
 
+#include "automation/ComObject.h"
+
 // An object of the reference session server, handed on to its client call by call as long as the
-// server is to live. In the first call behind that it goes wrong, and in every other one too.
-class Relay : public IDispatch {
+// server is to live. In the first call after that it goes wrong, and in every other one too.
+class Relay : public automation::ComObject<IDispatch> {
  public:
   explicit Relay(Microsoft::WRL::ComPtr<IDispatch> target);
 
-  STDMETHODIMP QueryInterface(REFIID id, void** out) override;
-  STDMETHODIMP_(ULONG) AddRef() override;
-  STDMETHODIMP_(ULONG) Release() override;
   STDMETHODIMP GetTypeInfoCount(UINT* count) override;
   STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
   STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
@@ -25,5 +24,4 @@ class Relay : public IDispatch {
 
  private:
   Microsoft::WRL::ComPtr<IDispatch> target_;
-  ULONG references_ = 1;  // it is used in the apartment that made it
 };
