@@ -23,25 +23,33 @@ std::wstring ClassIdText() {
   return text.data();
 }
 
+// Both are named in full. HKEY_CLASSES_ROOT shows the two as one: what is written there may land in
+// the user's part, and an elevated process does not see that part at all.
+constexpr const wchar_t* kClasses = L"Software\\Classes";
+
+HKEY HiveOf(Scope scope) {
+  return scope == Scope::kMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
+}
+
 // The root of the class entries that a scope writes to.
 RegistryKey Root(Scope scope) {
-  if (scope == Scope::kMachine) return RegistryKey::Create(HKEY_CLASSES_ROOT, L"");
-  return RegistryKey::Create(HKEY_CURRENT_USER, L"Software\\Classes");
+  return RegistryKey::Create(HiveOf(scope), kClasses);
 }
 
 bool IsOurs(const std::wstring& classId) {
   return lstrcmpiW(classId.c_str(), ClassIdText().c_str()) == 0;
 }
 
-bool IsForeign(HKEY root, const wchar_t* progId) {
-  const std::wstring classId = ReadText(root, std::wstring(progId) + L"\\CLSID");
+bool IsForeign(Scope scope, const wchar_t* progId) {
+  const std::wstring path = std::wstring(kClasses) + L"\\" + progId + L"\\CLSID";
+  const std::wstring classId = ReadText(HiveOf(scope), path);
   return !classId.empty() && !IsOurs(classId);
 }
 
 // A user's entries hide the machine's, so both are looked at.
-bool WouldDisplace(const RegistryKey& root) {
+bool WouldDisplace() {
   for (const wchar_t* progId : kProgIds) {
-    if (IsForeign(root.Get(), progId) || IsForeign(HKEY_CLASSES_ROOT, progId)) return true;
+    if (IsForeign(Scope::kMachine, progId) || IsForeign(Scope::kUser, progId)) return true;
   }
   return false;
 }
@@ -66,8 +74,8 @@ void WriteClass(const RegistryKey& root, const std::wstring& file) {
 }  // namespace
 
 HRESULT Register(Scope scope, const std::wstring& file) try {
+  if (WouldDisplace()) return SELFREG_E_CLASS;
   const RegistryKey root = Root(scope);
-  if (WouldDisplace(root)) return SELFREG_E_CLASS;
   WriteClass(root, file);
   for (const wchar_t* progId : kProgIds) WriteProgId(root, progId);
   const RegistryKey key = RegistryKey::Create(root.Get(), kVersionIndependentProgId);

@@ -25,14 +25,18 @@ class Registration : public testing::Test {
  protected:
   Registration()
       : scratch_(RegistryKey::Create(HKEY_CURRENT_USER, Scratch())),
-        classes_(RegistryKey::Create(scratch_.Get(), L"Classes")),
-        user_(RegistryKey::Create(scratch_.Get(), L"User")) {
-    RegOverridePredefKey(HKEY_CLASSES_ROOT, classes_.Get());
+        machine_(RegistryKey::Create(scratch_.Get(), L"Machine")),
+        user_(RegistryKey::Create(scratch_.Get(), L"User")),
+        merged_(RegistryKey::Create(scratch_.Get(), L"Merged")),
+        classes_(RegistryKey::Create(machine_.Get(), L"Software\\Classes")) {
+    RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine_.Get());
+    RegOverridePredefKey(HKEY_CLASSES_ROOT, merged_.Get());
     RegOverridePredefKey(HKEY_CURRENT_USER, user_.Get());
   }
   ~Registration() override {
     RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
     RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
+    RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
     RegDeleteTreeW(HKEY_CURRENT_USER, Scratch().c_str());
   }
 
@@ -49,9 +53,16 @@ class Registration : public testing::Test {
     RegistryKey::Create(classes_.Get(), progId + L"\\CLSID").Write(L"", kForeignClass);
   }
 
+  bool IsMergedViewUntouched() const {
+    wchar_t name[100];
+    return RegEnumKeyW(merged_.Get(), 0, name, 100) == ERROR_NO_MORE_ITEMS;
+  }
+
   RegistryKey scratch_;
-  RegistryKey classes_;
+  RegistryKey machine_;
   RegistryKey user_;
+  RegistryKey merged_;   // stands for both as one, which nothing may be written through
+  RegistryKey classes_;  // the machine's
 };
 
 TEST_F(Registration, EntersTheClassUnderBothNames) {
@@ -81,6 +92,25 @@ TEST_F(Registration, ForAUserLeavesTheMachineAlone) {
   EXPECT_EQ(L"", Machine(L"Vardex.Vardex.1\\CLSID"));
   ASSERT_EQ(S_OK, Unregister(Scope::kUser));
   EXPECT_EQ(L"", User(L"Vardex.Vardex.1\\CLSID"));
+}
+
+TEST_F(Registration, ForTheMachineLeavesTheUsersEntriesAlone) {
+  ASSERT_EQ(S_OK, Register(Scope::kUser, L"D:\\own.dll"));
+  ASSERT_EQ(S_OK, Register(Scope::kMachine, kFile));
+  const std::wstring key = std::wstring(L"CLSID\\") + kOwnClass + L"\\InprocServer32";
+  EXPECT_EQ(L"D:\\own.dll", User(key));
+  EXPECT_EQ(kFile, Machine(key));
+  ASSERT_EQ(S_OK, Unregister(Scope::kMachine));
+  EXPECT_EQ(L"", Machine(key));
+  EXPECT_EQ(L"D:\\own.dll", User(key));
+  EXPECT_TRUE(IsMergedViewUntouched());
+}
+
+TEST_F(Registration, RefusesToDisplaceWhatAUserHasRegistered) {
+  RegistryKey::Create(user_.Get(), L"Software\\Classes\\Vardex.Vardex.1\\CLSID")
+      .Write(L"", kForeignClass);
+  EXPECT_EQ(SELFREG_E_CLASS, Register(Scope::kMachine, kFile));
+  EXPECT_EQ(L"", Machine(L"Vardex.Vardex.1\\CLSID"));
 }
 
 TEST_F(Registration, RefusesToDisplaceAForeignClass) {
