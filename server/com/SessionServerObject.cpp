@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "data/Wipe.h"
 #include "server/com/Answer.h"
 #include "server/com/ConnectionObject.h"
 #include "server/com/Identity.h"
@@ -77,7 +78,7 @@ void SessionServerObject::EncryptPassword(Arguments& arguments, VARIANT& answer)
 void SessionServerObject::DecryptPassword(Arguments& arguments, VARIANT& answer) {
   std::wstring plain = server_->DecryptPassword(arguments.Text(0), arguments.Integer(1));
   Put(answer, plain);
-  SecureZeroMemory(plain.data(), plain.size() * sizeof(wchar_t));
+  data::Wipe(plain);
 }
 
 void SessionServerObject::GetDisplayName(Arguments& arguments, VARIANT& answer) {
