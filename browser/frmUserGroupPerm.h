@@ -8,10 +8,10 @@
 #include <string_view>
 
 #include "app/mGlobal.h"
-#include "browser/AccountTree.h"
-#include "browser/FolderRebuild.h"
-#include "browser/TreeContext.h"
-#include "browser/TreeLookup.h"
+#include "browser/trees/AccountTree.h"
+#include "browser/trees/FolderRebuild.h"
+#include "browser/trees/TreeContext.h"
+#include "browser/trees/TreeLookup.h"
 #include "controls/CommandButton.h"
 #include "controls/Form.h"
 #include "controls/Frame.h"

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "app/StringIds.h"
-#include "browser/PermissionOrigin.h"
-#include "browser/SubtreeText.h"
 #include "browser/frmUserGroupPerm.h"
+#include "browser/rules/PermissionOrigin.h"
+#include "browser/trees/SubtreeText.h"
 #include "controls/Desktop.h"
 #include "controls/PopupMenu.h"
 

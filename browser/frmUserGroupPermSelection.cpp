@@ -1,9 +1,9 @@
 // What the selected nodes of the main window stand for, and the buttons that they switch on.
 
 #include "app/ErrorReport.h"
-#include "browser/ButtonRules.h"
-#include "browser/Protection.h"
 #include "browser/frmUserGroupPerm.h"
+#include "browser/rules/ButtonRules.h"
+#include "browser/rules/Protection.h"
 #include "data/NodeKey.h"
 #include "data/Text.h"
 

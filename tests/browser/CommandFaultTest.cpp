@@ -6,7 +6,7 @@
 #include <set>
 #include <utility>
 
-#include "browser/TreeImages.h"
+#include "browser/trees/TreeImages.h"
 #include "data/Text.h"
 #include "tests/browser/CommandTest.h"
 #include "tests/browser/FaultCase.h"

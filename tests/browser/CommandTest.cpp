@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "browser/TreeImages.h"
+#include "browser/trees/TreeImages.h"
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "browser/TreeImages.h"
+#include "browser/trees/TreeImages.h"
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
 #include "tests/support/window/MainWindowFixture.h"

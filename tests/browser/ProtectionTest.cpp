@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "browser/Protection.h"
+#include "browser/rules/Protection.h"
 #include "data/Text.h"
 #include "dialogs/frmAddUserInGroup.h"
 #include "dialogs/frmEditGroup.h"

@@ -5,7 +5,7 @@
 #include <limits>
 #include <thread>
 
-#include "browser/AccountRows.h"
+#include "browser/trees/AccountRows.h"
 #include "data/MSQLStatement.h"
 #include "data/RunTimeError.h"
 #include "data/Text.h"

@@ -4,8 +4,8 @@
 #include <map>
 #include <set>
 
-#include "browser/TreeImages.h"
-#include "browser/TreeKeys.h"
+#include "browser/rules/TreeKeys.h"
+#include "browser/trees/TreeImages.h"
 #include "data/MSQLStatement.h"
 #include "data/NodeKey.h"
 #include "data/Text.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "browser/TreeImages.h"
+#include "browser/trees/TreeImages.h"
 #include "data/Text.h"
 #include "tests/support/window/MainWindowFixture.h"
 

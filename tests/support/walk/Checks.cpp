@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "browser/TreeImages.h"
+#include "browser/trees/TreeImages.h"
 #include "controls/Desktop.h"
 #include "controls/SortKey.h"
 #include "data/Text.h"

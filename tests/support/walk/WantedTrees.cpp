@@ -1,6 +1,6 @@
 #include "tests/support/walk/WantedTrees.h"
 
-#include "browser/TreeImages.h"
+#include "browser/trees/TreeImages.h"
 #include "tests/support/keys/Keys.h"
 
 namespace test_support {

@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-#include "browser/TreeContext.h"
+#include "browser/trees/TreeContext.h"
 #include "tests/support/walk/Tables.h"
 
 namespace test_support {

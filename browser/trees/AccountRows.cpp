@@ -1,4 +1,4 @@
-#include "browser/AccountRows.h"
+#include "browser/trees/AccountRows.h"
 
 #include <limits>
 #include <unordered_set>

@@ -5,8 +5,8 @@
 #include <initializer_list>
 #include <string>
 
-#include "browser/AccountTree.h"
-#include "browser/TreeContext.h"
+#include "browser/trees/AccountTree.h"
+#include "browser/trees/TreeContext.h"
 #include "controls/TreeView.h"
 
 namespace browser {

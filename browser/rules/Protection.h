@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "browser/TreeContext.h"
+#include "browser/rules/ProtectedAccounts.h"
 
 // What the administrator is kept from doing to the four protected accounts: the user "Admin", the
 // user he works as, and the groups "Administrators" and "Everyone".

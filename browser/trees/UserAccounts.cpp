@@ -1,6 +1,6 @@
-#include "browser/AccountTree.h"
-#include "browser/TreeImages.h"
-#include "browser/TreeKeys.h"
+#include "browser/rules/TreeKeys.h"
+#include "browser/trees/AccountTree.h"
+#include "browser/trees/TreeImages.h"
 #include "data/MSQLStatement.h"
 
 namespace browser {

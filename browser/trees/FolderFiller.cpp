@@ -1,7 +1,7 @@
-#include "browser/FolderFiller.h"
+#include "browser/trees/FolderFiller.h"
 
-#include "browser/TreeImages.h"
-#include "browser/TreeKeys.h"
+#include "browser/rules/TreeKeys.h"
+#include "browser/trees/TreeImages.h"
 
 namespace browser {
 

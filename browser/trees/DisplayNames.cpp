@@ -1,4 +1,4 @@
-#include "browser/DisplayNames.h"
+#include "browser/trees/DisplayNames.h"
 
 #include "data/Text.h"
 

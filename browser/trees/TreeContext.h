@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/mGlobal.h"
+#include "browser/rules/ProtectedAccounts.h"
 #include "data/ExitStatus.h"
 
 namespace browser {
@@ -21,17 +22,6 @@ struct TreeCaptions {
   std::wstring groupPermissionsCaption;
 
   static TreeCaptions Load(const app::mGlobal& global);
-};
-
-// The accounts that the program protects. An identifier of 0 was not found and protects nothing.
-struct ProtectedAccounts {
-  std::int32_t currentUserId = 0;
-  std::int32_t adminUserId = 0;
-  std::int32_t administratorsGroupId = 0;
-  std::int32_t everyoneGroupId = 0;
-
-  bool IsProtectedUser(std::int32_t userId) const;
-  bool IsProtectedGroup(std::int32_t groupId) const;
 };
 
 // What the builders of the trees work with. All of it is the main window's and outlives them.

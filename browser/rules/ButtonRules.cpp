@@ -1,4 +1,4 @@
-#include "browser/ButtonRules.h"
+#include "browser/rules/ButtonRules.h"
 
 namespace browser {
 

@@ -1,4 +1,4 @@
-#include "browser/SubtreeText.h"
+#include "browser/trees/SubtreeText.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "browser/PermissionOrigin.h"
+#include "browser/rules/PermissionOrigin.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "app/StringIds.h"
-#include "browser/TreeKeys.h"
+#include "browser/rules/TreeKeys.h"
 #include "data/Text.h"
 
 namespace browser {

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "browser/AccountRows.h"
-#include "browser/FolderFiller.h"
-#include "browser/TreeContext.h"
+#include "browser/trees/AccountRows.h"
+#include "browser/trees/FolderFiller.h"
+#include "browser/trees/TreeContext.h"
 #include "controls/TreeView.h"
 
 namespace browser {

@@ -1,4 +1,4 @@
-#include "browser/Protection.h"
+#include "browser/rules/Protection.h"
 
 #include "data/ProtectedId.h"
 

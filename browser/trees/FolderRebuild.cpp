@@ -1,9 +1,9 @@
-#include "browser/FolderRebuild.h"
+#include "browser/trees/FolderRebuild.h"
 
 #include <algorithm>
 
 #include "app/ErrorReport.h"
-#include "browser/TreeIndex.h"
+#include "browser/trees/TreeIndex.h"
 #include "data/NodeKey.h"
 #include "data/RunTimeError.h"
 

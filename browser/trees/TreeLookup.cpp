@@ -1,7 +1,7 @@
-#include "browser/TreeLookup.h"
+#include "browser/trees/TreeLookup.h"
 
 #include "app/ErrorReport.h"
-#include "browser/TreeIndex.h"
+#include "browser/trees/TreeIndex.h"
 #include "data/NodeKey.h"
 #include "data/RunTimeError.h"
 #include "data/Text.h"

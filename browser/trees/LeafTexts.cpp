@@ -1,4 +1,4 @@
-#include "browser/LeafTexts.h"
+#include "browser/trees/LeafTexts.h"
 
 namespace browser {
 

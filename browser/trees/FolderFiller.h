@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "browser/DisplayNames.h"
-#include "browser/LeafTexts.h"
-#include "browser/TreeContext.h"
+#include "browser/trees/DisplayNames.h"
+#include "browser/trees/LeafTexts.h"
+#include "browser/trees/TreeContext.h"
 #include "controls/TreeView.h"
 
 namespace browser {

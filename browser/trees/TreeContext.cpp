@@ -1,7 +1,6 @@
-#include "browser/TreeContext.h"
+#include "browser/trees/TreeContext.h"
 
 #include "app/StringIds.h"
-#include "data/ProtectedId.h"
 
 namespace browser {
 
@@ -15,15 +14,6 @@ TreeCaptions TreeCaptions::Load(const app::mGlobal& global) {
   captions.membersCaption = global.LoadResString(app::kMembers);
   captions.groupPermissionsCaption = global.LoadResString(app::kGroupPermissions);
   return captions;
-}
-
-bool ProtectedAccounts::IsProtectedUser(std::int32_t userId) const {
-  return data::IsProtectedId(currentUserId, userId) || data::IsProtectedId(adminUserId, userId);
-}
-
-bool ProtectedAccounts::IsProtectedGroup(std::int32_t groupId) const {
-  return data::IsProtectedId(administratorsGroupId, groupId) ||
-         data::IsProtectedId(everyoneGroupId, groupId);
 }
 
 }  // namespace browser

@@ -1,9 +1,9 @@
-#include "browser/AccountTree.h"
+#include "browser/trees/AccountTree.h"
 
 #include <utility>
 
 #include "app/ErrorReport.h"
-#include "browser/TreeImages.h"
+#include "browser/trees/TreeImages.h"
 
 namespace browser {
 

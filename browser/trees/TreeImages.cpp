@@ -1,4 +1,4 @@
-#include "browser/TreeImages.h"
+#include "browser/trees/TreeImages.h"
 
 #include "resources/ResourceIds.h"
 
