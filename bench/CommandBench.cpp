@@ -58,7 +58,7 @@ Command AddMember(test_support::RawDatabase& raw) {
       "GROUPID = " +
       group + ")");
   Command command{"add a user to a group", 1, "\\TMS \\G" + group + " \\U", {}, {}, {}, {}};
-  command.press = [](frmUserGroupPerm& window) { window.cmdMember_Click(0); };
+  command.press = [](frmUserGroupPerm& window) { window.Groups.cmdMember_Click(0); };
   command.answer = [user](controls::Form& form) {
     auto& dialog = dynamic_cast<dialogs::frmAddUserInGroup&>(form);
     controls::ListBox& others = dialog.List1[1];
@@ -83,7 +83,7 @@ Command RemovePermission(test_support::RawDatabase& raw) {
                   {},
                   {},
                   {}};
-  command.press = [](frmUserGroupPerm& window) { window.cmdGroupPermission_Click(1); };
+  command.press = [](frmUserGroupPerm& window) { window.Groups.cmdGroupPermission_Click(1); };
   command.undo = {"INSERT INTO QRGPRM (GROUPID, PERMID) VALUES (" + group + ", " + permission +
                   ")"};
   return command;
@@ -104,7 +104,7 @@ std::vector<std::string> Links(test_support::RawDatabase& raw, const std::string
 Command RenameUser(test_support::RawDatabase& raw) {
   const std::string user = Number(kUser);
   Command command{"rename a user", 0, "\\TUS \\U" + user, {}, {}, {}, {}};
-  command.press = [](frmUserGroupPerm& window) { window.cmdUser_Click(0); };
+  command.press = [](frmUserGroupPerm& window) { window.Users.cmdUser_Click(0); };
   command.answer = [](controls::Form& form) {
     auto& dialog = dynamic_cast<dialogs::frmEditUser&>(form);
     dialog.txtUserName.SetText(L"Zacharie");
@@ -132,7 +132,7 @@ Command DeleteGroup(test_support::RawDatabase& raw) {
   const std::string before = raw.Text("SELECT NAME FROM QRGROUP WHERE GROUPID = " + group);
   const std::string flag = raw.Text("SELECT VFLG FROM QRGROUP WHERE GROUPID = " + group);
   Command command{"delete a group", 1, "\\TGR \\G" + group, {}, {}, {}, {}};
-  command.press = [](frmUserGroupPerm& window) { window.cmdGroup_Click(1); };
+  command.press = [](frmUserGroupPerm& window) { window.Groups.cmdGroup_Click(1); };
   command.undo = {"UPDATE QRGROUP SET NAME = '" + before + "', VFLG = '" + flag +
                   "' WHERE GROUPID = " + group};
   return command;
@@ -144,15 +144,15 @@ std::vector<Command> Openings() {
   const std::string group = "\\TGR \\G" + Number(kGroup);
   using Window = frmUserGroupPerm;
   return {
-      {"open: edit user", 0, user, [](Window& w) { w.cmdUser_Click(0); }, Escape, {}, {}},
-      {"open: new user", 0, user, [](Window& w) { w.cmdUser_Click(2); }, Escape, {}, {}},
-      {"open: edit group", 1, group, [](Window& w) { w.cmdGroup_Click(0); }, Escape, {}, {}},
-      {"open: new group", 1, group, [](Window& w) { w.cmdGroup_Click(2); }, Escape, {}, {}},
-      {"open: add users", 1, group, [](Window& w) { w.cmdMember_Click(0); }, Escape, {}, {}},
+      {"open: edit user", 0, user, [](Window& w) { w.Users.cmdUser_Click(0); }, Escape, {}, {}},
+      {"open: new user", 0, user, [](Window& w) { w.Users.cmdUser_Click(2); }, Escape, {}, {}},
+      {"open: edit group", 1, group, [](Window& w) { w.Groups.cmdGroup_Click(0); }, Escape, {}, {}},
+      {"open: new group", 1, group, [](Window& w) { w.Groups.cmdGroup_Click(2); }, Escape, {}, {}},
+      {"open: add users", 1, group, [](Window& w) { w.Groups.cmdMember_Click(0); }, Escape, {}, {}},
       {"open: groups of a user",
        0,
        user,
-       [](Window& w) { w.cmdMemberOf_Click(0); },
+       [](Window& w) { w.Users.cmdMemberOf_Click(0); },
        Escape,
        {},
        {}},
@@ -160,7 +160,7 @@ std::vector<Command> Openings() {
 }
 
 void Select(frmUserGroupPerm& window, const Command& command) {
-  controls::TreeView& tree = window.TreeView1[command.tree];
+  controls::TreeView& tree = window.Page(command.tree).TreeView1;
   const int node = tree.Nodes().Find(data::FromUtf8(command.key));
   if (node == controls::kNoNode) throw std::runtime_error("no node " + command.key);
   window.TabStrip1.SetSelectedTab(command.tree);
@@ -190,7 +190,7 @@ void Measure(Program& program, const Command& command) {
     const double floorSeconds = floor.Run();
     undo();
     comparison.Add(seconds, floorSeconds);
-    if (!command.undo.empty()) window->RefreshTree();
+    if (!command.undo.empty()) Refresh(*window);
   }
   PrintRow(command.name,
            {std::to_string(floor.Statements()), Milliseconds(comparison.FloorMedian()),

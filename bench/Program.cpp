@@ -86,10 +86,16 @@ void Program::AnswerDialogs(std::function<void(controls::Form& form)> answer) {
   desktop_.Instead.ModalShown = std::move(answer);
 }
 
+void Refresh(browser::frmUserGroupPerm& window) {
+  if (window.RefreshTree() == app::Outcome::kFailed) {
+    throw std::runtime_error("the trees were not read");
+  }
+}
+
 // Controls that nobody can see do not ask for the order by themselves.
 void Settle(browser::frmUserGroupPerm& window) {
-  for (const controls::TreeView& tree : window.TreeView1) {
-    const controls::TreeNodes& nodes = tree.Nodes();
+  for (const int tab : {0, 1}) {
+    const controls::TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
     nodes.FirstChild(nodes.Root());
   }
   window.Repaint();

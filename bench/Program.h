@@ -43,6 +43,9 @@ class Program {
   test_support::SampleDatabase database_;
 };
 
+// Reads both trees; throws when that fails.
+void Refresh(browser::frmUserGroupPerm& window);
+
 // What is left until the window is usable: it is painted, and the accounts stand in their order.
 void Settle(browser::frmUserGroupPerm& window);
 

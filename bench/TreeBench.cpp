@@ -26,8 +26,8 @@ constexpr int kPairs = 5;
 double BytesPerLeaf(const browser::frmUserGroupPerm& window) {
   std::size_t bytes = 0;
   std::size_t leaves = 0;
-  for (const controls::TreeView& tree : window.TreeView1) {
-    const controls::TreeNodes& nodes = tree.Nodes();
+  for (const int tab : {0, 1}) {
+    const controls::TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
     bytes += nodes.NodeBytes();
     for (int node = nodes.NextIndex(0); node != controls::kNoNode; node = nodes.NextIndex(node)) {
       if (!nodes.HasChildren(node)) ++leaves;
@@ -52,7 +52,7 @@ int LargestChild(const controls::TreeNodes& nodes, int parent) {
 
 // The group with the most members, opened down to them, as the user sees it.
 double ExpandLargestFolder(browser::frmUserGroupPerm& window) {
-  controls::TreeView& groups = window.TreeView1[1];
+  controls::TreeView& groups = window.Groups.TreeView1;
   const controls::TreeNodes& nodes = groups.Nodes();
   int largest = controls::kNoNode;
   for (int group = nodes.FirstChild(nodes.Root()); group != controls::kNoNode;
@@ -84,13 +84,13 @@ double SwitchTabs(browser::frmUserGroupPerm& window) {
 void Measure(int users) {
   Program program({users, kGroups, kPermissions});
   Floor floor(program.DatabaseFile(),
-              program.Statements([](auto&) {}, [](auto& window) { window.RefreshTree(); }));
+              program.Statements([](auto&) {}, [](auto& window) { Refresh(window); }));
   const auto window = program.Start();
   floor.Run();
   Comparison refresh;
   for (int pair = 0; pair < kPairs; ++pair) {
     const double seconds = SecondsOf([&] {
-      window->RefreshTree();
+      Refresh(*window);
       Settle(*window);
     });
     refresh.Add(seconds, floor.Run());

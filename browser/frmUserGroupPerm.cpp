@@ -1,14 +1,14 @@
 #include "browser/frmUserGroupPerm.h"
 
-#include <utility>
-
-#include "app/ErrorReport.h"
+#include "app/LocaleFont.h"
 #include "app/MShowHelp.h"
 #include "app/StringIds.h"
+#include "browser/StartUp.h"
 #include "browser/pages/WaitPointer.h"
-#include "browser/rules/TreeKeys.h"
 #include "browser/trees/TreeImages.h"
 #include "controls/Desktop.h"
+#include "data/Lookup.h"
+#include "data/MSQLStatement.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
 
@@ -20,70 +20,164 @@ constexpr std::chrono::milliseconds kProgressInterval{100};
 
 constexpr const wchar_t* kExecutableName = L"uadmin.exe";
 
+// The buttons of the window's own row.
+enum WindowButton : int { kRefreshButton, kExitButton };
+
 }  // namespace
 
 frmUserGroupPerm::frmUserGroupPerm(app::mGlobal& global)
     : Form(global.desktop, IDD_USER_GROUP_PERM),
+      global_(global),
+      context_{global, captions_, accounts,
+               [this](int done, int total) { ShowProgress(done, total); }},
+      ImageList1(global.desktop, TreeImageResources()),
       TabStrip1(*this, IDC_TAB),
-      lblTree{{*this, IDC_LBL_TREE_USERS}, {*this, IDC_LBL_TREE_GROUPS}},
-      TreeView1{{*this, IDC_TREE_USERS}, {*this, IDC_TREE_GROUPS}},
-      fraUser(*this, IDC_FRA_USER),
-      cmdUser{{*this, IDC_CMD_USER}, {*this, IDC_CMD_USER + 1}, {*this, IDC_CMD_USER + 2}},
-      fraMemberOf(*this, IDC_FRA_MEMBER_OF),
-      cmdMemberOf{{*this, IDC_CMD_MEMBER_OF}, {*this, IDC_CMD_MEMBER_OF + 1}},
-      fraUserPermission(*this, IDC_FRA_USER_PERMISSION),
-      cmdUserPermission{{*this, IDC_CMD_USER_PERMISSION}, {*this, IDC_CMD_USER_PERMISSION + 1}},
-      fraGroup(*this, IDC_FRA_GROUP),
-      cmdGroup{{*this, IDC_CMD_GROUP}, {*this, IDC_CMD_GROUP + 1}, {*this, IDC_CMD_GROUP + 2}},
-      fraMember(*this, IDC_FRA_MEMBER),
-      cmdMember{{*this, IDC_CMD_MEMBER}, {*this, IDC_CMD_MEMBER + 1}},
-      fraGroupPermission(*this, IDC_FRA_GROUP_PERMISSION),
-      cmdGroupPermission{{*this, IDC_CMD_GROUP_PERMISSION}, {*this, IDC_CMD_GROUP_PERMISSION + 1}},
+      Users(*this, {context_, ImageList1, exchange, *this}),
+      Groups(*this, {context_, ImageList1, exchange, *this}),
       lblStatus(*this, IDC_STATUS),
       cmdBtn{{*this, IDC_CMD_BTN}, {*this, IDC_CMD_BTN + 1}},
       cmdAbout(*this, IDC_CMD_ABOUT),
       Command1(*this, IDC_HELP_BUTTON),
-      ImageList1(global.desktop, TreeImageResources()),
-      exchange{global, TreeView1[0], TreeView1[1]},
-      lookup(global, TreeView1[0], TreeView1[1]),
-      global_(global),
-      context_{global, captions_, accounts,
-               [this](int done, int total) { ShowProgress(done, total); }},
-      userTree_(context_, TreeView1[0], userCount, UserAccounts(context_, TreeView1[0])),
-      groupTree_(context_, TreeView1[1], groupCount, GroupAccounts(context_)),
-      rebuild_(context_, TreeView1, userTree_, groupTree_) {}
+      exchange{global, Users.TreeView1, Groups.TreeView1} {}
 
-int frmUserGroupPerm::RefreshTree() {
-  incomplete_ = true;
-  try {
-    const WaitPointer wait(global_.desktop);
-    data::ReadScope read(*global_.databaseConnection);
-    if (FillTree(0) == data::kDone && FillTree(1) == data::kDone) {
-      read.Finish();
-      incomplete_ = false;
-    }
-  } catch (...) {
-    app::ReportError(global_, L"RefreshTree");
+void frmUserGroupPerm::Form_Load() {
+  isStarted = false;
+  const app::Outcome outcome = app::Reported(global_, L"Form Load", [this] { return Start(); });
+  if (outcome == app::Outcome::kFailed) {
+    global_.startUpFailed = true;
+    Unload();
   }
-  RefreshSelections(TabStrip1.SelectedTab());
-  return incomplete_ ? data::kFailed : data::kDone;
 }
 
-// Builds one tree from nothing; the selection then is on its root, which is open.
-int frmUserGroupPerm::FillTree(int Index) {
-  controls::TreeView& tree = TreeView1[Index];
-  const controls::TreeView::Update update(tree);
-  tree.SetImageList(ImageList1);
-  tree.Clear();
-  const std::wstring& caption = Index == 0 ? captions_.usersRoot : captions_.groupsRoot;
-  const int root = tree.Add(controls::kNoNode, kRootKey, 0, caption, kFolderClosed);
-  tree.SetSorted(root, true);
-  (Index == 0 ? userCount : groupCount) = 0;
-  StartProgress(Index == 0 ? app::kReadingUsers : app::kReadingGroups);
-  const int status = Index == 0 ? userTree_.Build(-1) : groupTree_.Build(-1);
-  tree.SetSelectedNode(root);
-  tree.SetExpanded(root, true);
-  return status;
+app::Outcome frmUserGroupPerm::Start() {
+  app::SetLocaleFont(*this);
+  SettingControls();
+  ShowPage();
+  SetAnchors();
+  SetEvents();
+  global_.helpFile = app::HelpFile(global_);
+  StartUp startUp(global_);
+  if (!startUp.AttachToSession()) {
+    Unload();
+    return app::Outcome::kDone;
+  }
+  // From here on there may be much to read, which the window shows.
+  Show();
+  if (startUp.FindAccounts(accounts) == app::Outcome::kFailed) return app::Outcome::kFailed;
+  exchange.adminUserId = accounts.adminUserId;
+  if (RefreshTree() == app::Outcome::kFailed) return app::Outcome::kFailed;
+  GetCountPerm();
+  ShowStatus();
+  Shown().TreeView1.SetFocus();
+  isStarted = true;
+  return app::Outcome::kDone;
+}
+
+void frmUserGroupPerm::SettingControls() {
+  const auto text = [this](int id) { return global_.LoadResString(id); };
+  captions_ = TreeCaptions::Load(global_);
+  SetCaption(text(app::kTitle));
+  SetIcon(IDI_PROGRAM);
+  TabStrip1.AddTab(text(app::kUsersTab));
+  TabStrip1.AddTab(text(app::kGroupsTab));
+  for (AccountPage* page : pages_) page->Load();
+  cmdBtn[kRefreshButton].SetCaption(text(app::kRefresh));
+  cmdBtn[kExitButton].SetCaption(text(app::kExit));
+  cmdAbout.SetCaption(text(app::kAbout));
+  Command1.SetCaption(text(app::kHelp));
+  // Exit stands last in its row; the Tab key is to come to it last, too.
+  cmdBtn[kExitButton].SetTabIndex(Command1.TabIndex());
+  lblStatus.SetPlainCaption({});
+}
+
+// The pages take what the window gains; the row of buttons keeps to its lower right corner.
+void frmUserGroupPerm::SetAnchors() {
+  using namespace controls;
+  TabStrip1.SetAnchors(kAnchorLeft | kAnchorTop | kAnchorRight | kAnchorBottom);
+  lblStatus.SetAnchors(kAnchorLeft | kAnchorRight | kAnchorBottom);
+  for (CommandButton* button :
+       {&cmdBtn[kRefreshButton], &cmdBtn[kExitButton], &cmdAbout, &Command1}) {
+    button->SetAnchors(kAnchorRight | kAnchorBottom);
+  }
+  SetResizable(true);
+}
+
+void frmUserGroupPerm::SetEvents() {
+  TabStrip1.Click = [this] { TabStrip1_Click(); };
+  for (const int Index : {kRefreshButton, kExitButton}) {
+    cmdBtn[Index].Click = [this, Index] { cmdBtn_Click(Index); };
+  }
+  cmdAbout.Click = [this] { cmdAbout_Click(); };
+  Command1.Click = [this] { Command1_Click(); };
+}
+
+void frmUserGroupPerm::TabStrip1_Click() {
+  ShowPage();
+  if (isStarted) Shown().RefreshSelection();
+}
+
+// What is hidden loses the focus; a tree hands it to the one that takes its place.
+void frmUserGroupPerm::ShowPage() {
+  AccountPage& shown = Shown();
+  bool treeHadFocus = false;
+  for (AccountPage* page : pages_) treeHadFocus |= page->TreeView1.HasFocus();
+  shown.ShowTree();
+  if (treeHadFocus) shown.TreeView1.SetFocus();
+  for (AccountPage* page : pages_) {
+    if (page != &shown) page->Hide();
+  }
+  shown.ShowSections();
+}
+
+app::Outcome frmUserGroupPerm::RefreshTree() {
+  leavesMissing_ = accountsMissing_ = true;
+  const app::Outcome outcome =
+      app::ReportedLater(global_, L"RefreshTree", [this](app::KeptError& error) {
+        const WaitPointer wait(global_.desktop);
+        data::ReadScope read(*global_.databaseConnection);
+        const app::Outcome filled = FillPages(error);
+        if (filled == app::Outcome::kDone) read.Finish();
+        return filled;
+      });
+  if (outcome == app::Outcome::kDone) leavesMissing_ = accountsMissing_ = false;
+  RefreshSelections();
+  return outcome;
+}
+
+// A tree that cannot be read leaves the ones after it as they were.
+app::Outcome frmUserGroupPerm::FillPages(app::KeptError& error) {
+  for (AccountPage* page : pages_) {
+    StartProgress(page->ReadingText());
+    if (page->Fill(error) == app::Outcome::kFailed) return app::Outcome::kFailed;
+  }
+  return app::Outcome::kDone;
+}
+
+// The page on view comes last: its selection is what counts.
+void frmUserGroupPerm::RefreshSelections() {
+  for (AccountPage* page : pages_) {
+    if (page != &Shown()) page->RefreshSelection();
+  }
+  Shown().RefreshSelection();
+}
+
+void frmUserGroupPerm::GetCountPerm() {
+  permissionCount = app::ReportedOr(global_, L"GetCountPerm", permissionCount, [this] {
+    return data::CountRows(*global_.databaseConnection, data::SqlSelectAllPermissions());
+  });
+}
+
+void frmUserGroupPerm::BringOthersInStep(const AccountPage& page, Change change) {
+  for (AccountPage* other : pages_) {
+    if (other == &page) continue;
+    StartProgress(other->UpdatingText());
+    other->BringInStep(change);
+  }
+}
+
+void frmUserGroupPerm::TellMissing(Missing what) {
+  leavesMissing_ = true;
+  if (what == Missing::kAccounts) accountsMissing_ = true;
 }
 
 void frmUserGroupPerm::StartProgress(int text) {
@@ -101,62 +195,50 @@ void frmUserGroupPerm::ShowProgress(int done, int total) {
   Repaint();
 }
 
-// What an error has left out comes first, then where the selected permission comes from.
 void frmUserGroupPerm::ShowStatus() {
-  if (incomplete_) {
-    lblStatus.SetPlainCaption(global_.LoadResString(app::kIncomplete));
-    return;
-  }
-  const std::wstring origin =
-      TabStrip1.SelectedTab() == 0 ? OriginOf(TreeView1[0].SelectedNode()) : std::wstring();
-  if (!origin.empty()) {
-    lblStatus.SetPlainCaption(origin);
-    return;
-  }
-  lblStatus.SetPlainCaption(app::FillIn(
-      global_.LoadResString(app::kCounts),
-      {data::Decimal(userCount), data::Decimal(groupCount), data::Decimal(permissionCount)}));
+  lblStatus.SetPlainCaption(StatusText());
 }
 
-void frmUserGroupPerm::Rebuild(const std::function<int(FolderRebuild& rebuild)>& work) {
-  const WaitPointer wait(global_.desktop);
-  if (work(rebuild_) == data::kFailed) incomplete_ = true;
+// What an error has left out comes first, then what the page has to say about its selection.
+std::wstring frmUserGroupPerm::StatusText() const {
+  if (accountsMissing_) return global_.LoadResString(app::kAccountsIncomplete);
+  if (leavesMissing_) return global_.LoadResString(app::kIncomplete);
+  const std::wstring selection = Shown().SelectionText();
+  if (!selection.empty()) return selection;
+  return app::FillIn(global_.LoadResString(app::kCounts),
+                     {data::Decimal(Users.accountCount), data::Decimal(Groups.accountCount),
+                      data::Decimal(permissionCount)});
+}
+
+void frmUserGroupPerm::Refresh() {
+  static_cast<void>(RefreshTree());
 }
 
 void frmUserGroupPerm::cmdBtn_Click(int Index) {
-  if (Index == 0) {
-    RefreshTree();
-  } else {
+  if (Index == kExitButton) {
     Unload();
+    return;
   }
+  Refresh();
 }
 
 void frmUserGroupPerm::cmdAbout_Click() {
-  try {
+  static_cast<void>(app::Reported(global_, L"cmdAbout_Click", [this] {
     global_.SessionServer->ShowAbout(kExecutableName, 0, 0);
-  } catch (...) {
-    app::ReportError(global_, L"cmdAbout_Click");
-  }
+  }));
 }
 
 void frmUserGroupPerm::Command1_Click() {
   app::MShowHelp(global_, *this, app::kTopicUserGroupPerm);
 }
 
-// Folders, the root among them, are drawn open while they are.
-void frmUserGroupPerm::TreeView1_Expand(int Index, int node, bool expanded) {
-  controls::TreeView& tree = TreeView1[Index];
-  if (tree.Nodes().Image(node) <= kFolderOpen) {
-    tree.SetImage(node, expanded ? kFolderOpen : kFolderClosed);
-  }
-  // Closing a node may have passed the selection to it.
-  if (!expanded && isStarted) RefreshSelection(Index);
-}
-
 void frmUserGroupPerm::Form_KeyDown(int keyCode) {
   if (!isStarted) return;
-  if (keyCode == controls::kKeyF5) cmdBtn_Click(0);
-  if (keyCode == controls::kKeyF2 || keyCode == controls::kKeyDelete) TreeKey(keyCode);
+  if (keyCode == controls::kKeyF5) {
+    Refresh();
+  } else {
+    Shown().KeyDown(keyCode);
+  }
 }
 
 void frmUserGroupPerm::Form_KeyUp(int keyCode) {

@@ -20,7 +20,6 @@ UADMIN_STRING(103, "&Quitter")
 UADMIN_STRING(104, "A&ide")
 UADMIN_STRING(105, "Ra&fraîchir")
 UADMIN_STRING(106, "&A propos")
-UADMIN_STRING(107, "&Fermer")
 UADMIN_STRING(108, "&Editer...")
 UADMIN_STRING(109, "&Supprimer...")
 UADMIN_STRING(110, "&Nouveau...")
@@ -77,7 +76,6 @@ UADMIN_STRING(331, "Arborescence des utilisateurs")
 UADMIN_STRING(332, "Arborescence des groupes")
 
 // Status line. %1 of %2: rows read so far and in all.
-UADMIN_STRING(401, "Prêt.")
 UADMIN_STRING(402, "Lecture des utilisateurs : %1 sur %2")
 UADMIN_STRING(403, "Lecture des groupes : %1 sur %2")
 // %1 users, %2 groups, %3 permissions.
@@ -86,6 +84,7 @@ UADMIN_STRING(405, "Lecture interrompue : l'affichage est incomplet.")
 // %1 of %2: accounts brought up to date so far and in all.
 UADMIN_STRING(406, "Mise à jour des utilisateurs : %1 sur %2")
 UADMIN_STRING(407, "Mise à jour des groupes : %1 sur %2")
+UADMIN_STRING(408, "Lecture interrompue : rafraîchissez pour créer ou modifier.")
 
 // What keeps the help from being shown. %1: the help file.
 UADMIN_STRING(411, "La bibliothèque d'aide kvh_util est introuvable.")

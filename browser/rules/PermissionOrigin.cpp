@@ -13,22 +13,23 @@ namespace browser {
 namespace {
 
 using controls::kNoNode;
+using controls::NodeId;
 using controls::TreeNodes;
 
 // The account's folder of this kind; kNoNode when it has none.
-int Folder(const TreeNodes& nodes, int account, const controls::KeyForm& keyForm) {
+NodeId Folder(const TreeNodes& nodes, NodeId account, const controls::KeyForm& keyForm) {
   return nodes.FindChild(account, keyForm, 0);
 }
 
-bool Lists(const TreeNodes& nodes, int account, const controls::KeyForm& folder,
+bool Lists(const TreeNodes& nodes, NodeId account, const controls::KeyForm& folder,
            const controls::KeyForm& leaf, std::int32_t id) {
-  const int node = Folder(nodes, account, folder);
+  const NodeId node = Folder(nodes, account, folder);
   return node != kNoNode && nodes.FindChild(node, leaf, id) != kNoNode;
 }
 
 // The group's name as it is shown, without the description: the text before the parentheses, unless
 // the name itself has some.
-std::wstring NameOf(const TreeNodes& groups, int group) {
+std::wstring NameOf(const TreeNodes& groups, NodeId group) {
   const std::wstring& text = groups.Text(group);
   if (groups.StoredName(group).find(L'(') != std::wstring::npos) return text;
   const std::wstring_view whole = text;
@@ -36,13 +37,13 @@ std::wstring NameOf(const TreeNodes& groups, int group) {
 }
 
 // The names of the user's groups that hold the permission.
-std::vector<std::wstring> GivingGroups(const TreeNodes& users, const TreeNodes& groups, int user,
+std::vector<std::wstring> GivingGroups(const TreeNodes& users, const TreeNodes& groups, NodeId user,
                                        std::int32_t permission) {
   std::vector<std::wstring> names;
-  const int folder = Folder(users, user, kMemberOfKey);
+  const NodeId folder = Folder(users, user, kMemberOfKey);
   if (folder == kNoNode) return names;
-  for (int leaf = users.FirstChild(folder); leaf != kNoNode; leaf = users.Next(leaf)) {
-    const int group = groups.FindChild(groups.Root(), kGroupKey, users.Id(leaf));
+  for (NodeId leaf = users.FirstChild(folder); leaf != kNoNode; leaf = users.Next(leaf)) {
+    const NodeId group = groups.FindChild(groups.Root(), kGroupKey, users.Id(leaf));
     if (group != kNoNode &&
         Lists(groups, group, kGroupPermissionsKey, kGroupPermissionKey, permission)) {
       names.push_back(NameOf(groups, group));
@@ -71,9 +72,9 @@ int Pattern(bool direct, std::size_t groups) {
 }  // namespace
 
 std::wstring PermissionOrigin(const app::mGlobal& global, const TreeNodes& users,
-                              const TreeNodes& groups, int node) {
+                              const TreeNodes& groups, controls::NodeId node) {
   if (!users.Exists(node) || users.FormOf(node).prefix != kAnyPermissionKey.prefix) return {};
-  const int user = users.Parent(users.Parent(node));
+  const NodeId user = users.Parent(users.Parent(node));
   const std::int32_t permission = users.Id(node);
   const bool direct = Lists(users, user, kUserPermissionsKey, kUserPermissionKey, permission);
   const std::vector<std::wstring> names = GivingGroups(users, groups, user, permission);

@@ -11,6 +11,6 @@ namespace browser {
 // name, and the user himself where he holds it directly. Empty for any other node of the users
 // tree. Known from the trees alone, nothing is asked of the database: it is as old as they are.
 std::wstring PermissionOrigin(const app::mGlobal& global, const controls::TreeNodes& users,
-                              const controls::TreeNodes& groups, int node);
+                              const controls::TreeNodes& groups, controls::NodeId node);
 
 }  // namespace browser

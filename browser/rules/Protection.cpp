@@ -37,4 +37,13 @@ GroupProtection ProtectGroup(const ProtectedAccounts& accounts, std::int32_t gro
   return off;
 }
 
+// Nobody leaves "Everyone", and Admin does not leave "Administrators".
+MemberRemoval ProtectMember(const ProtectedAccounts& accounts, std::int32_t groupId,
+                            std::int32_t userId) {
+  if (data::IsProtectedId(accounts.everyoneGroupId, groupId)) return MemberRemoval::kRefused;
+  const bool admin = data::IsProtectedId(accounts.administratorsGroupId, groupId) &&
+                     data::IsProtectedId(accounts.adminUserId, userId);
+  return admin ? MemberRemoval::kTold : MemberRemoval::kAllowed;
+}
+
 }  // namespace browser

@@ -30,4 +30,14 @@ struct GroupProtection {
 GroupProtection ProtectGroup(const ProtectedAccounts& accounts, std::int32_t groupId,
                              std::wstring_view text);
 
+// Whether a user may be taken out of a group. By the identifiers: the rule of the button goes by
+// the text that a node shows, and so leaves it on where "Admin" is shown with his full name.
+enum class MemberRemoval {
+  kAllowed,
+  kRefused,  // the button is off
+  kTold,     // the button is on, and the administrator is told that it cannot be
+};
+MemberRemoval ProtectMember(const ProtectedAccounts& accounts, std::int32_t groupId,
+                            std::int32_t userId);
+
 }  // namespace browser

@@ -1,39 +1,41 @@
 #include "browser/trees/AccountTree.h"
 
+#include <algorithm>
 #include <utility>
 
-#include "app/ErrorReport.h"
 #include "browser/trees/TreeImages.h"
+#include "data/RunTimeError.h"
 
 namespace browser {
+
+using app::Outcome;
+using controls::NodeId;
+
+Outcome AllDone(std::initializer_list<Outcome> outcomes) {
+  return std::ranges::all_of(outcomes, [](Outcome outcome) { return outcome == Outcome::kDone; })
+             ? Outcome::kDone
+             : Outcome::kFailed;
+}
 
 AccountTree::AccountTree(const TreeContext& context, controls::TreeView& tree, std::int16_t& count,
                          AccountKind kind)
     : context_(context), tree_(tree), count_(count), kind_(std::move(kind)) {}
 
-AccountTree::Together::Together(AccountTree& tree)
-    : tree_(tree), update_(tree.tree_), filler_(tree.context_, tree.tree_) {
-  tree_.shared_ = &filler_;
+Outcome AccountTree::BuildAll(app::KeptError& error) {
+  return error.Keep(kind_.procedure, [&] { AddAll(); });
 }
 
-int AccountTree::Build(std::int32_t id, Section section, int folder) {
-  try {
-    const controls::TreeView::Update update(tree_);
-    if (section != kWholeAccount) {
-      Refill(id, section, folder);
-    } else if (id == -1) {
-      AddAll();
-    } else {
-      AddOne(id);
-    }
-    return data::kDone;
-  } catch (...) {
-    app::ReportError(context_.global, kind_.procedure);
-    return data::kFailed;
-  }
+Outcome AccountTree::BuildOne(std::int32_t id) {
+  return app::Reported(context_.global, kind_.procedure, [&] { AddOne(id); });
+}
+
+NodeId AccountTree::Find(std::int32_t id) const {
+  const controls::TreeNodes& nodes = tree_.Nodes();
+  return nodes.FindChild(nodes.Root(), kind_.key, id);
 }
 
 void AccountTree::AddAll() {
+  const controls::TreeView::Update update(tree_);
   FolderFiller filler(context_, tree_);
   const std::vector<AccountRow> rows =
       ReadAccountRows(*context_.global.databaseConnection, kind_.allAccounts());
@@ -46,47 +48,93 @@ void AccountTree::AddAll() {
 }
 
 void AccountTree::AddOne(std::int32_t id) {
+  const controls::TreeView::Update update(tree_);
   FolderFiller filler(context_, tree_);
   data::Connection& connection = *context_.global.databaseConnection;
   for (const AccountRow& row : ReadAccountRows(connection, kind_.oneAccount(id))) {
-    const controls::TreeNodes& nodes = tree_.Nodes();
-    if (nodes.FindChild(nodes.Root(), kind_.key, row.id) == controls::kNoNode) Add(filler, row);
+    if (Find(row.id) == controls::kNoNode) Add(filler, row);
   }
 }
 
 void AccountTree::Add(FolderFiller& filler, const AccountRow& row) {
   const int image = kind_.IsProtected(row.id) ? kind_.protectedImage : kind_.image;
-  const int account = tree_.AddUnique(tree_.Nodes().Root(), kind_.key, row.id,
-                                      tree_.Share(kind_.NodeText(filler, row)), image);
+  const NodeId account = tree_.AddUnique(tree_.Nodes().Root(), kind_.key, row.id,
+                                         tree_.Share(kind_.NodeText(filler, row)), image);
   tree_.SetStoredName(account, row.name);
   tree_.SetSorted(account, true);
-  std::vector<int> folders;
+  std::vector<NodeId> folders;
   for (const FolderKind& folder : kind_.folders) folders.push_back(AddFolder(account, folder));
   for (std::size_t i = 0; i < folders.size(); ++i) {
     kind_.folders[i].Fill(filler, folders[i], row.id);
   }
 }
 
-int AccountTree::AddFolder(int account, const FolderKind& kind) {
-  const int folder =
+NodeId AccountTree::AddFolder(NodeId account, const FolderKind& kind) {
+  const NodeId folder =
       tree_.AddUnique(account, kind.key, 0, tree_.Share(*kind.caption), kFolderClosed);
   tree_.SetSorted(folder, true);
   return folder;
 }
 
-void AccountTree::Refill(std::int32_t id, Section section, int folder) {
-  if (shared_ != nullptr) {
-    Refill(*shared_, id, section, folder);
-  } else {
-    FolderFiller filler(context_, tree_);
-    Refill(filler, id, section, folder);
-  }
+const FolderKind& AccountTree::Folder(Section section) const {
+  return *std::ranges::find(kind_.folders, section, &FolderKind::section);
 }
 
-void AccountTree::Refill(FolderFiller& filler, std::int32_t id, Section section, int folder) {
-  for (const FolderKind& kind : kind_.folders) {
-    if (kind.section == section) kind.Fill(filler, folder, id);
+Outcome AccountTree::EditFolder(Section section, NodeId account) {
+  const FolderKind& kind = Folder(section);
+  return app::ReportedLater(context_.global, kind.procedure, [&](app::KeptError& error) {
+    if (!tree_.Nodes().Exists(account)) throw data::RunTimeError(data::kElementNotFound);
+    const controls::TreeView::Update update(tree_);
+    FolderFiller filler(context_, tree_);
+    return Rebuild(filler, kind, account, error);
+  });
+}
+
+// Folders are recognised by their text. One that had nothing in it is closed afterwards, whether it
+// was open or not: there was nothing to be seen in it.
+Outcome AccountTree::Rebuild(FolderFiller& filler, const FolderKind& kind, NodeId account,
+                             app::KeptError& error) {
+  const controls::TreeNodes& nodes = tree_.Nodes();
+  const std::int32_t id = nodes.Id(account);
+  Outcome outcome = Outcome::kDone;
+  for (NodeId folder = nodes.FirstChild(account); folder != controls::kNoNode;
+       folder = nodes.Next(folder)) {
+    if (nodes.Text(folder) != *kind.caption) continue;
+    const bool wasEmpty = !nodes.HasChildren(folder);
+    outcome = error.Keep(kind_.procedure, [&] { kind.Fill(filler, folder, id); });
+    if (wasEmpty) tree_.SetExpanded(folder, false);
   }
+  return outcome;
+}
+
+Outcome AccountTree::EditAccounts(const wchar_t* procedure,
+                                  std::initializer_list<Section> sections) {
+  return app::ReportedLater(context_.global, procedure, [&](app::KeptError& error) {
+    data::ReadScope read(*context_.global.databaseConnection);
+    const controls::TreeView::Update update(tree_);
+    FolderFiller filler(context_, tree_);
+    const Outcome outcome = RebuildAll(filler, sections, error);
+    read.Finish();
+    return outcome;
+  });
+}
+
+// What cannot be read for one account cannot be read for the next.
+Outcome AccountTree::RebuildAll(FolderFiller& filler, std::initializer_list<Section> sections,
+                                app::KeptError& error) {
+  const controls::TreeNodes& nodes = tree_.Nodes();
+  const int total = nodes.Children(nodes.Root());
+  int done = 0;
+  for (NodeId account = nodes.FirstChild(nodes.Root()); account != controls::kNoNode;
+       account = nodes.Next(account)) {
+    for (const Section section : sections) {
+      if (Rebuild(filler, Folder(section), account, error) == Outcome::kFailed) {
+        return Outcome::kFailed;
+      }
+    }
+    context_.Progress(++done, total);
+  }
+  return Outcome::kDone;
 }
 
 }  // namespace browser

@@ -24,7 +24,7 @@ class DisplayNames {
   std::map<std::int32_t, std::unordered_map<std::wstring, std::wstring>> known_;
 };
 
-// The text of an account node: the name, and behind it the full name or description in parentheses
+// The text of an account node: the name, followed by the full name or description in parentheses
 // when it holds more than blanks.
 std::wstring AccountText(std::wstring_view name, std::wstring_view addition);
 

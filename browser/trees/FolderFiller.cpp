@@ -5,6 +5,8 @@
 
 namespace browser {
 
+using controls::NodeId;
+
 FolderFiller::FolderFiller(const TreeContext& context, controls::TreeView& tree)
     : context_(context), tree_(tree), names_(*context.global.SessionServer) {}
 
@@ -50,7 +52,7 @@ std::uint32_t FolderFiller::Read(std::wstring_view statement, LeafTexts& texts,
   return number;
 }
 
-void FolderFiller::Put(int folder, std::uint32_t number, const controls::KeyForm& keyForm,
+void FolderFiller::Put(NodeId folder, std::uint32_t number, const controls::KeyForm& keyForm,
                        LeafTexts& texts) {
   if (tree_.Nodes().HasChildren(folder)) Sift(folder, number, texts);
   for (const std::int32_t id : wanted_) {
@@ -60,10 +62,10 @@ void FolderFiller::Put(int folder, std::uint32_t number, const controls::KeyForm
   }
 }
 
-void FolderFiller::Sift(int folder, std::uint32_t number, LeafTexts& texts) {
+void FolderFiller::Sift(NodeId folder, std::uint32_t number, LeafTexts& texts) {
   const controls::TreeNodes& nodes = tree_.Nodes();
-  std::vector<int> gone;
-  for (int node = nodes.AnyChild(folder); node != controls::kNoNode;
+  std::vector<NodeId> gone;
+  for (NodeId node = nodes.AnyChild(folder); node != controls::kNoNode;
        node = nodes.OtherSibling(node)) {
     LeafTexts::Leaf& leaf = texts.At(nodes.Id(node));
     if (leaf.folder != number) {
@@ -74,17 +76,17 @@ void FolderFiller::Sift(int folder, std::uint32_t number, LeafTexts& texts) {
     if (nodes.TextOf(node) != leaf.text) tree_.SetText(node, nodes.SharedText(leaf.text));
     if (nodes.Image(node) != leaf.image) tree_.SetImage(node, leaf.image);
   }
-  for (const int node : gone) tree_.Remove(node);
+  for (const NodeId node : gone) tree_.Remove(node);
 }
 
-void FolderFiller::Fill(int folder, const controls::KeyForm& keyForm, std::wstring_view statement,
-                        LeafTexts& texts, const MakeText& makeText,
+void FolderFiller::Fill(NodeId folder, const controls::KeyForm& keyForm,
+                        std::wstring_view statement, LeafTexts& texts, const MakeText& makeText,
                         const std::function<int(std::int32_t)>& image) {
   const std::uint32_t number = Read(statement, texts, makeText, image);
   Put(folder, number, keyForm, texts);
 }
 
-void FolderFiller::FillGroups(int folder, std::wstring_view statement) {
+void FolderFiller::FillGroups(NodeId folder, std::wstring_view statement) {
   Fill(
       folder, kUserGroupKey, statement, groups_,
       [this](data::ResultSet& row) { return GroupRow(row); },
@@ -93,13 +95,13 @@ void FolderFiller::FillGroups(int folder, std::wstring_view statement) {
       });
 }
 
-void FolderFiller::FillUsers(int folder, std::wstring_view statement) {
+void FolderFiller::FillUsers(NodeId folder, std::wstring_view statement) {
   Fill(folder, kGroupUserKey, statement, users_, UserRow, [this](std::int32_t id) {
     return context_.accounts.IsProtectedUser(id) ? kProtectedUserImage : kUserImage;
   });
 }
 
-void FolderFiller::FillPermissions(int folder, const controls::KeyForm& keyForm,
+void FolderFiller::FillPermissions(NodeId folder, const controls::KeyForm& keyForm,
                                    std::wstring_view statement) {
   Fill(
       folder, keyForm, statement, permissions_,
@@ -107,10 +109,11 @@ void FolderFiller::FillPermissions(int folder, const controls::KeyForm& keyForm,
       [](std::int32_t) { return kPermissionImage; });
 }
 
-void FolderFiller::FillAllPermissions(int folder, int ownFolder, std::wstring_view statement) {
+void FolderFiller::FillAllPermissions(NodeId folder, NodeId ownFolder,
+                                      std::wstring_view statement) {
   const controls::TreeNodes& nodes = tree_.Nodes();
   const std::uint32_t owner = permissions_.NextFolder();
-  for (int own = nodes.AnyChild(ownFolder); own != controls::kNoNode;
+  for (NodeId own = nodes.AnyChild(ownFolder); own != controls::kNoNode;
        own = nodes.OtherSibling(own)) {
     permissions_.At(nodes.Id(own)).owner = owner;
   }
@@ -119,7 +122,7 @@ void FolderFiller::FillAllPermissions(int folder, int ownFolder, std::wstring_vi
   };
   const std::uint32_t number = Read(
       statement, permissions_, [this](data::ResultSet& row) { return PermissionRow(row); }, image);
-  for (int own = nodes.AnyChild(ownFolder); own != controls::kNoNode;
+  for (NodeId own = nodes.AnyChild(ownFolder); own != controls::kNoNode;
        own = nodes.OtherSibling(own)) {
     LeafTexts::Leaf& leaf = permissions_.At(nodes.Id(own));
     if (leaf.folder == number) continue;

@@ -25,14 +25,16 @@ class FolderFiller {
   FolderFiller(const TreeContext& context, controls::TreeView& tree);
 
   // Fills the folder with the rows (identifier, name, description) of groups.
-  void FillGroups(int folder, std::wstring_view statement);
+  void FillGroups(controls::NodeId folder, std::wstring_view statement);
   // With the rows (identifier, name, full name) of users.
-  void FillUsers(int folder, std::wstring_view statement);
+  void FillUsers(controls::NodeId folder, std::wstring_view statement);
   // With the rows (identifier, name) of permissions held directly by the folder's account.
-  void FillPermissions(int folder, const controls::KeyForm& keyForm, std::wstring_view statement);
+  void FillPermissions(controls::NodeId folder, const controls::KeyForm& keyForm,
+                       std::wstring_view statement);
   // With the permissions that a user has through groups, the rows of the statement, and those that
   // the folder of his own permissions shows, each once.
-  void FillAllPermissions(int folder, int ownFolder, std::wstring_view statement);
+  void FillAllPermissions(controls::NodeId folder, controls::NodeId ownFolder,
+                          std::wstring_view statement);
 
   // The text of a group's node, from its stored name and description.
   std::wstring GroupText(const std::wstring& name, const std::wstring& description);
@@ -40,16 +42,17 @@ class FolderFiller {
  private:
   using MakeText = std::function<std::wstring(data::ResultSet& row)>;
 
-  void Fill(int folder, const controls::KeyForm& keyForm, std::wstring_view statement,
+  void Fill(controls::NodeId folder, const controls::KeyForm& keyForm, std::wstring_view statement,
             LeafTexts& texts, const MakeText& makeText,
             const std::function<int(std::int32_t)>& image);
   // Reads the rows into wanted_, each identifier once, and returns the folder's number in texts.
   std::uint32_t Read(std::wstring_view statement, LeafTexts& texts, const MakeText& makeText,
                      const std::function<int(std::int32_t)>& image);
   // Makes the folder's leaves those of wanted_.
-  void Put(int folder, std::uint32_t number, const controls::KeyForm& keyForm, LeafTexts& texts);
+  void Put(controls::NodeId folder, std::uint32_t number, const controls::KeyForm& keyForm,
+           LeafTexts& texts);
   // Takes the leaves away that are not wanted and brings the others up to date.
-  void Sift(int folder, std::uint32_t number, LeafTexts& texts);
+  void Sift(controls::NodeId folder, std::uint32_t number, LeafTexts& texts);
   std::wstring GroupRow(data::ResultSet& row);
   static std::wstring UserRow(data::ResultSet& row);
   std::wstring PermissionRow(data::ResultSet& row);

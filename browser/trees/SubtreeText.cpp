@@ -7,13 +7,15 @@
 namespace browser {
 namespace {
 
+using controls::NodeId;
+
 bool IsBreak(wchar_t character) {
   return character == L'\r' || character == L'\n' || character == L'\t';
 }
 
-// The node that follows in the order of reading, and how much deeper it stands; kNoNode behind the
+// The node that follows in the order of reading, and how much deeper it stands; kNoNode after the
 // last one below top.
-int NextInOrder(const controls::TreeNodes& nodes, int node, int top, int& level) {
+NodeId NextInOrder(const controls::TreeNodes& nodes, NodeId node, NodeId top, int& level) {
   if (nodes.HasChildren(node)) {
     ++level;
     return nodes.FirstChild(node);
@@ -27,10 +29,11 @@ int NextInOrder(const controls::TreeNodes& nodes, int node, int top, int& level)
 
 }  // namespace
 
-std::wstring SubtreeText(const controls::TreeNodes& nodes, int node) {
+std::wstring SubtreeText(const controls::TreeNodes& nodes, NodeId node) {
   std::wstring text;
   int level = 0;
-  for (int line = node; line != controls::kNoNode; line = NextInOrder(nodes, line, node, level)) {
+  for (NodeId line = node; line != controls::kNoNode;
+       line = NextInOrder(nodes, line, node, level)) {
     if (line != node) text += L"\r\n";
     text.append(static_cast<std::size_t>(level), L'\t');
     std::replace_copy_if(nodes.Text(line).begin(), nodes.Text(line).end(), std::back_inserter(text),

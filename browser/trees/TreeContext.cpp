@@ -6,8 +6,6 @@ namespace browser {
 
 TreeCaptions TreeCaptions::Load(const app::mGlobal& global) {
   TreeCaptions captions;
-  captions.usersRoot = global.LoadResString(app::kUsers);
-  captions.groupsRoot = global.LoadResString(app::kGroups);
   captions.memberOfCaption = global.LoadResString(app::kMemberOf);
   captions.userPermissionsCaption = global.LoadResString(app::kUserPermissions);
   captions.allPermissionsCaption = global.LoadResString(app::kAllPermissions);

@@ -24,10 +24,10 @@ TEST_F(AccountCommands, EditingWithoutAUserOnlyWarns) {
     const Strings before = Look(window);
     ExpectWarning(L"Sélectionnez l'utilisateur à modifier puis cliquez sur le bouton Editer.",
                   controls::kExclamation);
-    window.cmdUser_Click(0);
+    window.Users.cmdUser_Click(0);
     ExpectWarning(L"Sélectionnez l'utilisateur à supprimer puis cliquez sur le bouton Editer.",
                   controls::kExclamation);
-    window.cmdUser_Click(1);
+    window.Users.cmdUser_Click(1);
     EXPECT_EQ(Look(window), before);
   });
 }
@@ -38,10 +38,10 @@ TEST_F(AccountCommands, EditingWithoutAGroupWarnsWithoutAnIconAndDeletingWithOne
     const Strings before = Look(window);
     ExpectWarning(L"Sélectionnez le groupe à modifier puis cliquez sur le bouton Supprimer.",
                   controls::kOkOnly);
-    window.cmdGroup_Click(0);
+    window.Groups.cmdGroup_Click(0);
     ExpectWarning(L"Sélectionnez le groupe à supprimer puis cliquez sur le bouton Supprimer.",
                   controls::kExclamation);
-    window.cmdGroup_Click(1);
+    window.Groups.cmdGroup_Click(1);
     EXPECT_EQ(Look(window), before);
   });
 }
@@ -55,7 +55,7 @@ TEST_F(AccountCommands, ANewUserIsSelectedAndStandsInBothTrees) {
       user.Type(dialog.txtPassword, L"secret1");
       user.Type(dialog.txtVerify, L"secret1");
     });
-    user.Click(window.cmdUser[2]);
+    user.Click(window.Users.cmdUser[2]);
     const std::int32_t id =
         static_cast<std::int32_t>(Raw().Number("SELECT USERID FROM QRUSER WHERE NAME = 'Lambert'"));
     EXPECT_EQ(log.statements, Joined({data::SqlSelectUser(id), data::SqlSelectUserGroups(id),
@@ -64,15 +64,15 @@ TEST_F(AccountCommands, ANewUserIsSelectedAndStandsInBothTrees) {
                                      GroupRebuild(window)));
     EXPECT_EQ(Selected(window, 0), L"\\TUS \\U" + std::to_wstring(id));
     EXPECT_EQ(window.exchange.UserID, id);
-    EXPECT_TRUE(window.cmdUser[1].Enabled());
-    EXPECT_EQ(window.userCount, 40);
+    EXPECT_TRUE(window.Users.cmdUser[1].Enabled());
+    EXPECT_EQ(window.Users.accountCount, 40);
     ExpectInStep(window);
   });
 }
 
 TEST_F(AccountCommands, AnAccountThatCannotBeCountedIsReportedAndShownAllTheSame) {
   Run([this](frmUserGroupPerm& window) {
-    window.userCount = std::numeric_limits<std::int16_t>::max();
+    window.Users.accountCount = std::numeric_limits<std::int16_t>::max();
     ExpectDialog<dialogs::frmNewUser>([this](dialogs::frmNewUser& dialog) {
       user.Type(dialog.txtUserName, L"Lambert");
       user.Type(dialog.txtPassword, L"secret1");
@@ -80,8 +80,8 @@ TEST_F(AccountCommands, AnAccountThatCannotBeCountedIsReportedAndShownAllTheSame
       user.ExpectMsgBox({.answer = controls::kResultOk,
                          .prompt = L"cmdUser_Click Error [6]\r\n" + desktop.LoadResString(10006)});
     });
-    user.Click(window.cmdUser[2]);
-    NodeAt(window.TreeView1[0], {L"Lambert"});
+    user.Click(window.Users.cmdUser[2]);
+    NodeAt(window.Users.TreeView1, {L"Lambert"});
     ExpectInStep(window);
   });
 }
@@ -94,21 +94,21 @@ TEST_F(AccountCommands, ANewGroupIsSelectedAndStandsInBothTrees) {
       user.Type(dialog.txtDesc, U("Quai et dépôt"));
       user.Toggle(dialog.List1[2], 0);
     });
-    user.Click(window.cmdGroup[2]);
+    user.Click(window.Groups.cmdGroup[2]);
     const std::int32_t id = static_cast<std::int32_t>(
         Raw().Number("SELECT GROUPID FROM QRGROUP WHERE NAME = 'Logistique'"));
     EXPECT_EQ(log.statements, Joined({data::SqlSelectGroup(id), data::SqlSelectGroupUsers(id),
                                       data::SqlSelectGroupPermissionNames(id)},
                                      UserRebuild(window)));
     EXPECT_EQ(Selected(window, 1), L"\\TGR \\G" + std::to_wstring(id));
-    EXPECT_EQ(window.groupCount, 13);
+    EXPECT_EQ(window.Groups.accountCount, 13);
     ExpectInStep(window);
   });
 }
 
 TEST_F(AccountCommands, AnEditedUserIsRenamedAndMovedInBothTrees) {
   Run([this](frmUserGroupPerm& window) {
-    TreeView& users = window.TreeView1[0];
+    TreeView& users = window.Users.TreeView1;
     Select(window, 0, L"\\TUP \\U9 \\P");
     const int martin = users.Nodes().Find(L"\\TUS \\U9");
     ExpectDialog<dialogs::frmEditUser>([this](dialogs::frmEditUser& dialog) {
@@ -121,7 +121,7 @@ TEST_F(AccountCommands, AnEditedUserIsRenamedAndMovedInBothTrees) {
       user.Type(dialog.txtPassword, L"secret1");
       user.Type(dialog.txtVerify, L"secret1");
     });
-    user.Click(window.cmdUser[0]);
+    user.Click(window.Users.cmdUser[0]);
     EXPECT_EQ(log.statements,
               Joined({data::SqlSelectUserGroups(9), data::SqlSelectUserPermissionNames(9),
                       data::SqlSelectInheritedPermissions(9)},
@@ -141,14 +141,14 @@ TEST_F(AccountCommands, AnEditedGroupIsRenamedInBothTrees) {
       EXPECT_EQ(dialog.GroupID, 12);
       user.Type(dialog.txtGroupName, L"Labo");
     });
-    user.Click(window.cmdGroup[0]);
+    user.Click(window.Groups.cmdGroup[0]);
     EXPECT_EQ(log.statements,
               Joined({data::SqlSelectGroupUsers(12), data::SqlSelectGroupPermissionNames(12)},
                      UserRebuild(window)));
     EXPECT_TRUE(Has(window, 0, L"\\TGU \\U9 \\G12"));
-    NodeAt(window.TreeView1[0],
+    NodeAt(window.Users.TreeView1,
            {L"Martin (Jean Martin)", L"Membre du Groupe", L"Labo (Mesures et essais)"});
-    NodeAt(window.TreeView1[1], {L"Labo (Mesures et essais)"});
+    NodeAt(window.Groups.TreeView1, {L"Labo (Mesures et essais)"});
     ExpectInStep(window);
   });
 }
@@ -158,29 +158,30 @@ TEST_F(AccountCommands, AnAccountIsRenamedAlsoWhereAFolderThatWasOpenAndEmptyIsF
   Raw().Execute("DELETE FROM QRGPRM WHERE GROUPID = 6");
   Run([this](frmUserGroupPerm& window) {
     Select(window, 0, L"\\TUS \\U9");
-    window.TreeView1[0].SetExpanded(At(window, 0, L"\\TUP \\U9 \\P"), true);
+    window.Users.TreeView1.SetExpanded(At(window, 0, L"\\TUP \\U9 \\P"), true);
     ExpectDialog<dialogs::frmEditUser>([this](dialogs::frmEditUser& dialog) {
       user.Type(dialog.txtUserName, L"Zola");
       user.Type(dialog.txtPassword, L"secret1");
       user.Type(dialog.txtVerify, L"secret1");
       user.Toggle(dialog.List1[2], 0);
     });
-    user.Click(window.cmdUser[0]);
-    EXPECT_EQ(window.TreeView1[0].Nodes().Text(At(window, 0, L"\\TUS \\U9")),
+    user.Click(window.Users.cmdUser[0]);
+    EXPECT_EQ(window.Users.TreeView1.Nodes().Text(At(window, 0, L"\\TUS \\U9")),
               L"Zola (Jean Martin)");
     Select(window, 1, L"\\TGR \\G6");
-    window.TreeView1[1].SetExpanded(At(window, 1, L"\\TGP \\G6 \\P"), true);
+    window.Groups.TreeView1.SetExpanded(At(window, 1, L"\\TGP \\G6 \\P"), true);
     ExpectDialog<dialogs::frmEditGroup>([this](dialogs::frmEditGroup& dialog) {
       user.Type(dialog.txtGroupName, L"Labo");
       user.Toggle(dialog.List1[2], 0);
     });
-    user.Click(window.cmdGroup[0]);
+    user.Click(window.Groups.cmdGroup[0]);
     ExpectInStep(window);
   });
 }
 
 TEST_F(AccountCommands, EditingAdminRefreshesHisFoldersButNeitherHisTextNorTheGroups) {
   Run([this](frmUserGroupPerm& window) {
+    Raw().Execute("UPDATE QRUSER SET FULLNAME = 'Somebody else wrote this' WHERE USERID = 1");
     Select(window, 0, L"\\TUS \\U1");
     ExpectDialog<dialogs::frmEditUser>([this](dialogs::frmEditUser& dialog) {
       EXPECT_FALSE(dialog.IsRemoveAdministrator);
@@ -190,13 +191,13 @@ TEST_F(AccountCommands, EditingAdminRefreshesHisFoldersButNeitherHisTextNorTheGr
         if (dialog.List1[1].ItemData(i) == 6) user.Toggle(dialog.List1[1], i);
       }
     });
-    user.Click(window.cmdUser[0]);
+    user.Click(window.Users.cmdUser[0]);
     EXPECT_EQ(log.statements,
               (Strings{data::SqlSelectUserGroups(1), data::SqlSelectUserPermissionNames(1),
                        data::SqlSelectInheritedPermissions(1)}));
     EXPECT_TRUE(Has(window, 0, L"\\TGU \\U1 \\G6"));
     EXPECT_FALSE(Has(window, 1, L"\\TUG \\G6 \\U1"));
-    NodeAt(window.TreeView1[0], {L"Admin (Administrateur principal)"});
+    NodeAt(window.Users.TreeView1, {L"Admin (Administrateur principal)"});
   });
 }
 
@@ -210,17 +211,17 @@ TEST_F(AccountCommands, CancellingADialogChangesNoNode) {
     Select(window, 0, L"\\TUS \\U9");
     for (const int Index : {0, 2}) {
       user.ExpectModal(cancel);
-      user.Click(window.cmdUser[Index]);
+      user.Click(window.Users.cmdUser[Index]);
       EXPECT_TRUE(log.statements.empty());
     }
     Select(window, 1, L"\\TGR \\G6");
     for (const int Index : {0, 2}) {
       user.ExpectModal(cancel);
-      user.Click(window.cmdGroup[Index]);
+      user.Click(window.Groups.cmdGroup[Index]);
       EXPECT_TRUE(log.statements.empty());
     }
     EXPECT_EQ(Look(window), before);
-    EXPECT_EQ(window.userCount, 39);
+    EXPECT_EQ(window.Users.accountCount, 39);
   });
 }
 
@@ -235,7 +236,7 @@ TEST_F(AccountCommands, AUserWhomSomebodyDeletedMeanwhileGoesFromTheTreesAndTheU
       user.ExpectMsgBox({.answer = controls::kResultOk, .style = controls::kInformation});
       user.Click(dialog.cmdOK);
     });
-    user.Click(window.cmdUser[0]);
+    user.Click(window.Users.cmdUser[0]);
     EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"Un autre administrateur"));
     EXPECT_FALSE(Has(window, 0, L"\\TUS \\U9"));
     EXPECT_EQ(Raw().Text("SELECT NAME FROM QRUSER WHERE USERID = 9"), "Martin(9)");
@@ -248,9 +249,9 @@ TEST_F(AccountCommands, AGroupWhomSomebodyDeletedBeforeGoesFromTheTreesInsteadOf
     Select(window, 1, L"\\TGR \\G6");
     Raw().Execute("UPDATE QRGROUP SET NAME = 'Qualité(6)', VFLG = 'D' WHERE GROUPID = 6");
     user.ExpectMsgBox({.answer = controls::kResultOk, .style = controls::kInformation});
-    user.Click(window.cmdGroup[0]);
+    user.Click(window.Groups.cmdGroup[0]);
     EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"Un autre administrateur"));
-    EXPECT_EQ(window.groupCount, 11);
+    EXPECT_EQ(window.Groups.accountCount, 11);
     ExpectInStep(window);
   });
 }
@@ -262,7 +263,7 @@ TEST_F(AccountCommands, ANewUserIsSelectedAlsoWhereAnotherShowsTheSameText) {
       user.Type(dialog.txtPassword, L"secret1");
       user.Type(dialog.txtVerify, L"secret1");
     });
-    user.Click(window.cmdUser[2]);
+    user.Click(window.Users.cmdUser[2]);
     EXPECT_EQ(Selected(window, 0),
               L"\\TUS \\U" + std::to_wstring(Raw().Number("SELECT MAX(USERID) FROM QRUSER")));
     ExpectInStep(window);

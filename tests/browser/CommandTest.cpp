@@ -54,11 +54,11 @@ void CommandTest::Select(frmUserGroupPerm& window, int tree, const std::wstring&
   user.ChooseTab(window.TabStrip1, tree);
   const int node = At(window, tree, key);
   ASSERT_NE(node, kNoNode) << data::ToUtf8(key);
-  user.Select(window.TreeView1[tree], node);
+  user.Select(window.Page(tree).TreeView1, node);
 }
 
 std::wstring CommandTest::Selected(frmUserGroupPerm& window, int tree) {
-  const TreeView& view = window.TreeView1[tree];
+  const TreeView& view = window.Page(tree).TreeView1;
   return view.Nodes().Key(view.SelectedNode());
 }
 
@@ -67,14 +67,14 @@ bool CommandTest::Has(frmUserGroupPerm& window, int tree, const std::wstring& ke
 }
 
 int CommandTest::At(frmUserGroupPerm& window, int tree, const std::wstring& key) {
-  return window.TreeView1[tree].Nodes().Find(key);
+  return window.Page(tree).TreeView1.Nodes().Find(key);
 }
 
 // The order of siblings follows from their texts, which is for the tests of the control.
 Strings CommandTest::Look(frmUserGroupPerm& window) {
   Strings all;
-  for (const TreeView& tree : window.TreeView1) {
-    const TreeNodes& nodes = tree.Nodes();
+  for (const int tab : {0, 1}) {
+    const TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
     for (int node = nodes.NextIndex(0); node != kNoNode; node = nodes.NextIndex(node)) {
       const int image = nodes.Image(node) == kFolderOpen ? +kFolderClosed : nodes.Image(node);
       all.push_back(nodes.Key(node) + L"=" + nodes.FullPath(node) + L"|" + std::to_wstring(image) +
@@ -85,6 +85,12 @@ Strings CommandTest::Look(frmUserGroupPerm& window) {
   return all;
 }
 
+bool CommandTest::IsReading() const {
+  const auto last = std::find_if(log.statements.rbegin(), log.statements.rend(),
+                                 [](const std::wstring& text) { return text.ends_with(L"Read"); });
+  return last != log.statements.rend() && *last == L"BeginRead" && last != log.statements.rbegin();
+}
+
 void CommandTest::ExpectInStep(frmUserGroupPerm& window, Where where) {
   ExpectInStepBut(window, {}, where);
 }
@@ -92,7 +98,7 @@ void CommandTest::ExpectInStep(frmUserGroupPerm& window, Where where) {
 void CommandTest::ExpectInStepBut(frmUserGroupPerm& window, const Strings& stale, Where where) {
   const ::testing::ScopedTrace trace(where.file_name(), static_cast<int>(where.line()), "in step");
   const Strings before = Look(window);
-  EXPECT_EQ(window.RefreshTree(), data::kDone);
+  EXPECT_EQ(window.RefreshTree(), app::Outcome::kDone);
   const Strings after = Look(window);
   Strings gone;
   for (const std::wstring& line : Without(before, after))
@@ -103,16 +109,16 @@ void CommandTest::ExpectInStepBut(frmUserGroupPerm& window, const Strings& stale
 }
 
 Strings CommandTest::GroupRebuild(frmUserGroupPerm& window) {
-  return Rebuild(window.TreeView1[1], {data::SqlSelectGroupUsers});
+  return Rebuild(window.Groups.TreeView1, {data::SqlSelectGroupUsers});
 }
 
 Strings CommandTest::UserRebuild(frmUserGroupPerm& window) {
-  return Rebuild(window.TreeView1[0],
+  return Rebuild(window.Users.TreeView1,
                  {data::SqlSelectUserGroups, data::SqlSelectInheritedPermissions});
 }
 
 Strings CommandTest::AllPermissionsRebuild(frmUserGroupPerm& window) {
-  return Rebuild(window.TreeView1[0], {data::SqlSelectInheritedPermissions});
+  return Rebuild(window.Users.TreeView1, {data::SqlSelectInheritedPermissions});
 }
 
 Strings CommandTest::Joined(Strings first, const Strings& second) {

@@ -31,6 +31,9 @@ class CommandTest : public test_support::MainWindowFixture {
   static void ExpectInStepBut(frmUserGroupPerm& window, const Strings& stale,
                               Where where = Where::current());
 
+  // Whether a reading transaction is open. One that could not be begun is not.
+  bool IsReading() const;
+
   // The statements of the rebuilds of all accounts, in the order in which the trees are now.
   static Strings GroupRebuild(frmUserGroupPerm& window);
   static Strings UserRebuild(frmUserGroupPerm& window);

@@ -16,9 +16,9 @@ class DeleteCommands : public CommandTest {
       Select(window, tree, key);
       ExpectQuestion(controls::kResultYes, tree == 0 ? L"Souhaitez-vous supprimer cet utilisateur ?"
                                                      : L"Souhaitez-vous supprimer ce groupe ?");
-      user.Click(tree == 0 ? window.cmdUser[1] : window.cmdGroup[1]);
+      user.Click(tree == 0 ? window.Users.cmdUser[1] : window.Groups.cmdGroup[1]);
       EXPECT_FALSE(Has(window, tree, tree == 0 ? L"\\TUS \\U9" : L"\\TGR \\G6")) << tree;
-      EXPECT_EQ(window.TreeView1[tree].Nodes().Children(1), tree == 0 ? 38 : 11);
+      EXPECT_EQ(window.Page(tree).TreeView1.Nodes().Children(1), tree == 0 ? 38 : 11);
       ExpectInStep(window);
     });
   }
@@ -29,14 +29,14 @@ TEST_F(DeleteCommands, ADeletedUserGoesFromBothTreesWithOneStatement) {
     Select(window, 0, L"\\TUS \\U9");
     log.statements.clear();
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
-    user.Click(window.cmdUser[1]);
+    user.Click(window.Users.cmdUser[1]);
     EXPECT_EQ(log.statements,
               Joined({L"UPDATE QRUSER SET QRUSER.NAME = 'Martin(9)', QRUSER.VFLG = 'D' Where "
                       L"QRUSER.USERID = 9"},
                      GroupRebuild(window)));
     EXPECT_FALSE(Has(window, 0, L"\\TUS \\U9"));
     EXPECT_FALSE(Has(window, 1, L"\\TUG \\G7 \\U9"));
-    EXPECT_EQ(window.userCount, 38);
+    EXPECT_EQ(window.Users.accountCount, 38);
     EXPECT_EQ(Raw().Rows("SELECT NAME, VFLG FROM QRUSER WHERE USERID = 9"),
               (std::vector<std::vector<std::string>>{{"Martin(9)", "D"}}));
     EXPECT_EQ(Raw().Number("SELECT COUNT(*) FROM QRUSGP WHERE USERID = 9 AND GROUPID <> 2"), 2);
@@ -50,14 +50,14 @@ TEST_F(DeleteCommands, ADeletedGroupGoesFromBothTreesWithOneStatement) {
     Select(window, 1, L"\\TGR \\G6");
     log.statements.clear();
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce groupe ?");
-    user.Click(window.cmdGroup[1]);
+    user.Click(window.Groups.cmdGroup[1]);
     EXPECT_EQ(log.statements,
               Joined({L"UPDATE QRGROUP SET QRGROUP.NAME = 'Qualité(6)', QRGROUP.VFLG = 'D' Where "
                       L"QRGROUP.GROUPID = 6"},
                      UserRebuild(window)));
     EXPECT_FALSE(Has(window, 1, L"\\TGR \\G6"));
     EXPECT_FALSE(Has(window, 0, L"\\TGU \\U15 \\G6"));
-    EXPECT_EQ(window.groupCount, 11);
+    EXPECT_EQ(window.Groups.accountCount, 11);
     ExpectInStep(window);
   });
 }
@@ -97,12 +97,12 @@ TEST_F(DeleteCommands, AnsweringNoLeavesDatabaseAndTreesAndSetsTheButtonsAgain) 
     Select(window, 0, L"\\TUS \\U9");
     const Strings before = Look(window);
     log.statements.clear();
-    window.cmdUser[0].SetEnabled(false);
+    window.Users.cmdUser[0].SetEnabled(false);
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer cet utilisateur ?");
-    user.Click(window.cmdUser[1]);
+    user.Click(window.Users.cmdUser[1]);
     EXPECT_TRUE(log.statements.empty());
     EXPECT_EQ(Look(window), before);
-    EXPECT_TRUE(window.cmdUser[0].Enabled());
+    EXPECT_TRUE(window.Users.cmdUser[0].Enabled());
   });
 }
 
@@ -111,12 +111,12 @@ TEST_F(DeleteCommands, AnsweringNoForAGroupSetsTheButtonsAgainToo) {
     Select(window, 1, L"\\TGR \\G6");
     const Strings before = Look(window);
     log.statements.clear();
-    window.cmdGroup[0].SetEnabled(false);
+    window.Groups.cmdGroup[0].SetEnabled(false);
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer ce groupe ?");
-    user.Click(window.cmdGroup[1]);
+    user.Click(window.Groups.cmdGroup[1]);
     EXPECT_TRUE(log.statements.empty());
     EXPECT_EQ(Look(window), before);
-    EXPECT_TRUE(window.cmdGroup[0].Enabled());
+    EXPECT_TRUE(window.Groups.cmdGroup[0].Enabled());
   });
 }
 
@@ -127,10 +127,10 @@ TEST_F(DeleteCommands, ADeleteThatTheDatabaseRefusesLeavesTheTreesAsTheyWere) {
     const Strings before = Look(window);
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
     user.ExpectMsgBox(controls::kResultOk);
-    user.Click(window.cmdUser[1]);
+    user.Click(window.Users.cmdUser[1]);
     EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"DeleteRecord Error ["));
     EXPECT_EQ(Look(window), before);
-    EXPECT_EQ(window.userCount, 39);
+    EXPECT_EQ(window.Users.accountCount, 39);
     EXPECT_EQ(Raw().Text("SELECT NAME FROM QRUSER WHERE USERID = 9"), "d'Artagnan");
     ExpectInStep(window);
   });
@@ -154,7 +154,7 @@ TEST_F(DeleteCommands, ANameMadeToReachAnotherRowIsRefusedAndChangesNothing) {
       const Strings look = Look(window);
       ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
       user.ExpectMsgBox(controls::kResultOk);
-      user.Click(window.cmdUser[1]);
+      user.Click(window.Users.cmdUser[1]);
       EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"DeleteRecord Error [")) << name;
       EXPECT_EQ(Look(window), look);
     });
@@ -174,7 +174,7 @@ TEST_F(DeleteCommands, ADeleteThatMeetsNoRowTakesTheNodeAwayAndSaysWhy) {
         L"Un autre administrateur a modifié ces données entre-temps.\r\n"
         L"L'affichage a été mis à jour ; vérifiez-le avant de poursuivre.",
         controls::kInformation);
-    user.Click(window.cmdUser[1]);
+    user.Click(window.Users.cmdUser[1]);
     ExpectInStep(window);
   });
 }
@@ -187,9 +187,9 @@ TEST_F(DeleteCommands, ASoftDeletePassesTheNameThatAnEditHasStored) {
       user.Type(dialog.txtPassword, L"secret1");
       user.Type(dialog.txtVerify, L"secret1");
     });
-    user.Click(window.cmdUser[0]);
+    user.Click(window.Users.cmdUser[0]);
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
-    user.Click(window.cmdUser[1]);
+    user.Click(window.Users.cmdUser[1]);
     EXPECT_EQ(Raw().Text("SELECT NAME FROM QRUSER WHERE USERID = 9"), "Zola(9)");
   });
 }
@@ -209,7 +209,7 @@ TEST_F(DeleteCommands, TheWindowSaysHowFarItIsWhileAllUsersAreBroughtUpToDateSlo
       return 0L;
     };
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce groupe ?");
-    user.Click(window.cmdGroup[1]);
+    user.Click(window.Groups.cmdGroup[1]);
     log.FailAt = nullptr;
     EXPECT_TRUE(told);
     EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 11 groupes, 30 permissions");

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "browser/trees/GroupsTree.h"
 #include "browser/trees/TreeImages.h"
+#include "browser/trees/UsersTree.h"
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
 #include "tests/support/window/MainWindowFixture.h"
@@ -21,21 +23,41 @@ std::wstring Wide(const char* utf8) {
 // Martin is user 9; Qualité, group 6, is none of his.
 class Folders : public test_support::MainWindowFixture {
  protected:
-  static TreeView& Users(frmUserGroupPerm& window) { return window.TreeView1[0]; }
-  static TreeView& Groups(frmUserGroupPerm& window) { return window.TreeView1[1]; }
-  static int At(const TreeView& tree, const wchar_t* key) { return tree.Nodes().Find(key); }
+  static TreeView& Users(frmUserGroupPerm& window) { return window.Users.TreeView1; }
+  static TreeView& Groups(frmUserGroupPerm& window) { return window.Groups.TreeView1; }
+  static controls::NodeId At(const TreeView& tree, const wchar_t* key) {
+    return tree.Nodes().Find(key);
+  }
+  // Runs the script with builders over the two trees of the started window.
+  void RunWithTrees(const std::function<void(frmUserGroupPerm& window, UsersTree& users,
+                                             GroupsTree& groups)>& script) {
+    Run([&](frmUserGroupPerm& window) {
+      const TreeCaptions captions = TreeCaptions::Load(global);
+      const TreeContext context{global, captions, window.accounts, [](int, int) {}};
+      std::int16_t count = 0;
+      UsersTree users(context, window.Users.TreeView1, count);
+      GroupsTree groups(context, window.Groups.TreeView1, count);
+      script(window, users, groups);
+    });
+  }
+  // What is the standard report of a node that does not live.
+  void ExpectNoSuchNode(const wchar_t* procedure) {
+    user.ExpectMsgBox(
+        {.answer = controls::kResultOk,
+         .prompt = std::wstring(procedure) + L" Error [35601]\r\n" + desktop.LoadResString(45601)});
+  }
 };
 
 TEST_F(Folders, ARebuiltFolderIsReadWithTheStatementOfItsKindAlone) {
-  Run([this](frmUserGroupPerm& window) {
+  RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree& groupsTree) {
     const int martin = At(Users(window), L"\\TUS \\U9");
     const int quality = At(Groups(window), L"\\TGR \\G6");
     log.statements.clear();
-    EXPECT_EQ(window.Folders().EditMemberOfNode(martin), data::kDone);
-    EXPECT_EQ(window.Folders().EditUserPermissionsNode(martin), data::kDone);
-    EXPECT_EQ(window.Folders().EditAllPermissionsNode(martin), data::kDone);
-    EXPECT_EQ(window.Folders().EditMembersNode(quality), data::kDone);
-    EXPECT_EQ(window.Folders().EditGroupPermissionsNode(quality), data::kDone);
+    EXPECT_EQ(usersTree.EditMemberOfNode(martin), app::Outcome::kDone);
+    EXPECT_EQ(usersTree.EditUserPermissionsNode(martin), app::Outcome::kDone);
+    EXPECT_EQ(usersTree.EditAllPermissionsNode(martin), app::Outcome::kDone);
+    EXPECT_EQ(groupsTree.EditMembersNode(quality), app::Outcome::kDone);
+    EXPECT_EQ(groupsTree.EditGroupPermissionsNode(quality), app::Outcome::kDone);
     EXPECT_EQ(log.statements,
               (Strings{data::SqlSelectUserGroups(9), data::SqlSelectUserPermissionNames(9),
                        data::SqlSelectInheritedPermissions(9), data::SqlSelectGroupUsers(6),
@@ -44,11 +66,11 @@ TEST_F(Folders, ARebuiltFolderIsReadWithTheStatementOfItsKindAlone) {
 }
 
 TEST_F(Folders, ARebuiltFolderShowsWhatTheDatabaseHoldsInOrder) {
-  Run([this](frmUserGroupPerm& window) {
+  RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree&) {
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
     Raw().Execute("DELETE FROM QRUSGP WHERE USERID = 9 AND GROUPID = 7");
     Raw().Execute("UPDATE QRGROUP SET DESCR = NULL WHERE GROUPID = 12");
-    EXPECT_EQ(window.Folders().EditMemberOfNode(At(Users(window), L"\\TUS \\U9")), data::kDone);
+    EXPECT_EQ(usersTree.EditMemberOfNode(At(Users(window), L"\\TUS \\U9")), app::Outcome::kDone);
     EXPECT_EQ(ChildTexts(Users(window), At(Users(window), L"\\TMO \\U9 \\G")),
               (Strings{L"Laboratoire", Wide("Qualité (Contrôle final et réclamations)"),
                        L"Tout le monde (Tous les utilisateurs)"}));
@@ -56,7 +78,7 @@ TEST_F(Folders, ARebuiltFolderShowsWhatTheDatabaseHoldsInOrder) {
 }
 
 TEST_F(Folders, AFolderIsTheSameAfterItsRebuildAsAfterARefresh) {
-  Run([this](frmUserGroupPerm& window) {
+  RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree&) {
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
     Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 9 AND PERMID = 14");
     const auto look = [&] {
@@ -71,8 +93,8 @@ TEST_F(Folders, AFolderIsTheSameAfterItsRebuildAsAfterARefresh) {
     };
     const Strings before = look();
     const int martin = At(Users(window), L"\\TUS \\U9");
-    window.Folders().EditUserPermissionsNode(martin);
-    window.Folders().EditAllPermissionsNode(martin);
+    EXPECT_EQ(usersTree.EditUserPermissionsNode(martin), app::Outcome::kDone);
+    EXPECT_EQ(usersTree.EditAllPermissionsNode(martin), app::Outcome::kDone);
     const Strings rebuilt = look();
     EXPECT_NE(rebuilt, before);
     user.Click(window.cmdBtn[0]);
@@ -81,15 +103,15 @@ TEST_F(Folders, AFolderIsTheSameAfterItsRebuildAsAfterARefresh) {
 }
 
 TEST_F(Folders, ARebuiltFolderStaysOpenOrClosed) {
-  Run([this](frmUserGroupPerm& window) {
+  RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree&) {
     TreeView& users = Users(window);
     const int martin = At(users, L"\\TUS \\U9");
     const int open = At(users, L"\\TMO \\U9 \\G");
     const int closed = At(users, L"\\TAP \\U9 \\P");
     user.Expand(users, open);
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
-    window.Folders().EditMemberOfNode(martin);
-    window.Folders().EditAllPermissionsNode(martin);
+    EXPECT_EQ(usersTree.EditMemberOfNode(martin), app::Outcome::kDone);
+    EXPECT_EQ(usersTree.EditAllPermissionsNode(martin), app::Outcome::kDone);
     EXPECT_TRUE(users.Nodes().Expanded(open));
     EXPECT_EQ(users.Nodes().Image(open), kFolderOpen);
     EXPECT_FALSE(users.Nodes().Expanded(closed));
@@ -99,32 +121,32 @@ TEST_F(Folders, ARebuiltFolderStaysOpenOrClosed) {
 
 TEST_F(Folders, AnEmptyFolderIsClosedAfterItsRebuild) {
   Raw().Execute("DELETE FROM QRUSGP WHERE GROUPID = 6");
-  Run([this](frmUserGroupPerm& window) {
+  RunWithTrees([this](frmUserGroupPerm& window, UsersTree&, GroupsTree& groupsTree) {
     TreeView& groups = Groups(window);
     const int folder = At(groups, L"\\TMS \\G6 \\U");
     groups.SetExpanded(folder, true);
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
-    window.Folders().EditMembersNode(At(groups, L"\\TGR \\G6"));
+    EXPECT_EQ(groupsTree.EditMembersNode(At(groups, L"\\TGR \\G6")), app::Outcome::kDone);
     EXPECT_EQ(ChildTexts(groups, folder), Strings{L"Martin (Jean Martin)"});
     EXPECT_FALSE(groups.Nodes().Expanded(folder));
   });
 }
 
 TEST_F(Folders, TheSelectionInARebuiltFolderStaysOnWhatIsStillThere) {
-  Run([this](frmUserGroupPerm& window) {
+  RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree&) {
     TreeView& users = Users(window);
     user.Select(users, At(users, L"\\TGU \\U9 \\G12"));
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
-    window.Folders().EditMemberOfNode(At(users, L"\\TUS \\U9"));
+    EXPECT_EQ(usersTree.EditMemberOfNode(At(users, L"\\TUS \\U9")), app::Outcome::kDone);
     EXPECT_EQ(users.Nodes().Key(users.SelectedNode()), L"\\TGU \\U9 \\G12");
     Raw().Execute("DELETE FROM QRUSGP WHERE USERID = 9");
-    window.Folders().EditMemberOfNode(At(users, L"\\TUS \\U9"));
+    EXPECT_EQ(usersTree.EditMemberOfNode(At(users, L"\\TUS \\U9")), app::Outcome::kDone);
     EXPECT_EQ(users.Nodes().Key(users.SelectedNode()), L"\\TMO \\U9 \\G");
   });
 }
 
 TEST_F(Folders, AFolderThatCannotBeReadKeepsWhatItShowedAndTheBuilderIsNamed) {
-  Run([this](frmUserGroupPerm& window) {
+  RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree&) {
     TreeView& users = Users(window);
     const int folder = At(users, L"\\TMO \\U9 \\G");
     const Strings before = ChildTexts(users, folder);
@@ -132,27 +154,43 @@ TEST_F(Folders, AFolderThatCannotBeReadKeepsWhatItShowedAndTheBuilderIsNamed) {
     user.ExpectMsgBox(
         {.answer = controls::kResultOk,
          .prompt = L"UserNode Error [3021]\r\ninjected: " + data::SqlSelectUserGroups(9)});
-    EXPECT_EQ(window.Folders().EditMemberOfNode(At(users, L"\\TUS \\U9")), data::kFailed);
+    EXPECT_EQ(usersTree.EditMemberOfNode(At(users, L"\\TUS \\U9")), app::Outcome::kFailed);
     EXPECT_EQ(ChildTexts(users, folder), before);
     log.FailAt = nullptr;
   });
 }
 
 TEST_F(Folders, AnAccountWithoutFoldersIsLeftAlone) {
-  Run([this](frmUserGroupPerm& window) {
+  RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree&) {
     const int martin = At(Users(window), L"\\TUS \\U9");
-    window.Folders().DelAllChild(0, martin);
+    Users(window).RemoveChildren(martin);
     EXPECT_FALSE(Users(window).Nodes().HasChildren(martin));
     log.statements.clear();
-    EXPECT_EQ(window.Folders().EditMemberOfNode(martin), data::kDone);
+    EXPECT_EQ(usersTree.EditMemberOfNode(martin), app::Outcome::kDone);
     EXPECT_TRUE(log.statements.empty());
   });
 }
 
+TEST_F(Folders, ANodeThatDoesNotLiveIsReportedUnderTheOperationsName) {
+  RunWithTrees([this](frmUserGroupPerm&, UsersTree& usersTree, GroupsTree& groupsTree) {
+    constexpr controls::NodeId kDead{999999};
+    ExpectNoSuchNode(L"EditMemberOfNode");
+    EXPECT_EQ(usersTree.EditMemberOfNode(kDead), app::Outcome::kFailed);
+    ExpectNoSuchNode(L"EditUserPermissionsNode");
+    EXPECT_EQ(usersTree.EditUserPermissionsNode(kDead), app::Outcome::kFailed);
+    ExpectNoSuchNode(L"EditAllPermissionsNode");
+    EXPECT_EQ(usersTree.EditAllPermissionsNode(kDead), app::Outcome::kFailed);
+    ExpectNoSuchNode(L"EditMembersNode");
+    EXPECT_EQ(groupsTree.EditMembersNode(kDead), app::Outcome::kFailed);
+    ExpectNoSuchNode(L"EditGroupPermissionsNode");
+    EXPECT_EQ(groupsTree.EditGroupPermissionsNode(kDead), app::Outcome::kFailed);
+  });
+}
+
 TEST_F(Folders, AllMembersFoldersAreReadInOneReadInTheOrderOfTheTree) {
-  Run([this](frmUserGroupPerm& window) {
+  RunWithTrees([this](frmUserGroupPerm& window, UsersTree&, GroupsTree& groupsTree) {
     log.statements.clear();
-    EXPECT_EQ(window.Folders().EditGroupNode(), data::kDone);
+    EXPECT_EQ(groupsTree.EditGroupNode(), app::Outcome::kDone);
     const TreeNodes& nodes = Groups(window).Nodes();
     Strings expected{L"BeginRead"};
     for (int group = nodes.FirstChild(1); group != controls::kNoNode; group = nodes.Next(group)) {
@@ -165,9 +203,9 @@ TEST_F(Folders, AllMembersFoldersAreReadInOneReadInTheOrderOfTheTree) {
 }
 
 TEST_F(Folders, EveryUsersGroupsAndPermissionsAreReadInOneRead) {
-  Run([this](frmUserGroupPerm& window) {
+  RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree&) {
     log.statements.clear();
-    EXPECT_EQ(window.Folders().EditUserNode(), data::kDone);
+    EXPECT_EQ(usersTree.EditUserNode(), app::Outcome::kDone);
     const TreeNodes& nodes = Users(window).Nodes();
     Strings expected{L"BeginRead"};
     for (int account = nodes.FirstChild(1); account != controls::kNoNode;
@@ -179,16 +217,16 @@ TEST_F(Folders, EveryUsersGroupsAndPermissionsAreReadInOneRead) {
     EXPECT_EQ(log.statements, expected);
 
     log.statements.clear();
-    EXPECT_EQ(window.Folders().EditAllPermissionsUserNode(), data::kDone);
+    EXPECT_EQ(usersTree.EditAllPermissionsUserNode(), app::Outcome::kDone);
     EXPECT_EQ(log.statements.size(), 2u + 39u);
     EXPECT_EQ(log.statements[1].substr(0, 15), L"SELECT DISTINCT");
   });
 }
 
 TEST_F(Folders, RebuildingAllAccountsAsksForEachDisplayFormOnce) {
-  Run([this](frmUserGroupPerm& window) {
+  RunWithTrees([this](frmUserGroupPerm&, UsersTree& usersTree, GroupsTree&) {
     log.serverCalls.clear();
-    window.Folders().EditUserNode();
+    EXPECT_EQ(usersTree.EditUserNode(), app::Outcome::kDone);
     Strings calls = log.serverCalls;
     std::sort(calls.begin(), calls.end());
     EXPECT_EQ(std::adjacent_find(calls.begin(), calls.end()), calls.end());
@@ -197,22 +235,27 @@ TEST_F(Folders, RebuildingAllAccountsAsksForEachDisplayFormOnce) {
 }
 
 TEST_F(Folders, TheFirstAccountThatCannotBeReadEndsTheRebuildOfAll) {
-  Run([this](frmUserGroupPerm& window) {
+  RunWithTrees([this](frmUserGroupPerm&, UsersTree&, GroupsTree& groupsTree) {
     const std::wstring victim = data::SqlSelectGroupUsers(6);
-    log.FailAt = [&](const std::wstring& call) { return call == victim ? 3021L : 0L; };
+    // Nor can any other account be read from then on.
+    log.FailAt = [&, failing = false](const std::wstring& call) mutable {
+      failing |= call == victim;
+      return failing && call != L"EndRead" ? 3021L : 0L;
+    };
     user.ExpectMsgBox({.answer = controls::kResultOk,
                        .prompt = L"GroupNode Error [3021]\r\ninjected: " + victim});
-    EXPECT_EQ(window.Folders().EditGroupNode(), data::kFailed);
-    EXPECT_EQ(log.statements.back(), L"EndRead");
+    EXPECT_EQ(groupsTree.EditGroupNode(), app::Outcome::kFailed);
+    EXPECT_EQ((Strings{log.statements.end() - 2, log.statements.end()}),
+              (Strings{victim, L"EndRead"}));
   });
 }
 
 TEST_F(Folders, AReadThatCannotBeginIsReportedUnderTheRebuildsName) {
-  Run([this](frmUserGroupPerm& window) {
+  RunWithTrees([this](frmUserGroupPerm&, UsersTree& usersTree, GroupsTree&) {
     log.FailAt = [](const std::wstring& call) { return call == L"BeginRead" ? 5L : 0L; };
     user.ExpectMsgBox({.answer = controls::kResultOk,
                        .prompt = L"EditUserNode Error [5]\r\ninjected: BeginRead"});
-    EXPECT_EQ(window.Folders().EditUserNode(), data::kFailed);
+    EXPECT_EQ(usersTree.EditUserNode(), app::Outcome::kFailed);
   });
 }
 

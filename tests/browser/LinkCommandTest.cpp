@@ -66,7 +66,7 @@ TEST_F(LinkAssignment, OfGroupsToAUserWritesThemAndUpdatesHimAndEveryGroup) {
     Select(window, 0, L"\\TMO \\U9 \\G");
     log.statements.clear();
     ExpectChooser(L"Groupes", L"Membre du Groupe", 9, {6, 3});
-    user.Click(window.cmdMemberOf[0]);
+    user.Click(window.Users.cmdMemberOf[0]);
     EXPECT_EQ(log.statements,
               Joined({data::SqlSelectAllGroups(), data::SqlSelectUserGroupIds(9),
                       data::SqlSelectMembership(9, 3), data::SqlSelectMembership(9, 6),
@@ -86,7 +86,7 @@ TEST_F(LinkAssignment, OfPermissionsToAUserWritesThemAndUpdatesHisFolders) {
     Select(window, 0, L"\\TUP \\U9 \\P");
     log.statements.clear();
     ExpectChooser(L"Permissions", L"Droits Utilisateur", 9, {16, 30});
-    user.Click(window.cmdUserPermission[0]);
+    user.Click(window.Users.cmdUserPermission[0]);
     EXPECT_EQ(
         log.statements,
         (Strings{data::SqlSelectAllPermissions(), data::SqlSelectUserPermIds(9),
@@ -112,7 +112,7 @@ TEST_F(LinkAssignment, OfMembersToAGroupAddsThemAndUpdatesItAndEveryUser) {
       EXPECT_EQ(dialog.Caption(),
                 L"Ajouter des Utilisateurs : Qualité (Contrôle final et réclamations)");
     });
-    user.Click(window.cmdMember[0]);
+    user.Click(window.Groups.cmdMember[0]);
     EXPECT_EQ(log.statements,
               Joined(Joined({data::SqlSelectAllUsers(), data::SqlSelectGroupUsers(6)},
                             MembershipLookups()),
@@ -130,7 +130,7 @@ TEST_F(LinkAssignment, OfPermissionsToAGroupAddsThemAndUpdatesEveryUsersPermissi
     Select(window, 1, L"\\TGP \\G6 \\P");
     log.statements.clear();
     ExpectChooser(L"Permissions", L"Droits du Groupe", 6, {30});
-    user.Click(window.cmdGroupPermission[0]);
+    user.Click(window.Groups.cmdGroupPermission[0]);
     EXPECT_EQ(
         log.statements,
         Joined({data::SqlSelectAllPermissions(), data::SqlSelectGroupPermIds(6),
@@ -154,7 +154,7 @@ TEST_F(LinkAssignment, TellsTheMembersDialogThatAdminStaysInAdministrators) {
       user.ExpectMsgBox({.answer = controls::kResultOk, .style = controls::kInformation});
       user.Click(dialog.cmdBtn[4]);
     });
-    user.Click(window.cmdMember[0]);
+    user.Click(window.Groups.cmdMember[0]);
     EXPECT_EQ(Raw().Rows("SELECT USERID FROM QRUSGP WHERE GROUPID = 1 ORDER BY 1"),
               (Rows{{"1"}, {"2"}, {"9"}}));
     ExpectInStep(window);
@@ -168,12 +168,12 @@ TEST_F(LinkAssignment, ThatEmptiesAGroupTakesEveryMembershipOfIt) {
       user.Click(dialog.cmdBtn[4]);
       log.statements.clear();
     });
-    user.Click(window.cmdMember[0]);
+    user.Click(window.Groups.cmdMember[0]);
     EXPECT_EQ(log.statements, Joined({L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID =  6",
                                       data::SqlSelectGroupUsers(6)},
                                      UserRebuild(window)));
     EXPECT_EQ(Selected(window, 1), L"\\TMS \\G6 \\U");
-    EXPECT_FALSE(window.cmdMember[1].Enabled());
+    EXPECT_FALSE(window.Groups.cmdMember[1].Enabled());
     ExpectInStep(window);
   });
 }
@@ -185,20 +185,20 @@ TEST_F(LinkAssignment, KeepsSelectionAndExpansion) {
     controls::CommandButton* (*button)(frmUserGroupPerm& window);
   };
   const Case cases[] = {
-      {0, L"\\TGU \\U9 \\G7", [](frmUserGroupPerm& w) { return &w.cmdMemberOf[0]; }},
-      {0, L"\\TPU \\U9 \\P14", [](frmUserGroupPerm& w) { return &w.cmdUserPermission[0]; }},
-      {1, L"\\TPG \\G6 \\P21", [](frmUserGroupPerm& w) { return &w.cmdGroupPermission[0]; }},
-      {0, L"\\TUS \\U3", [](frmUserGroupPerm& w) { return &w.cmdMemberOf[0]; }},
-      {0, L"\\TUS \\U3", [](frmUserGroupPerm& w) { return &w.cmdUserPermission[0]; }},
-      {1, L"\\TGR \\G12", [](frmUserGroupPerm& w) { return &w.cmdGroupPermission[0]; }},
-      {1, L"\\TUG \\G6 \\U34", [](frmUserGroupPerm& w) { return &w.cmdMember[0]; }},
-      {1, L"\\TGR \\G12", [](frmUserGroupPerm& w) { return &w.cmdMember[0]; }},
+      {0, L"\\TGU \\U9 \\G7", [](frmUserGroupPerm& w) { return &w.Users.cmdMemberOf[0]; }},
+      {0, L"\\TPU \\U9 \\P14", [](frmUserGroupPerm& w) { return &w.Users.cmdUserPermission[0]; }},
+      {1, L"\\TPG \\G6 \\P21", [](frmUserGroupPerm& w) { return &w.Groups.cmdGroupPermission[0]; }},
+      {0, L"\\TUS \\U3", [](frmUserGroupPerm& w) { return &w.Users.cmdMemberOf[0]; }},
+      {0, L"\\TUS \\U3", [](frmUserGroupPerm& w) { return &w.Users.cmdUserPermission[0]; }},
+      {1, L"\\TGR \\G12", [](frmUserGroupPerm& w) { return &w.Groups.cmdGroupPermission[0]; }},
+      {1, L"\\TUG \\G6 \\U34", [](frmUserGroupPerm& w) { return &w.Groups.cmdMember[0]; }},
+      {1, L"\\TGR \\G12", [](frmUserGroupPerm& w) { return &w.Groups.cmdMember[0]; }},
   };
   for (const Case& test : cases) {
     UseSample();
     Run([&](frmUserGroupPerm& window) {
       const auto expanded = [&window, &test] {
-        const controls::TreeNodes& nodes = window.TreeView1[test.tree].Nodes();
+        const controls::TreeNodes& nodes = window.Page(test.tree).TreeView1.Nodes();
         Strings keys;
         for (int node = nodes.NextIndex(0); node != controls::kNoNode;
              node = nodes.NextIndex(node)) {
@@ -247,15 +247,15 @@ TEST_F(LinkAssignment, OfNothingTickedOrCancelledChangesNoNode) {
       user.Click(button);
       EXPECT_TRUE(log.statements.empty());
     };
-    nothing(0, L"\\TMO \\U9 \\G", window.cmdMemberOf[0]);
-    nothing(0, L"\\TUP \\U9 \\P", window.cmdUserPermission[0]);
-    nothing(1, L"\\TGP \\G6 \\P", window.cmdGroupPermission[0]);
+    nothing(0, L"\\TMO \\U9 \\G", window.Users.cmdMemberOf[0]);
+    nothing(0, L"\\TUP \\U9 \\P", window.Users.cmdUserPermission[0]);
+    nothing(1, L"\\TGP \\G6 \\P", window.Groups.cmdGroupPermission[0]);
     Select(window, 1, L"\\TMS \\G6 \\U");
     user.ExpectModal([this](controls::Form& form) {
       user.PressKey(form, test_support::kKeyEscape);
       log.statements.clear();
     });
-    user.Click(window.cmdMember[0]);
+    user.Click(window.Groups.cmdMember[0]);
     EXPECT_TRUE(log.statements.empty());
     EXPECT_EQ(Look(window), before);
   });
@@ -264,11 +264,11 @@ TEST_F(LinkAssignment, OfNothingTickedOrCancelledChangesNoNode) {
 TEST_F(LinkAssignment, WithoutAnAccountOpensNothing) {
   Run([this](frmUserGroupPerm& window) {
     log.statements.clear();
-    window.cmdMemberOf_Click(0);
-    window.cmdUserPermission_Click(0);
+    window.Users.cmdMemberOf_Click(0);
+    window.Users.cmdUserPermission_Click(0);
     user.ChooseTab(window.TabStrip1, 1);
-    window.cmdMember_Click(0);
-    window.cmdGroupPermission_Click(0);
+    window.Groups.cmdMember_Click(0);
+    window.Groups.cmdGroupPermission_Click(0);
     EXPECT_TRUE(log.statements.empty());
   });
 }
@@ -278,7 +278,7 @@ TEST_F(LinkAssignment, ForgetsWhatAnEarlierDialogHasHandedBack) {
     Select(window, 0, L"\\TUS \\U9");
     window.exchange.AddNode = true;
     user.ExpectModal([](controls::Form& form) { form.Unload(); });
-    user.Click(window.cmdMemberOf[0]);
+    user.Click(window.Users.cmdMemberOf[0]);
     EXPECT_FALSE(window.exchange.AddNode);
   });
 }
@@ -287,10 +287,10 @@ TEST_F(LinkAssignment, OnTheUsersTabBringsBackInStepWhatARemovalThereHadLeft) {
   Run([this](frmUserGroupPerm& window) {
     Select(window, 0, L"\\TGU \\U9 \\G12");
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce membre du groupe ?");
-    user.Click(window.cmdMemberOf[1]);
+    user.Click(window.Users.cmdMemberOf[1]);
     EXPECT_TRUE(Has(window, 1, L"\\TUG \\G12 \\U9"));
     ExpectChooser(L"Groupes", L"Membre du Groupe", 9, {6});
-    user.Click(window.cmdMemberOf[0]);
+    user.Click(window.Users.cmdMemberOf[0]);
     EXPECT_FALSE(Has(window, 1, L"\\TUG \\G12 \\U9"));
     ExpectInStep(window);
   });
@@ -300,7 +300,7 @@ TEST_F(LinkAssignment, OfAGroupToAdminIsNoEditOfHimAndShowsInBothTrees) {
   Run([this](frmUserGroupPerm& window) {
     Select(window, 0, L"\\TUS \\U1");
     ExpectChooser(L"Groupes", L"Membre du Groupe", 1, {6});
-    user.Click(window.cmdMemberOf[0]);
+    user.Click(window.Users.cmdMemberOf[0]);
     EXPECT_TRUE(Has(window, 1, L"\\TUG \\G6 \\U1"));
     ExpectInStep(window);
   });
@@ -317,12 +317,12 @@ TEST_F(LinkAssignment, OfALinkThatSomebodyElseHasMadeMeanwhileIsReportedAndKeeps
       user.ExpectMsgBox({.answer = controls::kResultOk, .style = controls::kExclamation});
       user.Click(dialog.cmdOK);
     });
-    user.Click(window.cmdMemberOf[0]);
+    user.Click(window.Users.cmdMemberOf[0]);
     EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"UpdateData Error ["));
     EXPECT_FALSE(window.exchange.AddNode);
     EXPECT_EQ(Look(window), before);
     EXPECT_EQ(Raw().Number("SELECT COUNT(*) FROM QRUSGP WHERE USERID = 9 AND GROUPID = 3"), 1);
-    EXPECT_EQ(window.RefreshTree(), data::kDone);
+    EXPECT_EQ(window.RefreshTree(), app::Outcome::kDone);
     EXPECT_TRUE(Has(window, 0, L"\\TGU \\U9 \\G3"));
   });
 }

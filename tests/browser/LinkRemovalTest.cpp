@@ -23,7 +23,7 @@ constexpr const wchar_t* kAskGroupPermission =
 struct Removal {
   int tree;
   controls::CommandButton* (*button)(frmUserGroupPerm& window);
-  void (frmUserGroupPerm::*handler)(int Index);
+  void (*handler)(frmUserGroupPerm& window, int Index);
   const wchar_t* leaf;
   const wchar_t* folder;
   const wchar_t* question;
@@ -35,22 +35,26 @@ struct Removal {
 // Martin (9) is in Laboratoire (12) and holds 14; L'Hermitte (15) is in Qualité (6), which
 // gives 21.
 const Removal kRemovals[] = {
-    {0, [](frmUserGroupPerm& window) { return &window.cmdMemberOf[1]; },
-     &frmUserGroupPerm::cmdMemberOf_Click, L"\\TGU \\U9 \\G12", L"\\TMO \\U9 \\G", kAskMembership,
+    {0, [](frmUserGroupPerm& window) { return &window.Users.cmdMemberOf[1]; },
+     [](frmUserGroupPerm& window, int Index) { window.Users.cmdMemberOf_Click(Index); },
+     L"\\TGU \\U9 \\G12", L"\\TMO \\U9 \\G", kAskMembership,
      L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID = 12 and QRUSGP.USERID =9",
      data::SqlSelectUserGroups(9), "SELECT COUNT(*) FROM QRUSGP WHERE USERID = 9 AND GROUPID = 12"},
-    {0, [](frmUserGroupPerm& window) { return &window.cmdUserPermission[1]; },
-     &frmUserGroupPerm::cmdUserPermission_Click, L"\\TPU \\U9 \\P14", L"\\TUP \\U9 \\P",
-     kAskUserPermission, L"DELETE FROM QRUPRM WHERE QRUPRM.PERMID = 14 and QRUPRM.USERID =9",
+    {0, [](frmUserGroupPerm& window) { return &window.Users.cmdUserPermission[1]; },
+     [](frmUserGroupPerm& window, int Index) { window.Users.cmdUserPermission_Click(Index); },
+     L"\\TPU \\U9 \\P14", L"\\TUP \\U9 \\P", kAskUserPermission,
+     L"DELETE FROM QRUPRM WHERE QRUPRM.PERMID = 14 and QRUPRM.USERID =9",
      data::SqlSelectUserPermissionNames(9),
      "SELECT COUNT(*) FROM QRUPRM WHERE USERID = 9 AND PERMID = 14"},
-    {1, [](frmUserGroupPerm& window) { return &window.cmdMember[1]; },
-     &frmUserGroupPerm::cmdMember_Click, L"\\TUG \\G6 \\U15", L"\\TMS \\G6 \\U", kAskMember,
+    {1, [](frmUserGroupPerm& window) { return &window.Groups.cmdMember[1]; },
+     [](frmUserGroupPerm& window, int Index) { window.Groups.cmdMember_Click(Index); },
+     L"\\TUG \\G6 \\U15", L"\\TMS \\G6 \\U", kAskMember,
      L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID = 6 and QRUSGP.USERID =15",
      data::SqlSelectGroupUsers(6), "SELECT COUNT(*) FROM QRUSGP WHERE USERID = 15 AND GROUPID = 6"},
-    {1, [](frmUserGroupPerm& window) { return &window.cmdGroupPermission[1]; },
-     &frmUserGroupPerm::cmdGroupPermission_Click, L"\\TPG \\G6 \\P21", L"\\TGP \\G6 \\P",
-     kAskGroupPermission, L"DELETE FROM QRGPRM WHERE QRGPRM.PERMID = 21 and QRGPRM.GROUPID =6",
+    {1, [](frmUserGroupPerm& window) { return &window.Groups.cmdGroupPermission[1]; },
+     [](frmUserGroupPerm& window, int Index) { window.Groups.cmdGroupPermission_Click(Index); },
+     L"\\TPG \\G6 \\P21", L"\\TGP \\G6 \\P", kAskGroupPermission,
+     L"DELETE FROM QRGPRM WHERE QRGPRM.PERMID = 21 and QRGPRM.GROUPID =6",
      data::SqlSelectGroupPermissionNames(6),
      "SELECT COUNT(*) FROM QRGPRM WHERE GROUPID = 6 AND PERMID = 21"},
 };
@@ -108,17 +112,17 @@ TEST_F(LinkRemoval, LeavesTheTreesAsARefreshShowsThemButForWhatTheUsersTabLeaves
 TEST_F(LinkRemoval, OfAMembershipOnTheUsersTabUpdatesThatUsersPermissionsAndNotTheGroups) {
   Run([this](frmUserGroupPerm& window) {
     const Removal& membership = kRemovals[0];
-    const Strings groups = ChildTexts(window.TreeView1[1], At(window, 1, L"\\TMS \\G12 \\U"));
+    const Strings groups = ChildTexts(window.Groups.TreeView1, At(window, 1, L"\\TMS \\G12 \\U"));
     // 20 is Martin's own, too; without that it would come from the group alone.
     Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 9 AND PERMID = 20");
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (8, 12)");
-    window.RefreshTree();
+    EXPECT_EQ(window.RefreshTree(), app::Outcome::kDone);
     EXPECT_TRUE(Has(window, 0, L"\\TPA \\U9 \\P20"));
     Remove(window, membership);
     EXPECT_FALSE(Has(window, 0, L"\\TPA \\U9 \\P20"));
     EXPECT_TRUE(Has(window, 0, L"\\TPA \\U8 \\P20"));
     EXPECT_TRUE(Has(window, 1, L"\\TUG \\G12 \\U9"));
-    EXPECT_EQ(ChildTexts(window.TreeView1[1], At(window, 1, L"\\TMS \\G12 \\U")).size(),
+    EXPECT_EQ(ChildTexts(window.Groups.TreeView1, At(window, 1, L"\\TMS \\G12 \\U")).size(),
               groups.size() + 1);
     user.Click(window.cmdBtn[0]);
     EXPECT_FALSE(Has(window, 1, L"\\TUG \\G12 \\U9"));
@@ -129,7 +133,7 @@ TEST_F(LinkRemoval, OfThatSameMembershipOnTheGroupsTabUpdatesTheUsersAtOnce) {
   Run([this](frmUserGroupPerm& window) {
     Select(window, 1, L"\\TUG \\G12 \\U9");
     ExpectQuestion(kResultYes, kAskMember);
-    user.Click(window.cmdMember[1]);
+    user.Click(window.Groups.cmdMember[1]);
     EXPECT_FALSE(Has(window, 0, L"\\TGU \\U9 \\G12"));
     ExpectInStep(window);
   });
@@ -154,7 +158,7 @@ TEST_F(LinkRemoval, OfAUsersPermissionLeavesItAmongAllWhereAGroupGivesIt) {
   Run([this](frmUserGroupPerm& window) {
     Remove(window, kRemovals[1]);
     EXPECT_TRUE(Has(window, 0, L"\\TPA \\U9 \\P14"));
-    EXPECT_EQ(user.TipOf(window.TreeView1[0], At(window, 0, L"\\TPA \\U9 \\P14")),
+    EXPECT_EQ(user.TipOf(window.Users.TreeView1, At(window, 0, L"\\TPA \\U9 \\P14")),
               L"Par le groupe Production");
   });
 }
@@ -168,7 +172,7 @@ TEST_F(LinkRemoval, OnAFolderOrAnyOtherNodeWarnsInTwoLinesAndStops) {
         Select(window, removal.tree, key);
         log.statements.clear();
         ExpectWarning(text, kInformation);
-        (window.*removal.handler)(1);
+        removal.handler(window, 1);
         EXPECT_TRUE(log.statements.empty());
       }
     };
@@ -202,7 +206,8 @@ TEST_F(LinkRemoval, AnsweredWithNoChangesNothingAndSetsTheButtonsAgain) {
       SelectLeaf(window, removal);
       const Strings before = Look(window);
       ExpectQuestion(kResultNo, removal.question);
-      controls::CommandButton& edit = removal.tree == 0 ? window.cmdUser[0] : window.cmdGroup[0];
+      controls::CommandButton& edit =
+          removal.tree == 0 ? window.Users.cmdUser[0] : window.Groups.cmdGroup[0];
       edit.SetEnabled(false);
       Press(window, removal);
       EXPECT_TRUE(log.statements.empty());
@@ -269,16 +274,16 @@ TEST_F(LinkRemoval, PassesTheSelectionToTheNextLinkAndKeepsTheFoldersOpen) {
   Run([this](frmUserGroupPerm& window) {
     Remove(window, kRemovals[0]);
     EXPECT_EQ(Selected(window, 0), L"\\TGU \\U9 \\G7");
-    EXPECT_TRUE(window.cmdMemberOf[1].Enabled());
-    EXPECT_TRUE(window.TreeView1[0].Nodes().Expanded(At(window, 0, L"\\TUS \\U9")));
-    EXPECT_TRUE(window.TreeView1[0].Nodes().Expanded(At(window, 0, L"\\TMO \\U9 \\G")));
+    EXPECT_TRUE(window.Users.cmdMemberOf[1].Enabled());
+    EXPECT_TRUE(window.Users.TreeView1.Nodes().Expanded(At(window, 0, L"\\TUS \\U9")));
+    EXPECT_TRUE(window.Users.TreeView1.Nodes().Expanded(At(window, 0, L"\\TMO \\U9 \\G")));
     EXPECT_EQ(window.exchange.UserID, 9);
     EXPECT_EQ(window.exchange.GroupID, 7);
     ExpectQuestion(kResultYes, kAskMembership);
-    user.Click(window.cmdMemberOf[1]);
+    user.Click(window.Users.cmdMemberOf[1]);
     // Nobody leaves Everyone, which is left.
     EXPECT_EQ(Selected(window, 0), L"\\TGU \\U9 \\G2");
-    EXPECT_FALSE(window.cmdMemberOf[1].Enabled());
+    EXPECT_FALSE(window.Users.cmdMemberOf[1].Enabled());
   });
 }
 
@@ -287,8 +292,8 @@ TEST_F(LinkRemoval, OfTheLastLinkPassesTheSelectionToTheFolder) {
   Run([this](frmUserGroupPerm& window) {
     Remove(window, kRemovals[1]);
     EXPECT_EQ(Selected(window, 0), L"\\TUP \\U9 \\P");
-    EXPECT_FALSE(window.cmdUserPermission[1].Enabled());
-    EXPECT_EQ(window.selectedPermId, -1);
+    EXPECT_FALSE(window.Users.cmdUserPermission[1].Enabled());
+    EXPECT_EQ(window.Users.selectedPermId, -1);
     ExpectInStep(window);
   });
 }
@@ -298,18 +303,18 @@ TEST_F(LinkRemoval, KeepsTheOtherTabsSelectionWhereItsNodeIsStillThere) {
     Select(window, 0, L"\\TPA \\U15 \\P20");
     Remove(window, kRemovals[3]);
     EXPECT_EQ(Selected(window, 0), L"\\TPA \\U15 \\P20");
-    EXPECT_TRUE(window.TreeView1[0].Nodes().Expanded(At(window, 0, L"\\TAP \\U15 \\P")));
+    EXPECT_TRUE(window.Users.TreeView1.Nodes().Expanded(At(window, 0, L"\\TAP \\U15 \\P")));
   });
 }
 
 TEST_F(LinkRemoval, SetsTheOtherTabsButtonsForWhatItsSelectionHasPassedTo) {
   Run([this](frmUserGroupPerm& window) {
     Select(window, 0, L"\\TGU \\U15 \\G6");
-    EXPECT_TRUE(window.cmdMemberOf[1].Enabled());
+    EXPECT_TRUE(window.Users.cmdMemberOf[1].Enabled());
     Remove(window, kRemovals[2]);
     EXPECT_EQ(Selected(window, 0), L"\\TGU \\U15 \\G2");
     user.ChooseTab(window.TabStrip1, 0);
-    EXPECT_FALSE(window.cmdMemberOf[1].Enabled());
+    EXPECT_FALSE(window.Users.cmdMemberOf[1].Enabled());
   });
 }
 
@@ -321,10 +326,10 @@ TEST_F(LinkRemoval, OfAdminFromAdministratorsIsRefusedBeforeAnythingIsAsked) {
     ExpectWarning(
         L"Impossible de supprimer l'utilisateur de 'Admin (Administrateur principal)' le groupe.",
         kInformation);
-    user.Click(window.cmdMember[1]);
+    user.Click(window.Groups.cmdMember[1]);
     Select(window, 0, L"\\TGU \\U1 \\G1");
-    EXPECT_FALSE(window.cmdMemberOf[1].Enabled());
-    window.cmdMemberOf_Click(1);
+    EXPECT_FALSE(window.Users.cmdMemberOf[1].Enabled());
+    window.Users.cmdMemberOf_Click(1);
     EXPECT_TRUE(log.statements.empty());
     EXPECT_EQ(Look(window), before);
     EXPECT_EQ(Raw().Number("SELECT COUNT(*) FROM QRUSGP WHERE USERID = 1 AND GROUPID = 1"), 1);
@@ -335,7 +340,7 @@ TEST_F(LinkRemoval, OfAnotherMemberOfAdministratorsIsAllowed) {
   Run([this](frmUserGroupPerm& window) {
     Select(window, 1, L"\\TUG \\G1 \\U2");
     ExpectQuestion(kResultYes, kAskMember);
-    user.Click(window.cmdMember[1]);
+    user.Click(window.Groups.cmdMember[1]);
     EXPECT_EQ(Raw().Rows("SELECT USERID FROM QRUSGP WHERE GROUPID = 1"), (Rows{{"1"}}));
     ExpectInStep(window);
   });
@@ -346,7 +351,7 @@ TEST_F(LinkRemoval, OfAdminFromAnOrdinaryGroupIsAllowed) {
   Run([this](frmUserGroupPerm& window) {
     Select(window, 1, L"\\TUG \\G6 \\U1");
     ExpectQuestion(kResultYes, kAskMember);
-    user.Click(window.cmdMember[1]);
+    user.Click(window.Groups.cmdMember[1]);
     EXPECT_FALSE(Has(window, 0, L"\\TGU \\U1 \\G6"));
     ExpectInStep(window);
   });
@@ -360,7 +365,7 @@ TEST_F(LinkRemoval, OfAMemberWhomTheUsersTabHasTakenOutAlreadyReadsTheFolderAgai
     Select(window, 1, L"\\TUG \\G12 \\U9");
     ExpectQuestion(kResultYes, kAskMember);
     ExpectChangedMeanwhile();
-    user.Click(window.cmdMember[1]);
+    user.Click(window.Groups.cmdMember[1]);
     EXPECT_FALSE(Has(window, 1, L"\\TUG \\G12 \\U9"));
     ExpectInStep(window);
   });

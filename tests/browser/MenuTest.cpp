@@ -35,7 +35,7 @@ class TreeCommands : public CommandTest {
       menu = items;
       return 0;
     });
-    user.PressMenuKey(window.TreeView1[tree]);
+    user.PressMenuKey(window.Page(tree).TreeView1);
     return menu;
   }
 
@@ -51,8 +51,8 @@ class TreeCommands : public CommandTest {
       return std::vector<const CommandButton*>{&account[0], &account[1], &account[2], &first[0],
                                                &first[1],   &second[0],  &second[1]};
     };
-    return tree == 0 ? all(w.cmdUser, w.cmdMemberOf, w.cmdUserPermission)
-                     : all(w.cmdGroup, w.cmdMember, w.cmdGroupPermission);
+    return tree == 0 ? all(w.Users.cmdUser, w.Users.cmdMemberOf, w.Users.cmdUserPermission)
+                     : all(w.Groups.cmdGroup, w.Groups.cmdMember, w.Groups.cmdGroupPermission);
   }
 
   template <std::size_t kNodes>
@@ -80,7 +80,7 @@ class TreeCommands : public CommandTest {
       ADD_FAILURE() << "no such line";
       return 0;
     });
-    user.RightClick(window.TreeView1[tree], At(window, tree, key));
+    user.RightClick(window.Page(tree).TreeView1, At(window, tree, key));
   }
 
   template <typename Dialog>
@@ -150,7 +150,7 @@ TEST_F(TreeCommands, ExpandingAndCollapsingIsOfferedWhereItChangesSomething) {
 
 TEST_F(TreeCommands, TheMenuExpandsAndCollapses) {
   Run([this](frmUserGroupPerm& window) {
-    const controls::TreeNodes& nodes = window.TreeView1[0].Nodes();
+    const controls::TreeNodes& nodes = window.Users.TreeView1.Nodes();
     Choose(window, 0, L"\\TUS \\U9", L"&Développer");
     EXPECT_TRUE(nodes.Expanded(At(window, 0, L"\\TUS \\U9")));
     Choose(window, 0, L"\\TUS \\U9", L"Réd&uire");
@@ -274,7 +274,7 @@ TEST_F(TreeCommands, KeysDoNothingWhereTheButtonIsOffOrAFolderIsSelected) {
 TEST_F(TreeCommands, KeysBelongToTheTreeThatHasTheFocus) {
   Run([this](frmUserGroupPerm& window) {
     Select(window, 0, L"\\TUS \\U9");
-    user.Focus(window.cmdUser[2]);
+    user.Focus(window.Users.cmdUser[2]);
     log.statements.clear();
     user.PressKey(window, controls::kKeyF2);
     user.PressKey(window, controls::kKeyDelete);

@@ -13,7 +13,7 @@ class PermissionOrigins : public CommandTest {
   std::wstring Tip(frmUserGroupPerm& window, const wchar_t* key) {
     const int node = At(window, 0, key);
     EXPECT_NE(node, controls::kNoNode);
-    return user.TipOf(window.TreeView1[0], node);
+    return user.TipOf(window.Users.TreeView1, node);
   }
 };
 
@@ -33,7 +33,7 @@ TEST_F(PermissionOrigins, SeveralGroupsAreNamedInTheirOrder) {
   Run([this](frmUserGroupPerm& window) {
     EXPECT_EQ(Tip(window, L"\\TPA \\U16 \\P18"), L"Par les groupes Méthodes et Production");
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (16, 6)");
-    window.RefreshTree();
+    EXPECT_EQ(window.RefreshTree(), app::Outcome::kDone);
     EXPECT_EQ(Tip(window, L"\\TPA \\U16 \\P18"),
               L"Par les groupes Méthodes, Production et Qualité");
   });
@@ -74,8 +74,7 @@ TEST_F(PermissionOrigins, AGroupWhoseNameHoldsAPlaceholderIsNamedAsItIs) {
 // The trees may be out of step until the next refresh.
 TEST_F(PermissionOrigins, WhatTheTreesDoNotTellIsSaidToBeUnknown) {
   Run([this](frmUserGroupPerm& window) {
-    Raw().Execute("DELETE FROM QRGPRM WHERE GROUPID = 7 AND PERMID = 16");
-    window.Folders().EditGroupPermissionsNode(At(window, 1, L"\\TGR \\G7"));
+    window.Groups.TreeView1.Remove(At(window, 1, L"\\TPG \\G7 \\P16"));
     EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P16"), L"Origine inconnue : cliquez sur Rafraîchir.");
   });
 }
@@ -86,7 +85,7 @@ TEST_F(PermissionOrigins, OtherNodesHaveNone) {
                                L"\\TUP \\U9 \\P", L"\\TPU \\U9 \\P14", L"\\TAP \\U9 \\P"}) {
       EXPECT_EQ(Tip(window, key), L"");
     }
-    const TreeView& groups = window.TreeView1[1];
+    const TreeView& groups = window.Groups.TreeView1;
     EXPECT_EQ(groups.Tip, nullptr);
   });
 }
@@ -120,7 +119,7 @@ TEST_F(PermissionOrigins, FollowACommandAtOnce) {
               L"Accordée directement et par le groupe Laboratoire");
     Select(window, 0, L"\\TGU \\U9 \\G12");
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce membre du groupe ?");
-    user.Click(window.cmdMemberOf[1]);
+    user.Click(window.Users.cmdMemberOf[1]);
     EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P20"), L"Accordée directement");
   });
 }
@@ -129,10 +128,10 @@ TEST_F(PermissionOrigins, WhatAnErrorHasLeftOutComesFirstInTheStatusLine) {
   Run([this](frmUserGroupPerm& window) {
     log.FailAt = [](const std::wstring& call) { return call == L"EndRead" ? 3L : 0L; };
     user.ExpectMsgBox(controls::kResultOk);
-    EXPECT_EQ(window.RefreshTree(), data::kFailed);
+    EXPECT_EQ(window.RefreshTree(), app::Outcome::kFailed);
     log.FailAt = {};
     Select(window, 0, L"\\TPA \\U3 \\P11");
-    EXPECT_EQ(window.lblStatus.Caption(), Text(405));
+    EXPECT_EQ(window.lblStatus.Caption(), Text(408));
   });
 }
 

@@ -86,8 +86,10 @@ class Protection : public test_support::MainWindowFixture {
       return std::vector<CommandButton*>{&account[0], &account[1], &account[2], &first[0],
                                          &first[1],   &second[0],  &second[1]};
     };
-    return tree == 0 ? all(window.cmdUser, window.cmdMemberOf, window.cmdUserPermission)
-                     : all(window.cmdGroup, window.cmdMember, window.cmdGroupPermission);
+    return tree == 0
+               ? all(window.Users.cmdUser, window.Users.cmdMemberOf, window.Users.cmdUserPermission)
+               : all(window.Groups.cmdGroup, window.Groups.cmdMember,
+                     window.Groups.cmdGroupPermission);
   }
 
   static std::string Enabled(frmUserGroupPerm& window, int tree) {
@@ -102,10 +104,10 @@ class Protection : public test_support::MainWindowFixture {
 
   void Select(frmUserGroupPerm& window, const Row& row) {
     user.ChooseTab(window.TabStrip1, row.tree);
-    const int node = window.TreeView1[row.tree].Nodes().Find(row.key);
+    const int node = window.Page(row.tree).TreeView1.Nodes().Find(row.key);
     ASSERT_NE(node, controls::kNoNode) << data::ToUtf8(row.key);
-    if (window.TreeView1[row.tree].SelectedNode() != node) {
-      user.Select(window.TreeView1[row.tree], node);
+    if (window.Page(row.tree).TreeView1.SelectedNode() != node) {
+      user.Select(window.Page(row.tree).TreeView1, node);
     }
   }
 
@@ -203,7 +205,8 @@ class Protection : public test_support::MainWindowFixture {
         }
         user.Click(*buttons[i]);
         EXPECT_EQ(Enabled(window, row.tree), row.buttons) << data::ToUtf8(row.key) << " " << i;
-        EXPECT_EQ(window.TreeView1[row.tree].Nodes().Key(window.TreeView1[row.tree].SelectedNode()),
+        EXPECT_EQ(window.Page(row.tree).TreeView1.Nodes().Key(
+                      window.Page(row.tree).TreeView1.SelectedNode()),
                   row.key);
       }
     }
@@ -265,8 +268,8 @@ TEST_F(Protection, WhereTheProtectedAccountsAreMissingNothingIsProtected) {
             {1, L"\\TUG \\G2 \\U9", "EDN AR --"},
         };
         ExpectButtons(window, kRows);
-        EXPECT_TRUE(window.IsRemoveAdmin);
-        EXPECT_TRUE(window.IsRemoveAdministrator);
+        EXPECT_TRUE(window.Groups.IsRemoveAdmin);
+        EXPECT_TRUE(window.Users.IsRemoveAdministrator);
       },
       L"Moreau");
 }
@@ -275,13 +278,13 @@ TEST_F(Protection, TheFlagsForTheDialogsFollowTheSelection) {
   Run([this](frmUserGroupPerm& window) {
     const auto select = [&](int tree, const wchar_t* key) { Select(window, {tree, key, ""}); };
     select(0, L"\\TUP \\U1 \\P");
-    EXPECT_FALSE(window.IsRemoveAdministrator);
+    EXPECT_FALSE(window.Users.IsRemoveAdministrator);
     select(0, L"\\TGU \\U9 \\G12");
-    EXPECT_TRUE(window.IsRemoveAdministrator);
+    EXPECT_TRUE(window.Users.IsRemoveAdministrator);
     select(1, L"\\TGP \\G1 \\P");
-    EXPECT_FALSE(window.IsRemoveAdmin);
+    EXPECT_FALSE(window.Groups.IsRemoveAdmin);
     select(1, L"\\TGR \\G2");
-    EXPECT_TRUE(window.IsRemoveAdmin);
+    EXPECT_TRUE(window.Groups.IsRemoveAdmin);
   });
 }
 
@@ -289,7 +292,7 @@ TEST_F(Protection, ClosingTheNodeAboveTheSelectionSetsTheButtonsForTheNodeItPass
   Run([this](frmUserGroupPerm& window) {
     Select(window, {0, L"\\TGU \\U9 \\G12", ""});
     EXPECT_EQ(Enabled(window, 0), "EDN AR --");
-    TreeView& users = window.TreeView1[0];
+    TreeView& users = window.Users.TreeView1;
     user.Collapse(users, users.Nodes().Find(L"\\TMO \\U9 \\G"));
     EXPECT_EQ(Enabled(window, 0), "EDN A- --");
     user.Collapse(users, users.Nodes().Root());
@@ -303,20 +306,20 @@ TEST_F(Protection, CommandsGivenPastTheButtonsLeaveProtectedAccountsAlone) {
     const auto before = Stored();
     const auto select = [&](int tree, const wchar_t* key) { Select(window, {tree, key, ""}); };
     select(0, L"\\TUS \\U1");
-    window.cmdUser_Click(1);
+    window.Users.cmdUser_Click(1);
     select(0, L"\\TGU \\U1 \\G1");
-    window.cmdMemberOf_Click(1);
+    window.Users.cmdMemberOf_Click(1);
     select(0, L"\\TGU \\U9 \\G2");
-    window.cmdMemberOf_Click(1);
+    window.Users.cmdMemberOf_Click(1);
     select(1, L"\\TGR \\G1");
-    window.cmdGroup_Click(1);
-    window.cmdGroupPermission_Click(0);
+    window.Groups.cmdGroup_Click(1);
+    window.Groups.cmdGroupPermission_Click(0);
     select(1, L"\\TPG \\G1 \\P29");
-    window.cmdGroupPermission_Click(1);
+    window.Groups.cmdGroupPermission_Click(1);
     select(1, L"\\TGR \\G2");
-    window.cmdGroup_Click(1);
+    window.Groups.cmdGroup_Click(1);
     select(1, L"\\TUG \\G2 \\U9");
-    window.cmdMember_Click(1);
+    window.Groups.cmdMember_Click(1);
     EXPECT_EQ(Stored(), before);
   });
 }

@@ -33,26 +33,26 @@ class Refresh : public test_support::MainWindowFixture {
 
 TEST_F(Refresh, BothTreesStartOnTheirRootsOpen) {
   Run([](frmUserGroupPerm& window) {
-    for (const TreeView& tree : window.TreeView1) ExpectOnItsRoot(tree);
-    EXPECT_EQ(window.TreeView1[0].Nodes().Text(1), L"Utilisateurs");
-    EXPECT_EQ(window.TreeView1[1].Nodes().Text(1), L"Groupes");
+    for (const int tab : {0, 1}) ExpectOnItsRoot(window.Page(tab).TreeView1);
+    EXPECT_EQ(window.Users.TreeView1.Nodes().Text(1), L"Utilisateurs");
+    EXPECT_EQ(window.Groups.TreeView1.Nodes().Text(1), L"Groupes");
   });
 }
 
 TEST_F(Refresh, TheButtonShowsWhatTheDatabaseHoldsByThenAndReturnsToTheRoots) {
   Run([this](frmUserGroupPerm& window) {
-    TreeView& users = window.TreeView1[0];
+    TreeView& users = window.Users.TreeView1;
     user.Select(users, NodeAt(users, {L"Martin (Jean Martin)", L"Membre du Groupe"}));
     Raw().Execute("INSERT INTO QRUSER (USERID, NAME, FULLNAME) VALUES (500, 'Nouvelle', 'Anne')");
     Raw().Execute("UPDATE QRGROUP SET NAME = 'Labo' WHERE GROUPID = 12");
     Raw().Execute("DELETE FROM QRUSGP WHERE USERID = 9 AND GROUPID = 7");
     user.Click(window.cmdBtn[0]);
-    for (const TreeView& tree : window.TreeView1) ExpectOnItsRoot(tree);
+    for (const int tab : {0, 1}) ExpectOnItsRoot(window.Page(tab).TreeView1);
     NodeAt(users, {L"Nouvelle (Anne)"});
     EXPECT_EQ(ChildTexts(users, NodeAt(users, {L"Martin (Jean Martin)", L"Membre du Groupe"})),
               (std::vector<std::wstring>{L"Labo (Mesures et essais)",
                                          L"Tout le monde (Tous les utilisateurs)"}));
-    EXPECT_EQ(window.userCount, 40);
+    EXPECT_EQ(window.Users.accountCount, 40);
   });
 }
 
@@ -60,7 +60,7 @@ TEST_F(Refresh, F5RefreshesToo) {
   Run([this](frmUserGroupPerm& window) {
     Raw().Execute("INSERT INTO QRUSER (USERID, NAME) VALUES (500, 'Nouvelle')");
     user.PressKey(window, controls::kKeyF5);
-    NodeAt(window.TreeView1[0], {L"Nouvelle"});
+    NodeAt(window.Users.TreeView1, {L"Nouvelle"});
   });
 }
 
@@ -68,8 +68,8 @@ TEST_F(Refresh, RefreshingTwiceGivesTheSameTreesAndCounts) {
   Run([this](frmUserGroupPerm& window) {
     const auto dump = [&window] {
       std::vector<std::wstring> all;
-      for (const TreeView& tree : window.TreeView1) {
-        const TreeNodes& nodes = tree.Nodes();
+      for (const int tab : {0, 1}) {
+        const TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
         for (int node = nodes.NextIndex(0); node != controls::kNoNode;
              node = nodes.NextIndex(node)) {
           all.push_back(nodes.Key(node) + L"=" + nodes.FullPath(node));
@@ -81,8 +81,8 @@ TEST_F(Refresh, RefreshingTwiceGivesTheSameTreesAndCounts) {
     const auto before = dump();
     user.Click(window.cmdBtn[0]);
     EXPECT_EQ(dump(), before);
-    EXPECT_EQ(window.userCount, 39);
-    EXPECT_EQ(window.groupCount, 12);
+    EXPECT_EQ(window.Users.accountCount, 39);
+    EXPECT_EQ(window.Groups.accountCount, 12);
   });
 }
 
@@ -95,12 +95,12 @@ TEST_F(Refresh, AFailureIsReportedSaidInTheStatusLineAndTheProgramGoesOn) {
         {.answer = controls::kResultOk,
          .prompt = L"GroupNode Error [1234]\r\ninjected: " + data::SqlSelectGroupUsers(6)});
     user.Click(window.cmdBtn[0]);
-    EXPECT_EQ(window.lblStatus.Caption(), Text(405));
+    EXPECT_EQ(window.lblStatus.Caption(), Text(408));
     EXPECT_TRUE(window.IsLoaded());
     EXPECT_EQ(desktop.Pointer(), controls::MousePointer::kDefault);
     log.FailAt = {};
     user.Click(window.cmdBtn[0]);
-    EXPECT_EQ(window.groupCount, 12);
+    EXPECT_EQ(window.Groups.accountCount, 12);
     EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 12 groupes, 30 permissions");
   });
 }
@@ -151,10 +151,10 @@ TEST_F(Refresh, ALockedDatabaseIsReportedWithItsOwnMessageAndReadOnceItIsFree) {
     writer.Execute("BEGIN EXCLUSIVE");
     user.ExpectMsgBox({.answer = controls::kResultOk,
                        .prompt = L"UserNode Error [-2147467259]\r\ndatabase is locked"});
-    EXPECT_EQ(window.RefreshTree(), data::kFailed);
+    EXPECT_EQ(window.RefreshTree(), app::Outcome::kFailed);
     writer.Execute("ROLLBACK");
-    EXPECT_EQ(window.RefreshTree(), data::kDone);
-    EXPECT_EQ(window.userCount, 39);
+    EXPECT_EQ(window.RefreshTree(), app::Outcome::kDone);
+    EXPECT_EQ(window.Users.accountCount, 39);
   });
 }
 

@@ -24,6 +24,23 @@ class StartUp : public test_support::MainWindowFixture {
                        .style = controls::kExclamation,
                        .title = L"Admin Utilisateurs"});
   }
+  // While this statement runs, and only then, a view stands in for the table, which it knows as
+  // KEPT.
+  void ReplaceTable(const std::string& table, const std::string& view,
+                    const std::function<std::wstring()>& statement) {
+    log.FailAt = [=, this, replaced = false](const std::wstring& call) mutable {
+      if (call == statement()) {
+        Raw().Execute("ALTER TABLE " + table + " RENAME TO KEPT");
+        Raw().Execute("CREATE VIEW " + table + " AS " + view);
+        replaced = true;
+      } else if (replaced) {
+        Raw().Execute("DROP VIEW " + table);
+        Raw().Execute("ALTER TABLE KEPT RENAME TO " + table);
+        replaced = false;
+      }
+      return 0L;
+    };
+  }
   void FailAt(const std::wstring& call) {
     log.FailAt = [call](const std::wstring& current) { return current == call ? kInjected : 0; };
   }
@@ -105,7 +122,32 @@ TEST_F(StartUp, MissingProtectedAccountsLeaveTheirIdentifiersAt0AndTheProgramRun
       L"Moreau");
 }
 
-TEST_F(StartUp, AProtectedGroupIsRecognisedByItsExactNameWithoutTheBlanksAroundIt) {
+TEST_F(StartUp, OfSeveralRowsTheLastGivesTheIdentifier) {
+  Raw().Execute("INSERT INTO QRUSER (USERID, NAME) VALUES (500, 'Admin')");
+  Raw().Execute("INSERT INTO QRGROUP (GROUPID, NAME) VALUES (500, 'Everyone')");
+  Raw().Execute("INSERT INTO QRGROUP (GROUPID, NAME) VALUES (501, 'Administrators')");
+  ReplaceTable("QRAUSR", "SELECT USERID, SESID FROM KEPT UNION ALL SELECT 9, SESID FROM KEPT",
+               [this] { return data::SqlSelectSessionUser(global.sessionId); });
+  Run([](frmUserGroupPerm& window) {
+    EXPECT_EQ(window.accounts.currentUserId, 9);
+    EXPECT_EQ(window.accounts.adminUserId, 500);
+    EXPECT_EQ(window.accounts.everyoneGroupId, 500);
+    EXPECT_EQ(window.accounts.administratorsGroupId, 501);
+  });
+}
+
+// A column of fixed width, which compares without its trailing blanks and gives them.
+TEST_F(StartUp, AProtectedGroupIsRecognisedWithoutTheBlanksAroundItsName) {
+  ReplaceTable("QRGROUP",
+               "SELECT GROUPID, (NAME || '   ') COLLATE RTRIM AS NAME, DESCR, VFLG FROM KEPT",
+               [] { return data::SqlSelectProtectedGroups(); });
+  Run([](frmUserGroupPerm& window) {
+    EXPECT_EQ(window.accounts.administratorsGroupId, 1);
+    EXPECT_EQ(window.accounts.everyoneGroupId, 2);
+  });
+}
+
+TEST_F(StartUp, AProtectedGroupIsRecognisedByItsExactNameAlone) {
   Raw().Execute("UPDATE QRGROUP SET NAME = 'everyone' WHERE NAME = 'Everyone'");
   Run([](frmUserGroupPerm& window) { EXPECT_EQ(window.accounts.everyoneGroupId, 0); });
 }

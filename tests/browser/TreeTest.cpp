@@ -26,7 +26,7 @@ class Trees : public test_support::MainWindowFixture {};
 
 TEST_F(Trees, EveryNodeHasTheKeyOfItsKindComposedFromItsParents) {
   Run([](frmUserGroupPerm& window) {
-    const TreeView& users = window.TreeView1[0];
+    const TreeView& users = window.Users.TreeView1;
     const TreeNodes& nodes = users.Nodes();
     const int martin = NodeAt(users, {L"Martin (Jean Martin)"});
     EXPECT_EQ(nodes.Key(nodes.Root()), L"\\TRT ");
@@ -38,7 +38,7 @@ TEST_F(Trees, EveryNodeHasTheKeyOfItsKindComposedFromItsParents) {
     EXPECT_NE(nodes.Find(L"\\TPU \\U9 \\P14"), controls::kNoNode);
     EXPECT_NE(nodes.Find(L"\\TPA \\U9 \\P16"), controls::kNoNode);
 
-    const TreeNodes& groups = window.TreeView1[1].Nodes();
+    const TreeNodes& groups = window.Groups.TreeView1.Nodes();
     EXPECT_EQ(groups.Key(groups.Root()), L"\\TRT ");
     for (const wchar_t* key : {L"\\TGR \\G6", L"\\TMS \\G6 \\U", L"\\TUG \\G6 \\U15",
                                L"\\TGP \\G6 \\P", L"\\TPG \\G6 \\P21"}) {
@@ -49,8 +49,8 @@ TEST_F(Trees, EveryNodeHasTheKeyOfItsKindComposedFromItsParents) {
 
 TEST_F(Trees, EveryKeyReadsBackAsWhatItsNodeStandsFor) {
   Run([](frmUserGroupPerm& window) {
-    for (const TreeView& tree : window.TreeView1) {
-      const TreeNodes& nodes = tree.Nodes();
+    for (const int tab : {0, 1}) {
+      const TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
       std::set<std::wstring> keys;
       for (int node = nodes.NextIndex(0); node != controls::kNoNode; node = nodes.NextIndex(node)) {
         const std::wstring key = nodes.Key(node);
@@ -71,7 +71,7 @@ TEST_F(Trees, EveryKeyReadsBackAsWhatItsNodeStandsFor) {
 
 TEST_F(Trees, AUserShowsHisGroupsUnderTheirDisplayForms) {
   Run([](frmUserGroupPerm& window) {
-    const TreeView& users = window.TreeView1[0];
+    const TreeView& users = window.Users.TreeView1;
     EXPECT_EQ(ChildTexts(users, NodeAt(users, {L"Martin (Jean Martin)", L"Membre du Groupe"})),
               (Strings{U("Laboratoire (Mesures et essais)"),
                        U("Production (Ateliers d'Annecy et de Châteauroux)"),
@@ -81,7 +81,7 @@ TEST_F(Trees, AUserShowsHisGroupsUnderTheirDisplayForms) {
 
 TEST_F(Trees, AllPermissionsAreThoseThroughGroupsAndTheUsersOwnEachOnce) {
   Run([](frmUserGroupPerm& window) {
-    const TreeView& users = window.TreeView1[0];
+    const TreeView& users = window.Users.TreeView1;
     const Strings own{U("Consulter le stock"), U("Saisir un relevé de contrôle")};
     EXPECT_EQ(ChildTexts(users, NodeAt(users, {L"Martin (Jean Martin)", L"Droits Utilisateur"})),
               own);
@@ -95,7 +95,7 @@ TEST_F(Trees, AllPermissionsAreThoseThroughGroupsAndTheUsersOwnEachOnce) {
 
 TEST_F(Trees, AllPermissionsHoldAnOwnOneThatNoGroupGives) {
   Run([](frmUserGroupPerm& window) {
-    const TreeView& users = window.TreeView1[0];
+    const TreeView& users = window.Users.TreeView1;
     const std::wstring text = U("Consulter les factures");
     const int folder =
         NodeAt(users, {L"Morin (" + U("Agnès") + L" Morin)", L"Ensemble des Droits"});
@@ -105,7 +105,7 @@ TEST_F(Trees, AllPermissionsHoldAnOwnOneThatNoGroupGives) {
 
 TEST_F(Trees, APermissionsImageTellsWhetherItIsHeldDirectly) {
   Run([](frmUserGroupPerm& window) {
-    const TreeNodes& nodes = window.TreeView1[0].Nodes();
+    const TreeNodes& nodes = window.Users.TreeView1.Nodes();
     EXPECT_EQ(nodes.Image(nodes.Find(L"\\TPU \\U9 \\P14")), kPermissionImage);
     EXPECT_EQ(nodes.Image(nodes.Find(L"\\TPA \\U9 \\P14")), kPermissionImage);
     EXPECT_EQ(nodes.Image(nodes.Find(L"\\TPA \\U9 \\P16")), kInheritedPermissionImage);
@@ -115,8 +115,8 @@ TEST_F(Trees, APermissionsImageTellsWhetherItIsHeldDirectly) {
 TEST_F(Trees, ProtectedAccountsHaveImagesOfTheirOwnWhereverTheyStand) {
   Run(
       [](frmUserGroupPerm& window) {
-        const TreeNodes& users = window.TreeView1[0].Nodes();
-        const TreeNodes& groups = window.TreeView1[1].Nodes();
+        const TreeNodes& users = window.Users.TreeView1.Nodes();
+        const TreeNodes& groups = window.Groups.TreeView1.Nodes();
         EXPECT_EQ(users.Image(users.Find(L"\\TUS \\U1")), kProtectedUserImage);
         EXPECT_EQ(users.Image(users.Find(L"\\TUS \\U2")), kProtectedUserImage);
         EXPECT_EQ(users.Image(users.Find(L"\\TUS \\U9")), kUserImage);
@@ -131,7 +131,7 @@ TEST_F(Trees, ProtectedAccountsHaveImagesOfTheirOwnWhereverTheyStand) {
 
 TEST_F(Trees, AGroupShowsItsMembersAndItsPermissions) {
   Run([](frmUserGroupPerm& window) {
-    const TreeView& groups = window.TreeView1[1];
+    const TreeView& groups = window.Groups.TreeView1;
     const std::wstring group = U("Qualité (Contrôle final et réclamations)");
     EXPECT_EQ(ChildTexts(groups, NodeAt(groups, {group, L"Membres"})),
               (Strings{U("Clément (Joëlle Clément)"), U("Guérin (Aurélie Guérin)"),
@@ -145,16 +145,16 @@ TEST_F(Trees, AGroupShowsItsMembersAndItsPermissions) {
 
 TEST_F(Trees, AnAccountWithoutFullNameOrDescriptionShowsItsNameAlone) {
   Run([](frmUserGroupPerm& window) {
-    NodeAt(window.TreeView1[0], {L"Blanc"});    // a null
-    NodeAt(window.TreeView1[0], {L"Mercier"});  // an empty text
-    NodeAt(window.TreeView1[1], {L"Achats"});
+    NodeAt(window.Users.TreeView1, {L"Blanc"});    // a null
+    NodeAt(window.Users.TreeView1, {L"Mercier"});  // an empty text
+    NodeAt(window.Groups.TreeView1, {L"Achats"});
   });
 }
 
 TEST_F(Trees, ADeletedUserIsShownNowhere) {
   Run([](frmUserGroupPerm& window) {
-    for (const TreeView& tree : window.TreeView1) {
-      const TreeNodes& nodes = tree.Nodes();
+    for (const int tab : {0, 1}) {
+      const TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
       for (int node = nodes.NextIndex(0); node != controls::kNoNode; node = nodes.NextIndex(node)) {
         EXPECT_EQ(nodes.Text(node).find(L"Garnier"), std::wstring::npos);
       }
@@ -170,7 +170,7 @@ TEST_F(Trees, RowsOfOneIdentifierMakeOneNode) {
       " WHERE COALESCE(VFLG, '') <> 'D' UNION ALL SELECT 9, 'Martin', 'encore', NULL");
   Run([](frmUserGroupPerm& window) {
     const auto nodesOfMartin = [&](int tree, const controls::KeyForm& form) {
-      const TreeNodes& nodes = window.TreeView1[tree].Nodes();
+      const TreeNodes& nodes = window.Page(tree).TreeView1.Nodes();
       std::map<int, int> perParent;
       for (int node = nodes.NextIndex(0); node != controls::kNoNode; node = nodes.NextIndex(node)) {
         if (nodes.Id(node) == 9 && nodes.FormOf(node).prefix == form.prefix) {
@@ -183,15 +183,15 @@ TEST_F(Trees, RowsOfOneIdentifierMakeOneNode) {
     EXPECT_GT(nodesOfMartin(1, kGroupUserKey).size(), 1U);
     for (const auto& [parent, count] : nodesOfMartin(0, kUserKey)) EXPECT_EQ(count, 1);
     for (const auto& [parent, count] : nodesOfMartin(1, kGroupUserKey)) EXPECT_EQ(count, 1);
-    EXPECT_EQ(window.userCount, 39);
-    EXPECT_EQ(window.RefreshTree(), data::kDone);
+    EXPECT_EQ(window.Users.accountCount, 39);
+    EXPECT_EQ(window.RefreshTree(), app::Outcome::kDone);
     EXPECT_EQ(nodesOfMartin(0, kUserKey).size(), 1U);
   });
 }
 
 TEST_F(Trees, AccountsAreSortedByTextWithoutRegardToCaseOrAccents) {
   Run([](frmUserGroupPerm& window) {
-    const Strings users = ChildTexts(window.TreeView1[0], window.TreeView1[0].Nodes().Root());
+    const Strings users = ChildTexts(window.Users.TreeView1, window.Users.TreeView1.Nodes().Root());
     ASSERT_EQ(users.size(), 39U);
     const auto place = [&](const char* start) {
       const std::wstring wanted = U(start);
@@ -214,8 +214,8 @@ TEST_F(Trees, AccountsAreSortedByTextWithoutRegardToCaseOrAccents) {
 
 TEST_F(Trees, TheStoredNameStaysBehindTheDisplayedText) {
   Run([](frmUserGroupPerm& window) {
-    const TreeNodes& users = window.TreeView1[0].Nodes();
-    const TreeNodes& groups = window.TreeView1[1].Nodes();
+    const TreeNodes& users = window.Users.TreeView1.Nodes();
+    const TreeNodes& groups = window.Groups.TreeView1.Nodes();
     EXPECT_EQ(users.StoredName(users.Find(L"\\TUS \\U9")), L"Martin");
     EXPECT_EQ(groups.StoredName(groups.Find(L"\\TGR \\G2")), L"Everyone");
     EXPECT_EQ(groups.Text(groups.Find(L"\\TGR \\G2")), L"Tout le monde (Tous les utilisateurs)");
@@ -253,7 +253,7 @@ TEST_F(Trees, NamesOfAnyKindAreShownAsTheyAre) {
                   ", '" + quoted + "', NULL)");
   }
   Run([&](frmUserGroupPerm& window) {
-    const TreeNodes& nodes = window.TreeView1[0].Nodes();
+    const TreeNodes& nodes = window.Users.TreeView1.Nodes();
     int shown = 1000;
     for (const std::string& name : names) {
       const int node = nodes.Find(L"\\TUS \\U" + data::Decimal(++shown));

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "app/LocaleFont.h"
 #include "browser/trees/TreeImages.h"
+#include "data/MSQLStatement.h"
 #include "data/Text.h"
 #include "tests/support/window/MainWindowFixture.h"
 
@@ -16,21 +18,22 @@ TEST_F(Window, EveryCaptionComesFromTheStringTable) {
     EXPECT_EQ(window.Caption(), Text(250));
     EXPECT_EQ(window.TabStrip1.TabCaption(0), Text(301));
     EXPECT_EQ(window.TabStrip1.TabCaption(1), Text(302));
-    EXPECT_EQ(window.lblTree[0].Caption(), Text(331));
-    EXPECT_EQ(window.lblTree[1].Caption(), Text(332));
-    EXPECT_EQ(window.fraUser.Caption(), Text(303));
-    EXPECT_EQ(window.fraMemberOf.Caption(), Text(304));
-    EXPECT_EQ(window.fraUserPermission.Caption(), Text(305));
-    EXPECT_EQ(window.fraGroup.Caption(), Text(308));
-    EXPECT_EQ(window.fraMember.Caption(), Text(309));
-    EXPECT_EQ(window.fraGroupPermission.Caption(), Text(310));
-    for (const CommandButton* buttons : {window.cmdUser, window.cmdGroup}) {
+    EXPECT_EQ(window.Users.lblTree.Caption(), Text(331));
+    EXPECT_EQ(window.Groups.lblTree.Caption(), Text(332));
+    EXPECT_EQ(window.Users.fraUser.Caption(), Text(303));
+    EXPECT_EQ(window.Users.fraMemberOf.Caption(), Text(304));
+    EXPECT_EQ(window.Users.fraUserPermission.Caption(), Text(305));
+    EXPECT_EQ(window.Groups.fraGroup.Caption(), Text(308));
+    EXPECT_EQ(window.Groups.fraMember.Caption(), Text(309));
+    EXPECT_EQ(window.Groups.fraGroupPermission.Caption(), Text(310));
+    for (const CommandButton* buttons : {window.Users.cmdUser, window.Groups.cmdGroup}) {
       EXPECT_EQ(buttons[0].Caption(), Text(108));
       EXPECT_EQ(buttons[1].Caption(), Text(109));
       EXPECT_EQ(buttons[2].Caption(), Text(110));
     }
-    for (const CommandButton* buttons : {window.cmdMemberOf, window.cmdUserPermission,
-                                         window.cmdMember, window.cmdGroupPermission}) {
+    for (const CommandButton* buttons :
+         {window.Users.cmdMemberOf, window.Users.cmdUserPermission, window.Groups.cmdMember,
+          window.Groups.cmdGroupPermission}) {
       EXPECT_EQ(buttons[0].Caption(), Text(131));
       EXPECT_EQ(buttons[1].Caption(), Text(133));
     }
@@ -44,14 +47,14 @@ TEST_F(Window, EveryCaptionComesFromTheStringTable) {
 TEST_F(Window, ATabShowsItsTreeAndItsSectionsAndHidesTheOthers) {
   Run([this](frmUserGroupPerm& window) {
     const auto expectPage = [&window](bool users) {
-      EXPECT_EQ(window.TreeView1[0].Visible(), users);
-      EXPECT_EQ(window.fraUser.Visible(), users);
-      EXPECT_EQ(window.fraMemberOf.Visible(), users);
-      EXPECT_EQ(window.fraUserPermission.Visible(), users);
-      EXPECT_EQ(window.TreeView1[1].Visible(), !users);
-      EXPECT_EQ(window.fraGroup.Visible(), !users);
-      EXPECT_EQ(window.fraMember.Visible(), !users);
-      EXPECT_EQ(window.fraGroupPermission.Visible(), !users);
+      EXPECT_EQ(window.Users.TreeView1.Visible(), users);
+      EXPECT_EQ(window.Users.fraUser.Visible(), users);
+      EXPECT_EQ(window.Users.fraMemberOf.Visible(), users);
+      EXPECT_EQ(window.Users.fraUserPermission.Visible(), users);
+      EXPECT_EQ(window.Groups.TreeView1.Visible(), !users);
+      EXPECT_EQ(window.Groups.fraGroup.Visible(), !users);
+      EXPECT_EQ(window.Groups.fraMember.Visible(), !users);
+      EXPECT_EQ(window.Groups.fraGroupPermission.Visible(), !users);
     };
     expectPage(true);
     user.ChooseTab(window.TabStrip1, 1);
@@ -66,12 +69,27 @@ TEST_F(Window, TheNamesOfTheTreesAreNeverOnView) {
     for (const int tab : {0, 1, 0}) {
       user.ChooseTab(window.TabStrip1, tab);
       for (int Index = 0; Index < 2; ++Index) {
-        EXPECT_FALSE(window.lblTree[Index].Visible());
+        EXPECT_FALSE(window.Page(Index).lblTree.Visible());
         // Directly before the tree that it names, for whoever walks the controls in their order.
-        EXPECT_LT(window.lblTree[Index].TabIndex(), window.TreeView1[Index].TabIndex());
+        EXPECT_LT(window.Page(Index).lblTree.TabIndex(), window.Page(Index).TreeView1.TabIndex());
       }
       user.PressKey(window, test_support::kKeyTab);
-      EXPECT_TRUE(window.TreeView1[tab].HasFocus());
+      EXPECT_TRUE(window.Page(tab).TreeView1.HasFocus());
+    }
+  });
+}
+
+TEST_F(Window, TheFontIsThatOfTheUsersLocale) {
+  constexpr int kJapanese = 1041;
+  user.SetLcid(kJapanese);
+  Run([this](frmUserGroupPerm& window) {
+    const std::optional<controls::Font> wanted = app::LocaleFont(kJapanese);
+    ASSERT_TRUE(wanted.has_value());
+    for (const controls::Font& font :
+         {user.FontOf(window), user.FontOf(window.Users.TreeView1), user.FontOf(window.cmdAbout)}) {
+      EXPECT_EQ(font.face, wanted->face);
+      EXPECT_EQ(font.size, wanted->size);
+      EXPECT_EQ(font.charset, wanted->charset);
     }
   });
 }
@@ -112,7 +130,7 @@ TEST_F(Window, AFailingAboutBoxIsReported) {
 
 TEST_F(Window, OpeningAFolderShowsItOpenAndClosingItShowsItClosed) {
   Run([this](frmUserGroupPerm& window) {
-    controls::TreeView& users = window.TreeView1[0];
+    controls::TreeView& users = window.Users.TreeView1;
     const int martin = NodeAt(users, {L"Martin (Jean Martin)"});
     const int folder = Child(users, martin, L"Membre du Groupe");
     const int accountImage = users.Nodes().Image(martin);

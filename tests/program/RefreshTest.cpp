@@ -98,7 +98,7 @@ TEST_F(Refresh, ADatabaseThatIsLockedMeanwhileIsReportedAndTheProgramGoesOn) {
   const driver::PromptBox report = driver::AwaitPrompt(Program().Id());
   EXPECT_TRUE(report.Text().ends_with(L"]\r\ndatabase is locked")) << ToUtf8(report.Text());
   report.Answer(IDOK);
-  driver::Await("the status line to tell it", [&] { return window.Status() == String(405); });
+  driver::Await("the status line to tell it", [&] { return window.Status() == String(408); });
   database.Run(L"COMMIT");
   window.PressAndWait(IDC_CMD_BTN);
   ExpectTheDatabasesState(window);

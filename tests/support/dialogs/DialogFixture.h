@@ -59,7 +59,7 @@ class DialogFixture : public MainWindowFixture {
   void ExpectDiscardQuestion(int answer, Where where = Where::current());
 
   browser::frmUserGroupPerm window{global};
-  dialogs::Exchange exchange{global, window.TreeView1[0], window.TreeView1[1]};
+  dialogs::Exchange exchange{global, window.Users.TreeView1, window.Groups.TreeView1};
 
  private:
   std::wstring failedCall_;

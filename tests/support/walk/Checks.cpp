@@ -77,7 +77,8 @@ void Checks::CheckWindow() const {
 
 void Checks::CheckCounts(int tree) const {
   const int wanted = expected_.trees.Count(tree);
-  EXPECT_EQ(tree == kUsersTree ? walk_.window.userCount : walk_.window.groupCount, wanted);
+  EXPECT_EQ(tree == kUsersTree ? walk_.window.Users.accountCount : walk_.window.Groups.accountCount,
+            wanted);
   EXPECT_EQ(walk_.Nodes(tree).Children(walk_.Nodes(tree).Root()), wanted);
 }
 
@@ -177,9 +178,9 @@ void Checks::CheckSelection() const {
             at.account);
   EXPECT_EQ(tree == kUsersTree ? walk_.window.exchange.GroupID : walk_.window.exchange.UserID,
             link ? at.leaf : -1);
-  EXPECT_EQ(walk_.window.selectedPermId, permission ? at.leaf : -1);
+  EXPECT_EQ(walk_.window.Page(tree).selectedPermId, permission ? at.leaf : -1);
   const controls::NodeId node = walk_.SelectedNode(tree);
-  EXPECT_EQ(walk_.window.selectedPermName,
+  EXPECT_EQ(walk_.window.Page(tree).selectedPermName,
             permission ? walk_.Nodes(tree).Text(node) : std::wstring());
 }
 

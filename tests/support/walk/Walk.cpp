@@ -24,8 +24,10 @@ std::vector<controls::CommandButton*> Walk::Buttons(int tree) {
     return std::vector<controls::CommandButton*>{&account[0], &account[1], &account[2], &first[0],
                                                  &first[1],   &second[0],  &second[1]};
   };
-  return tree == kUsersTree ? all(window.cmdUser, window.cmdMemberOf, window.cmdUserPermission)
-                            : all(window.cmdGroup, window.cmdMember, window.cmdGroupPermission);
+  return tree == kUsersTree
+             ? all(window.Users.cmdUser, window.Users.cmdMemberOf, window.Users.cmdUserPermission)
+             : all(window.Groups.cmdGroup, window.Groups.cmdMember,
+                   window.Groups.cmdGroupPermission);
 }
 
 }  // namespace test_support

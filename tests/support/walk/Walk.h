@@ -27,9 +27,11 @@ class Walk {
 
   // The tab on view, which has the index of its tree.
   int Tab() const { return window.TabStrip1.SelectedTab(); }
-  controls::TreeView& TreeOf(int tab) { return window.TreeView1[tab]; }
-  const controls::TreeNodes& Nodes(int tree) const { return window.TreeView1[tree].Nodes(); }
-  controls::NodeId SelectedNode(int tree) const { return window.TreeView1[tree].SelectedNode(); }
+  controls::TreeView& TreeOf(int tab) { return window.Page(tab).TreeView1; }
+  const controls::TreeNodes& Nodes(int tree) const { return window.Page(tree).TreeView1.Nodes(); }
+  controls::NodeId SelectedNode(int tree) const {
+    return window.Page(tree).TreeView1.SelectedNode();
+  }
   std::wstring SelectedKey(int tree) const;
   // Of the nodes with children: those that are open, or those that are closed.
   KeySet KeysOfNodes(int tree, bool open) const;

@@ -1,0 +1,109 @@
+#include "browser/pages/AccountPage.h"
+
+#include "app/Reported.h"
+#include "browser/pages/WaitPointer.h"
+#include "browser/rules/ButtonRules.h"
+#include "browser/rules/TreeKeys.h"
+#include "browser/trees/TreeImages.h"
+#include "controls/Desktop.h"
+
+namespace browser {
+
+using controls::NodeId;
+
+AccountPage::AccountPage(controls::Form& form, const PageLayout& layout, const PageContext& context)
+    : PageView(form, layout),
+      lookup(context.trees.global, TreeView1),
+      context_(context.trees),
+      exchange_(context.exchange),
+      host_(context.host),
+      images_(context.images) {}
+
+void AccountPage::Load() {
+  SetControls(Global(), images_);
+  SetEvents();
+}
+
+void AccountPage::SetEvents() {
+  TreeView1.NodeClick = [this](NodeId) { RefreshSelection(); };
+  TreeView1.ContextMenu = [this](NodeId node) { TreeView1_ContextMenu(node); };
+  TreeView1.Copy = [this](NodeId node) { TreeView1_Copy(node); };
+  TreeView1.Expand = [this](NodeId node) { TreeView1_Expand(node, true); };
+  TreeView1.Collapse = [this](NodeId node) { TreeView1_Expand(node, false); };
+}
+
+app::Outcome AccountPage::Fill(app::KeptError& error) {
+  const controls::TreeView::Update update(TreeView1);
+  TreeView1.SetImageList(images_);
+  TreeView1.Clear();
+  const NodeId root = TreeView1.Add(controls::kNoNode, kRootKey, 0,
+                                    Global().LoadResString(layout_.accountCaption), kFolderClosed);
+  TreeView1.SetSorted(root, true);
+  accountCount = 0;
+  const app::Outcome outcome = Accounts().BuildAll(error);
+  TreeView1.SetSelectedNode(root);
+  TreeView1.SetExpanded(root, true);
+  return outcome;
+}
+
+void AccountPage::Rebuild(const std::function<app::Outcome()>& work) {
+  const WaitPointer wait(Global().desktop);
+  if (work() == app::Outcome::kFailed) host_.TellMissing(Missing::kLeaves);
+}
+
+// What was selected may have gone.
+void AccountPage::BringInStep(Change change) {
+  Rebuild([&] { return Update(change); });
+  RefreshSelection();
+}
+
+std::wstring AccountPage::KeyOf(NodeId node) const {
+  return node == controls::kNoNode ? std::wstring() : TreeView1.Nodes().Key(node);
+}
+
+std::wstring AccountPage::OriginOf(NodeId /*node*/) const {
+  return {};
+}
+
+void AccountPage::ClearSelection() {
+  exchange_.UserName.clear();
+  exchange_.GroupName.clear();
+  selectedPermName.clear();
+  exchange_.UserID = -1;
+  exchange_.GroupID = -1;
+  selectedPermId = -1;
+}
+
+void AccountPage::ResetButtons(std::wstring_view tag) {
+  SetButtons(ButtonRuleOf(tag), NamesAreKnown());
+}
+
+void AccountPage::RefreshSelection() {
+  const NodeId node = TreeView1.SelectedNode();
+  TakeIn(node);
+  Protect(node);
+  host_.ShowStatus();
+}
+
+// Commands go by what is selected at the moment they are given, not by what was when the selection
+// last changed.
+AccountPage::Selection AccountPage::ReadSelection() {
+  Selection at;
+  at.node = TreeView1.SelectedNode();
+  at.key = KeyOf(at.node);
+  at.tag = lookup.GetTypeNode(at.key);
+  at.account = OwnerOf(at.tag, at.node);
+  if (at.account != controls::kNoNode) at.id = TreeView1.Nodes().Id(at.account);
+  SelectedID() = at.id;
+  exchange_.AddNode = false;
+  exchange_.accountGone = false;
+  Protect(at.node);
+  return at;
+}
+
+void AccountPage::Run(const std::function<bool(const Selection& at)>& command) {
+  const Selection at = ReadSelection();
+  if (command(at)) RefreshSelection();
+}
+
+}  // namespace browser

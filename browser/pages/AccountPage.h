@@ -1,0 +1,143 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "app/ReportedLater.h"
+#include "browser/pages/PageHost.h"
+#include "browser/pages/PageView.h"
+#include "browser/trees/AccountTree.h"
+#include "browser/trees/TreeContext.h"
+#include "browser/trees/TreeLookup.h"
+#include "dialogs/Exchange.h"
+
+namespace browser {
+
+// What pages work with. All of it is the window's and outlives them.
+struct PageContext {
+  const TreeContext& trees;
+  const controls::ImageList& images;
+  dialogs::Exchange& exchange;
+  PageHost& host;
+};
+
+// A tab of the main window with its tree: what is selected and what it stands for, the buttons that
+// the selection switches on, the menu, keys and clipboard of the tree, and the steps that the
+// commands of both tabs have in common.
+class AccountPage : public PageView {
+ public:
+  virtual ~AccountPage() = default;
+
+  // What the page shows from the load of its window on.
+  void Load();
+  // Builds the tree from nothing, for use inside a reading transaction: the error is the caller's
+  // to report. The selection then is on the root, which is open.
+  app::Outcome Fill(app::KeptError& error);
+  // Another page has changed something that this one shows as well.
+  void BringInStep(Change change);
+  // Takes in what the selected node stands for, and sets the buttons for it.
+  void RefreshSelection();
+  // F2 edits the account, Delete takes away the account or the link that is selected. They do so
+  // where the tree has the focus and the button for it is on.
+  void KeyDown(int keyCode);
+  // What there is to say about the selected node, empty for nothing.
+  std::wstring SelectionText() const { return OriginOf(TreeView1.SelectedNode()); }
+
+  // The string table's numbers of what is shown while the tree is built, or brought up to date.
+  virtual int ReadingText() const = 0;
+  virtual int UpdatingText() const = 0;
+
+  const TreeLookup lookup;
+  std::int16_t accountCount = 0;
+  // The permission that the selected node stands for, -1 when it stands for none.
+  std::int32_t selectedPermId = -1;
+  std::wstring selectedPermName;
+
+ protected:
+  // What a command finds selected.
+  struct Selection {
+    controls::NodeId node = controls::kNoNode;
+    std::wstring key;
+    std::wstring tag;
+    controls::NodeId account = controls::kNoNode;  // the account node above it or itself
+    std::int32_t id = -1;                          // the account; -1 without one
+  };
+
+  // What tells the removal of one kind of link from that of another.
+  struct LinkKind {
+    std::wstring_view leafTag;
+    int warning1;  // texts of the string table
+    int warning2;
+    int question;
+  };
+
+  AccountPage(controls::Form& form, const PageLayout& layout, const PageContext& context);
+
+  virtual AccountTree& Accounts() = 0;
+  // The account node that the node belongs to.
+  virtual controls::NodeId OwnerOf(std::wstring_view tag, controls::NodeId node) const = 0;
+  // The identifier of the page's own account in the exchange.
+  virtual std::int32_t& SelectedID() = 0;
+  // Takes in what the node stands for, and sets the buttons by its type.
+  virtual void TakeIn(controls::NodeId node) = 0;
+  // Switches off what would harm a protected account.
+  virtual void Protect(controls::NodeId node) = 0;
+  virtual app::Outcome Update(Change change) = 0;
+  // What there is to say about a node, empty for nothing.
+  virtual std::wstring OriginOf(controls::NodeId node) const;
+  // The name of the event procedure of the account buttons.
+  virtual const wchar_t* AccountProcedure() const = 0;
+
+  // A command from its first step, reading the selection, to its last: the selection that it leaves
+  // is taken in, and the tree has the focus. The command answers false when it ended with a warning
+  // that the wrong thing was selected: then nothing has changed.
+  void Run(const std::function<bool(const Selection& at)>& command);
+
+  // The steps of commands on accounts.
+  bool WarnUnselected(const Selection& at, int text, int style);
+  bool NamesAreKnown() const { return host_.AllAccountsKnown(); }
+  void ShowEdited(const Selection& at, const std::wstring& text, const std::wstring& storedName);
+  void DeleteAccount(const Selection& at, int question,
+                     std::wstring (*markDeleted)(std::wstring_view name, std::int32_t id));
+  void ForgetAccount(const Selection& at);
+  void ShowNew(std::int32_t id);
+
+  // The steps of commands on links. RemoveLink asks, runs the statement, takes the leaf away, or
+  // has its folder rebuilt where the statement met no row, and runs what is to follow. It does
+  // nothing where the selected node is no such link, the answer is not Yes or the statement fails.
+  void ShowListItem(const std::wstring& listKind, const std::wstring& relation, std::int32_t owner);
+  void RemoveLink(const Selection& at, const LinkKind& kind, const std::wstring& statement,
+                  const std::function<app::Outcome()>& rebuildFolder,
+                  const std::function<void()>& after);
+
+  // Brings folders up to date under the wait pointer; a failure shows in the status line.
+  void Rebuild(const std::function<app::Outcome()>& work);
+
+  std::wstring KeyOf(controls::NodeId node) const;
+  void ClearSelection();
+  void ResetButtons(std::wstring_view tag);
+  const app::mGlobal& Global() const { return context_.global; }
+
+  const TreeContext& context_;
+  dialogs::Exchange& exchange_;
+  PageHost& host_;
+
+ private:
+  void SetEvents();
+  Selection ReadSelection();
+  void RemoveAccount(controls::NodeId account);
+  void CountNew();
+
+  // AccountPageMenu.cpp
+  void TreeView1_ContextMenu(controls::NodeId node);
+  void TreeView1_Copy(controls::NodeId node);
+  void TreeView1_Expand(controls::NodeId node, bool expanded);
+  void Perform(controls::NodeId node, int command);
+  int CommandOfDelete(controls::NodeId node) const;
+
+  const controls::ImageList& images_;
+};
+
+}  // namespace browser

@@ -1,0 +1,117 @@
+// The commands of a page from its tree: context menu, keys and clipboard.
+
+#include <algorithm>
+#include <vector>
+
+#include "app/StringIds.h"
+#include "browser/pages/AccountPage.h"
+#include "browser/trees/SubtreeText.h"
+#include "browser/trees/TreeImages.h"
+#include "controls/Desktop.h"
+#include "controls/PopupMenu.h"
+
+namespace browser {
+namespace {
+
+using controls::NodeId;
+
+// The commands of the menu; those of a button array stand together, Index added.
+constexpr int kNoCommand = 0;
+constexpr int kAccountCommand = 1;  // Edit, Delete, New
+constexpr int kFirstLinkCommand = 11;
+constexpr int kSecondLinkCommand = 21;
+constexpr int kCopyCommand = 31;
+constexpr int kExpandCommand = 32;
+constexpr int kCollapseCommand = 33;
+
+std::wstring WithoutMnemonic(std::wstring caption) {
+  caption.erase(std::remove(caption.begin(), caption.end(), L'&'), caption.end());
+  return caption;
+}
+
+void AddAccountSection(std::vector<controls::MenuItem>& items,
+                       const controls::CommandButton (&buttons)[3]) {
+  int command = kAccountCommand;
+  for (const controls::CommandButton& button : buttons) {
+    items.push_back({command++, button.Caption(), button.Enabled()});
+  }
+}
+
+// The buttons of a section, named with it: two sections have buttons of the same captions.
+void AddLinkSection(std::vector<controls::MenuItem>& items, int command,
+                    const controls::Frame& frame, const controls::CommandButton (&buttons)[2]) {
+  items.push_back({});
+  for (const controls::CommandButton& button : buttons) {
+    items.push_back({command++, frame.Caption() + L" : " + WithoutMnemonic(button.Caption()),
+                     button.Enabled()});
+  }
+}
+
+}  // namespace
+
+void AccountPage::TreeView1_ContextMenu(NodeId node) {
+  const controls::TreeNodes& nodes = TreeView1.Nodes();
+  const bool open = nodes.Expanded(node);
+  const bool hasChildren = nodes.HasChildren(node);
+  const auto text = [this](int id) { return Global().LoadResString(id); };
+  std::vector<controls::MenuItem> items;
+  AddAccountSection(items, cmdAccount);
+  AddLinkSection(items, kFirstLinkCommand, fraFirst, cmdFirst);
+  AddLinkSection(items, kSecondLinkCommand, fraSecond, cmdSecond);
+  items.push_back({});
+  items.push_back({kCopyCommand, text(app::kCopy), true});
+  items.push_back({kExpandCommand, text(app::kExpand), hasChildren && !open});
+  items.push_back({kCollapseCommand, text(app::kCollapse), hasChildren && open});
+  Perform(node, controls::ShowPopupMenu(TreeView1, node, items));
+}
+
+void AccountPage::Perform(NodeId node, int command) {
+  if (command == kCopyCommand) {
+    TreeView1_Copy(node);
+  } else if (command == kExpandCommand || command == kCollapseCommand) {
+    TreeView1.SetExpanded(node, command == kExpandCommand);
+  } else if (command >= kSecondLinkCommand) {
+    cmdSecond[command - kSecondLinkCommand].Click();
+  } else if (command >= kFirstLinkCommand) {
+    cmdFirst[command - kFirstLinkCommand].Click();
+  } else if (command >= kAccountCommand) {
+    cmdAccount[command - kAccountCommand].Click();
+  }
+}
+
+void AccountPage::TreeView1_Copy(NodeId node) {
+  if (!Global().desktop.SetClipboardText(SubtreeText(TreeView1.Nodes(), node))) {
+    Global().desktop.Beep();
+  }
+}
+
+// Folders, the root among them, are drawn open while they are.
+void AccountPage::TreeView1_Expand(NodeId node, bool expanded) {
+  if (TreeView1.Nodes().Image(node) <= kFolderOpen) {
+    TreeView1.SetImage(node, expanded ? kFolderOpen : kFolderClosed);
+  }
+  // Closing a node may have passed the selection to it.
+  if (!expanded) RefreshSelection();
+}
+
+void AccountPage::KeyDown(int keyCode) {
+  if (!TreeView1.HasFocus()) return;
+  const NodeId node = TreeView1.SelectedNode();
+  if (keyCode == controls::kKeyDelete) Perform(node, CommandOfDelete(node));
+  if (keyCode == controls::kKeyF2 && cmdAccount[kEditButton].Enabled()) {
+    Perform(node, kAccountCommand + kEditButton);
+  }
+}
+
+// On a folder Delete does nothing, since it could only mean the account above.
+int AccountPage::CommandOfDelete(NodeId node) const {
+  const std::wstring tag = lookup.GetTypeNode(KeyOf(node));
+  if (tag == L"US" || tag == L"GR") {
+    return cmdAccount[kDeleteButton].Enabled() ? kAccountCommand + kDeleteButton : kNoCommand;
+  }
+  if (cmdFirst[kRemoveButton].Enabled()) return kFirstLinkCommand + kRemoveButton;
+  if (cmdSecond[kRemoveButton].Enabled()) return kSecondLinkCommand + kRemoveButton;
+  return kNoCommand;
+}
+
+}  // namespace browser

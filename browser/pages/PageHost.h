@@ -1,0 +1,35 @@
+#pragma once
+
+namespace browser {
+
+class AccountPage;
+
+// What a command has changed that other pages show as well.
+enum class Change {
+  kAccounts,          // an account, or who is in which group
+  kGroupPermissions,  // what a group gives to its members
+};
+
+// What a page lacks after a read that failed.
+enum class Missing {
+  kLeaves,    // what stands in folders
+  kAccounts,  // accounts, so that nobody can say any more which names are taken
+};
+
+// What a page knows of the window that it stands in.
+class PageHost {
+ public:
+  // A command on the page has changed something: the other pages are to show it too.
+  virtual void BringOthersInStep(const AccountPage& page, Change change) = 0;
+  // What a page has to say about its selection may have changed.
+  virtual void ShowStatus() = 0;
+  // An error, already reported, has kept a page from showing all that it should.
+  virtual void TellMissing(Missing what) = 0;
+  // False from a failed read of the accounts until a refresh succeeds.
+  virtual bool AllAccountsKnown() const = 0;
+
+ protected:
+  ~PageHost() = default;
+};
+
+}  // namespace browser

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "app/mGlobal.h"
+#include "browser/rules/ButtonRules.h"
+#include "controls/CommandButton.h"
+#include "controls/Form.h"
+#include "controls/Frame.h"
+#include "controls/ImageList.h"
+#include "controls/Label.h"
+#include "controls/TreeView.h"
+
+namespace browser {
+
+// The buttons of a section by their Index.
+enum AccountButton : int { kEditButton, kDeleteButton, kNewButton };
+enum LinkButton : int { kAssignButton, kRemoveButton };
+
+// The numbers of a tab's controls in the window's template, and of their texts in the string table.
+struct PageLayout {
+  int lblTree;
+  int TreeView1;
+  int fraAccount;
+  int cmdAccount;  // of the first button of the section, the others follow it
+  int fraFirst;
+  int cmdFirst;
+  int fraSecond;
+  int cmdSecond;
+  int treeName;
+  int accountCaption;  // of the frame, and of the tree's root
+  int firstCaption;
+  int secondCaption;
+};
+
+// The controls of one tab: a tree with its label, and three sections of buttons, for accounts and
+// for their first and second links (see ButtonRule).
+class PageView {
+ public:
+  PageView(const PageView&) = delete;
+  PageView& operator=(const PageView&) = delete;
+
+  // To be called in the load of the form: captions, and who follows whom when the form is resized
+  // or a section is hidden. All buttons are off then.
+  void SetControls(const app::mGlobal& global, const controls::ImageList& images);
+
+  // Shows the tab's tree, or hides the whole tab; the sections are shown by a call of their own, so
+  // that the focus of a tab that goes has not gone to them.
+  void ShowTree();
+  void ShowSections();
+  void Hide();
+
+  controls::Label lblTree;  // never on view: it names the tree for screen readers
+  controls::TreeView TreeView1;
+  controls::Frame fraAccount;
+  controls::CommandButton cmdAccount[3];  // AccountButton
+  controls::Frame fraFirst;
+  controls::CommandButton cmdFirst[2];  // LinkButton
+  controls::Frame fraSecond;
+  controls::CommandButton cmdSecond[2];  // LinkButton
+
+ protected:
+  PageView(controls::Form& form, const PageLayout& layout);
+  ~PageView() = default;
+
+  // Switches the buttons on and off for a node. As long as nobody can say which names are taken
+  // (namesKnown is false) accounts are neither edited nor made.
+  void SetButtons(const ButtonRule& rule, bool namesKnown);
+
+  const PageLayout layout_;
+
+ private:
+  void SetCaptions(const app::mGlobal& global);
+  void SetSections();
+};
+
+}  // namespace browser
