@@ -211,7 +211,9 @@ std::wstring frmUserGroupPerm::StatusText() const {
 }
 
 void frmUserGroupPerm::Refresh() {
-  static_cast<void>(RefreshTree());
+  if (RefreshTree() == app::Outcome::kFailed) return;
+  GetCountPerm();
+  ShowStatus();
 }
 
 void frmUserGroupPerm::cmdBtn_Click(int Index) {

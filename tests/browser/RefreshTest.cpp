@@ -56,6 +56,14 @@ TEST_F(Refresh, TheButtonShowsWhatTheDatabaseHoldsByThenAndReturnsToTheRoots) {
   });
 }
 
+TEST_F(Refresh, TheNumberOfPermissionsIsThatOfTheDatabaseByThen) {
+  Run([this](frmUserGroupPerm& window) {
+    Raw().Execute("INSERT INTO QRPERM (PERMID, NAME) VALUES (500, 'Nouvelle')");
+    user.Click(window.cmdBtn[0]);
+    EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 12 groupes, 31 permissions");
+  });
+}
+
 TEST_F(Refresh, F5RefreshesToo) {
   Run([this](frmUserGroupPerm& window) {
     Raw().Execute("INSERT INTO QRUSER (USERID, NAME) VALUES (500, 'Nouvelle')");
