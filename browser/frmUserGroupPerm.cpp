@@ -222,6 +222,7 @@ void frmUserGroupPerm::cmdBtn_Click(int Index) {
     return;
   }
   Refresh();
+  Shown().TreeView1.SetFocus();
 }
 
 void frmUserGroupPerm::cmdAbout_Click() {

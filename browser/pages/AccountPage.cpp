@@ -101,9 +101,12 @@ AccountPage::Selection AccountPage::ReadSelection() {
   return at;
 }
 
+// A button that was clicked has the focus, and its letters: a letter typed to find an account would
+// press another button.
 void AccountPage::Run(const std::function<bool(const Selection& at)>& command) {
   const Selection at = ReadSelection();
   if (command(at)) RefreshSelection();
+  TreeView1.SetFocus();
 }
 
 }  // namespace browser
