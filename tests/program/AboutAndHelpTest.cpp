@@ -1,12 +1,12 @@
 // The about box and the help.
 
+#include "app/StringIds.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
+#include "tests/program/ControlIds.h"
 #include "tests/program/Paths.h"
 #include "tests/program/ProgramTest.h"
 #include "tests/program/Texts.h"
-#include "tests/program/driver/Button.h"
-#include "tests/program/driver/Keyboard.h"
 
 namespace program {
 namespace {
@@ -17,7 +17,7 @@ class About : public ProgramTest {};
 
 TEST_F(About, TheButtonShowsTheSessionServersBoxWhichCloses) {
   const MainWindow window = Open(SampleSession());
-  driver::Press(window.Control(IDC_CMD_ABOUT));
+  window.Press(IDC_CMD_ABOUT);
   const driver::PromptBox box = driver::AwaitPrompt(Program().Id());
   EXPECT_NE(std::wstring::npos, box.Text().find(L"uadmin.exe")) << ToUtf8(box.Text());
   EXPECT_EQ(std::vector<int>{IDOK}, box.Buttons());
@@ -57,20 +57,22 @@ class Help : public ProgramTest {
   }
 
   void ExpectGoesOn(const MainWindow& window) {
-    window.PressAndWait(IDC_CMD_BTN);
-    EXPECT_GT(window.Tree(kUsersTab).Count(), 1);
+    const int before = window.Tree(kUsersTab).Count();
+    Box().Database().Run(L"INSERT INTO QRUSER (USERID, NAME) VALUES (60000, 'Nouveau')");
+    window.PressAndWait(kRefreshButton);
+    EXPECT_EQ(before + 1, window.Tree(kUsersTab).Count());
   }
 };
 
 TEST_F(Help, TheButtonOpensTheViewer) {
   const MainWindow window = Open(SampleSession());
-  driver::Press(window.Control(IDC_HELP_BUTTON));
+  window.Press(IDC_HELP_BUTTON);
   AwaitViewer();
 }
 
 TEST_F(Help, F1OpensTheViewerAndTheProgramStillEndsCleanly) {
   const MainWindow window = Open(SampleSession());
-  driver::PressKey(window.Form(), VK_F1);
+  window.Key(VK_F1);
   AwaitViewer();
   window.Form().Post(WM_CLOSE);
   ExpectExit(0);
@@ -78,16 +80,17 @@ TEST_F(Help, F1OpensTheViewerAndTheProgramStillEndsCleanly) {
 
 TEST_F(Help, WithoutTheHelpLibraryTheReportSaysSo) {
   const MainWindow window = OpenFrom(FolderWith({L"uadmin.exe", L"ORMEX.chm"}));
-  driver::Press(window.Control(IDC_HELP_BUTTON));
-  ExpectReport(Report(L"MShowHelp", 53, String(411)));
+  window.Press(IDC_HELP_BUTTON);
+  ExpectReport(Report(L"MShowHelp", 53, String(app::kHelpLibraryMissing)));
   ExpectGoesOn(window);
 }
 
 TEST_F(Help, WithoutTheHelpFileTheReportNamesIt) {
   const std::filesystem::path folder = FolderWith({L"uadmin.exe", L"kvh_util.dll"});
   const MainWindow window = OpenFrom(folder);
-  driver::PressKey(window.Form(), VK_F1);
-  ExpectReport(Report(L"MShowHelp", 53, String(413, {(folder / L"ORMEX.chm").wstring()})));
+  window.Key(VK_F1);
+  ExpectReport(
+      Report(L"MShowHelp", 53, String(app::kHelpFileMissing, {(folder / L"ORMEX.chm").wstring()})));
   ExpectGoesOn(window);
 }
 
@@ -95,8 +98,8 @@ TEST_F(Help, ALibraryWithoutTheFunctionIsReported) {
   const std::filesystem::path folder = FolderWith({L"uadmin.exe", L"ORMEX.chm"});
   std::filesystem::copy_file(TestsFolder() / L"dying_server.dll", folder / L"kvh_util.dll");
   const MainWindow window = OpenFrom(folder);
-  driver::Press(window.Control(IDC_HELP_BUTTON));
-  ExpectReport(Report(L"MShowHelp", 453, String(412)));
+  window.Press(IDC_HELP_BUTTON);
+  ExpectReport(Report(L"MShowHelp", 453, String(app::kHelpFunctionMissing)));
   ExpectGoesOn(window);
 }
 

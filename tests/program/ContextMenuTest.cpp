@@ -1,21 +1,20 @@
 // The commands that the trees offer where they are, what they copy, and what they tell about a
 // permission.
 
+#include "app/StringIds.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
 #include "tests/program/DialogWindow.h"
 #include "tests/program/ProgramTest.h"
+#include "tests/program/SampleTexts.h"
 #include "tests/program/Texts.h"
 #include "tests/program/driver/Clipboard.h"
-#include "tests/program/driver/Keyboard.h"
 #include "tests/program/driver/Mouse.h"
 #include "tests/program/driver/PopupMenu.h"
 #include "tests/program/driver/ToolTip.h"
 
 namespace program {
 namespace {
-
-constexpr const wchar_t* kMartin = L"Martin (Jean Martin)";
 
 class ContextMenu : public ProgramTest {
  protected:
@@ -27,8 +26,8 @@ class ContextMenu : public ProgramTest {
 
   // Chooses the item that stands that many items below the top of the menu.
   void ChooseItem(const MainWindow& window, int steps) {
-    for (int step = 0; step <= steps; ++step) driver::PressKey(window.Form(), VK_DOWN);
-    driver::PressKey(window.Form(), VK_RETURN);
+    for (int step = 0; step <= steps; ++step) window.Key(VK_DOWN);
+    window.Key(VK_RETURN);
     driver::AwaitNoMenu(Program().Id());
   }
 };
@@ -36,11 +35,12 @@ class ContextMenu : public ProgramTest {
 TEST_F(ContextMenu, ItsCommandsAreThoseOfTheButtons) {
   constexpr int kAssignPermission = 5;  // behind Edit, Delete, New, Assign and Remove of groups
   const MainWindow window = Open(SampleSession());
-  OpenMenuAt(window, {kMartin, String(305)});
-  EXPECT_EQ(String(305), window.Tree(kUsersTab).Selected().text) << "the click has not selected";
+  OpenMenuAt(window, {kMartin, String(app::kUserPermissions)});
+  EXPECT_EQ(String(app::kUserPermissions), window.Tree(kUsersTab).Selected().text)
+      << "the click has not selected";
   ChooseItem(window, kAssignPermission);
   {
-    const DialogWindow dialog(Program(), String(206) + String(307));
+    const DialogWindow dialog(Program(), String(app::kChoicesTitle) + String(app::kPermissions));
     dialog.Toggle(L"Libérer un lot");
     dialog.Key(VK_RETURN);
     dialog.AwaitClosed();
@@ -49,12 +49,12 @@ TEST_F(ContextMenu, ItsCommandsAreThoseOfTheButtons) {
   EXPECT_EQ((std::vector<std::string>{"14", "20", "21"}),
             Box().Database().Lines(L"SELECT PERMID FROM QRUPRM WHERE USERID = 9 ORDER BY 1"));
 
-  driver::PressKey(window.Form(), VK_F10, {VK_SHIFT});
+  window.Key(VK_F10, {VK_SHIFT});
   driver::AwaitMenu(Program().Id());
-  driver::PressKey(window.Form(), 'E');
+  window.Key('E');
   driver::AwaitNoMenu(Program().Id());
   {
-    const DialogWindow dialog(Program(), String(205));
+    const DialogWindow dialog(Program(), String(app::kEditUserTitle));
     EXPECT_EQ(L"Martin", dialog.Box(IDC_TXT_USER_NAME).Text());
     dialog.Key(VK_ESCAPE);
     dialog.AwaitClosed();
@@ -65,9 +65,9 @@ TEST_F(ContextMenu, ItsCommandsAreThoseOfTheButtons) {
 TEST_F(ContextMenu, WhatItsButtonDoesNotAllowIsNotDone) {
   const MainWindow window = Open(SampleSession());
   const std::wstring before = Box().Database().Contents();
-  OpenMenuAt(window, {L"Admin (Administrateur principal)"});
-  driver::PressKey(window.Form(), 'S');  // Delete, which is off for this user
-  driver::PressKey(window.Form(), VK_ESCAPE);
+  OpenMenuAt(window, {kAdmin});
+  window.Key('S');  // Delete, which is off for this user
+  window.Key(VK_ESCAPE);
   driver::AwaitNoMenu(Program().Id());
   window.Form().Send(WM_NULL);
   EXPECT_FALSE(driver::FindPrompt(Program().Id()));
@@ -75,20 +75,21 @@ TEST_F(ContextMenu, WhatItsButtonDoesNotAllowIsNotDone) {
 }
 
 TEST_F(ContextMenu, CopiesWhatStandsBelowANodeAsCtrlCDoes) {
-  const std::wstring expected = String(304) + L"\r\n\tLaboratoire (Mesures et essais)\r\n" +
+  const std::wstring expected = String(app::kMemberOf) +
+                                L"\r\n\tLaboratoire (Mesures et essais)\r\n" +
                                 L"\tProduction (Ateliers d'Annecy et de Châteauroux)\r\n" +
                                 L"\tTout le monde (Tous les utilisateurs)";
   const MainWindow window = Open(SampleSession());
   driver::ClearClipboard();
-  window.ClickNode(kUsersTab, {kMartin, String(304)});
-  driver::PressKey(window.Form(), 'C', {VK_CONTROL});
+  window.ClickNode(kUsersTab, {kMartin, String(app::kMemberOf)});
+  window.Key('C', {VK_CONTROL});
   driver::WaitUntil([&] { return !driver::ClipboardText().empty(); });
   EXPECT_EQ(data::ToUtf8(expected), data::ToUtf8(driver::ClipboardText()));
 
   driver::ClearClipboard();
-  driver::PressKey(window.Form(), VK_F10, {VK_SHIFT});
+  window.Key(VK_F10, {VK_SHIFT});
   driver::AwaitMenu(Program().Id());
-  driver::PressKey(window.Form(), 'C');
+  window.Key('C');
   driver::AwaitNoMenu(Program().Id());
   driver::WaitUntil([&] { return !driver::ClipboardText().empty(); });
   EXPECT_EQ(data::ToUtf8(expected), data::ToUtf8(driver::ClipboardText()));
@@ -99,17 +100,21 @@ class Why : public ProgramTest {};
 TEST_F(Why, AStatusLineAndATipTellWhereAPermissionComesFrom) {
   const MainWindow window = Open(SampleSession());
   const std::wstring production = L"Production";
-  window.ClickNode(kUsersTab, {kMartin, String(306), L"Consulter le stock"});
-  EXPECT_EQ(data::ToUtf8(String(504, {production})), data::ToUtf8(window.Status()));
-  window.ClickNode(kUsersTab, {kMartin, String(306), L"Lancer un ordre de fabrication"});
-  EXPECT_EQ(data::ToUtf8(String(502, {production})), data::ToUtf8(window.Status()));
+  window.ClickNode(kUsersTab, {kMartin, String(app::kAllPermissions), L"Consulter le stock"});
+  EXPECT_EQ(data::ToUtf8(String(app::kDirectlyAndByGroup, {production})),
+            data::ToUtf8(window.Status()));
+  window.ClickNode(kUsersTab,
+                   {kMartin, String(app::kAllPermissions), L"Lancer un ordre de fabrication"});
+  EXPECT_EQ(data::ToUtf8(String(app::kByGroup, {production})), data::ToUtf8(window.Status()));
   window.ClickNode(kUsersTab, {kMartin});
-  EXPECT_EQ(data::ToUtf8(String(404, {L"39", L"12", L"30"})), data::ToUtf8(window.Status()));
+  EXPECT_EQ(data::ToUtf8(String(app::kCounts, {L"39", L"12", L"30"})),
+            data::ToUtf8(window.Status()));
 
   driver::TreeView tree = window.Tree(kUsersTab);
-  const HTREEITEM item = tree.Find({kMartin, String(306), L"Solder un ordre de fabrication"}).item;
+  const HTREEITEM item =
+      tree.Find({kMartin, String(app::kAllPermissions), L"Solder un ordre de fabrication"}).item;
   driver::PointAt(tree.Control(), tree.Reveal(item));
-  EXPECT_EQ(data::ToUtf8(String(502, {production})),
+  EXPECT_EQ(data::ToUtf8(String(app::kByGroup, {production})),
             data::ToUtf8(driver::AwaitTip(Program().Id()).Text()));
   EXPECT_EQ(kMartin, tree.Selected().text) << "looking is not selecting";
 }

@@ -5,12 +5,11 @@
 
 #include "data/Text.h"
 #include "tests/program/ProgramTest.h"
+#include "tests/program/SampleTexts.h"
 #include "tests/program/Texts.h"
 
 namespace program {
 namespace {
-
-constexpr long kDatabaseError = -2147467259;
 
 // How long the session server waits for a database that somebody else has locked.
 constexpr std::chrono::seconds kLockWait{5};

@@ -8,12 +8,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/StringIds.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
+#include "tests/program/ControlIds.h"
 #include "tests/program/DialogWindow.h"
 #include "tests/program/ProgramTest.h"
 #include "tests/program/Texts.h"
-#include "tests/program/driver/Button.h"
 
 namespace program {
 namespace {
@@ -30,11 +31,6 @@ struct Named {
 
 class DialogControls : public ProgramTest {
  protected:
-  static void Select(const MainWindow& window, Tab tab, const std::vector<std::wstring>& path) {
-    driver::TreeView tree = window.Tree(tab);
-    tree.Select(tree.Find(path).item);
-  }
-
   static void ExpectNamed(const DialogWindow& dialog, const std::vector<Named>& controls) {
     const std::vector<driver::Window> all = dialog.Form().Children();
     for (const Named& named : controls) {
@@ -54,7 +50,7 @@ class DialogControls : public ProgramTest {
   // OK, Cancel and Help are buttons; the dialog stands over the main window, which waits for it.
   static void ExpectFrame(const DialogWindow& dialog, const driver::Window& owner) {
     for (const auto& [button, text] :
-         {std::pair{IDC_OK, 101}, {IDC_CANCEL, 102}, {IDC_HELP_BUTTON, 104}}) {
+         {std::pair{IDC_OK, app::kOk}, {IDC_CANCEL, app::kCancel}, {IDC_HELP_BUTTON, app::kHelp}}) {
       EXPECT_EQ(L"Button", dialog.Control(button).Class());
       EXPECT_EQ(ToUtf8(String(text)), ToUtf8(dialog.Control(button).Text()));
     }
@@ -69,46 +65,52 @@ class DialogControls : public ProgramTest {
 };
 
 TEST_F(DialogControls, ThoseOfTheUserDialogsAreNative) {
-  const std::vector<Named> controls{
-      {IDC_TXT_USER_NAME, WC_EDITW, 319},     {IDC_TXT_FULL_NAME, WC_EDITW, 320},
-      {IDC_TXT_PASSWORD, WC_EDITW, 321},      {IDC_TXT_VERIFY, WC_EDITW, 322},
-      {IDC_LIST_USER + 1, WC_LISTVIEWW, 304}, {IDC_LIST_USER + 2, WC_LISTVIEWW, 305}};
+  const std::vector<Named> controls{{IDC_TXT_USER_NAME, WC_EDITW, app::kUserNameLabel},
+                                    {IDC_TXT_FULL_NAME, WC_EDITW, app::kFullNameLabel},
+                                    {IDC_TXT_PASSWORD, WC_EDITW, app::kPasswordLabel},
+                                    {IDC_TXT_VERIFY, WC_EDITW, app::kConfirmationLabel},
+                                    {kGroupsOfUserList, WC_LISTVIEWW, app::kMemberOf},
+                                    {kPermissionsOfUserList, WC_LISTVIEWW, app::kUserPermissions}};
   const MainWindow window = Open(SampleSession());
-  Select(window, kUsersTab, {L"Blanc"});
-  for (const auto& [button, title] : {std::pair{IDC_CMD_USER + 2, 204}, {IDC_CMD_USER, 205}}) {
-    driver::Press(window.Control(button));
+  window.Select(kUsersTab, {L"Blanc"});
+  for (const auto& [button, title] :
+       {std::pair{kNewUserButton, app::kNewUserTitle}, {kEditUserButton, app::kEditUserTitle}}) {
+    window.Press(button);
     const DialogWindow dialog(Program(), String(title));
     ExpectNamed(dialog, controls);
     ExpectFrame(dialog, window.Form());
     Leave(dialog);
     window.AwaitUsable();
   }
-  Select(window, kUsersTab, {L"Blanc", String(304)});
-  driver::Press(window.Control(IDC_CMD_MEMBER_OF));
-  const DialogWindow chooser(Program(), String(206) + String(308));
-  ExpectNamed(chooser, {{IDC_LIST_LIST_ITEM, WC_LISTVIEWW, 323}});
+  window.Select(kUsersTab, {L"Blanc", String(app::kMemberOf)});
+  window.Press(kAssignGroupsButton);
+  const DialogWindow chooser(Program(), String(app::kChoicesTitle) + String(app::kGroups));
+  ExpectNamed(chooser, {{IDC_LIST_LIST_ITEM, WC_LISTVIEWW, app::kCheckItems}});
   ExpectFrame(chooser, window.Form());
 }
 
 TEST_F(DialogControls, ThoseOfTheGroupDialogsAreNative) {
-  const std::vector<Named> controls{{IDC_TXT_GROUP_NAME, WC_EDITW, 317},
-                                    {IDC_TXT_GROUP_DESC, WC_EDITW, 318},
-                                    {IDC_LIST_GROUP + 1, kList, 309},
-                                    {IDC_LIST_GROUP + 2, WC_LISTVIEWW, 310}};
+  const std::vector<Named> controls{
+      {IDC_TXT_GROUP_NAME, WC_EDITW, app::kGroupNameLabel},
+      {IDC_TXT_GROUP_DESC, WC_EDITW, app::kDescriptionLabel},
+      {kMembersOfGroupList, kList, app::kMembers},
+      {kPermissionsOfGroupList, WC_LISTVIEWW, app::kGroupPermissions}};
   const MainWindow window = Open(SampleSession());
   window.SelectTab(kGroupsTab);
-  Select(window, kGroupsTab, {L"Achats"});
-  for (const auto& [button, title] : {std::pair{IDC_CMD_GROUP + 2, 202}, {IDC_CMD_GROUP, 203}}) {
-    driver::Press(window.Control(button));
+  window.Select(kGroupsTab, {L"Achats"});
+  for (const auto& [button, title] : {std::pair{kNewGroupButton, app::kNewGroupTitle},
+                                      {kEditGroupButton, app::kEditGroupTitle}}) {
+    window.Press(button);
     const DialogWindow dialog(Program(), String(title));
     ExpectNamed(dialog, controls);
     ExpectFrame(dialog, window.Form());
-    driver::Press(dialog.Control(IDC_CMD_GROUP_BTN + 11));
-    const DialogWindow chooser(Program(), String(201) + dialog.Box(IDC_TXT_GROUP_NAME).Text());
-    ExpectNamed(chooser, {{IDC_TXT_ADD_USER + 1, WC_EDITW, 313},
-                          {IDC_LIST_ADD_USER + 1, kList, 311},
-                          {IDC_TXT_ADD_USER + 2, WC_EDITW, 315},
-                          {IDC_LIST_ADD_USER + 2, kList, 312}});
+    dialog.Press(kAddMembersOfGroupButton);
+    const DialogWindow chooser(Program(),
+                               String(app::kAddUsersTitle) + dialog.Box(IDC_TXT_GROUP_NAME).Text());
+    ExpectNamed(chooser, {{kOutsideSearchBox, WC_EDITW, app::kAddUsersStep1},
+                          {kOutsideList, kList, app::kAvailableUsers},
+                          {kInsideSearchBox, WC_EDITW, app::kAddUsersStep1 + 2},
+                          {kInsideList, kList, app::kSelectedUsers}});
     ExpectFrame(chooser, dialog.Form());
     Leave(chooser);
     Leave(dialog);
@@ -120,10 +122,10 @@ TEST_F(DialogControls, ACheckListThatIsOffLooksIt) {
   const MainWindow window = Open(SampleSession());
   window.SelectTab(kGroupsTab);
   const auto stateOf = [&](const std::wstring& group) {
-    Select(window, kGroupsTab, {group});
-    driver::Press(window.Control(IDC_CMD_GROUP));
-    const DialogWindow dialog(Program(), String(203));
-    const driver::Window list = dialog.Control(IDC_LIST_GROUP + 2);
+    window.Select(kGroupsTab, {group});
+    window.Press(kEditGroupButton);
+    const DialogWindow dialog(Program(), String(app::kEditGroupTitle));
+    const driver::Window list = dialog.Control(kPermissionsOfGroupList);
     const auto colour = static_cast<COLORREF>(list.Send(LVM_GETTEXTCOLOR));
     const std::pair seen{list.IsEnabled(), colour != GetSysColor(COLOR_GRAYTEXT)};
     Leave(dialog);

@@ -3,28 +3,24 @@
 #include <chrono>
 #include <fstream>
 
+#include "app/StringIds.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
+#include "tests/program/ControlIds.h"
 #include "tests/program/DialogWindow.h"
 #include "tests/program/Paths.h"
 #include "tests/program/ProgramTest.h"
 #include "tests/program/Registration.h"
+#include "tests/program/SampleTexts.h"
 #include "tests/program/Texts.h"
 
 namespace program {
 namespace {
 
-constexpr long kDatabaseError = -2147467259;
-constexpr long kAccessViolation = static_cast<long>(0xC0000005);
 constexpr std::chrono::seconds kLocked{6};
 
 class DialogFault : public ProgramTest {
  protected:
-  static void Select(const MainWindow& window, Tab tab, const std::vector<std::wstring>& path) {
-    driver::TreeView tree = window.Tree(tab);
-    tree.Select(tree.Find(path).item);
-  }
-
   // A session on a server that lives until Kill.
   std::wstring MortalSession() {
     const std::wstring session = SampleSession();
@@ -35,10 +31,10 @@ class DialogFault : public ProgramTest {
   void Kill() { std::filesystem::remove(Box().Folder() / L"home" / L"alive"); }
 
   void AssignPurchasing(const MainWindow& window) {
-    window.ClickOn(IDC_CMD_MEMBER_OF);
-    const DialogWindow dialog(Program(), String(206) + String(308));
+    window.Click(kAssignGroupsButton);
+    const DialogWindow dialog(Program(), String(app::kChoicesTitle) + String(app::kGroups));
     dialog.Toggle(L"Qualité");
-    dialog.ClickOn(IDC_OK);
+    dialog.Click(IDC_OK);
   }
 
   int QualityLinks() {
@@ -52,15 +48,15 @@ class DialogFault : public ProgramTest {
 
 TEST_F(DialogFault, ADatabaseLockedForSixSecondsIsReportedOnOkAndTheProgramGoesOn) {
   const MainWindow window = Open(SampleSession());
-  Select(window, kUsersTab, {L"Blanc", String(304)});
+  window.Select(kUsersTab, {L"Blanc", String(app::kMemberOf)});
   Database other = Box().Database();
   {
-    window.ClickOn(IDC_CMD_MEMBER_OF);
-    const DialogWindow dialog(Program(), String(206) + String(308));
+    window.Click(kAssignGroupsButton);
+    const DialogWindow dialog(Program(), String(app::kChoicesTitle) + String(app::kGroups));
     dialog.Toggle(L"Qualité");
     other.Run(L"BEGIN EXCLUSIVE");
     const auto since = std::chrono::steady_clock::now();
-    dialog.ClickOn(IDC_OK);
+    dialog.Click(IDC_OK);
     ExpectReport(Report(L"UpdateData", kDatabaseError, L"database is locked"));
     driver::WaitUntil([&] { return std::chrono::steady_clock::now() - since >= kLocked; });
     other.Run(L"COMMIT");
@@ -77,8 +73,8 @@ TEST_F(DialogFault, ADatabaseLockedForSixSecondsIsReportedOnOkAndTheProgramGoesO
 
 TEST_F(DialogFault, ASessionServerThatDiesBehindADialogIsReportedAndTheProgramCanBeLeft) {
   const MainWindow window = Open(MortalSession());
-  window.ClickOn(IDC_CMD_USER + 2);
-  const DialogWindow dialog(Program(), String(204));
+  window.Click(kNewUserButton);
+  const DialogWindow dialog(Program(), String(app::kNewUserTitle));
   dialog.Type(L"Vidal");
   dialog.TabTo(IDC_TXT_PASSWORD);
   dialog.Type(L"secret-9");
@@ -87,18 +83,18 @@ TEST_F(DialogFault, ASessionServerThatDiesBehindADialogIsReportedAndTheProgramCa
   const std::wstring before = Box().Database().Contents();
   Kill();
   dialog.Key(VK_RETURN);
-  ExpectReport(Report(L"NewUser", kAccessViolation, String(424)));
+  ExpectReport(Report(L"NewUser", kAccessViolation, String(app::kServerLost)));
   dialog.AwaitClosed();
   window.AwaitUsable();
   EXPECT_EQ(before, Box().Database().Contents());
   ExpectAccountsAsStored(window, kUsersTab);
 
-  window.ClickOn(IDC_CMD_USER + 2);
-  ExpectReport(Report(L"List1AddItem", kAccessViolation, String(424)));
-  ExpectReport(Report(L"GetEveryOneGroup", kAccessViolation, String(424)));
-  ExpectReport(Report(L"List1AddItem", kAccessViolation, String(424)));
+  window.Click(kNewUserButton);
+  ExpectReport(Report(L"List1AddItem", kAccessViolation, String(app::kServerLost)));
+  ExpectReport(Report(L"GetEveryOneGroup", kAccessViolation, String(app::kServerLost)));
+  ExpectReport(Report(L"List1AddItem", kAccessViolation, String(app::kServerLost)));
   window.AwaitUsable();
-  window.ClickOn(IDC_CMD_BTN + 1);
+  window.Click(kExitButton);
   ExpectExit(0);
 }
 

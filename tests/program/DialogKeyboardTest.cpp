@@ -1,7 +1,9 @@
 // Every dialog used without a mouse.
 
+#include "app/StringIds.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
+#include "tests/program/ControlIds.h"
 #include "tests/program/DialogWindow.h"
 #include "tests/program/ProgramTest.h"
 #include "tests/program/Texts.h"
@@ -18,25 +20,14 @@ class DialogKeyboard : public ProgramTest {
  protected:
   // Moves the selection to a node as the arrow keys would, and the focus to its tree.
   static void GoTo(const MainWindow& window, Tab tab, const Texts& path) {
-    driver::TreeView tree = window.Tree(tab);
-    tree.Select(tree.Find(path).item);
-    const int control = tab == kUsersTab ? IDC_TREE_USERS : IDC_TREE_GROUPS;
-    driver::BringToFront(window.Form());
-    for (int step = 0; step < 30 && driver::FocusIn(window.Form()).Id() != control; ++step) {
-      const driver::Window before = driver::FocusIn(window.Form());
-      driver::PressKey(window.Form(), VK_TAB);
-      driver::Await("the focus to move", [&] { return driver::FocusIn(window.Form()) != before; });
-    }
+    window.Select(tab, path);
+    window.TabTo(tab == kUsersTab ? IDC_TREE_USERS : IDC_TREE_GROUPS);
   }
 
   // Goes on by Tab to a button and presses it by the space bar.
   static void PressByKeys(const MainWindow& window, int button) {
-    for (int step = 0; step < 30 && driver::FocusIn(window.Form()).Id() != button; ++step) {
-      const driver::Window before = driver::FocusIn(window.Form());
-      driver::PressKey(window.Form(), VK_TAB);
-      driver::Await("the focus to move", [&] { return driver::FocusIn(window.Form()) != before; });
-    }
-    driver::PressKey(window.Form(), VK_SPACE);
+    window.TabTo(button);
+    window.Key(VK_SPACE);
   }
 
   // Leaves by Escape, which nothing has to be asked for.
@@ -56,28 +47,29 @@ class DialogKeyboard : public ProgramTest {
 TEST_F(DialogKeyboard, ANewUserIsMadeWithoutTheMouse) {
   const MainWindow window = Open(SampleSession());
   GoTo(window, kUsersTab, {});
-  driver::PressKey(window.Form(), 'N', {VK_MENU});
-  const DialogWindow dialog(Program(), String(204));
+  window.Key('N', {VK_MENU});
+  const DialogWindow dialog(Program(), String(app::kNewUserTitle));
   EXPECT_EQ(IDC_TXT_USER_NAME, dialog.Focus());
-  EXPECT_EQ((Ids{IDC_TXT_FULL_NAME, IDC_TXT_PASSWORD, IDC_TXT_VERIFY, IDC_LIST_USER + 1,
-                 IDC_CMD_USER_BTN + 11, IDC_CMD_USER_BTN + 21, IDC_LIST_USER + 2,
-                 IDC_CMD_USER_BTN + 12, IDC_OK, IDC_CANCEL, IDC_HELP_BUTTON, IDC_TXT_USER_NAME}),
-            driver::WalkByTab(dialog.Form()));
+  EXPECT_EQ(
+      (Ids{IDC_TXT_FULL_NAME, IDC_TXT_PASSWORD, IDC_TXT_VERIFY, kGroupsOfUserList,
+           kAllGroupsOfUserButton, kNoGroupOfUserButton, kPermissionsOfUserList,
+           kAllPermissionsOfUserButton, IDC_OK, IDC_CANCEL, IDC_HELP_BUTTON, IDC_TXT_USER_NAME}),
+      driver::WalkByTab(dialog.Form()));
   dialog.Type(L"Vidal");
   dialog.TabTo(IDC_TXT_PASSWORD);
   dialog.Type(L"secret-9");
   dialog.TabTo(IDC_TXT_VERIFY);
   dialog.Type(L"secret-9");
   dialog.Key('U', {VK_MENU});  // all groups
-  AwaitChecked(dialog, IDC_LIST_USER + 1, 12);
+  AwaitChecked(dialog, kGroupsOfUserList, 12);
   dialog.Key('T', {VK_MENU});  // all permissions
-  AwaitChecked(dialog, IDC_LIST_USER + 2, 30);
+  AwaitChecked(dialog, kPermissionsOfUserList, 30);
   dialog.Key('A', {VK_MENU});  // none of them
-  AwaitChecked(dialog, IDC_LIST_USER + 2, 0);
+  AwaitChecked(dialog, kPermissionsOfUserList, 0);
   dialog.Key('C', {VK_MENU});  // no group but the one that nobody leaves
-  ExpectReport(String(1009) + L" 'Everyone' " + String(1008));
-  AwaitChecked(dialog, IDC_LIST_USER + 1, 1);
-  dialog.TabTo(IDC_LIST_USER + 2);
+  ExpectReport(String(app::kCannotRemoveUserFrom) + L" 'Everyone' " + String(app::kTheGroup));
+  AwaitChecked(dialog, kGroupsOfUserList, 1);
+  dialog.TabTo(kPermissionsOfUserList);
   dialog.Toggle(L"Saisir une commande");
   dialog.Key(VK_RETURN);
   dialog.AwaitClosed();
@@ -91,17 +83,18 @@ TEST_F(DialogKeyboard, ANewUserIsMadeWithoutTheMouse) {
 TEST_F(DialogKeyboard, AUserIsEditedWithoutTheMouse) {
   const MainWindow window = Open(SampleSession());
   GoTo(window, kUsersTab, {L"Blanc"});
-  driver::PressKey(window.Form(), VK_F2);
-  const DialogWindow dialog(Program(), String(205));
+  window.Key(VK_F2);
+  const DialogWindow dialog(Program(), String(app::kEditUserTitle));
   EXPECT_EQ(IDC_TXT_USER_NAME, dialog.Focus());
   EXPECT_EQ((std::pair{0, 5}), dialog.Box(IDC_TXT_USER_NAME).Selection());
-  EXPECT_EQ((Ids{IDC_HELP_BUTTON, IDC_CANCEL, IDC_OK, IDC_CMD_USER_BTN + 12, IDC_LIST_USER + 2,
-                 IDC_CMD_USER_BTN + 21, IDC_CMD_USER_BTN + 11, IDC_LIST_USER + 1, IDC_TXT_VERIFY,
-                 IDC_TXT_PASSWORD, IDC_TXT_FULL_NAME, IDC_TXT_USER_NAME}),
-            driver::WalkByTab(dialog.Form(), {VK_SHIFT}));
+  EXPECT_EQ(
+      (Ids{IDC_HELP_BUTTON, IDC_CANCEL, IDC_OK, kAllPermissionsOfUserButton, kPermissionsOfUserList,
+           kNoGroupOfUserButton, kAllGroupsOfUserButton, kGroupsOfUserList, IDC_TXT_VERIFY,
+           IDC_TXT_PASSWORD, IDC_TXT_FULL_NAME, IDC_TXT_USER_NAME}),
+      driver::WalkByTab(dialog.Form(), {VK_SHIFT}));
   dialog.TabTo(IDC_TXT_FULL_NAME);
   dialog.Type(L"Louise Blanc");
-  dialog.TabTo(IDC_LIST_USER + 1);
+  dialog.TabTo(kGroupsOfUserList);
   dialog.Toggle(L"Achats");
   dialog.Key(VK_RETURN);
   dialog.AwaitClosed();
@@ -116,32 +109,31 @@ TEST_F(DialogKeyboard, ANewGroupIsMadeWithoutTheMouse) {
   const MainWindow window = Open(SampleSession());
   window.SelectTab(kGroupsTab);
   GoTo(window, kGroupsTab, {});
-  driver::PressKey(window.Form(), 'N', {VK_MENU});
-  const DialogWindow dialog(Program(), String(202));
+  window.Key('N', {VK_MENU});
+  const DialogWindow dialog(Program(), String(app::kNewGroupTitle));
   EXPECT_EQ(IDC_TXT_GROUP_NAME, dialog.Focus());
-  EXPECT_EQ((Ids{IDC_TXT_GROUP_DESC, IDC_LIST_GROUP + 1, IDC_CMD_GROUP_BTN + 11, IDC_LIST_GROUP + 2,
-                 IDC_CMD_GROUP_BTN + 12, IDC_CMD_GROUP_BTN + 22, IDC_OK, IDC_CANCEL,
-                 IDC_HELP_BUTTON, IDC_TXT_GROUP_NAME}),
+  EXPECT_EQ((Ids{IDC_TXT_GROUP_DESC, kMembersOfGroupList, kAddMembersOfGroupButton,
+                 kPermissionsOfGroupList, kAllPermissionsOfGroupButton, kNoPermissionOfGroupButton,
+                 IDC_OK, IDC_CANCEL, IDC_HELP_BUTTON, IDC_TXT_GROUP_NAME}),
             driver::WalkByTab(dialog.Form()));
   dialog.Type(L"Accueil");
   dialog.Key('A', {VK_MENU});
-  const DialogWindow chooser(Program(), String(201) + L"Accueil");
-  EXPECT_EQ(IDC_TXT_ADD_USER + 1, chooser.Focus());
-  EXPECT_EQ(
-      (Ids{IDC_LIST_ADD_USER + 1, IDC_CMD_ADD_USER + 1, IDC_CMD_ADD_USER + 2, IDC_TXT_ADD_USER + 2,
-           IDC_LIST_ADD_USER + 2, IDC_OK, IDC_CANCEL, IDC_HELP_BUTTON, IDC_TXT_ADD_USER + 1}),
-      driver::WalkByTab(chooser.Form()));
+  const DialogWindow chooser(Program(), String(app::kAddUsersTitle) + L"Accueil");
+  EXPECT_EQ(kOutsideSearchBox, chooser.Focus());
+  EXPECT_EQ((Ids{kOutsideList, kMoveInButton, kMoveAllInButton, kInsideSearchBox, kInsideList,
+                 IDC_OK, IDC_CANCEL, IDC_HELP_BUTTON, kOutsideSearchBox}),
+            driver::WalkByTab(chooser.Form()));
   chooser.Type(L"rou");
-  chooser.TabTo(IDC_CMD_ADD_USER + 1);
+  chooser.TabTo(kMoveInButton);
   chooser.Key(VK_SPACE);
-  const driver::ListBox chosen = chooser.List(IDC_LIST_ADD_USER + 2);
+  const driver::ListBox chosen = chooser.List(kInsideList);
   driver::Await("somebody to be chosen", [&] { return chosen.Count() == 1; });
   EXPECT_EQ(L"Rousseau", chosen.Text(0));
   chooser.TabTo(IDC_OK);
   chooser.Key(VK_RETURN);
   chooser.AwaitClosed();
   dialog.Key('T', {VK_MENU});  // all permissions
-  AwaitChecked(dialog, IDC_LIST_GROUP + 2, 30);
+  AwaitChecked(dialog, kPermissionsOfGroupList, 30);
   dialog.TabTo(IDC_TXT_GROUP_DESC);
   dialog.Key(VK_RETURN);
   dialog.AwaitClosed();
@@ -157,17 +149,17 @@ TEST_F(DialogKeyboard, AGroupIsEditedWithoutTheMouse) {
   const MainWindow window = Open(SampleSession());
   window.SelectTab(kGroupsTab);
   GoTo(window, kGroupsTab, {L"Achats"});
-  driver::PressKey(window.Form(), VK_F2);
-  const DialogWindow dialog(Program(), String(203));
+  window.Key(VK_F2);
+  const DialogWindow dialog(Program(), String(app::kEditGroupTitle));
   EXPECT_EQ(IDC_TXT_GROUP_NAME, dialog.Focus());
-  dialog.TabTo(IDC_LIST_GROUP + 1);
-  const driver::ListBox members = dialog.List(IDC_LIST_GROUP + 1);
+  dialog.TabTo(kMembersOfGroupList);
+  const driver::ListBox members = dialog.List(kMembersOfGroupList);
   EXPECT_EQ((Texts{L"D'Angelo", L"Blanc", L"Chevalier"}), members.Texts());
   for (int row = 0; row < 3; ++row) dialog.Key(VK_DOWN);
   driver::Await("the last member to be selected", [&] { return members.IsSelected(2); });
   dialog.Key('R', {VK_MENU});
   driver::Await("the last member to be gone", [&] { return members.Count() == 2; });
-  dialog.TabTo(IDC_LIST_GROUP + 2);
+  dialog.TabTo(kPermissionsOfGroupList);
   dialog.Toggle(L"Libérer un lot");
   dialog.Key(VK_RETURN);
   dialog.AwaitClosed();
@@ -181,11 +173,11 @@ TEST_F(DialogKeyboard, AGroupIsEditedWithoutTheMouse) {
 
 TEST_F(DialogKeyboard, GroupsAreAssignedWithoutTheMouse) {
   const MainWindow window = Open(SampleSession());
-  GoTo(window, kUsersTab, {L"Blanc", String(304)});
-  PressByKeys(window, IDC_CMD_MEMBER_OF);
-  const DialogWindow dialog(Program(), String(206) + String(308));
+  GoTo(window, kUsersTab, {L"Blanc", String(app::kMemberOf)});
+  PressByKeys(window, kAssignGroupsButton);
+  const DialogWindow dialog(Program(), String(app::kChoicesTitle) + String(app::kGroups));
   EXPECT_EQ(IDC_LIST_LIST_ITEM, dialog.Focus());
-  EXPECT_EQ((Ids{IDC_CMD_LIST_ITEM, IDC_CMD_LIST_ITEM + 1, IDC_OK, IDC_CANCEL, IDC_HELP_BUTTON,
+  EXPECT_EQ((Ids{kCheckAllButton, kCheckNoneButton, IDC_OK, IDC_CANCEL, IDC_HELP_BUTTON,
                  IDC_LIST_LIST_ITEM}),
             driver::WalkByTab(dialog.Form()));
   dialog.Toggle(L"Qualité");
@@ -206,35 +198,35 @@ TEST_F(DialogKeyboard, GroupsAreAssignedWithoutTheMouse) {
 TEST_F(DialogKeyboard, MembersAreChosenWithoutTheMouseAndF1Helps) {
   const MainWindow window = Open(SampleSession());
   window.SelectTab(kGroupsTab);
-  GoTo(window, kGroupsTab, {L"Achats", String(309)});
-  PressByKeys(window, IDC_CMD_MEMBER);
-  const DialogWindow dialog(Program(), String(201) + L"Achats");
-  EXPECT_EQ(IDC_TXT_ADD_USER + 1, dialog.Focus());
-  EXPECT_EQ((Ids{IDC_LIST_ADD_USER + 1, IDC_CMD_ADD_USER + 1, IDC_CMD_ADD_USER + 2,
-                 IDC_CMD_ADD_USER + 3, IDC_CMD_ADD_USER + 4, IDC_TXT_ADD_USER + 2,
-                 IDC_LIST_ADD_USER + 2, IDC_OK, IDC_CANCEL, IDC_HELP_BUTTON, IDC_TXT_ADD_USER + 1}),
-            driver::WalkByTab(dialog.Form()));
+  GoTo(window, kGroupsTab, {L"Achats", String(app::kMembers)});
+  PressByKeys(window, kAssignMembersButton);
+  const DialogWindow dialog(Program(), String(app::kAddUsersTitle) + L"Achats");
+  EXPECT_EQ(kOutsideSearchBox, dialog.Focus());
+  EXPECT_EQ(
+      (Ids{kOutsideList, kMoveInButton, kMoveAllInButton, kMoveOutButton, kMoveAllOutButton,
+           kInsideSearchBox, kInsideList, IDC_OK, IDC_CANCEL, IDC_HELP_BUTTON, kOutsideSearchBox}),
+      driver::WalkByTab(dialog.Form()));
   dialog.Type(L"mu");
-  const driver::ListBox others = dialog.List(IDC_LIST_ADD_USER + 1);
-  const driver::ListBox chosen = dialog.List(IDC_LIST_ADD_USER + 2);
+  const driver::ListBox others = dialog.List(kOutsideList);
+  const driver::ListBox chosen = dialog.List(kInsideList);
   EXPECT_EQ((Texts{L"Müller"}), others.Selected());
-  dialog.TabTo(IDC_LIST_ADD_USER + 1);
+  dialog.TabTo(kOutsideList);
   dialog.Key(VK_UP);
   dialog.Key(VK_DOWN, {VK_SHIFT});
   driver::Await("two to be selected", [&] { return others.Selected().size() == 2; });
   const Texts selected = others.Selected();
-  dialog.TabTo(IDC_CMD_ADD_USER + 1);
+  dialog.TabTo(kMoveInButton);
   dialog.Key(VK_SPACE);
   driver::Await("both to be chosen", [&] { return chosen.Selected() == selected; });
-  dialog.TabTo(IDC_TXT_ADD_USER + 2);
+  dialog.TabTo(kInsideSearchBox);
   dialog.Key(VK_RETURN);
   dialog.AwaitClosed();
   window.AwaitUsable();
   EXPECT_EQ(5, Box().Database().Number(L"SELECT COUNT(*) FROM QRUSGP WHERE GROUPID = 9"));
 
-  GoTo(window, kGroupsTab, {L"Achats", String(310)});
-  PressByKeys(window, IDC_CMD_GROUP_PERMISSION);
-  const DialogWindow permissions(Program(), String(206) + String(307));
+  GoTo(window, kGroupsTab, {L"Achats", String(app::kGroupPermissions)});
+  PressByKeys(window, kAssignGroupPermissionsButton);
+  const DialogWindow permissions(Program(), String(app::kChoicesTitle) + String(app::kPermissions));
   permissions.Key(VK_F1);
   // It is on view before it takes the keyboard, and until then Escape would be too early.
   driver::Await("the help viewer to take the keyboard", [this] {

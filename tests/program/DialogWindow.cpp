@@ -4,14 +4,11 @@
 #include "resources/ResourceIds.h"
 #include "tests/program/driver/Failure.h"
 #include "tests/program/driver/Keyboard.h"
-#include "tests/program/driver/Mouse.h"
 #include "tests/program/driver/PromptBox.h"
 #include "tests/program/driver/Wait.h"
 
 namespace program {
 namespace {
-
-constexpr int kMostSteps = 30;
 
 driver::Window Find(DWORD processId, const std::wstring& title) {
   const auto found = driver::TopWindows(processId, [&](const driver::Window& window) {
@@ -25,25 +22,17 @@ driver::Window Find(DWORD processId, const std::wstring& title) {
 
 DialogWindow::DialogWindow(const driver::Process& process, const std::wstring& title) {
   driver::Await("the dialog " + data::ToUtf8(title), [&] {
-    form_ = Find(process.Id(), title);
-    return form_ || driver::FindPrompt(process.Id()) || !process.IsRunning();
+    SetForm(Find(process.Id(), title));
+    return Form() || driver::FindPrompt(process.Id()) || !process.IsRunning();
   });
-  if (!form_) throw driver::Failure("no dialog " + data::ToUtf8(title));
-  driver::BringToFront(form_);
-}
-
-void DialogWindow::AwaitFocus(int id) const {
-  driver::Await("the focus to be in control " + std::to_string(id), [&] { return Focus() == id; });
-}
-
-void DialogWindow::Key(WORD key, std::initializer_list<WORD> modifiers) const {
-  driver::PressKey(form_, key, modifiers);
+  if (!Form()) throw driver::Failure("no dialog " + data::ToUtf8(title));
+  driver::BringToFront(Form());
 }
 
 // A password box may keep its text to itself, but not how long it is.
 void DialogWindow::Type(const std::wstring& text) const {
-  const driver::TextBox box(driver::FocusIn(form_));
-  driver::TypeText(form_, text.c_str());
+  const driver::TextBox box(driver::FocusIn(Form()));
+  driver::TypeText(Form(), text.c_str());
   driver::Await("a typed text", [&] {
     if (box.IsMasked()) {
       return box.Control().Send(WM_GETTEXTLENGTH) == static_cast<LRESULT>(text.size());
@@ -52,18 +41,8 @@ void DialogWindow::Type(const std::wstring& text) const {
   });
 }
 
-void DialogWindow::TabTo(int id) const {
-  driver::BringToFront(form_);
-  for (int step = 0; Focus() != id; ++step) {
-    if (step == kMostSteps) throw driver::Failure("no way by Tab to " + std::to_string(id));
-    const driver::Window before = driver::FocusIn(form_);
-    Key(VK_TAB);
-    driver::Await("the focus to move", [&] { return driver::FocusIn(form_) != before; });
-  }
-}
-
 void DialogWindow::Toggle(const std::wstring& text) const {
-  driver::ListView list(driver::FocusIn(form_));
+  driver::ListView list(driver::FocusIn(Form()));
   const int row = list.Find(text);
   const bool before = list.Row(row).checked;
   for (int at = list.FocusedRow(); at != row; at = list.FocusedRow()) {
@@ -74,12 +53,8 @@ void DialogWindow::Toggle(const std::wstring& text) const {
   driver::Await("a check box to turn over", [&] { return list.Row(row).checked != before; });
 }
 
-void DialogWindow::ClickOn(int button) const {
-  driver::ClickOn(Control(button));
-}
-
 void DialogWindow::AwaitClosed() const {
-  driver::Await("the dialog to close", [this] { return !form_.Exists() || !form_.IsVisible(); });
+  driver::Await("the dialog to close", [this] { return !IsOpen(); });
 }
 
 }  // namespace program

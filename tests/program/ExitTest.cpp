@@ -1,9 +1,8 @@
 // The ways out of the program.
 
 #include "resources/ResourceIds.h"
+#include "tests/program/ControlIds.h"
 #include "tests/program/ProgramTest.h"
-#include "tests/program/driver/Button.h"
-#include "tests/program/driver/Keyboard.h"
 
 namespace program {
 namespace {
@@ -14,7 +13,7 @@ TEST_F(Exit, TheButtonEndsTheProgramAndTheSessionStaysUsable) {
   const std::wstring session = SampleSession();
   MainWindow window = Open(session);
   const std::wstring before = Box().Database().Contents();
-  driver::Press(window.Control(IDC_CMD_BTN + 1));
+  window.Press(kExitButton);
   ExpectExit(0);
   EXPECT_EQ(before, Box().Database().Contents());
   window = Open(session);
@@ -31,21 +30,21 @@ TEST_F(Exit, AltF4EndsTheProgramAlsoFromATree) {
   const MainWindow window = Open(SampleSession());
   driver::Await("the focus to be on the tree",
                 [&] { return driver::FocusIn(window.Form()).Id() == IDC_TREE_USERS; });
-  driver::PressKey(window.Form(), VK_F4, {VK_MENU});
+  window.Key(VK_F4, {VK_MENU});
   ExpectExit(0);
 }
 
 TEST_F(Exit, TheMnemonicOfTheExitButtonEndsTheProgram) {
   const MainWindow window = Open(SampleSession());
-  driver::PressKey(window.Form(), 'Q', {VK_MENU});
+  window.Key('Q', {VK_MENU});
   ExpectExit(0);
 }
 
 TEST_F(Exit, EscapeDoesNotEndTheProgram) {
   const MainWindow window = Open(SampleSession());
-  driver::PressKey(window.Form(), VK_ESCAPE);
+  window.Key(VK_ESCAPE);
   // The key is in the queue before this one, whose effect can be seen.
-  driver::PressKey(window.Form(), VK_DOWN);
+  window.Key(VK_DOWN);
   driver::TreeView tree = window.Tree(kUsersTab);
   driver::Await("the first user to be selected",
                 [&] { return tree.Selected().item != tree.Root().item; });

@@ -1,13 +1,16 @@
 // The trees opened down to their leaves, compared with the database.
 
 #include <set>
+#include <string>
+#include <utility>
 
+#include "app/StringIds.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
 #include "tests/program/Outline.h"
 #include "tests/program/ProgramTest.h"
+#include "tests/program/SampleTexts.h"
 #include "tests/program/Texts.h"
-#include "tests/program/driver/Keyboard.h"
 #include "tests/program/driver/Mouse.h"
 
 namespace program {
@@ -49,14 +52,13 @@ TEST_F(Expansion, EachFolderKindOpensToItsLeaves) {
   const MainWindow window = Open(SampleSession());
   Database database = Box().Database();
   driver::TreeView users = window.Tree(kUsersTab);
-  for (const int folder : {304, 305, 306}) {
+  for (const int folder : {app::kMemberOf, app::kUserPermissions, app::kAllPermissions}) {
     const driver::TreeNode node = users.Find({RichUser(database), String(folder)});
     EXPECT_FALSE(users.Children(node.item).empty()) << folder;
   }
   driver::TreeView groups = window.Tree(kGroupsTab);
-  for (const int folder : {309, 310}) {
-    const driver::TreeNode node =
-        groups.Find({L"Administrateurs (Contrôle total de l'application)", String(folder)});
+  for (const int folder : {app::kMembers, app::kGroupPermissions}) {
+    const driver::TreeNode node = groups.Find({kAdministrators, String(folder)});
     const auto leaves = groups.Children(node.item);
     ASSERT_FALSE(leaves.empty()) << folder;
     EXPECT_FALSE(leaves.front().hasChildren);
@@ -115,7 +117,7 @@ TEST_F(Expansion, AnOpenFolderIsDrawnOpenAndAClosedOneClosed) {
   const MainWindow window = Open(SampleSession());
   Database database = Box().Database();
   driver::TreeView tree = window.Tree(kUsersTab);
-  const driver::TreeNode folder = tree.Find({RichUser(database), String(304)});
+  const driver::TreeNode folder = tree.Find({RichUser(database), String(app::kMemberOf)});
   EXPECT_EQ(folder.image, folder.selectedImage);
   tree.Expand(folder.item);
   const driver::TreeNode open = tree.Read(folder.item);
@@ -127,22 +129,30 @@ TEST_F(Expansion, AnOpenFolderIsDrawnOpenAndAClosedOneClosed) {
 
 TEST_F(Expansion, ProtectedAccountsHaveAnImageOfTheirOwn) {
   const MainWindow window = Open(SampleSession());
-  driver::TreeView tree = window.Tree(kGroupsTab);
-  std::set<int> images;
-  for (const driver::TreeNode& group : tree.Children(tree.Root().item)) images.insert(group.image);
-  EXPECT_EQ(2u, images.size());
+  for (const auto& [tab, kept] : {std::pair{kUsersTab, std::set<std::wstring>{kAdmin}},
+                                  {kGroupsTab, {kAdministrators, kEveryone}}}) {
+    driver::TreeView tree = window.Tree(tab);
+    std::set<int> protectedImages;
+    std::set<int> images;
+    for (const driver::TreeNode& account : tree.Children(tree.Root().item)) {
+      (kept.contains(account.text) ? protectedImages : images).insert(account.image);
+    }
+    ASSERT_EQ(1u, protectedImages.size());
+    EXPECT_EQ(1u, images.size());
+    EXPECT_NE(protectedImages, images);
+  }
 }
 
 TEST_F(Expansion, TheArrowKeysOpenANodeAndGoIntoIt) {
   const MainWindow window = Open(SampleSession());
   driver::TreeView tree = window.Tree(kUsersTab);
-  driver::PressKey(window.Form(), VK_DOWN);
+  window.Key(VK_DOWN);
   driver::Await("the first user to be selected",
                 [&] { return tree.Parent(tree.Selected().item) == tree.Root().item; });
   const HTREEITEM user = tree.Selected().item;
-  driver::PressKey(window.Form(), VK_RIGHT);
+  window.Key(VK_RIGHT);
   driver::Await("the user to open", [&] { return tree.Read(user).expanded; });
-  driver::PressKey(window.Form(), VK_RIGHT);
+  window.Key(VK_RIGHT);
   driver::Await("the first folder to be selected",
                 [&] { return tree.Parent(tree.Selected().item) == user; });
   EXPECT_EQ(3u, tree.KnownChildren(user).size());

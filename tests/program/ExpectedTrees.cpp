@@ -1,5 +1,6 @@
 // What the trees have to show, read from the tables with statements of the test's own.
 
+#include "app/StringIds.h"
 #include "tests/program/Outline.h"
 #include "tests/program/Texts.h"
 
@@ -45,7 +46,7 @@ Outline Permissions(Database& database, int caption, const std::wstring& identif
 }  // namespace
 
 Outline ExpectedUsers(Database& database) {
-  Outline root{String(303), {}};
+  Outline root{String(app::kUsers), {}};
   for (const Database::Row& row : database.Rows(kUser)) {
     const std::wstring& id = *row[0];
     const std::wstring groups = L"SELECT GROUPID FROM QRUSGP WHERE USERID = " + id;
@@ -55,22 +56,23 @@ Outline ExpectedUsers(Database& database) {
                                    kLiving + L")";
     root.children.push_back(
         {AccountText(row),
-         {Accounts(database, 304, kGroup + L" AND GROUPID IN (" + groups + L")"),
-          Permissions(database, 305, own),
-          Permissions(database, 306, own + L" UNION " + inherited)}});
+         {Accounts(database, app::kMemberOf, kGroup + L" AND GROUPID IN (" + groups + L")"),
+          Permissions(database, app::kUserPermissions, own),
+          Permissions(database, app::kAllPermissions, own + L" UNION " + inherited)}});
   }
   return root;
 }
 
 Outline ExpectedGroups(Database& database) {
-  Outline root{String(308), {}};
+  Outline root{String(app::kGroups), {}};
   for (const Database::Row& row : database.Rows(kGroup)) {
     const std::wstring& id = *row[0];
     const std::wstring members = L"SELECT USERID FROM QRUSGP WHERE GROUPID = " + id;
     const std::wstring permissions = L"SELECT PERMID FROM QRGPRM WHERE GROUPID = " + id;
-    root.children.push_back({AccountText(row),
-                             {Accounts(database, 309, kUser + L" AND USERID IN (" + members + L")"),
-                              Permissions(database, 310, permissions)}});
+    root.children.push_back(
+        {AccountText(row),
+         {Accounts(database, app::kMembers, kUser + L" AND USERID IN (" + members + L")"),
+          Permissions(database, app::kGroupPermissions, permissions)}});
   }
   return root;
 }

@@ -4,8 +4,10 @@
 #include <utility>
 #include <vector>
 
+#include "app/StringIds.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
+#include "tests/program/ControlIds.h"
 #include "tests/program/ProgramTest.h"
 #include "tests/program/Texts.h"
 #include "tests/program/driver/Keyboard.h"
@@ -13,34 +15,29 @@
 namespace program {
 namespace {
 
-class Keyboard : public ProgramTest {
- protected:
-  static void AwaitFocus(const MainWindow& window, int control) {
-    driver::Await("the focus to be in the tree",
-                  [&] { return driver::FocusIn(window.Form()).Id() == control; });
-  }
-};
+class Keyboard : public ProgramTest {};
 
 TEST_F(Keyboard, TheTabKeyWalksTheControlsInTheOrderTheyAreSeen) {
   const MainWindow window = Open(SampleSession());
-  AwaitFocus(window, IDC_TREE_USERS);
-  EXPECT_EQ((std::vector<int>{IDC_CMD_USER + 2, IDC_CMD_BTN, IDC_CMD_ABOUT, IDC_HELP_BUTTON,
-                              IDC_CMD_BTN + 1, IDC_TAB, IDC_TREE_USERS}),
+  window.AwaitFocus(IDC_TREE_USERS);
+  EXPECT_EQ((std::vector<int>{kNewUserButton, kRefreshButton, IDC_CMD_ABOUT, IDC_HELP_BUTTON,
+                              kExitButton, IDC_TAB, IDC_TREE_USERS}),
             driver::WalkByTab(window.Form()));
 }
 
 TEST_F(Keyboard, ShiftAndTabWalkBack) {
   const MainWindow window = Open(SampleSession());
-  AwaitFocus(window, IDC_TREE_USERS);
-  EXPECT_EQ((std::vector<int>{IDC_TAB, IDC_CMD_BTN + 1, IDC_HELP_BUTTON, IDC_CMD_ABOUT, IDC_CMD_BTN,
-                              IDC_CMD_USER + 2, IDC_TREE_USERS}),
+  window.AwaitFocus(IDC_TREE_USERS);
+  EXPECT_EQ((std::vector<int>{IDC_TAB, kExitButton, IDC_HELP_BUTTON, IDC_CMD_ABOUT, kRefreshButton,
+                              kNewUserButton, IDC_TREE_USERS}),
             driver::WalkByTab(window.Form(), {VK_SHIFT}));
 }
 
 TEST_F(Keyboard, AScreenReaderFindsTheNameOfATreeDirectlyBeforeIt) {
   const MainWindow window = Open(SampleSession());
   const std::vector<driver::Window> controls = window.Form().Children();
-  for (const auto& [tree, name] : {std::pair{IDC_TREE_USERS, 331}, {IDC_TREE_GROUPS, 332}}) {
+  for (const auto& [tree, name] :
+       {std::pair{IDC_TREE_USERS, app::kUsersTreeName}, {IDC_TREE_GROUPS, app::kGroupsTreeName}}) {
     const auto found = std::ranges::find(controls, tree, &driver::Window::Id);
     ASSERT_TRUE(found != controls.end() && found != controls.begin());
     EXPECT_EQ(data::ToUtf8(String(name)), data::ToUtf8((found - 1)->Text()));
@@ -50,22 +47,22 @@ TEST_F(Keyboard, AScreenReaderFindsTheNameOfATreeDirectlyBeforeIt) {
 
 TEST_F(Keyboard, TheArrowKeysChangeTheTabAndTheTabKeyThenEntersItsTree) {
   const MainWindow window = Open(SampleSession());
-  AwaitFocus(window, IDC_TREE_USERS);
-  driver::PressKey(window.Form(), VK_TAB, {VK_SHIFT});
-  AwaitFocus(window, IDC_TAB);
-  driver::PressKey(window.Form(), VK_RIGHT);
+  window.AwaitFocus(IDC_TREE_USERS);
+  window.Key(VK_TAB, {VK_SHIFT});
+  window.AwaitFocus(IDC_TAB);
+  window.Key(VK_RIGHT);
   driver::Await("the groups tree", [&] { return window.Control(IDC_TREE_GROUPS).IsVisible(); });
-  driver::PressKey(window.Form(), VK_TAB);
-  AwaitFocus(window, IDC_TREE_GROUPS);
+  window.Key(VK_TAB);
+  window.AwaitFocus(IDC_TREE_GROUPS);
 }
 
 TEST_F(Keyboard, AnotherTabsTreeTakesTheFocusOfTheOneItReplaces) {
   const MainWindow window = Open(SampleSession());
-  AwaitFocus(window, IDC_TREE_USERS);
+  window.AwaitFocus(IDC_TREE_USERS);
   window.SelectTab(kGroupsTab);
-  AwaitFocus(window, IDC_TREE_GROUPS);
+  window.AwaitFocus(IDC_TREE_GROUPS);
   window.SelectTab(kUsersTab);
-  AwaitFocus(window, IDC_TREE_USERS);
+  window.AwaitFocus(IDC_TREE_USERS);
 }
 
 TEST_F(Keyboard, TheMnemonicOfRefreshReadsTheTreesAnew) {
@@ -73,7 +70,7 @@ TEST_F(Keyboard, TheMnemonicOfRefreshReadsTheTreesAnew) {
   driver::TreeView tree = window.Tree(kUsersTab);
   const int before = tree.Count();
   Box().Database().Run(L"INSERT INTO QRUSER (USERID, NAME) VALUES (60000, 'Nouveau')");
-  driver::PressKey(window.Form(), 'F', {VK_MENU});
+  window.Key('F', {VK_MENU});
   driver::Await("the new user", [&] { return tree.Count() == before + 1; });
 }
 

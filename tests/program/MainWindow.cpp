@@ -1,4 +1,5 @@
 #include "tests/program/MainWindow.h"
+#include "app/StringIds.h"
 
 #include "resources/ResourceIds.h"
 #include "tests/program/Texts.h"
@@ -17,7 +18,7 @@ bool IsMainWindow(const driver::Window& window) {
 // The status line tells the counts when all is read. They are shown once before the permissions,
 // of which there is at least one, are counted.
 bool TellsAllCounts(const std::wstring& status) {
-  const std::wstring pattern = String(404);
+  const std::wstring pattern = String(app::kCounts);
   const std::wstring end = pattern.substr(pattern.find(L"%3") + 2);
   return status.ends_with(end) && !status.ends_with(L" 0" + end);
 }
@@ -31,10 +32,10 @@ driver::Window FindMainWindow(DWORD processId) {
 
 MainWindow::MainWindow(const driver::Process& process) {
   driver::Await("the main window", [&] {
-    form_ = FindMainWindow(process.Id());
-    return form_ || !process.IsRunning() || driver::FindPrompt(process.Id());
+    SetForm(FindMainWindow(process.Id()));
+    return Form() || !process.IsRunning() || driver::FindPrompt(process.Id());
   });
-  if (form_) return;
+  if (Form()) return;
   if (process.IsRunning()) throw driver::Failure("the program shows a message box");
   throw driver::Failure("the program has ended, exit code " +
                         std::to_string(process.WaitForExit().value()));
@@ -57,14 +58,19 @@ void MainWindow::AwaitStarted() const {
 }
 
 void MainWindow::AwaitUsable() const {
-  driver::Await("the main window to be usable", [this] { return form_.IsEnabled(); });
-  form_.Send(WM_NULL);
+  driver::Await("the main window to be usable", [this] { return Form().IsEnabled(); });
+  Form().Send(WM_NULL);
 }
 
 void MainWindow::SelectTab(Tab tab) const {
   Tabs().Select(tab);
   const int tree = tab == kUsersTab ? IDC_TREE_USERS : IDC_TREE_GROUPS;
   driver::Await("the tab to show its tree", [&] { return Control(tree).IsVisible(); });
+}
+
+void MainWindow::Select(Tab tab, const std::vector<std::wstring>& path) const {
+  driver::TreeView tree = Tree(tab);
+  tree.Select(tree.Find(path).item);
 }
 
 void MainWindow::ClickTab(Tab tab) const {
@@ -78,10 +84,6 @@ void MainWindow::ClickNode(Tab tab, const std::vector<std::wstring>& path) const
   const HTREEITEM item = tree.Find(path).item;
   driver::ClickAt(tree.Control(), tree.Reveal(item));
   driver::Await("the node to be selected", [&] { return tree.Selected().item == item; });
-}
-
-void MainWindow::ClickOn(int button) const {
-  driver::ClickOn(Control(button));
 }
 
 void MainWindow::PressAndWait(int button) const {

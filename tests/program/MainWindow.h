@@ -3,23 +3,21 @@
 #include <string>
 #include <vector>
 
+#include "tests/program/FormWindow.h"
 #include "tests/program/driver/Process.h"
 #include "tests/program/driver/TabStrip.h"
 #include "tests/program/driver/TreeView.h"
-#include "tests/program/driver/Window.h"
 
 namespace program {
 
 enum Tab { kUsersTab = 0, kGroupsTab = 1 };
 
 // The program's main window as its user finds it.
-class MainWindow {
+class MainWindow : public FormWindow {
  public:
   // Waits for the window. It may still be reading.
   explicit MainWindow(const driver::Process& process);
 
-  const driver::Window& Form() const { return form_; }
-  driver::Window Control(int id) const { return form_.Child(id); }
   driver::TabStrip Tabs() const;
   driver::TreeView Tree(Tab tab) const;
   std::wstring Status() const;
@@ -29,19 +27,15 @@ class MainWindow {
   // Waits until no dialog stands over the window and it answers.
   void AwaitUsable() const;
   void SelectTab(Tab tab) const;
-  // The same with the real mouse.
+  // Selects the node reached from the root by these texts, as an arrow key does.
+  void Select(Tab tab, const std::vector<std::wstring>& path) const;
+
+  // Clicks with the real mouse on a tab.
   void ClickTab(Tab tab) const;
-  // Clicks with the real mouse on the node reached from the root by these texts, and waits until it
-  // is selected.
+  // Clicks with the real mouse on a node, and waits until it is selected.
   void ClickNode(Tab tab, const std::vector<std::wstring>& path) const;
-  // Clicks on a button with the real mouse.
-  void ClickOn(int button) const;
-  bool IsEnabled(int control) const { return Control(control).IsEnabled(); }
   // Presses a button and waits until its handler is done. For those that open no modal window.
   void PressAndWait(int button) const;
-
- private:
-  driver::Window form_;
 };
 
 // The main window of a process, if it has one that is visible.

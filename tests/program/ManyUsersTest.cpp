@@ -1,5 +1,6 @@
 // The ceiling of what the program counts.
 
+#include "app/StringIds.h"
 #include "data/Text.h"
 #include "tests/program/ProgramTest.h"
 #include "tests/program/Texts.h"
@@ -31,7 +32,7 @@ TEST_F(ManyUsers, AsManyAsCanBeCountedAreShown) {
 
 TEST_F(ManyUsers, OneMoreOverflowsAndIsReported) {
   Start(SessionWithUsers(kMostUsers + 1));
-  ExpectReport(Report(L"UserNode", 6, String(10006)));
+  ExpectReport(Report(L"UserNode", 6, String(app::kErrorTexts + 6)));
   ExpectExit(1);
 }
 

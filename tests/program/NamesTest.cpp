@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "app/StringIds.h"
 #include "data/Text.h"
 #include "tests/program/Outline.h"
 #include "tests/program/ProgramTest.h"
@@ -67,8 +68,8 @@ TEST_F(Names, AwkwardNamesAreShownAsTheyAre) {
   driver::TreeView tree = window.Tree(kUsersTab);
   for (const std::wstring& name : kAwkward) {
     const std::wstring text = name + L" (" + name + L")";
-    EXPECT_EQ(ToUtf8(text), ToUtf8(tree.Find({text, String(304), text}).text));
-    EXPECT_EQ(ToUtf8(name), ToUtf8(tree.Find({text, String(305), name}).text));
+    EXPECT_EQ(ToUtf8(text), ToUtf8(tree.Find({text, String(app::kMemberOf), text}).text));
+    EXPECT_EQ(ToUtf8(name), ToUtf8(tree.Find({text, String(app::kUserPermissions), name}).text));
   }
 }
 
@@ -85,7 +86,7 @@ TEST_F(Names, FourThousandCharactersAreShownWhole) {
   const MainWindow window = Open(session);
   driver::TreeView tree = window.Tree(kUsersTab);
   EXPECT_EQ(ToUtf8(name), ToUtf8(tree.Find({name}).text));
-  EXPECT_EQ(ToUtf8(name), ToUtf8(tree.Find({name, String(305), name}).text));
+  EXPECT_EQ(ToUtf8(name), ToUtf8(tree.Find({name, String(app::kUserPermissions), name}).text));
   ExpectBothTreesAsStored(window);
 }
 

@@ -4,13 +4,14 @@
 #include <chrono>
 #include <utility>
 
-#include "resources/ResourceIds.h"
+#include "app/StringIds.h"
+#include "tests/program/ControlIds.h"
 #include "tests/program/DialogWindow.h"
 #include "tests/program/Outline.h"
 #include "tests/program/Paths.h"
 #include "tests/program/ProgramTest.h"
+#include "tests/program/SampleTexts.h"
 #include "tests/program/Texts.h"
-#include "tests/program/driver/Button.h"
 #include "tests/program/driver/Keyboard.h"
 #include "tests/program/driver/Mouse.h"
 #include "tests/program/driver/PopupMenu.h"
@@ -19,9 +20,6 @@
 
 namespace program {
 namespace {
-
-constexpr const wchar_t* kMartin = L"Martin (Jean Martin)";
-constexpr const wchar_t* kQuality = L"Qualité (Contrôle final et réclamations)";
 
 // Half as long as a caret stays between two blinks.
 constexpr std::chrono::milliseconds kStill{250};
@@ -63,11 +61,6 @@ class Pictures : public ProgramTest {
     });
   }
 
-  static void Select(const MainWindow& window, Tab tab, const std::vector<std::wstring>& path) {
-    driver::TreeView tree = window.Tree(tab);
-    tree.Select(tree.Find(path).item);
-  }
-
   static void Leave(const DialogWindow& dialog, const MainWindow& window) {
     dialog.Key(VK_ESCAPE);
     dialog.AwaitClosed();
@@ -80,7 +73,7 @@ TEST_F(Pictures, BothTabsCanBeSeenOpenedToTheirLeaves) {
   driver::BringToFront(window.Form());
   driver::TreeView users = window.Tree(kUsersTab);
   OpenAccount(users, L"Admin");
-  EXPECT_EQ(3u, users.KnownChildren(users.Find({L"Admin (Administrateur principal)"}).item).size());
+  EXPECT_EQ(3u, users.KnownChildren(users.Find({kAdmin}).item).size());
   Keep(window.Form(), L"users.bmp");
   window.SelectTab(kGroupsTab);
   driver::TreeView groups = window.Tree(kGroupsTab);
@@ -90,18 +83,18 @@ TEST_F(Pictures, BothTabsCanBeSeenOpenedToTheirLeaves) {
 
 TEST_F(Pictures, TheDialogsOfTheUsersTabCanBeSeen) {
   const MainWindow window = Open(SampleSession());
-  driver::Press(window.Control(IDC_CMD_USER + 2));
-  const DialogWindow newUser(Program(), String(204));
+  window.Press(kNewUserButton);
+  const DialogWindow newUser(Program(), String(app::kNewUserTitle));
   Keep(newUser.Form(), L"new-user.bmp");
   Leave(newUser, window);
-  Select(window, kUsersTab, {kMartin});
-  driver::Press(window.Control(IDC_CMD_USER));
-  const DialogWindow editUser(Program(), String(205));
+  window.Select(kUsersTab, {kMartin});
+  window.Press(kEditUserButton);
+  const DialogWindow editUser(Program(), String(app::kEditUserTitle));
   Keep(editUser.Form(), L"edit-user.bmp");
   Leave(editUser, window);
-  Select(window, kUsersTab, {kMartin, String(304)});
-  driver::Press(window.Control(IDC_CMD_MEMBER_OF));
-  const DialogWindow groups(Program(), String(206) + String(308));
+  window.Select(kUsersTab, {kMartin, String(app::kMemberOf)});
+  window.Press(kAssignGroupsButton);
+  const DialogWindow groups(Program(), String(app::kChoicesTitle) + String(app::kGroups));
   groups.Toggle(L"Méthodes");
   groups.Toggle(L"Qualité");
   Keep(groups.Form(), L"list-item.bmp");
@@ -110,18 +103,18 @@ TEST_F(Pictures, TheDialogsOfTheUsersTabCanBeSeen) {
 TEST_F(Pictures, TheDialogsOfTheGroupsTabCanBeSeen) {
   const MainWindow window = Open(SampleSession());
   window.SelectTab(kGroupsTab);
-  driver::Press(window.Control(IDC_CMD_GROUP + 2));
-  const DialogWindow newGroup(Program(), String(202));
+  window.Press(kNewGroupButton);
+  const DialogWindow newGroup(Program(), String(app::kNewGroupTitle));
   Keep(newGroup.Form(), L"new-group.bmp");
   Leave(newGroup, window);
-  Select(window, kGroupsTab, {kQuality});
-  driver::Press(window.Control(IDC_CMD_GROUP));
-  const DialogWindow editGroup(Program(), String(203));
+  window.Select(kGroupsTab, {kQuality});
+  window.Press(kEditGroupButton);
+  const DialogWindow editGroup(Program(), String(app::kEditGroupTitle));
   Keep(editGroup.Form(), L"edit-group.bmp");
   Leave(editGroup, window);
-  Select(window, kGroupsTab, {kQuality, String(309)});
-  driver::Press(window.Control(IDC_CMD_MEMBER));
-  const DialogWindow members(Program(), String(201) + kQuality);
+  window.Select(kGroupsTab, {kQuality, String(app::kMembers)});
+  window.Press(kAssignMembersButton);
+  const DialogWindow members(Program(), String(app::kAddUsersTitle) + kQuality);
   members.Type(L"ma");
   Keep(members.Form(), L"add-users.bmp");
 }
@@ -131,9 +124,10 @@ TEST_F(Pictures, AMenuAndATipCanBeSeen) {
   // A window manager may still be moving the window, and the mouse has to find it.
   Keep(window.Form(), L"window.bmp");
   driver::TreeView tree = window.Tree(kUsersTab);
-  const HTREEITEM folder = tree.Find({kMartin, String(306)}).item;
-  const HTREEITEM leaf = tree.Find({kMartin, String(306), L"Consulter le stock"}).item;
-  Select(window, kUsersTab, {kMartin});
+  const HTREEITEM folder = tree.Find({kMartin, String(app::kAllPermissions)}).item;
+  const HTREEITEM leaf =
+      tree.Find({kMartin, String(app::kAllPermissions), L"Consulter le stock"}).item;
+  window.Select(kUsersTab, {kMartin});
   tree.Reveal(tree.KnownChildren(folder).back().item);
   driver::PointAt(tree.Control(), tree.Reveal(leaf));
   driver::AwaitTip(Program().Id());
@@ -141,7 +135,7 @@ TEST_F(Pictures, AMenuAndATipCanBeSeen) {
   driver::RightClickAt(tree.Control(), tree.Reveal(folder));
   driver::AwaitMenu(Program().Id());
   Keep(window.Form(), L"context-menu.bmp");
-  driver::PressKey(window.Form(), VK_ESCAPE);
+  window.Key(VK_ESCAPE);
   driver::AwaitNoMenu(Program().Id());
 }
 

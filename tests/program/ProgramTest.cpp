@@ -1,4 +1,5 @@
 #include "tests/program/ProgramTest.h"
+#include "app/StringIds.h"
 
 #include <algorithm>
 
@@ -49,7 +50,7 @@ MainWindow ProgramTest::Open(const std::wstring& commandLine) {
 void ProgramTest::ExpectReport(const driver::Process& process, const std::wstring& text) {
   const driver::PromptBox report = driver::AwaitPrompt(process.Id());
   EXPECT_EQ(data::ToUtf8(text), data::ToUtf8(report.Text()));
-  EXPECT_EQ(data::ToUtf8(String(250)), data::ToUtf8(report.Title()));
+  EXPECT_EQ(data::ToUtf8(String(app::kTitle)), data::ToUtf8(report.Title()));
   EXPECT_EQ(std::vector<int>{IDOK}, report.Buttons());
   EXPECT_TRUE(report.HasIcon());
   report.Answer(IDOK);
@@ -58,7 +59,7 @@ void ProgramTest::ExpectReport(const driver::Process& process, const std::wstrin
 void ProgramTest::ExpectQuestion(const std::wstring& text, int answer) {
   const driver::PromptBox box = driver::AwaitPrompt(Program().Id());
   EXPECT_EQ(data::ToUtf8(text), data::ToUtf8(box.Text()));
-  EXPECT_EQ(data::ToUtf8(String(250)), data::ToUtf8(box.Title()));
+  EXPECT_EQ(data::ToUtf8(String(app::kTitle)), data::ToUtf8(box.Title()));
   EXPECT_EQ((std::vector<int>{IDYES, IDNO}), box.Buttons());
   EXPECT_EQ(IDNO, box.DefaultButton());
   EXPECT_TRUE(box.HasIcon());

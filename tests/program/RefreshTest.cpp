@@ -1,12 +1,13 @@
 // What the window shows after the database changed underneath it.
 
+#include "app/StringIds.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
+#include "tests/program/ControlIds.h"
 #include "tests/program/Outline.h"
 #include "tests/program/ProgramTest.h"
+#include "tests/program/SampleTexts.h"
 #include "tests/program/Texts.h"
-#include "tests/program/driver/Button.h"
-#include "tests/program/driver/Keyboard.h"
 
 namespace program {
 namespace {
@@ -47,9 +48,9 @@ class Refresh : public ProgramTest {
       EXPECT_EQ(Print(expected), Print(shown));
       EXPECT_EQ("", ToUtf8(OutOfOrder(shown)));
     }
-    EXPECT_EQ(ToUtf8(String(404, {database.Text(L"SELECT COUNT(*) FROM QRUSERV"),
-                                  database.Text(L"SELECT COUNT(*) FROM QRGROUPV"),
-                                  database.Text(L"SELECT COUNT(*) FROM QRPERM")})),
+    EXPECT_EQ(ToUtf8(String(app::kCounts, {database.Text(L"SELECT COUNT(*) FROM QRUSERV"),
+                                           database.Text(L"SELECT COUNT(*) FROM QRGROUPV"),
+                                           database.Text(L"SELECT COUNT(*) FROM QRPERM")})),
               ToUtf8(window.Status()));
   }
 };
@@ -64,17 +65,16 @@ TEST_F(Refresh, NothingChangesUntilItIsAskedFor) {
 
 TEST_F(Refresh, TheButtonShowsTheNewStateWithTheRootSelected) {
   const MainWindow window = Open(SampleSession());
-  driver::TreeView tree = window.Tree(kUsersTab);
-  tree.Select(tree.Find({L"Admin (Administrateur principal)"}).item);
+  window.Select(kUsersTab, {kAdmin});
   ChangeTheDatabase();
-  window.PressAndWait(IDC_CMD_BTN);
+  window.PressAndWait(kRefreshButton);
   ExpectTheDatabasesState(window);
 }
 
 TEST_F(Refresh, F5ShowsTheNewState) {
   const MainWindow window = Open(SampleSession());
   ChangeTheDatabase();
-  driver::PressKey(window.Form(), VK_F5);
+  window.Key(VK_F5);
   driver::Await("the new user to be shown", [&] { return ShowsTheNewUser(window); });
   window.AwaitStarted();
   ExpectTheDatabasesState(window);
@@ -83,24 +83,27 @@ TEST_F(Refresh, F5ShowsTheNewState) {
 TEST_F(Refresh, F5WorksOnTheGroupsTabToo) {
   const MainWindow window = Open(SampleSession());
   window.SelectTab(kGroupsTab);
-  window.Control(IDC_TREE_GROUPS).Send(WM_SETFOCUS);
+  window.AwaitFocus(IDC_TREE_GROUPS);
   ChangeTheDatabase();
-  driver::PressKey(window.Form(), VK_F5);
+  window.Key(VK_F5);
   driver::Await("the new user to be shown", [&] { return ShowsTheNewUser(window); });
-  EXPECT_EQ(1, window.Tabs().Selected());
+  EXPECT_EQ(kGroupsTab, window.Tabs().Selected());
+  window.AwaitStarted();
+  ExpectTheDatabasesState(window);
 }
 
 TEST_F(Refresh, ADatabaseThatIsLockedMeanwhileIsReportedAndTheProgramGoesOn) {
   const MainWindow window = Open(SampleSession());
   Database database = Box().Database();
   database.Run(L"BEGIN EXCLUSIVE");
-  driver::Press(window.Control(IDC_CMD_BTN));
+  window.Press(kRefreshButton);
   const driver::PromptBox report = driver::AwaitPrompt(Program().Id());
   EXPECT_TRUE(report.Text().ends_with(L"]\r\ndatabase is locked")) << ToUtf8(report.Text());
   report.Answer(IDOK);
-  driver::Await("the status line to tell it", [&] { return window.Status() == String(408); });
+  driver::Await("the status line to tell it",
+                [&] { return window.Status() == String(app::kAccountsIncomplete); });
   database.Run(L"COMMIT");
-  window.PressAndWait(IDC_CMD_BTN);
+  window.PressAndWait(kRefreshButton);
   ExpectTheDatabasesState(window);
 }
 

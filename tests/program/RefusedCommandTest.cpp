@@ -1,9 +1,12 @@
 // Commands that the program, the database or their own user takes back.
 
+#include "app/StringIds.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
+#include "tests/program/ControlIds.h"
 #include "tests/program/DialogWindow.h"
 #include "tests/program/ProgramTest.h"
+#include "tests/program/SampleTexts.h"
 #include "tests/program/Texts.h"
 #include "tests/program/driver/Keyboard.h"
 #include "tests/program/driver/Mouse.h"
@@ -13,49 +16,42 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-constexpr const wchar_t* kAdmin = L"Admin (Administrateur principal)";
-constexpr const wchar_t* kAdministrators = L"Administrateurs (Contrôle total de l'application)";
-constexpr const wchar_t* kEveryone = L"Tout le monde (Tous les utilisateurs)";
-
 class RefusedCommand : public ProgramTest {
  protected:
-  static void Select(const MainWindow& window, Tab tab, const Texts& path) {
-    driver::TreeView tree = window.Tree(tab);
-    tree.Select(tree.Find(path).item);
-  }
-
   // The numbers of the buttons that are on, of those that change something.
   static std::vector<int> EnabledCommands(const MainWindow& window, Tab tab) {
-    const std::vector<int> all = tab == kUsersTab ? std::vector<int>{IDC_CMD_USER,
-                                                                     IDC_CMD_USER + 1,
-                                                                     IDC_CMD_USER + 2,
-                                                                     IDC_CMD_MEMBER_OF,
-                                                                     IDC_CMD_MEMBER_OF + 1,
-                                                                     IDC_CMD_USER_PERMISSION,
-                                                                     IDC_CMD_USER_PERMISSION + 1}
-                                                  : std::vector<int>{IDC_CMD_GROUP,
-                                                                     IDC_CMD_GROUP + 1,
-                                                                     IDC_CMD_GROUP + 2,
-                                                                     IDC_CMD_MEMBER,
-                                                                     IDC_CMD_MEMBER + 1,
-                                                                     IDC_CMD_GROUP_PERMISSION,
-                                                                     IDC_CMD_GROUP_PERMISSION + 1};
+    static const std::vector<int> ofUsers{kEditUserButton,
+                                          kDeleteUserButton,
+                                          kNewUserButton,
+                                          kAssignGroupsButton,
+                                          kRemoveGroupButton,
+                                          kAssignUserPermissionsButton,
+                                          kRemoveUserPermissionButton};
+    static const std::vector<int> ofGroups{kEditGroupButton,
+                                           kDeleteGroupButton,
+                                           kNewGroupButton,
+                                           kAssignMembersButton,
+                                           kRemoveMemberButton,
+                                           kAssignGroupPermissionsButton,
+                                           kRemoveGroupPermissionButton};
     std::vector<int> enabled;
-    for (const int button : all) {
+    for (const int button : tab == kUsersTab ? ofUsers : ofGroups) {
       if (window.IsEnabled(button)) enabled.push_back(button);
     }
     return enabled;
   }
 
-  std::wstring DiscardQuestion() { return String(700) + L"\r\n" + String(701); }
+  std::wstring DiscardQuestion() {
+    return String(app::kDiscard1) + L"\r\n" + String(app::kDiscard2);
+  }
 };
 
 TEST_F(RefusedCommand, AChangeIsThrownAwayOnlyByYes) {
   const MainWindow window = Open(SampleSession());
   const std::wstring before = Box().Database().Contents();
-  Select(window, kUsersTab, {L"Blanc"});
-  window.ClickOn(IDC_CMD_USER);
-  const DialogWindow dialog(Program(), String(205));
+  window.Select(kUsersTab, {L"Blanc"});
+  window.Click(kEditUserButton);
+  const DialogWindow dialog(Program(), String(app::kEditUserTitle));
   dialog.TabTo(IDC_TXT_FULL_NAME);
   dialog.Type(L"Louise Blanc");
   dialog.Key(VK_ESCAPE);
@@ -71,7 +67,7 @@ TEST_F(RefusedCommand, AChangeIsThrownAwayOnlyByYes) {
   dialog.Form().Post(WM_SYSCOMMAND, SC_CLOSE);
   ExpectQuestion(DiscardQuestion(), IDNO);
   EXPECT_TRUE(dialog.IsOpen());
-  dialog.ClickOn(IDC_CANCEL);
+  dialog.Click(IDC_CANCEL);
   ExpectQuestion(DiscardQuestion(), IDYES);
   dialog.AwaitClosed();
   window.AwaitUsable();
@@ -84,9 +80,9 @@ TEST_F(RefusedCommand, AQuotedNameCannotBeDeletedAndTheDatabaseSaysWhy) {
   constexpr const wchar_t* kQuoted = L"D'Angelo (Chiara D'Angelo)";
   const MainWindow window = Open(SampleSession());
   const std::wstring before = Box().Database().Contents();
-  Select(window, kUsersTab, {kQuoted});
-  window.ClickOn(IDC_CMD_USER + 1);
-  ExpectQuestion(String(721), IDYES);
+  window.Select(kUsersTab, {kQuoted});
+  window.Click(kDeleteUserButton);
+  ExpectQuestion(String(app::kAskDeleteUser), IDYES);
   const driver::PromptBox report = driver::AwaitPrompt(Program().Id());
   EXPECT_TRUE(report.Text().starts_with(L"DeleteRecord Error [")) << data::ToUtf8(report.Text());
   EXPECT_TRUE(report.Text().find(L"Angelo") != std::wstring::npos) << data::ToUtf8(report.Text());
@@ -102,32 +98,34 @@ TEST_F(RefusedCommand, NothingTakesAdminOutOfTheAdministrators) {
   const MainWindow window = Open(session);
   const std::wstring before = Box().Database().Contents();
   window.SelectTab(kGroupsTab);
-  Select(window, kGroupsTab, {kAdministrators, String(309), kAdmin});
-  window.ClickOn(IDC_CMD_MEMBER + 1);
-  ExpectReport(String(1009) + L" '" + kAdmin + L"' " + String(1008));
+  window.Select(kGroupsTab, {kAdministrators, String(app::kMembers), kAdmin});
+  window.Click(kRemoveMemberButton);
+  ExpectReport(String(app::kCannotRemoveUserFrom) + L" '" + kAdmin + L"' " +
+               String(app::kTheGroup));
 
-  Select(window, kGroupsTab, {kAdministrators, String(309)});
-  window.ClickOn(IDC_CMD_MEMBER);
+  window.Select(kGroupsTab, {kAdministrators, String(app::kMembers)});
+  window.Click(kAssignMembersButton);
   {
-    const DialogWindow dialog(Program(), String(201) + kAdministrators);
-    dialog.ClickOn(IDC_CMD_ADD_USER + 4);  // all out
-    ExpectReport(String(1009) + L" 'Admin' " + String(1008));
-    EXPECT_EQ(Texts{L"Admin"}, dialog.List(IDC_LIST_ADD_USER + 2).Texts());
+    const DialogWindow dialog(Program(), String(app::kAddUsersTitle) + kAdministrators);
+    dialog.Click(kMoveAllOutButton);
+    ExpectReport(String(app::kCannotRemoveUserFrom) + L" 'Admin' " + String(app::kTheGroup));
+    EXPECT_EQ(Texts{L"Admin"}, dialog.List(kInsideList).Texts());
     dialog.Key(VK_ESCAPE);
     ExpectQuestion(DiscardQuestion(), IDYES);
     dialog.AwaitClosed();
   }
   window.SelectTab(kUsersTab);
-  Select(window, kUsersTab, {kAdmin});
-  window.ClickOn(IDC_CMD_USER);
+  window.Select(kUsersTab, {kAdmin});
+  window.Click(kEditUserButton);
   {
-    const DialogWindow dialog(Program(), String(205));
+    const DialogWindow dialog(Program(), String(app::kEditUserTitle));
     EXPECT_FALSE(dialog.IsEnabled(IDC_TXT_USER_NAME));
-    dialog.TabTo(IDC_LIST_USER + 1);
-    driver::ListView groups = dialog.Checks(IDC_LIST_USER + 1);
+    dialog.TabTo(kGroupsOfUserList);
+    driver::ListView groups = dialog.Checks(kGroupsOfUserList);
     const int row = groups.Find(L"Administrateurs");
     driver::ClickAt(groups.Control(), groups.CheckPlace(row));
-    ExpectReport(String(1009) + L" 'Administrateurs' " + String(1008));
+    ExpectReport(String(app::kCannotRemoveUserFrom) + L" 'Administrateurs' " +
+                 String(app::kTheGroup));
     EXPECT_TRUE(groups.Row(row).checked);
     dialog.Key(VK_ESCAPE);
     ExpectQuestion(DiscardQuestion(), IDYES);
@@ -139,24 +137,26 @@ TEST_F(RefusedCommand, NothingTakesAdminOutOfTheAdministrators) {
 
 TEST_F(RefusedCommand, TheButtonsOfProtectedAccountsAreOff) {
   const MainWindow window = Open(SampleSession());
-  constexpr int kEdit = IDC_CMD_USER, kNew = IDC_CMD_USER + 2;
-  Select(window, kUsersTab, {kAdmin});
-  EXPECT_EQ((std::vector<int>{kEdit, kNew, IDC_CMD_MEMBER_OF, IDC_CMD_USER_PERMISSION}),
+  window.Select(kUsersTab, {kAdmin});
+  EXPECT_EQ((std::vector<int>{kEditUserButton, kNewUserButton, kAssignGroupsButton,
+                              kAssignUserPermissionsButton}),
             EnabledCommands(window, kUsersTab));
-  Select(window, kUsersTab, {kAdmin, String(304), kAdministrators});
-  EXPECT_EQ((std::vector<int>{kEdit, kNew, IDC_CMD_MEMBER_OF}), EnabledCommands(window, kUsersTab));
-  Select(window, kUsersTab, {L"Blanc", String(304), kEveryone});
-  EXPECT_EQ((std::vector<int>{kEdit, kEdit + 1, kNew, IDC_CMD_MEMBER_OF}),
+  window.Select(kUsersTab, {kAdmin, String(app::kMemberOf), kAdministrators});
+  EXPECT_EQ((std::vector<int>{kEditUserButton, kNewUserButton, kAssignGroupsButton}),
             EnabledCommands(window, kUsersTab));
+  window.Select(kUsersTab, {L"Blanc", String(app::kMemberOf), kEveryone});
+  EXPECT_EQ(
+      (std::vector<int>{kEditUserButton, kDeleteUserButton, kNewUserButton, kAssignGroupsButton}),
+      EnabledCommands(window, kUsersTab));
   window.SelectTab(kGroupsTab);
-  Select(window, kGroupsTab, {kAdministrators});
-  EXPECT_EQ((std::vector<int>{IDC_CMD_GROUP, IDC_CMD_GROUP + 2, IDC_CMD_MEMBER}),
+  window.Select(kGroupsTab, {kAdministrators});
+  EXPECT_EQ((std::vector<int>{kEditGroupButton, kNewGroupButton, kAssignMembersButton}),
             EnabledCommands(window, kGroupsTab));
-  Select(window, kGroupsTab, {kAdministrators, String(310)});
-  EXPECT_EQ((std::vector<int>{IDC_CMD_GROUP, IDC_CMD_GROUP + 2}),
+  window.Select(kGroupsTab, {kAdministrators, String(app::kGroupPermissions)});
+  EXPECT_EQ((std::vector<int>{kEditGroupButton, kNewGroupButton}),
             EnabledCommands(window, kGroupsTab));
-  Select(window, kGroupsTab, {kEveryone, String(309), L"Blanc"});
-  EXPECT_EQ((std::vector<int>{IDC_CMD_GROUP, IDC_CMD_GROUP + 2, IDC_CMD_MEMBER}),
+  window.Select(kGroupsTab, {kEveryone, String(app::kMembers), L"Blanc"});
+  EXPECT_EQ((std::vector<int>{kEditGroupButton, kNewGroupButton, kAssignMembersButton}),
             EnabledCommands(window, kGroupsTab));
 }
 

@@ -2,17 +2,18 @@
 
 #include <fstream>
 
+#include "app/StringIds.h"
 #include "data/Text.h"
 #include "tests/program/Paths.h"
 #include "tests/program/ProgramTest.h"
 #include "tests/program/Registration.h"
+#include "tests/program/SampleTexts.h"
 #include "tests/program/Texts.h"
 
 namespace program {
 namespace {
 
 constexpr long kCannotCreateObject = 429;
-constexpr long kAccessViolation = static_cast<long>(0xC0000005);
 
 class SessionServer : public ProgramTest {
  protected:
@@ -28,12 +29,12 @@ class SessionServer : public ProgramTest {
 
 TEST_F(SessionServer, OneThatIsNotRegisteredIsReported) {
   registration_.Remove();
-  ExpectStartToFail(kCannotCreateObject, String(421));
+  ExpectStartToFail(kCannotCreateObject, String(app::kServerNotRegistered));
 }
 
 TEST_F(SessionServer, OneWhoseFileIsMissingIsReported) {
   registration_.PointTo(Box().Folder() / L"vardex.dll");
-  ExpectStartToFail(kCannotCreateObject, String(422));
+  ExpectStartToFail(kCannotCreateObject, String(app::kServerFileMissing));
 }
 
 TEST_F(SessionServer, OneForTheOtherWordSizeIsReported) {
@@ -46,7 +47,7 @@ TEST_F(SessionServer, OneForTheOtherWordSizeIsReported) {
   memcpy(image.data() + start.e_lfanew + sizeof(DWORD), &other, sizeof other);
   std::ofstream(file, std::ios::binary) << image;
   registration_.PointTo(file);
-  ExpectStartToFail(kCannotCreateObject, String(423));
+  ExpectStartToFail(kCannotCreateObject, String(app::kServerWrongBitness));
 }
 
 TEST_F(SessionServer, AFileThatIsNoLibraryIsReported) {
@@ -62,7 +63,7 @@ TEST_F(SessionServer, AFileThatIsNoLibraryIsReported) {
 
 TEST_F(SessionServer, OneThatDiesInACallIsReportedAndEndsTheProgramCleanly) {
   registration_.PointTo(TestsFolder() / L"dying_server.dll");
-  ExpectStartToFail(kAccessViolation, String(424));
+  ExpectStartToFail(kAccessViolation, String(app::kServerLost));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The window's size.
 
 #include "resources/ResourceIds.h"
+#include "tests/program/ControlIds.h"
 #include "tests/program/ProgramTest.h"
 
 namespace program {
@@ -44,7 +45,7 @@ TEST_F(Size, TheTreesTakeWhatTheWindowGains) {
   const RECT form = window.Form().Rectangle();
   const RECT users = window.Control(IDC_TREE_USERS).Rectangle();
   const RECT groups = window.Control(IDC_TREE_GROUPS).Rectangle();
-  const RECT exit = window.Control(IDC_CMD_BTN + 1).Rectangle();
+  const RECT exit = window.Control(kExitButton).Rectangle();
   const RECT frame = window.Control(IDC_FRA_USER).Rectangle();
   Resize(window, WidthOf(form) + 120, HeightOf(form) + 80);
   driver::Await("the users tree to grow", [&] {
@@ -53,8 +54,8 @@ TEST_F(Size, TheTreesTakeWhatTheWindowGains) {
   });
   EXPECT_EQ(WidthOf(groups) + 120, WidthOf(window.Control(IDC_TREE_GROUPS).Rectangle()));
   EXPECT_EQ(HeightOf(groups) + 80, HeightOf(window.Control(IDC_TREE_GROUPS).Rectangle()));
-  EXPECT_EQ(exit.left + 120, window.Control(IDC_CMD_BTN + 1).Rectangle().left);
-  EXPECT_EQ(exit.top + 80, window.Control(IDC_CMD_BTN + 1).Rectangle().top);
+  EXPECT_EQ(exit.left + 120, window.Control(kExitButton).Rectangle().left);
+  EXPECT_EQ(exit.top + 80, window.Control(kExitButton).Rectangle().top);
   EXPECT_EQ(frame.left + 120, window.Control(IDC_FRA_USER).Rectangle().left);
   EXPECT_EQ(frame.top, window.Control(IDC_FRA_USER).Rectangle().top);
 }

@@ -1,7 +1,9 @@
 // What the window shows once it has started on the sample database.
 
+#include "app/StringIds.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
+#include "tests/program/ControlIds.h"
 #include "tests/program/Outline.h"
 #include "tests/program/ProgramTest.h"
 #include "tests/program/Texts.h"
@@ -19,25 +21,27 @@ struct Captioned {
 };
 
 constexpr Captioned kUserCommands[] = {
-    {IDC_CMD_USER, 108},
-    {IDC_CMD_USER + 1, 109},
-    {IDC_CMD_USER + 2, 110},
-    {IDC_CMD_MEMBER_OF, 131},
-    {IDC_CMD_MEMBER_OF + 1, 133},
-    {IDC_CMD_USER_PERMISSION, 131},
-    {IDC_CMD_USER_PERMISSION + 1, 133},
+    {kEditUserButton, app::kEdit},
+    {kDeleteUserButton, app::kDelete},
+    {kNewUserButton, app::kNew},
+    {kAssignGroupsButton, app::kAssign},
+    {kRemoveGroupButton, app::kRemove},
+    {kAssignUserPermissionsButton, app::kAssign},
+    {kRemoveUserPermissionButton, app::kRemove},
 };
 constexpr Captioned kGroupCommands[] = {
-    {IDC_CMD_GROUP, 108},
-    {IDC_CMD_GROUP + 1, 109},
-    {IDC_CMD_GROUP + 2, 110},
-    {IDC_CMD_MEMBER, 131},
-    {IDC_CMD_MEMBER + 1, 133},
-    {IDC_CMD_GROUP_PERMISSION, 131},
-    {IDC_CMD_GROUP_PERMISSION + 1, 133},
+    {kEditGroupButton, app::kEdit},
+    {kDeleteGroupButton, app::kDelete},
+    {kNewGroupButton, app::kNew},
+    {kAssignMembersButton, app::kAssign},
+    {kRemoveMemberButton, app::kRemove},
+    {kAssignGroupPermissionsButton, app::kAssign},
+    {kRemoveGroupPermissionButton, app::kRemove},
 };
-constexpr Captioned kWindowCommands[] = {
-    {IDC_CMD_BTN, 105}, {IDC_CMD_BTN + 1, 103}, {IDC_CMD_ABOUT, 106}, {IDC_HELP_BUTTON, 104}};
+constexpr Captioned kWindowCommands[] = {{kRefreshButton, app::kRefresh},
+                                         {kExitButton, app::kExit},
+                                         {IDC_CMD_ABOUT, app::kAbout},
+                                         {IDC_HELP_BUTTON, app::kHelp}};
 
 // All are there and on, or all off, but for one that is the other way round.
 template <std::size_t Count>
@@ -63,7 +67,7 @@ TEST_F(StartUp, TheRootsAreSelectedAndOpen) {
   for (const Tab tab : {kUsersTab, kGroupsTab}) {
     driver::TreeView tree = window.Tree(tab);
     const driver::TreeNode root = tree.Root();
-    EXPECT_EQ(ToUtf8(String(tab == kUsersTab ? 303 : 308)), ToUtf8(root.text));
+    EXPECT_EQ(ToUtf8(String(tab == kUsersTab ? app::kUsers : app::kGroups)), ToUtf8(root.text));
     EXPECT_TRUE(root.selected);
     EXPECT_TRUE(root.expanded);
     EXPECT_EQ(root.item, tree.Selected().item);
@@ -82,18 +86,20 @@ TEST_F(StartUp, OnlyTheTreeOfTheChosenTabIsVisible) {
 
 TEST_F(StartUp, EveryCommandIsShownAndAtTheRootsOnlyNewAndTheWindowsOwnAreEnabled) {
   const MainWindow window = Open(SampleSession());
-  ExpectCommands(window, kUserCommands, false, IDC_CMD_USER + 2);
+  ExpectCommands(window, kUserCommands, false, kNewUserButton);
   ExpectCommands(window, kWindowCommands, true);
   window.SelectTab(kGroupsTab);
-  ExpectCommands(window, kGroupCommands, false, IDC_CMD_GROUP + 2);
+  ExpectCommands(window, kGroupCommands, false, kNewGroupButton);
   ExpectCommands(window, kWindowCommands, true);
 }
 
 TEST_F(StartUp, TheFramesBearTheirCaptionsAndChangeWithTheTab) {
-  constexpr Captioned kUserFrames[] = {
-      {IDC_FRA_USER, 303}, {IDC_FRA_MEMBER_OF, 304}, {IDC_FRA_USER_PERMISSION, 305}};
-  constexpr Captioned kGroupFrames[] = {
-      {IDC_FRA_GROUP, 308}, {IDC_FRA_MEMBER, 309}, {IDC_FRA_GROUP_PERMISSION, 310}};
+  constexpr Captioned kUserFrames[] = {{IDC_FRA_USER, app::kUsers},
+                                       {IDC_FRA_MEMBER_OF, app::kMemberOf},
+                                       {IDC_FRA_USER_PERMISSION, app::kUserPermissions}};
+  constexpr Captioned kGroupFrames[] = {{IDC_FRA_GROUP, app::kGroups},
+                                        {IDC_FRA_MEMBER, app::kMembers},
+                                        {IDC_FRA_GROUP_PERMISSION, app::kGroupPermissions}};
   const MainWindow window = Open(SampleSession());
   ExpectCommands(window, kUserFrames, true);
   for (const Captioned& frame : kGroupFrames) {
@@ -112,9 +118,10 @@ TEST_F(StartUp, TheFramesBearTheirCaptionsAndChangeWithTheTab) {
 TEST_F(StartUp, TheStatusLineTellsTheCounts) {
   const MainWindow window = Open(SampleSession());
   Database database = Box().Database();
-  const std::wstring expected = String(404, {database.Text(L"SELECT COUNT(*) FROM QRUSERV"),
-                                             database.Text(L"SELECT COUNT(*) FROM QRGROUPV"),
-                                             database.Text(L"SELECT COUNT(*) FROM QRPERM")});
+  const std::wstring expected =
+      String(app::kCounts, {database.Text(L"SELECT COUNT(*) FROM QRUSERV"),
+                            database.Text(L"SELECT COUNT(*) FROM QRGROUPV"),
+                            database.Text(L"SELECT COUNT(*) FROM QRPERM")});
   EXPECT_EQ(ToUtf8(expected), ToUtf8(window.Status()));
 }
 

@@ -1,9 +1,8 @@
 // Two programs at a time.
 
-#include "resources/ResourceIds.h"
+#include "tests/program/ControlIds.h"
 #include "tests/program/Outline.h"
 #include "tests/program/ProgramTest.h"
-#include "tests/program/driver/Button.h"
 
 namespace program {
 namespace {
@@ -21,11 +20,12 @@ TEST_F(Twice, TwoProgramsOnOneSessionShowTheSame) {
   driver::TreeView oneTree = one.Tree(kUsersTab);
   driver::TreeView otherTree = other.Tree(kUsersTab);
   EXPECT_EQ(Print(ReadOutline(oneTree)), Print(ReadOutline(otherTree)));
-  driver::Press(one.Control(IDC_CMD_BTN + 1));
+  one.Press(kExitButton);
   ExpectExit(first, 0);
-  other.PressAndWait(IDC_CMD_BTN);
-  EXPECT_GT(other.Tree(kUsersTab).Count(), 1);
-  driver::Press(other.Control(IDC_CMD_BTN + 1));
+  Box().Database().Run(L"INSERT INTO QRUSER (USERID, NAME) VALUES (60000, 'Nouveau')");
+  other.PressAndWait(kRefreshButton);
+  ExpectAccountsAsStored(other, kUsersTab);
+  other.Press(kExitButton);
   ExpectExit(second, 0);
 }
 

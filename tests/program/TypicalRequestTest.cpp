@@ -1,16 +1,16 @@
 // What the program is used for most: somebody is put into a group.
 
+#include "app/StringIds.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
+#include "tests/program/ControlIds.h"
 #include "tests/program/DialogWindow.h"
 #include "tests/program/ProgramTest.h"
+#include "tests/program/SampleTexts.h"
 #include "tests/program/Texts.h"
 
 namespace program {
 namespace {
-
-constexpr const wchar_t* kQuality = L"Qualité (Contrôle final et réclamations)";
-constexpr const wchar_t* kMartin = L"Martin (Jean Martin)";
 
 class TypicalRequest : public ProgramTest {
  protected:
@@ -26,19 +26,19 @@ TEST_F(TypicalRequest, MartinIsPutIntoQualityByHisFirstLetters) {
   const MainWindow window = Open(SampleSession());
   const std::vector<std::string> before = Members(kQualityId);
   window.ClickTab(kGroupsTab);
-  window.ClickNode(kGroupsTab, {kQuality, String(309)});
-  window.ClickOn(IDC_CMD_MEMBER);
-  const DialogWindow dialog(Program(), String(201) + kQuality);
-  dialog.AwaitFocus(IDC_TXT_ADD_USER + 1);
+  window.ClickNode(kGroupsTab, {kQuality, String(app::kMembers)});
+  window.Click(kAssignMembersButton);
+  const DialogWindow dialog(Program(), String(app::kAddUsersTitle) + kQuality);
+  dialog.AwaitFocus(kOutsideSearchBox);
   dialog.Type(L"ma");
-  const driver::ListBox others = dialog.List(IDC_LIST_ADD_USER + 1);
-  const driver::ListBox members = dialog.List(IDC_LIST_ADD_USER + 2);
+  const driver::ListBox others = dialog.List(kOutsideList);
+  const driver::ListBox members = dialog.List(kInsideList);
   EXPECT_EQ(std::vector<std::wstring>{L"Martin"}, others.Selected());
-  dialog.ClickOn(IDC_CMD_ADD_USER + 1);
+  dialog.Click(kMoveInButton);
   driver::Await("Martin to be on the right",
                 [&] { return members.Selected() == std::vector<std::wstring>{L"Martin"}; });
   EXPECT_EQ(before, Members(kQualityId)) << "nothing is written before OK";
-  dialog.ClickOn(IDC_OK);
+  dialog.Click(IDC_OK);
   dialog.AwaitClosed();
 
   window.AwaitUsable();
@@ -46,11 +46,12 @@ TEST_F(TypicalRequest, MartinIsPutIntoQualityByHisFirstLetters) {
   after.insert(after.begin(), "Martin");  // his number is the lowest
   EXPECT_EQ(after, Members(kQualityId));
   driver::TreeView groups = window.Tree(kGroupsTab);
-  EXPECT_EQ(String(309), groups.Selected().text) << "the folder stays selected";
+  EXPECT_EQ(String(app::kMembers), groups.Selected().text) << "the folder stays selected";
   ExpectAccountAsStored(window, kGroupsTab, kQuality);
   ExpectAccountAsStored(window, kUsersTab, kMartin);
-  EXPECT_NO_THROW(window.Tree(kUsersTab).Find({kMartin, String(304), kQuality}));
-  EXPECT_NO_THROW(window.Tree(kUsersTab).Find({kMartin, String(306), L"Traiter une réclamation"}));
+  EXPECT_NO_THROW(window.Tree(kUsersTab).Find({kMartin, String(app::kMemberOf), kQuality}));
+  EXPECT_NO_THROW(window.Tree(kUsersTab).Find(
+      {kMartin, String(app::kAllPermissions), L"Traiter une réclamation"}));
 }
 
 }  // namespace
