@@ -1,20 +1,23 @@
 #include "dialogs/GroupDialog.h"
 
-#include "app/ErrorReport.h"
-#include "app/LocaleFont.h"
+#include <algorithm>
+
 #include "app/MQVXMsgBox.h"
 #include "app/StringIds.h"
 #include "data/DisplayCodes.h"
+#include "data/MSQLStatement.h"
+#include "data/ProtectedId.h"
 #include "data/Text.h"
 #include "dialogs/AccountNames.h"
 #include "dialogs/SelectAll.h"
+#include "dialogs/frmAddUserInGroup.h"
 #include "resources/ResourceIds.h"
 
 namespace dialogs {
 
 using controls::ListBox;
 
-GroupDialog::GroupDialog(Exchange& exchange, int templateId, CallerMode mode)
+GroupDialog::GroupDialog(Exchange& exchange, int templateId)
     : EditingDialog(exchange, templateId),
       lblGroupName(*this, IDC_LBL_GROUP_NAME),
       txtGroupName(*this, IDC_TXT_GROUP_NAME),
@@ -26,53 +29,44 @@ GroupDialog::GroupDialog(Exchange& exchange, int templateId, CallerMode mode)
       cmdBtn(*this, IDC_CMD_GROUP_BTN),
       cmdOK(*this, IDC_OK),
       cmdCancel(*this, IDC_CANCEL),
-      Command1(*this, IDC_HELP_BUTTON),
-      mode_(mode) {}
+      Command1(*this, IDC_HELP_BUTTON) {}
 
 void GroupDialog::SettingControls(int titleId) {
-  app::SetLocaleFont(*this);
   SetCaptions(titleId);
   SetLayout();
   SetEvents();
 }
 
 void GroupDialog::SetCaptions(int titleId) {
-  const auto text = [this](int id) { return exchange_.global.LoadResString(id); };
-  SetCaption(text(titleId));
-  SetIcon(IDI_PROGRAM);
-  lblGroupName.SetCaption(text(app::kGroupNameLabel));
-  lblDesc.SetCaption(text(app::kDescriptionLabel));
-  fraMembers.SetCaption(text(app::kMembers));
-  fraGroupPermission.SetCaption(text(app::kGroupPermissions));
-  cmdBtn[11].SetCaption(text(app::kAssign));
-  cmdBtn[12].SetCaption(text(app::kAll));
-  cmdBtn[21].SetCaption(text(app::kRemove));
-  cmdBtn[22].SetCaption(text(app::kNone));
-  SetDialogButtons(cmdOK, cmdCancel, Command1);
+  SetUpWindow(Text(titleId), cmdOK, cmdCancel, Command1);
+  lblGroupName.SetCaption(Text(app::kGroupNameLabel));
+  lblDesc.SetCaption(Text(app::kDescriptionLabel));
+  fraMembers.SetCaption(Text(app::kMembers));
+  fraGroupPermission.SetCaption(Text(app::kGroupPermissions));
+  cmdBtn[kAssign].SetCaption(Text(app::kAssign));
+  cmdBtn[kAllPermissions].SetCaption(Text(app::kAll));
+  cmdBtn[kRemove].SetCaption(Text(app::kRemove));
+  cmdBtn[kNoPermission].SetCaption(Text(app::kNone));
 }
 
 // The two lists share what the window gains.
 void GroupDialog::SetLayout() {
   using namespace controls;
-  SetTabOrder({&lblGroupName, &txtGroupName, &lblDesc, &txtDesc, &fraMembers, &List1[1],
-               &cmdBtn[11], &cmdBtn[21], &fraGroupPermission, &List1[2], &cmdBtn[12], &cmdBtn[22],
-               &cmdOK, &cmdCancel, &Command1});
-  const unsigned height = kAnchorTop | kAnchorBottom;
+  SetTabOrder({&lblGroupName, &txtGroupName, &lblDesc, &txtDesc, &fraMembers, &List1[kMembers],
+               &cmdBtn[kAssign], &cmdBtn[kRemove], &fraGroupPermission, &List1[kPermissions],
+               &cmdBtn[kAllPermissions], &cmdBtn[kNoPermission], &cmdOK, &cmdCancel, &Command1});
   for (TextBox* box : {&txtGroupName, &txtDesc}) {
     box->SetAnchors(kAnchorLeft | kAnchorTop | kAnchorRight);
   }
+  const unsigned height = kAnchorTop | kAnchorBottom;
   fraMembers.SetAnchors(height | kAnchorLeft | kAnchorRightMiddle);
-  List1[1].SetAnchors(height | kAnchorLeft | kAnchorRightMiddle);
+  List1[kMembers].SetAnchors(height | kAnchorLeft | kAnchorRightMiddle);
   fraGroupPermission.SetAnchors(height | kAnchorLeftMiddle | kAnchorRight);
-  List1[2].SetAnchors(height | kAnchorLeftMiddle | kAnchorRight);
-  for (int Index : {11, 21}) cmdBtn[Index].SetAnchors(kAnchorLeft | kAnchorBottom);
-  for (int Index : {12, 22}) {
+  List1[kPermissions].SetAnchors(height | kAnchorLeftMiddle | kAnchorRight);
+  for (int Index : {kAssign, kRemove}) cmdBtn[Index].SetAnchors(kAnchorLeft | kAnchorBottom);
+  for (int Index : {kAllPermissions, kNoPermission}) {
     cmdBtn[Index].SetAnchors(kAnchorLeftMiddle | kAnchorRightMiddle | kAnchorBottom);
   }
-  for (CommandButton* button : {&cmdOK, &cmdCancel, &Command1}) {
-    button->SetAnchors(kAnchorRight | kAnchorBottom);
-  }
-  SetResizable(true);
 }
 
 void GroupDialog::SetEvents() {
@@ -86,26 +80,69 @@ void GroupDialog::SetEvents() {
   }
 }
 
+app::Outcome GroupDialog::FillMembers() {
+  return List1AddItem(List1[kMembers], data::SqlSelectGroupUsers(GroupID),
+                      [this](std::int32_t id, const std::wstring& name) {
+                        if (name == L"Admin") adminUserId_ = id;
+                        return TrimmedName(id, name);
+                      });
+}
+
+app::Outcome GroupDialog::FillPermissions() {
+  return List1AddItem(List1[kPermissions], data::SqlSelectAllPermissions(), TrimmedName);
+}
+
 void GroupDialog::cmdBtn_Click(int Index) {
-  try {
+  static_cast<void>(Reported(L"cmdBtn_Click", [&] {
     switch (Index) {
-      case 11:
+      case kAssign:
         AssignMembers();
         break;
-      case 12:
-        SelectAllRecord(2);
+      case kAllPermissions:
+        CheckAllReported(L"SelectAllRecord", List1[kPermissions], true);
         break;
-      case 21:
+      case kRemove:
         RemoveMember();
         break;
-      case 22:
-        RemoveAllRecord(2);
+      case kNoPermission:
+        CheckAllReported(L"RemoveAllRecord", List1[kPermissions], false);
         break;
     }
     EnableRemove();
-  } catch (...) {
-    app::ReportError(exchange_.global, L"cmdBtn_Click");
+  }));
+}
+
+void GroupDialog::EnableRemove() {
+  EnableButton(cmdBtn[kRemove], !keepsMembers_ && List1[kMembers].ListCount() > 0, List1[kMembers]);
+}
+
+// The chooser changes the list of members only on its OK. That counts as a change of the group when
+// the list is another one then.
+void GroupDialog::AssignMembers() {
+  ListBox& members = List1[kMembers];
+  const std::vector<ListItem> before = Items(members);
+  frmAddUserInGroup chooser(exchange_);
+  chooser.IsRemoveAdmin = IsRemoveAdmin;
+  chooser.adminUserId = exchange_.adminUserId != 0 ? exchange_.adminUserId : adminUserId_;
+  chooser.GroupID = GroupID;
+  chooser.GroupName = TypedName();
+  chooser.Members = &members;
+  chooser.ShowModal(*this);
+  if (Items(members) != before) bChanged = true;
+}
+
+void GroupDialog::RemoveMember() {
+  ListBox& members = List1[kMembers];
+  const int item = members.ListIndex();
+  if (item < 0) return;
+  if (!IsRemoveAdmin && data::IsProtectedId(adminUserId_, members.ItemData(item))) {
+    app::MQVXMsgBox(exchange_.global).ShowCannotRemoveUserFromGroup(members.List(item));
+    return;
   }
+  members.RemoveItem(item);
+  // The next member takes the selection, so that several can be removed in a row.
+  members.SetListIndex(std::min(item, members.ListCount() - 1));
+  bChanged = true;
 }
 
 std::wstring GroupDialog::TypedName() const {
@@ -123,17 +160,16 @@ std::wstring GroupDialog::RecognisedName(std::wstring_view name) {
   return Server().GetDisplayName(name, data::kTypedGroupName);
 }
 
+// The dialog closes also when something could not be written: that has been reported.
 void GroupDialog::cmdOK_Click() {
-  try {
+  static_cast<void>(Reported(L"cmdOK_Click", [this] {
     if (!IsNameAccepted()) {
       ReturnToName();
       return;
     }
-    UpdateTransaction();
+    exchange_.AddNode = UpdateTransaction() == app::Outcome::kDone;
     Close();
-  } catch (...) {
-    app::ReportError(exchange_.global, L"cmdOK_Click");
-  }
+  }));
 }
 
 // Tells the user why when it is not.
@@ -141,18 +177,18 @@ bool GroupDialog::IsNameAccepted() {
   const app::mGlobal& global = exchange_.global;
   const std::wstring name = TypedName();
   if (name.empty()) {
-    app::MQVXMsgBox(global).ShowInformation(global.LoadResString(app::kGroupNameMissing));
+    app::MQVXMsgBox(global).ShowInformation(Text(app::kGroupNameMissing));
     return false;
   }
   if (IsNameReserved(name)) {
-    app::MQVXMsgBox(global).ShowInformation(global.LoadResString(app::kGroupNameReserved));
+    app::MQVXMsgBox(global).ShowInformation(Text(app::kGroupNameReserved));
     return false;
   }
   if (IsDuplicateGroup(global, exchange_.groupsTree.Nodes(), name, GroupID)) return false;
   // Under its display form a protected group is no duplicate of its stored name. A second group of
   // that name would take its place, and its protection, at the next start.
   if (txtGroupName.Enabled() && IsReservedGroupName(name)) {
-    app::MQVXMsgBox(global).ShowInformation(global.LoadResString(app::kGroupNameReserved));
+    app::MQVXMsgBox(global).ShowInformation(Text(app::kGroupNameReserved));
     return false;
   }
   return true;
@@ -161,6 +197,36 @@ bool GroupDialog::IsNameAccepted() {
 void GroupDialog::ReturnToName() {
   txtGroupName.SetFocus();
   SelectAll(txtGroupName);
+}
+
+void GroupDialog::AddMemberRows() {
+  const auto rows = Connection().OpenResultSet(data::SqlSelectGroupMemberships(GroupID));
+  for (const ListItem& member : Items(List1[kMembers])) {
+    rows->AddNew();
+    rows->SetColumn(L"GROUPID", GroupID);
+    rows->SetColumn(L"USERID", member.itemData);
+    rows->Update();
+  }
+  rows->Close();
+}
+
+void GroupDialog::AddPermissionRows() {
+  const auto rows = Connection().OpenResultSet(data::SqlSelectGroupPermRows(GroupID));
+  for (const std::int32_t permission : SelectedData(List1[kPermissions])) {
+    rows->AddNew();
+    rows->SetColumn(L"GROUPID", GroupID);
+    rows->SetColumn(L"PERMID", permission);
+    rows->Update();
+  }
+  rows->Close();
+}
+
+void GroupDialog::HandBack() {
+  const std::wstring description = TypedDescription();
+  exchange_.GroupID = GroupID;
+  exchange_.GroupName = TypedName();
+  if (!description.empty()) exchange_.GroupName += L" (" + description + L")";
+  exchange_.StoredName = storedName_;
 }
 
 }  // namespace dialogs

@@ -9,11 +9,8 @@
 #include "controls/Label.h"
 #include "controls/ListBox.h"
 #include "controls/TextBox.h"
-#include "data/ExitStatus.h"
-#include "data/SessionServer.h"
 #include "dialogs/ControlArray.h"
 #include "dialogs/EditingDialog.h"
-#include "dialogs/frmAddUserInGroup.h"
 
 namespace dialogs {
 
@@ -21,6 +18,9 @@ namespace dialogs {
 // name and the writing of the links.
 class GroupDialog : public EditingDialog {
  public:
+  enum List : int { kMembers = 1, kPermissions = 2 };
+  enum Button : int { kAssign = 11, kAllPermissions = 12, kRemove = 21, kNoPermission = 22 };
+
   // The group being edited; a new one gets its identifier when it is saved.
   std::int32_t GroupID = 0;
   // Whether the user Admin may be taken out of the group.
@@ -32,41 +32,38 @@ class GroupDialog : public EditingDialog {
   controls::TextBox txtDesc;
   controls::Frame fraMembers;
   controls::Frame fraGroupPermission;
-  ControlArray<controls::ListBox, 1, 2> List1;  // 1 members, 2 permissions to be checked
-  ControlArray<controls::CommandButton, 11, 12, 21, 22> cmdBtn;  // Assign, All, Remove, None
+  ControlArray<controls::ListBox, kMembers, kPermissions> List1;
+  ControlArray<controls::CommandButton, kAssign, kAllPermissions, kRemove, kNoPermission> cmdBtn;
   controls::CommandButton cmdOK;
   controls::CommandButton cmdCancel;
   controls::CommandButton Command1;  // help
 
  protected:
-  GroupDialog(Exchange& exchange, int templateId, CallerMode mode);
+  GroupDialog(Exchange& exchange, int templateId);
 
   // Captions, anchors and events. titleId is the string of the caption.
   void SettingControls(int titleId);
 
-  // The lists (GroupDialogLists.cpp).
-  data::ExitStatus List1AddItem(std::wstring_view statement, int Index);
-  void SelectAllRecord(int Index);
-  void RemoveAllRecord(int Index);
+  // --- The lists ---
+  app::Outcome FillMembers();
+  app::Outcome FillPermissions();
   void EnableRemove();
 
-  // The save (GroupDialogSave.cpp). The steps report their errors themselves.
-  virtual data::ExitStatus UpdateTransaction() = 0;
-  void AddMemberRows();
-  void AddPermissionRows();
-  // Tells the main window which group was written.
-  void HandBack();
-
-  void cmdOK_Click() override;
+  // --- The name ---
   // Whether the name may not be given to this group for being reserved.
   virtual bool IsNameReserved(std::wstring_view name) = 0;
   // The protected name that a shown or typed name stands for, else the name mapped.
   std::wstring RecognisedName(std::wstring_view name);
-
   std::wstring TypedName() const;
   std::wstring TypedDescription() const;
-  data::Connection& Connection() const { return *exchange_.global.databaseConnection; }
-  data::SessionServer& Server() const { return *exchange_.global.SessionServer; }
+
+  // --- The save. The steps report their errors themselves. ---
+  void cmdOK_Click() override;
+  virtual app::Outcome UpdateTransaction() = 0;
+  void AddMemberRows();
+  void AddPermissionRows();
+  // Tells the main window which group was written.
+  void HandBack();
 
   // The member named Admin; 0 while there is none.
   std::int32_t adminUserId_ = 0;
@@ -84,8 +81,6 @@ class GroupDialog : public EditingDialog {
   void RemoveMember();
   bool IsNameAccepted();
   void ReturnToName();
-
-  CallerMode mode_;
 };
 
 }  // namespace dialogs

@@ -6,15 +6,18 @@ namespace dialogs {
 
 using controls::ListBox;
 
-void AddRows(ListBox& list, data::Connection& connection, std::wstring_view statement,
-             const std::function<void(std::int32_t, std::wstring_view)>& onRow) {
-  const ListBox::Update update(list);
+std::wstring TrimmedName(std::int32_t /*id*/, const std::wstring& name) {
+  return std::wstring(data::Trim(name));
+}
+
+void FillList(ListBox& list, data::Connection& connection, std::wstring_view statement,
+              const TextOfRow& textOf) {
   const auto rows = connection.OpenResultSet(statement);
+  const ListBox::Update update(list);
+  list.Clear();
   for (; !rows->EndOfRows(); rows->MoveNext()) {
-    const std::int32_t itemData = rows->Column(0).Integer();
-    const std::wstring stored = rows->Column(1).Text();
-    list.AddItem(std::wstring(data::Trim(stored)), itemData);
-    if (onRow) onRow(itemData, stored);
+    const std::int32_t id = rows->Column(0).Integer();
+    list.AddItem(textOf(id, rows->Column(1).Text()), id);
   }
   rows->Close();
 }
@@ -33,13 +36,25 @@ void SetItems(ListBox& list, const std::vector<ListItem>& items) {
   for (const ListItem& item : items) list.AddItem(item.text, item.itemData);
 }
 
+std::vector<std::int32_t> SelectedData(const ListBox& list) {
+  std::vector<std::int32_t> selected;
+  for (int i = 0; i < list.ListCount(); ++i) {
+    if (list.Selected(i)) selected.push_back(list.ItemData(i));
+  }
+  return selected;
+}
+
 void CheckAll(ListBox& list, bool checked) {
   const ListBox::Update update(list);
   for (int i = 0; i < list.ListCount(); ++i) list.SetSelected(i, checked);
 }
 
-void SelectOnly(ListBox& list, int item) {
+void SelectNone(ListBox& list) {
   for (int i = 0; list.SelCount() > 0; ++i) list.SetSelected(i, false);
+}
+
+void SelectOnly(ListBox& list, int item) {
+  SelectNone(list);
   list.SetSelected(item, true);
   list.SetListIndex(item);
 }

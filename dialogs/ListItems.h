@@ -18,10 +18,16 @@ struct ListItem {
   bool operator==(const ListItem&) const = default;
 };
 
-// Adds an item for each row of a statement: column 1, trimmed, is its text and column 0 its item
-// data. onRow, where given, sees the item data and the text as it is stored.
-void AddRows(controls::ListBox& list, data::Connection& connection, std::wstring_view statement,
-             const std::function<void(std::int32_t, std::wstring_view)>& onRow = {});
+// The text under which a row is listed, of its identifier and the name as it is stored.
+using TextOfRow = std::function<std::wstring(std::int32_t id, const std::wstring& name)>;
+
+// The stored name without the blanks around it.
+std::wstring TrimmedName(std::int32_t id, const std::wstring& name);
+
+// Makes the rows of a statement the list's items: column 0 is the item data, and the text is what
+// textOf makes of it and of the name in column 1.
+void FillList(controls::ListBox& list, data::Connection& connection, std::wstring_view statement,
+              const TextOfRow& textOf);
 
 // All items of a list, in order.
 std::vector<ListItem> Items(const controls::ListBox& list);
@@ -29,8 +35,14 @@ std::vector<ListItem> Items(const controls::ListBox& list);
 // Makes these the list's items; none is selected then.
 void SetItems(controls::ListBox& list, const std::vector<ListItem>& items);
 
+// The item data of what is checked or selected, in the order of the items.
+std::vector<std::int32_t> SelectedData(const controls::ListBox& list);
+
 // Checks, or unchecks, every item of a check list, from the first to the last.
 void CheckAll(controls::ListBox& list, bool checked);
+
+// Takes the selection away from every item of a list in which several may be selected.
+void SelectNone(controls::ListBox& list);
 
 // Selects one item alone and scrolls to it. Not for check lists.
 void SelectOnly(controls::ListBox& list, int item);

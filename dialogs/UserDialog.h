@@ -9,8 +9,6 @@
 #include "controls/Label.h"
 #include "controls/ListBox.h"
 #include "controls/TextBox.h"
-#include "data/ExitStatus.h"
-#include "data/SessionServer.h"
 #include "dialogs/ControlArray.h"
 #include "dialogs/EditingDialog.h"
 
@@ -20,6 +18,10 @@ namespace dialogs {
 // for typing a password, the checks before saving and the writing of the links.
 class UserDialog : public EditingDialog {
  public:
+  enum List : int { kGroups = 1, kPermissions = 2 };
+  // Check all or uncheck all, then the list.
+  enum Button : int { kAllGroups = 11, kAllPermissions = 12, kNoGroup = 21, kNoPermission = 22 };
+
   // The group that no user leaves; 0 protects none.
   std::int32_t EveryoneGroupID = 0;
 
@@ -33,9 +35,9 @@ class UserDialog : public EditingDialog {
   controls::TextBox txtVerify;
   controls::Frame fraMemberOf;
   controls::Frame fraUserPermissions;
-  ControlArray<controls::ListBox, 1, 2> List1;  // 1 groups, 2 permissions
-  // Check all or uncheck all, then the list: 11, 12 and 21, 22.
-  ControlArray<controls::CommandButton, 11, 12, 21, 22> cmdBtn;
+  ControlArray<controls::ListBox, kGroups, kPermissions> List1;
+  ControlArray<controls::CommandButton, kAllGroups, kAllPermissions, kNoGroup, kNoPermission>
+      cmdBtn;
   controls::CommandButton cmdOK;
   controls::CommandButton cmdCancel;
   controls::CommandButton Command1;  // help
@@ -43,14 +45,14 @@ class UserDialog : public EditingDialog {
  protected:
   UserDialog(Exchange& exchange, int templateId);
 
-  // The load's beginning, with the window's caption, and its end.
-  void StartLoading(int titleId);
-  void FinishLoading();
+  app::Outcome LoadDialog() override;
+  // Fills the controls, while checks set off nothing.
+  virtual app::Outcome FillControls() = 0;
+  virtual int TitleId() const = 0;
 
-  // --- The check lists (UserDialogLists.cpp). Failures are reported there. ---
-  data::ExitStatus List1AddItem(std::wstring_view statement, int Index);
-  void SelectAllRecord(int Index);
-  void RemoveAllRecord(int Index);
+  // --- The check lists (UserDialog.cpp). Failures are reported there. ---
+  app::Outcome FillGroups();
+  app::Outcome FillPermissions();
   // Sees each group that is listed, with its stored name.
   virtual void KeepName(std::int32_t groupId, const std::wstring& name);
   virtual bool IsProtectedGroup(std::int32_t groupId) const;
@@ -68,22 +70,18 @@ class UserDialog : public EditingDialog {
   // The part of a text that the mode counts.
   virtual std::wstring_view Counted(std::wstring_view text) const = 0;
 
-  // --- The save (UserDialogSave.cpp) ---
+  // --- The save (UserDialog.cpp) ---
   void cmdOK_Click() override;
-  virtual data::ExitStatus UpdateTransaction() = 0;
+  virtual app::Outcome UpdateTransaction() = 0;
   // Adds a row (userId, item data) for every checked item to the set that the statement opens.
-  void AddLinks(int Index, std::wstring_view statement, std::int32_t userId);
-  // Tells the main window how the save ended.
-  void HandBack(bool written);
-
-  data::Connection& Connection() const { return *exchange_.global.databaseConnection; }
-  data::SessionServer& Server() const { return *exchange_.global.SessionServer; }
+  void AddLinks(const controls::ListBox& list, std::wstring_view statement, std::int32_t userId);
+  // Tells the main window which name was written.
+  void HandBack();
 
   std::wstring strEveryoneName;
 
  private:
-  // The layout (UserDialog.cpp).
-  void SettingControls(int titleId);
+  void SettingControls();
   void SetLayout();
   void SetEvents();
 
@@ -95,7 +93,7 @@ class UserDialog : public EditingDialog {
   void SetPasswordEvents();
   void txtPassword_Change();
   void txtVerify_Change();
-  void CutPassword(controls::TextBox& box, int tabIndex);
+  void CutPassword(controls::TextBox& box);
   void ReturnToPassword();
   void ReturnToName();
 

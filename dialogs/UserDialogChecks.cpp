@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "app/ErrorReport.h"
 #include "app/MQVXMsgBox.h"
 #include "app/StringIds.h"
 #include "controls/Desktop.h"
@@ -18,10 +17,6 @@ namespace {
 
 constexpr std::size_t kShortestPassword = 6;
 constexpr std::int16_t kLongestPassword = 20;
-
-// Where the password boxes are put in the tab order when their text was too long.
-constexpr int kPasswordTabIndex = 3;
-constexpr int kVerifyTabIndex = 4;
 
 // A length as the check takes it. What does not fit is longer than any password, and stays so.
 std::int16_t Length(std::wstring_view text) {
@@ -45,30 +40,27 @@ void UserDialog::SetPasswordEvents() {
 
 void UserDialog::txtPassword_Change() {
   bChanged = true;
-  if (!CheckPasswordLenth(Length(txtPassword.Text()))) CutPassword(txtPassword, kPasswordTabIndex);
+  if (!CheckPasswordLenth(Length(txtPassword.Text()))) CutPassword(txtPassword);
 }
 
 void UserDialog::txtVerify_Change() {
   bChanged = true;
   const std::wstring typed = txtVerify.Text();
-  if (!CheckPasswordLenth(Length(Counted(typed)))) CutPassword(txtVerify, kVerifyTabIndex);
+  if (!CheckPasswordLenth(Length(Counted(typed)))) CutPassword(txtVerify);
 }
 
 bool UserDialog::CheckPasswordLenth(std::int16_t IntLen) {
-  try {
+  return app::ReportedOr(exchange_.global, L"CheckPasswordLenth", false, [&] {
     if (IntLen <= kLongestPassword) return true;
     exchange_.global.desktop.Beep();
     app::MQVXMsgBox(exchange_.global).ShowPasswordTooLong();
-  } catch (...) {
-    app::ReportError(exchange_.global, L"CheckPasswordLenth");
-  }
-  return false;
+    return false;
+  });
 }
 
-void UserDialog::CutPassword(controls::TextBox& box, int tabIndex) {
+void UserDialog::CutPassword(controls::TextBox& box) {
   const std::wstring kept = box.Text().substr(0, kLongestPassword);
   box.SetText(kept);
-  box.SetTabIndex(tabIndex);
   box.SetSelStart(0);
   box.SetSelLength(static_cast<int>(Counted(kept).size()));
 }
@@ -76,8 +68,7 @@ void UserDialog::CutPassword(controls::TextBox& box, int tabIndex) {
 bool UserDialog::IsNameGiven() {
   const std::wstring name = txtUserName.Text();
   if (!data::Trim(name).empty()) return true;
-  const app::mGlobal& global = exchange_.global;
-  app::MQVXMsgBox(global).ShowNotice(global.LoadResString(app::kUserNameMissing));
+  app::MQVXMsgBox(exchange_.global).ShowNotice(Text(app::kUserNameMissing));
   ReturnToName();
   return false;
 }

@@ -2,8 +2,6 @@
 
 #include <unordered_set>
 
-#include "app/ErrorReport.h"
-#include "app/LocaleFont.h"
 #include "app/StringIds.h"
 #include "data/MSQLStatement.h"
 #include "resources/ResourceIds.h"
@@ -24,84 +22,69 @@ frmAddUserInGroup::frmAddUserInGroup(Exchange& exchange)
       cmdCancel(*this, IDC_CANCEL),
       Command1(*this, IDC_HELP_BUTTON) {}
 
-void frmAddUserInGroup::Form_Load() {
-  try {
-    SettingControls();
-    if (Fill() == data::kFailed) {
-      Close();
-      return;
-    }
-    for (int Index : List1.Numbers()) {
-      if (List1[Index].ListCount() > 0) SelectOnly(List1[Index], 0);
-    }
-    List1_Click();
-    bChanged = false;
-  } catch (...) {
-    app::ReportError(exchange_.global, L"Form Load");
-    Close();
+app::Outcome frmAddUserInGroup::LoadDialog() {
+  SettingControls();
+  if (FillLists() == app::Outcome::kFailed) return app::Outcome::kFailed;
+  for (int Index : List1.Numbers()) {
+    if (List1[Index].ListCount() > 0) SelectOnly(List1[Index], 0);
   }
+  List1_Click();
+  return app::Outcome::kDone;
 }
 
 // A group dialog keeps its members as they were when this one is closed without OK; its own
 // question covers them.
 void frmAddUserInGroup::Form_Unload(bool& cancel) {
-  if (Mode != CallerMode::kMainWindow) bChanged = false;
+  if (Members != nullptr) bChanged = false;
   EditingDialog::Form_Unload(cancel);
 }
 
 void frmAddUserInGroup::SettingControls() {
-  app::SetLocaleFont(*this);
   SetCaptions();
   SetLayout();
   SetEvents();
 }
 
 void frmAddUserInGroup::SetCaptions() {
-  const auto text = [this](int id) { return exchange_.global.LoadResString(id); };
-  SetCaption(text(app::kAddUsersTitle) + GroupName);
-  SetIcon(IDI_PROGRAM);
-  fraAvailableUser.SetCaption(text(app::kAvailableUsers));
-  fraSelecteUsers.SetCaption(text(app::kSelectedUsers));
-  for (int Index : lbl1.Numbers()) lbl1[Index].SetCaption(text(app::kAddUsersStep1 + Index - 1));
-  for (int Index : cmdBtn.Numbers()) cmdBtn[Index].SetCaption(text(app::kMoveRight + Index - 1));
-  SetDialogButtons(cmdOK, cmdCancel, Command1);
+  SetUpWindow(Text(app::kAddUsersTitle) + GroupName, cmdOK, cmdCancel, Command1);
+  fraAvailableUser.SetCaption(Text(app::kAvailableUsers));
+  fraSelecteUsers.SetCaption(Text(app::kSelectedUsers));
+  for (int Index : lbl1.Numbers()) lbl1[Index].SetCaption(Text(app::kAddUsersStep1 + Index - 1));
+  for (int Index : cmdBtn.Numbers()) cmdBtn[Index].SetCaption(Text(app::kMoveRight + Index - 1));
 }
 
 // The two sides share what the window gains; the buttons stay between them.
 void frmAddUserInGroup::SetLayout() {
   using namespace controls;
-  SetTabOrder({&lbl1[1], &txtUserName[1], &lbl1[2], &fraAvailableUser, &List1[1], &cmdBtn[1],
-               &cmdBtn[2], &cmdBtn[3], &cmdBtn[4], &lbl1[3], &txtUserName[2], &lbl1[4],
-               &fraSelecteUsers, &List1[2], &cmdOK, &cmdCancel, &Command1});
+  SetTabOrder({&lbl1[1], &txtUserName[kOthers], &lbl1[2], &fraAvailableUser, &List1[kOthers],
+               &cmdBtn[kAdd], &cmdBtn[kAddAll], &cmdBtn[kRemove], &cmdBtn[kRemoveAll], &lbl1[3],
+               &txtUserName[kMembers], &lbl1[4], &fraSelecteUsers, &List1[kMembers], &cmdOK,
+               &cmdCancel, &Command1});
   const unsigned left = kAnchorTop | kAnchorLeft | kAnchorRightMiddle;
   const unsigned right = kAnchorTop | kAnchorLeftMiddle | kAnchorRight;
   for (Control* control : {static_cast<Control*>(&lbl1[1]), static_cast<Control*>(&lbl1[2]),
-                           static_cast<Control*>(&txtUserName[1])}) {
+                           static_cast<Control*>(&txtUserName[kOthers])}) {
     control->SetAnchors(left);
   }
   for (Control* control : {static_cast<Control*>(&lbl1[3]), static_cast<Control*>(&lbl1[4]),
-                           static_cast<Control*>(&txtUserName[2])}) {
+                           static_cast<Control*>(&txtUserName[kMembers])}) {
     control->SetAnchors(right);
   }
   fraAvailableUser.SetAnchors(left | kAnchorBottom);
-  List1[1].SetAnchors(left | kAnchorBottom);
+  List1[kOthers].SetAnchors(left | kAnchorBottom);
   fraSelecteUsers.SetAnchors(right | kAnchorBottom);
-  List1[2].SetAnchors(right | kAnchorBottom);
+  List1[kMembers].SetAnchors(right | kAnchorBottom);
   for (int Index : cmdBtn.Numbers()) {
     cmdBtn[Index].SetAnchors(kAnchorTop | kAnchorLeftMiddle | kAnchorRightMiddle);
   }
-  for (CommandButton* button : {&cmdOK, &cmdCancel, &Command1}) {
-    button->SetAnchors(kAnchorRight | kAnchorBottom);
-  }
-  SetResizable(true);
 }
 
 void frmAddUserInGroup::SetEvents() {
-  for (int Index : List1.Numbers()) {
-    List1[Index].Click = [this] { List1_Click(); };
+  for (const List index : {kOthers, kMembers}) {
+    List1[index].Click = [this] { List1_Click(); };
     // A double-click moves the item as the single arrow below its list does.
-    List1[Index].DblClick = [this, Index] { cmdBtn_Click(Index == 1 ? 1 : 3); };
-    txtUserName[Index].Change = [this, Index] { txtUserName_Change(Index); };
+    List1[index].DblClick = [this, index] { cmdBtn_Click(MoveButton(index)); };
+    txtUserName[index].Change = [this, index] { txtUserName_Change(index); };
   }
   for (int Index : cmdBtn.Numbers()) {
     cmdBtn[Index].Click = [this, Index] { cmdBtn_Click(Index); };
@@ -109,57 +92,88 @@ void frmAddUserInGroup::SetEvents() {
 }
 
 // The left list shows all users for a moment only, and so not at all.
-data::ExitStatus frmAddUserInGroup::Fill() {
-  const ListBox::Update left(List1[1]);
-  const ListBox::Update right(List1[2]);
-  if (List1AddItem(data::SqlSelectAllUsers(), 1) == data::kFailed) return data::kFailed;
+app::Outcome frmAddUserInGroup::FillLists() {
+  const ListBox::Update left(List1[kOthers]);
+  const ListBox::Update right(List1[kMembers]);
+  if (List1AddItem(List1[kOthers], data::SqlSelectAllUsers(), TrimmedName) ==
+      app::Outcome::kFailed) {
+    return app::Outcome::kFailed;
+  }
   return UpdateAddItem();
 }
 
-data::ExitStatus frmAddUserInGroup::List1AddItem(std::wstring_view statement, int Index) {
-  try {
-    List1[Index].Clear();
-    AddRows(List1[Index], *exchange_.global.databaseConnection, statement);
-    return data::kDone;
-  } catch (...) {
-    app::ReportError(exchange_.global, L"List1AddItem");
-    return data::kFailed;
-  }
-}
-
-data::ExitStatus frmAddUserInGroup::UpdateAddItem() {
-  try {
-    if (Mode == CallerMode::kMainWindow) {
-      AddRows(List1[2], *exchange_.global.databaseConnection, data::SqlSelectGroupUsers(GroupID));
+app::Outcome frmAddUserInGroup::UpdateAddItem() {
+  return Reported(L"UpdateAddItem", [this] {
+    if (Members == nullptr) {
+      FillList(List1[kMembers], Connection(), data::SqlSelectGroupUsers(GroupID), TrimmedName);
     } else {
-      SetItems(List1[2], Items(*Members));
+      SetItems(List1[kMembers], Items(*Members));
     }
     LeaveOutMembers();
-    return data::kDone;
-  } catch (...) {
-    app::ReportError(exchange_.global, L"UpdateAddItem");
-    return data::kFailed;
-  }
+  });
 }
 
-// Takes the members out of the left list. The list is made anew: taking thousands out of it one by
-// one would move all the others each time.
+// Takes the members out of the left list. The list is filled again: taking thousands out of it one
+// by one would move all the others each time.
 void frmAddUserInGroup::LeaveOutMembers() {
   std::unordered_set<std::int32_t> members;
-  for (const ListItem& member : Items(List1[2])) members.insert(member.itemData);
+  for (const ListItem& member : Items(List1[kMembers])) members.insert(member.itemData);
   if (members.empty()) return;
-  std::vector<ListItem> others = Items(List1[1]);
+  std::vector<ListItem> others = Items(List1[kOthers]);
   std::erase_if(others, [&](const ListItem& user) { return members.contains(user.itemData); });
-  SetItems(List1[1], others);
+  SetItems(List1[kOthers], others);
 }
 
 void frmAddUserInGroup::List1_Click() {
-  const bool available = List1[1].ListCount() > 0;
-  const bool selected = List1[2].ListCount() > 0;
-  cmdBtn[1].SetEnabled(available);
-  cmdBtn[2].SetEnabled(available);
-  cmdBtn[3].SetEnabled(selected);
-  cmdBtn[4].SetEnabled(selected);
+  const bool available = List1[kOthers].ListCount() > 0;
+  const bool selected = List1[kMembers].ListCount() > 0;
+  for (int Index : {kAdd, kAddAll}) EnableButton(cmdBtn[Index], available, List1[kOthers]);
+  for (int Index : {kRemove, kRemoveAll}) EnableButton(cmdBtn[Index], selected, List1[kMembers]);
+}
+
+void frmAddUserInGroup::cmdOK_Click() {
+  if (Members == nullptr) {
+    exchange_.AddNode = WriteMemberships() == app::Outcome::kDone;
+  } else {
+    SetItems(*Members, Items(List1[kMembers]));
+  }
+  Close();
+}
+
+void frmAddUserInGroup::cmdCancel_Click() {
+  if (Members == nullptr) {
+    EditingDialog::cmdCancel_Click();
+  } else {
+    Close();
+  }
+}
+
+// Memberships are only added, one for each member who has none, unless nobody is left: then all of
+// them go. Who was moved out while others stayed keeps his.
+app::Outcome frmAddUserInGroup::WriteMemberships() {
+  if (NewUserGroups() == app::Outcome::kFailed) return app::Outcome::kFailed;
+  return List1[kMembers].ListCount() == 0 ? DeleteUserGroups() : app::Outcome::kDone;
+}
+
+app::Outcome frmAddUserInGroup::NewUserGroups() {
+  return Reported(L"NewUserGroups", [this] {
+    for (const ListItem& user : Items(List1[kMembers])) {
+      const auto rows =
+          Connection().OpenResultSet(data::SqlSelectMembership(GroupID, user.itemData));
+      if (rows->EndOfRows()) {
+        rows->AddNew();
+        rows->SetColumn(L"GROUPID", GroupID);
+        rows->SetColumn(L"USERID", user.itemData);
+        rows->Update();
+      }
+      rows->Close();
+    }
+  });
+}
+
+app::Outcome frmAddUserInGroup::DeleteUserGroups() {
+  return Reported(L"DeleteUserGroups",
+                  [this] { Connection().Execute(data::SqlDeleteAllGroupUsers(GroupID)); });
 }
 
 }  // namespace dialogs

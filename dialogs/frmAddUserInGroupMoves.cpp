@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "app/ErrorReport.h"
 #include "app/MQVXMsgBox.h"
 #include "controls/SortKey.h"
 #include "data/ProtectedId.h"
@@ -15,8 +14,8 @@ using controls::ListBox;
 
 namespace {
 
-// The key of a name, with a sign behind it that puts it behind every beginning of it.
-std::string KeyBehind(const std::wstring& name) {
+// The key of a name with a sign after it, so that the name comes after every beginning of it.
+std::string KeyAfter(const std::wstring& name) {
   return controls::SortKey(std::wstring(data::Trim(name)) + L"*");
 }
 
@@ -29,7 +28,7 @@ int FindByFirstLetters(const ListBox& list, std::wstring_view typed) {
   int found = -1;
   for (int i = 0; i < list.ListCount(); ++i) {
     const std::wstring name = list.List(i);
-    if (KeyBehind(name) > wanted) return i;
+    if (KeyAfter(name) > wanted) return i;
     if (controls::SortKey(data::Trim(name).substr(0, 1)) == letter) found = i;
   }
   return found;
@@ -38,7 +37,7 @@ int FindByFirstLetters(const ListBox& list, std::wstring_view typed) {
 // Adds items to the end of a list and selects them alone.
 void AddSelected(ListBox& list, const std::vector<ListItem>& items) {
   const ListBox::Update update(list);
-  for (int i = 0; list.SelCount() > 0; ++i) list.SetSelected(i, false);
+  SelectNone(list);
   for (const ListItem& item : items) {
     list.SetSelected(list.AddItem(item.text, item.itemData), true);
   }
@@ -48,100 +47,96 @@ void AddSelected(ListBox& list, const std::vector<ListItem>& items) {
 }  // namespace
 
 // A list with a single item is never searched.
-void frmAddUserInGroup::txtUserName_Change(int Index) {
-  try {
-    ListBox& list = List1[Index];
+void frmAddUserInGroup::txtUserName_Change(List index) {
+  static_cast<void>(Reported(L"txtUserName_Change", [&] {
+    ListBox& list = List1[index];
     if (list.ListCount() < 2) return;
-    const std::wstring text = txtUserName[Index].Text();
+    const std::wstring text = txtUserName[index].Text();
     const int found = FindByFirstLetters(list, data::Trim(text));
     if (found >= 0) SelectOnly(list, found);
-  } catch (...) {
-    app::ReportError(exchange_.global, L"txtUserName_Change");
-  }
+  }));
 }
 
 void frmAddUserInGroup::cmdBtn_Click(int Index) {
-  try {
+  static_cast<void>(Reported(L"cmdBtn_Click", [&] {
     switch (Index) {
-      case 1:
-        MoveSelected(1);
+      case kAdd:
+        MoveSelected(kOthers);
         break;
-      case 2:
-        AddAllItem();
+      case kAddAll:
+        MoveAll(L"AddAllItem", kOthers);
         break;
-      case 3:
-        MoveSelected(2);
+      case kRemove:
+        MoveSelected(kMembers);
         break;
-      case 4:
-        RemoveAllItem();
+      case kRemoveAll:
+        MoveAll(L"RemoveAllItem", kMembers);
         break;
     }
     List1_Click();
-  } catch (...) {
-    app::ReportError(exchange_.global, L"cmdBtn_Click");
-  }
+  }));
 }
 
-void frmAddUserInGroup::AddAllItem() {
-  try {
-    Move(1, std::vector<bool>(static_cast<std::size_t>(List1[1].ListCount()), true));
-  } catch (...) {
-    app::ReportError(exchange_.global, L"AddAllItem");
-  }
+void frmAddUserInGroup::MoveAll(const wchar_t* procedure, List from) {
+  static_cast<void>(Reported(procedure, [&] {
+    Move(from, std::vector<bool>(static_cast<std::size_t>(List1[from].ListCount()), true));
+  }));
 }
 
-void frmAddUserInGroup::RemoveAllItem() {
-  try {
-    Move(2, std::vector<bool>(static_cast<std::size_t>(List1[2].ListCount()), true));
-  } catch (...) {
-    app::ReportError(exchange_.global, L"RemoveAllItem");
-  }
-}
-
-void frmAddUserInGroup::MoveSelected(int from) {
-  std::vector<bool> chosen(static_cast<std::size_t>(List1[from].ListCount()));
-  for (int i = 0; i < List1[from].ListCount(); ++i) {
-    chosen[static_cast<std::size_t>(i)] = List1[from].Selected(i);
-  }
+void frmAddUserInGroup::MoveSelected(List from) {
+  std::vector<bool> chosen;
+  for (int i = 0; i < List1[from].ListCount(); ++i) chosen.push_back(List1[from].Selected(i));
   Move(from, chosen);
 }
 
-// Moves the chosen items, in their order, to the end of the other list and selects them there. What
-// is left keeps a selection as long as there is something to select. The source is made anew when
-// several items leave it: taken out one by one, thousands of them would move the others each time.
-void frmAddUserInGroup::Move(int from, const std::vector<bool>& chosen) {
-  ListBox& source = List1[from];
-  const std::vector<ListItem> users = Items(source);
-  std::vector<ListItem> moved;
-  std::vector<ListItem> left;
-  int selected = -1;  // where the first item that moves stood
-  int kept = -1;
-  for (std::size_t i = 0; i < users.size(); ++i) {
-    const bool stays = !chosen[i] || IsKept(from, users[i]);
-    if (stays && chosen[i]) kept = static_cast<int>(left.size());
-    if (!stays && moved.empty()) selected = static_cast<int>(i);
-    (stays ? left : moved).push_back(users[i]);
-  }
-  if (!moved.empty()) {
-    const ListBox::Update update(source);
-    if (moved.size() == 1) {
-      source.RemoveItem(selected);
-    } else {
-      SetItems(source, left);
-    }
-    SelectOnly(source, kept >= 0 ? kept : std::min(selected, source.ListCount() - 1));
-    AddSelected(List1[3 - from], moved);
+// Moves the chosen items, in their order, to the end of the other list and selects them there.
+void frmAddUserInGroup::Move(List from, const std::vector<bool>& chosen) {
+  const Parting users = Part(from, chosen);
+  if (!users.moved.empty()) {
+    TakeOut(List1[from], users);
+    AddSelected(List1[OtherList(from)], users.moved);
     bChanged = true;
   }
-  if (kept >= 0) {
+  if (users.refused >= 0) {
     app::MQVXMsgBox(exchange_.global)
-        .ShowCannotRemoveUserFromGroup(left[static_cast<std::size_t>(kept)].text);
+        .ShowCannotRemoveUserFromGroup(users.left[static_cast<std::size_t>(users.refused)].text);
   }
 }
 
+frmAddUserInGroup::Parting frmAddUserInGroup::Part(List from,
+                                                   const std::vector<bool>& chosen) const {
+  Parting parting;
+  const std::vector<ListItem> users = Items(List1[from]);
+  for (std::size_t i = 0; i < users.size(); ++i) {
+    const bool isRefused = chosen[i] && IsKept(from, users[i]);
+    if (chosen[i] && !isRefused) {
+      if (parting.moved.empty()) parting.firstMoved = static_cast<int>(i);
+      parting.moved.push_back(users[i]);
+    } else {
+      if (isRefused) parting.refused = static_cast<int>(parting.left.size());
+      parting.left.push_back(users[i]);
+    }
+  }
+  return parting;
+}
+
+// What is left keeps a selection as long as there is something to select: who was refused, else who
+// follows the first that is gone. The list is filled again when several items leave it: taken out
+// one by one, thousands of them would move the others each time.
+void frmAddUserInGroup::TakeOut(ListBox& list, const Parting& users) {
+  const ListBox::Update update(list);
+  if (users.moved.size() == 1) {
+    list.RemoveItem(users.firstMoved);
+  } else {
+    SetItems(list, users.left);
+  }
+  SelectOnly(list,
+             users.refused >= 0 ? users.refused : std::min(users.firstMoved, list.ListCount() - 1));
+}
+
 // Whether a user may not leave a list for the other one: Admin, where the group must keep him.
-bool frmAddUserInGroup::IsKept(int from, const ListItem& user) const {
-  return from == 2 && !IsRemoveAdmin && data::IsProtectedId(adminUserId, user.itemData);
+bool frmAddUserInGroup::IsKept(List from, const ListItem& user) const {
+  return from == kMembers && !IsRemoveAdmin && data::IsProtectedId(adminUserId, user.itemData);
 }
 
 }  // namespace dialogs

@@ -1,10 +1,8 @@
 #include "dialogs/frmEditGroup.h"
 
-#include "app/ErrorReport.h"
 #include "app/StringIds.h"
 #include "data/DisplayCodes.h"
 #include "data/MSQLStatement.h"
-#include "data/RunTimeError.h"
 #include "data/Text.h"
 #include "dialogs/AccountNames.h"
 #include "dialogs/StoredGroupName.h"
@@ -12,31 +10,20 @@
 
 namespace dialogs {
 
-frmEditGroup::frmEditGroup(Exchange& exchange)
-    : GroupDialog(exchange, IDD_EDIT_GROUP, CallerMode::kEditDialog) {
+frmEditGroup::frmEditGroup(Exchange& exchange) : GroupDialog(exchange, IDD_EDIT_GROUP) {
   GroupID = -1;
 }
 
-void frmEditGroup::Form_Load() {
-  try {
-    IsRemoveAdmin = true;
-    adminUserId_ = 0;
-    keepsMembers_ = false;
-    SettingControls(app::kEditGroupTitle);
-    exchange_.accountGone = !ReadGroup();
-    if (exchange_.accountGone || Fill() == data::kFailed) {
-      exchange_.AddNode = false;
-      Close();
-      return;
-    }
-    EnableRemove();
-    ProtectGroup();
-    bChanged = false;
-  } catch (...) {
-    app::ReportError(exchange_.global, L"Form Load");
-    exchange_.AddNode = false;
-    Close();
-  }
+app::Outcome frmEditGroup::LoadDialog() {
+  IsRemoveAdmin = true;
+  adminUserId_ = 0;
+  keepsMembers_ = false;
+  SettingControls(app::kEditGroupTitle);
+  exchange_.accountGone = !ReadGroup();
+  if (exchange_.accountGone || FillLists() == app::Outcome::kFailed) return app::Outcome::kFailed;
+  EnableRemove();
+  ProtectGroup();
+  return app::Outcome::kDone;
 }
 
 // The rows are read to their end: a set that rests on a row would keep others from writing for as
@@ -54,26 +41,24 @@ bool frmEditGroup::ReadGroup() {
   return found;
 }
 
-data::ExitStatus frmEditGroup::Fill() {
-  if (List1AddItem(data::SqlSelectGroupUsers(GroupID), 1) == data::kFailed) return data::kFailed;
-  if (List1AddItem(data::SqlSelectAllPermissions(), 2) == data::kFailed) return data::kFailed;
-  return SelectListItem(GroupID, 2);
+app::Outcome frmEditGroup::FillLists() {
+  if (FillMembers() == app::Outcome::kFailed || FillPermissions() == app::Outcome::kFailed) {
+    return app::Outcome::kFailed;
+  }
+  return SelectListItem(GroupID, kPermissions);
 }
 
-data::ExitStatus frmEditGroup::SelectListItem(std::int32_t groupId, int Index) {
-  try {
-    const controls::ListBox::Update update(List1[Index]);
-    for (int i = 0; i < List1[Index].ListCount(); ++i) {
-      const auto rows = Connection().OpenResultSet(
-          data::SqlSelectGroupPermission(groupId, List1[Index].ItemData(i)));
-      if (!rows->EndOfRows()) List1[Index].SetSelected(i, true);
+app::Outcome frmEditGroup::SelectListItem(std::int32_t groupId, List index) {
+  return Reported(L"SelectListItem", [&] {
+    controls::ListBox& list = List1[index];
+    const controls::ListBox::Update update(list);
+    for (int i = 0; i < list.ListCount(); ++i) {
+      const auto rows =
+          Connection().OpenResultSet(data::SqlSelectGroupPermission(groupId, list.ItemData(i)));
+      if (!rows->EndOfRows()) list.SetSelected(i, true);
       rows->Close();
     }
-    return data::kDone;
-  } catch (...) {
-    app::ReportError(exchange_.global, L"SelectListItem");
-    return data::kFailed;
-  }
+  });
 }
 
 // Nobody leaves Everyone, and nobody, Admin least of all, is taken out of Administrators here.
@@ -82,13 +67,13 @@ void frmEditGroup::ProtectGroup() {
   if (!IsReservedGroupName(name)) return;
   txtGroupName.SetEnabled(false);
   if (name == L"Everyone") {
-    List1[1].SetEnabled(false);
-    cmdBtn[11].SetEnabled(false);
-    cmdBtn[12].SetEnabled(false);
+    List1[kMembers].SetEnabled(false);
+    cmdBtn[kAssign].SetEnabled(false);
+    cmdBtn[kAllPermissions].SetEnabled(false);
   } else {
-    List1[2].SetEnabled(false);
-    cmdBtn[21].SetEnabled(false);
-    cmdBtn[22].SetEnabled(false);
+    List1[kPermissions].SetEnabled(false);
+    cmdBtn[kRemove].SetEnabled(false);
+    cmdBtn[kNoPermission].SetEnabled(false);
     keepsMembers_ = true;
     IsRemoveAdmin = false;
   }
@@ -100,36 +85,23 @@ void frmEditGroup::Form_Unload(bool& cancel) {
 }
 
 // Reports under the name that administrators know from the dialog's load.
-data::ExitStatus frmEditGroup::UpdateTransaction() {
-  try {
-    exchange_.AddNode = false;
-    exchange_.accountGone = false;
-    if (!EditGroup() || EditGroupUser() == data::kFailed ||
-        EditGroupPermissions() == data::kFailed) {
-      return data::kFailed;
+app::Outcome frmEditGroup::UpdateTransaction() {
+  return Reported(L"Form Load", [this] {
+    if (EditGroup() == app::Outcome::kFailed || EditGroupUser() == app::Outcome::kFailed ||
+        EditGroupPermissions() == app::Outcome::kFailed) {
+      return app::Outcome::kFailed;
     }
     HandBack();
-    return data::kDone;
-  } catch (...) {
-    exchange_.AddNode = false;
-    app::ReportError(exchange_.global, L"Form Load");
-    return data::kFailed;
-  }
+    return app::Outcome::kDone;
+  });
 }
 
-bool frmEditGroup::EditGroup() {
-  try {
+app::Outcome frmEditGroup::EditGroup() {
+  return WriteRow(L"EditGroup", [this] {
     const bool written = RewriteRow();
     group_->Close();
-    exchange_.accountGone = !written;
     return written;
-  } catch (const data::RunTimeError& error) {
-    exchange_.accountGone = error.Number() == data::kRowGone;
-    app::ReportError(exchange_.global, L"EditGroup");
-  } catch (...) {
-    app::ReportError(exchange_.global, L"EditGroup");
-  }
-  return false;
+  });
 }
 
 // False when the group has no row any more.
@@ -152,26 +124,18 @@ bool frmEditGroup::RewriteRow() {
   return written;
 }
 
-data::ExitStatus frmEditGroup::EditGroupUser() {
-  try {
+app::Outcome frmEditGroup::EditGroupUser() {
+  return Reported(L"EditGroupUser", [this] {
     Connection().Execute(data::SqlDeleteGroupMemberships(GroupID));
     AddMemberRows();
-    return data::kDone;
-  } catch (...) {
-    app::ReportError(exchange_.global, L"EditGroupUser");
-    return data::kFailed;
-  }
+  });
 }
 
-data::ExitStatus frmEditGroup::EditGroupPermissions() {
-  try {
+app::Outcome frmEditGroup::EditGroupPermissions() {
+  return Reported(L"EditGroupPermissions", [this] {
     Connection().Execute(data::SqlDeleteGroupPermissions(GroupID));
     AddPermissionRows();
-    return data::kDone;
-  } catch (...) {
-    app::ReportError(exchange_.global, L"EditGroupPermissions");
-    return data::kFailed;
-  }
+  });
 }
 
 }  // namespace dialogs

@@ -11,25 +11,25 @@ class frmEditGroup : public GroupDialog {
  public:
   explicit frmEditGroup(Exchange& exchange);
 
-  void Form_Load() override;
   void Form_Unload(bool& cancel) override;
 
  protected:
+  app::Outcome LoadDialog() override;
   app::HelpTopic Topic() const override { return app::kTopicEditGroup; }
   // A reserved group is edited under its name, which cannot be changed then.
   bool IsNameReserved(std::wstring_view) override { return false; }
-  data::ExitStatus UpdateTransaction() override;
+  app::Outcome UpdateTransaction() override;
 
  private:
-  data::ExitStatus Fill();
   // False when the group has no row any more.
   bool ReadGroup();
-  data::ExitStatus SelectListItem(std::int32_t groupId, int Index);
+  app::Outcome FillLists();
+  app::Outcome SelectListItem(std::int32_t groupId, List index);
   void ProtectGroup();
-  bool EditGroup();
+  app::Outcome EditGroup();
   bool RewriteRow();
-  data::ExitStatus EditGroupUser();
-  data::ExitStatus EditGroupPermissions();
+  app::Outcome EditGroupUser();
+  app::Outcome EditGroupPermissions();
 
   // The group's row, open from the load to the save.
   std::unique_ptr<data::ResultSet> group_;

@@ -1,11 +1,8 @@
 #include "dialogs/frmEditUser.h"
 
-#include "app/ErrorReport.h"
-#include "app/StringIds.h"
 #include "data/MSQLStatement.h"
 #include "data/Pattern.h"
 #include "data/ProtectedId.h"
-#include "data/RunTimeError.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
 
@@ -14,25 +11,15 @@ namespace dialogs {
 frmEditUser::frmEditUser(Exchange& exchange) : UserDialog(exchange, IDD_EDIT_USER) {}
 
 // A user that is not loaded whole must not be saved: whatever fails closes the dialog.
-void frmEditUser::Form_Load() {
-  try {
-    ForgetUser();
-    StartLoading(app::kEditUserTitle);
-    exchange_.accountGone = !ReadUser();
-    if (exchange_.accountGone || Fill() == data::kFailed) {
-      exchange_.AddNode = false;
-      Close();
-      return;
-    }
-    if (strUserName == L"Admin") {
-      txtUserName.SetEnabled(false);
-      txtFullName.SetEnabled(false);
-    }
-    FinishLoading();
-  } catch (...) {
-    app::ReportError(exchange_.global, L"Form Load");
-    Close();
+app::Outcome frmEditUser::FillControls() {
+  ForgetUser();
+  exchange_.accountGone = !ReadUser();
+  if (exchange_.accountGone || FillLists() == app::Outcome::kFailed) return app::Outcome::kFailed;
+  if (strUserName == L"Admin") {
+    txtUserName.SetEnabled(false);
+    txtFullName.SetEnabled(false);
   }
+  return app::Outcome::kDone;
 }
 
 // The set stays open for the save. It is read to its end now: one that rests on a row would keep
@@ -58,32 +45,30 @@ bool frmEditUser::ReadUser() {
   return found;
 }
 
-data::ExitStatus frmEditUser::Fill() {
-  if (List1AddItem(data::SqlSelectAllGroups(), 1) == data::kFailed) return data::kFailed;
-  if (SelectListItem(UserID, 1) == data::kFailed) return data::kFailed;
-  if (List1AddItem(data::SqlSelectAllPermissions(), 2) == data::kFailed) return data::kFailed;
-  return SelectListItem(UserID, 2);
+app::Outcome frmEditUser::FillLists() {
+  if (FillGroups() == app::Outcome::kFailed ||
+      SelectListItem(UserID, kGroups) == app::Outcome::kFailed ||
+      FillPermissions() == app::Outcome::kFailed) {
+    return app::Outcome::kFailed;
+  }
+  return SelectListItem(UserID, kPermissions);
 }
 
-data::ExitStatus frmEditUser::SelectListItem(std::int32_t userId, int Index) {
-  try {
-    controls::ListBox& list = List1[Index];
+app::Outcome frmEditUser::SelectListItem(std::int32_t userId, List index) {
+  return Reported(L"SelectListItem", [&] {
+    controls::ListBox& list = List1[index];
     const controls::ListBox::Update update(list);
     for (int i = 0; i < list.ListCount(); ++i) {
       const std::int32_t id = list.ItemData(i);
       const auto rows =
-          Connection().OpenResultSet(Index == 1 ? data::SqlSelectMembership(id, userId)
-                                                : data::SqlSelectUserPermission(userId, id));
+          Connection().OpenResultSet(index == kGroups ? data::SqlSelectMembership(id, userId)
+                                                      : data::SqlSelectUserPermission(userId, id));
       for (; !rows->EndOfRows(); rows->MoveNext()) {
         if (rows->Column(1).Integer() == id) list.SetSelected(i, true);
       }
       rows->Close();
     }
-    return data::kDone;
-  } catch (...) {
-    app::ReportError(exchange_.global, L"SelectListItem");
-    return data::kFailed;
-  }
+  });
 }
 
 void frmEditUser::Form_Unload(bool& cancel) {
@@ -134,31 +119,24 @@ bool frmEditUser::IsPasswordKept() const {
          data::Like(strPassword, data::Trim(verified));
 }
 
-data::ExitStatus frmEditUser::UpdateTransaction() {
-  try {
-    HandBack(EditUser() && EditUserGroups() == data::kDone && EditUserPermissions() == data::kDone);
-  } catch (...) {
-    exchange_.AddNode = false;
-    app::ReportError(exchange_.global, L"UpdateTransaction");
-  }
-  return data::kDone;
+app::Outcome frmEditUser::UpdateTransaction() {
+  return Reported(L"UpdateTransaction", [this] {
+    if (EditUser() == app::Outcome::kFailed || EditUserGroups() == app::Outcome::kFailed ||
+        EditUserPermissions() == app::Outcome::kFailed) {
+      return app::Outcome::kFailed;
+    }
+    HandBack();
+    return app::Outcome::kDone;
+  });
 }
 
-bool frmEditUser::EditUser() {
-  try {
-    exchange_.accountGone = false;
+app::Outcome frmEditUser::EditUser() {
+  return WriteRow(L"EditUser", [this] {
     const bool changed = ChangeRow();
     rows_->Close();
     rows_.reset();
-    exchange_.accountGone = !changed;
     return changed;
-  } catch (const data::RunTimeError& error) {
-    exchange_.accountGone = error.Number() == data::kRowGone;
-    app::ReportError(exchange_.global, L"EditUser");
-  } catch (...) {
-    app::ReportError(exchange_.global, L"EditUser");
-  }
-  return false;
+  });
 }
 
 // False when the user has no row any more.
@@ -183,26 +161,18 @@ bool frmEditUser::ChangeRow() {
   return changed;
 }
 
-data::ExitStatus frmEditUser::EditUserGroups() {
-  try {
+app::Outcome frmEditUser::EditUserGroups() {
+  return Reported(L"EditUserGroups", [this] {
     Connection().Execute(data::SqlDeleteUserMemberships(UserID));
-    AddLinks(1, data::SqlSelectUserMemberships(UserID), UserID);
-    return data::kDone;
-  } catch (...) {
-    app::ReportError(exchange_.global, L"EditUserGroups");
-    return data::kFailed;
-  }
+    AddLinks(List1[kGroups], data::SqlSelectUserMemberships(UserID), UserID);
+  });
 }
 
-data::ExitStatus frmEditUser::EditUserPermissions() {
-  try {
+app::Outcome frmEditUser::EditUserPermissions() {
+  return Reported(L"EditUserPermissions", [this] {
     Connection().Execute(data::SqlDeleteUserPermissions(UserID));
-    AddLinks(2, data::SqlSelectUserPermRows(UserID), UserID);
-    return data::kDone;
-  } catch (...) {
-    app::ReportError(exchange_.global, L"EditUserPermissions");
-    return data::kFailed;
-  }
+    AddLinks(List1[kPermissions], data::SqlSelectUserPermRows(UserID), UserID);
+  });
 }
 
 }  // namespace dialogs

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "app/StringIds.h"
 #include "dialogs/UserDialog.h"
 
 namespace dialogs {
@@ -20,31 +21,32 @@ class frmEditUser : public UserDialog {
   std::int32_t AdminGroupID = 0;
   std::int32_t UserID = -1;
 
-  void Form_Load() override;
   void Form_Unload(bool& cancel) override;
 
  protected:
+  app::Outcome FillControls() override;
+  int TitleId() const override { return app::kEditUserTitle; }
   app::HelpTopic Topic() const override { return app::kTopicEditUser; }
   void KeepName(std::int32_t groupId, const std::wstring& name) override;
   bool IsProtectedGroup(std::int32_t groupId) const override;
   std::wstring ProtectedNames() const override;
   bool IsAccepted() override;
   std::wstring_view Counted(std::wstring_view text) const override;
-  data::ExitStatus UpdateTransaction() override;
+  app::Outcome UpdateTransaction() override;
 
  private:
   // False when the user has no row any more.
   bool ReadUser();
-  data::ExitStatus Fill();
-  data::ExitStatus SelectListItem(std::int32_t userId, int Index);
+  app::Outcome FillLists();
+  app::Outcome SelectListItem(std::int32_t userId, List index);
   void ForgetUser();
 
   bool IsPasswordKept() const;
 
-  bool EditUser();
+  app::Outcome EditUser();
   bool ChangeRow();
-  data::ExitStatus EditUserGroups();
-  data::ExitStatus EditUserPermissions();
+  app::Outcome EditUserGroups();
+  app::Outcome EditUserPermissions();
 
   std::unique_ptr<data::ResultSet> rows_;  // the user's row, from the load to the save
   std::wstring strUserName;                // as loaded

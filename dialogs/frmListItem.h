@@ -8,7 +8,6 @@
 #include "controls/Frame.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
-#include "data/ExitStatus.h"
 #include "dialogs/EditingDialog.h"
 
 namespace dialogs {
@@ -17,9 +16,9 @@ namespace dialogs {
 // those that were checked. It takes nothing away from him.
 class frmListItem : public EditingDialog {
  public:
-  explicit frmListItem(Exchange& exchange);
+  enum Button : int { kCheckAll, kCheckNone };
 
-  void Form_Load() override;
+  explicit frmListItem(Exchange& exchange);
 
   // Set by the caller, both from the string table: what is listed (groups or permissions), and what
   // it is to the owner (groups of a user, permissions of a user or of a group). The dialog refuses
@@ -31,12 +30,13 @@ class frmListItem : public EditingDialog {
   controls::Label lbl1;
   controls::Frame Frame1;
   controls::ListBox List1;
-  controls::CommandButton cmdBtn[2];  // 0 all, 1 none
+  controls::CommandButton cmdBtn[2];  // by Button
   controls::CommandButton cmdOK;
   controls::CommandButton cmdCancel;
   controls::CommandButton Command1;  // help
 
  protected:
+  app::Outcome LoadDialog() override;
   app::HelpTopic Topic() const override;
   void cmdOK_Click() override;
 
@@ -52,22 +52,18 @@ class frmListItem : public EditingDialog {
   Relation RelationOf(const std::wstring& name) const;
   void AddCandidates();
   std::wstring OwnedStatement(Relation relation) const;
-  std::wstring LinkStatement(Relation relation, std::int32_t itemData) const;
   // Takes what the owner has already, the statement's rows, out of the list.
-  void SelectedListItem(std::wstring_view statement, data::ExitStatus& status);
+  app::Outcome SelectedListItem(std::wstring_view statement);
 
   void List1_Click();
   void cmdBtn_Click(int Index);
   // How many items are checked; 0 after a failure.
   std::int16_t GetCountSelect();
-  void SelectAllRecord();
-  void DeselectAllRecord();
 
   // Writes a link for each checked item.
-  void UpdateData(const std::wstring& relationName, data::ExitStatus& status);
+  app::Outcome UpdateData(const std::wstring& relationName);
+  std::wstring LinkStatement(Relation relation, std::int32_t itemData) const;
   void AddLink(Relation relation, std::int32_t itemData);
-
-  data::Connection& Connection() const { return *exchange_.global.databaseConnection; }
 };
 
 }  // namespace dialogs

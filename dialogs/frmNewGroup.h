@@ -9,18 +9,16 @@ class frmNewGroup : public GroupDialog {
  public:
   explicit frmNewGroup(Exchange& exchange);
 
-  void Form_Load() override;
-
  protected:
+  app::Outcome LoadDialog() override;
   app::HelpTopic Topic() const override { return app::kTopicNewGroup; }
   bool IsNameReserved(std::wstring_view name) override;
-  // The caller ignores the status, which is data::kDone in every case; AddNode tells.
-  data::ExitStatus UpdateTransaction() override;
+  app::Outcome UpdateTransaction() override;
 
  private:
-  bool NewGroup();
-  data::ExitStatus NewUserGroups();
-  data::ExitStatus NewGroupPermissions();
+  app::Outcome NewGroup();
+  app::Outcome NewUserGroups();
+  app::Outcome NewGroupPermissions();
 };
 
 }  // namespace dialogs

@@ -1,7 +1,6 @@
 #include "dialogs/frmNewUser.h"
 
-#include "app/ErrorReport.h"
-#include "app/StringIds.h"
+#include "data/Counters.h"
 #include "data/Lookup.h"
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
@@ -16,47 +15,30 @@ constexpr std::int32_t kNoIdentifier = -1;
 
 frmNewUser::frmNewUser(Exchange& exchange) : UserDialog(exchange, IDD_NEW_USER) {}
 
-// Without its groups a user can still be created, without the permissions not. What could not be
-// loaded at all closes the dialog, so that nothing is saved from the middle of a load.
-void frmNewUser::Form_Load() {
-  try {
-    StartLoading(app::kNewUserTitle);
-    NewUserID = kNoIdentifier;
-    List1AddItem(data::SqlSelectAllGroups(), 1);
-    const std::int32_t everyone = GetEveryOneGroup();
-    if (everyone != kNoIdentifier) DefaultGroup(everyone);
-    if (List1AddItem(data::SqlSelectAllPermissions(), 2) == data::kFailed) {
-      Close();
-      return;
-    }
-    FinishLoading();
-  } catch (...) {
-    app::ReportError(exchange_.global, L"Form Load");
-    Close();
-  }
+// Without its groups a user can still be created, without the permissions not.
+app::Outcome frmNewUser::FillControls() {
+  NewUserID = kNoIdentifier;
+  static_cast<void>(FillGroups());
+  const std::int32_t everyone = GetEveryOneGroup();
+  if (everyone != kNoIdentifier) DefaultGroup(everyone);
+  return FillPermissions();
 }
 
 std::int32_t frmNewUser::GetEveryOneGroup() {
-  try {
+  return app::ReportedOr(exchange_.global, L"GetEveryOneGroup", kNoIdentifier, [this] {
     return data::ReadIdentifier(Connection(), data::SqlSelectGroupByName(L"Everyone"),
                                 kNoIdentifier);
-  } catch (...) {
-    app::ReportError(exchange_.global, L"GetEveryOneGroup");
-    return kNoIdentifier;
-  }
+  });
 }
 
-// Answers that it failed in any case; nobody asks.
-data::ExitStatus frmNewUser::DefaultGroup(std::int32_t groupId) {
-  try {
-    controls::ListBox& groups = List1[1];
+// Without that group in the list the user is a member of none.
+void frmNewUser::DefaultGroup(std::int32_t groupId) {
+  static_cast<void>(Reported(L"DefaultGroup", [&] {
+    controls::ListBox& groups = List1[kGroups];
     int item = 0;
     while (item < groups.ListCount() && groups.ItemData(item) != groupId) ++item;
     groups.SetSelected(item, true);
-  } catch (...) {
-    app::ReportError(exchange_.global, L"DefaultGroup");
-  }
-  return data::kFailed;
+  }));
 }
 
 bool frmNewUser::IsAccepted() {
@@ -64,32 +46,26 @@ bool frmNewUser::IsAccepted() {
 }
 
 // Reports under the name that administrators know from the dialog's load.
-data::ExitStatus frmNewUser::UpdateTransaction() {
-  try {
-    const bool written =
-        NewUser() && NewUserGroups() == data::kDone && NewUserPermissions() == data::kDone;
-    if (written) exchange_.UserID = NewUserID;
-    HandBack(written);
-    return written ? data::kDone : data::kFailed;
-  } catch (...) {
-    exchange_.AddNode = false;
-    app::ReportError(exchange_.global, L"Form Load");
-    return data::kFailed;
-  }
+app::Outcome frmNewUser::UpdateTransaction() {
+  return Reported(L"Form Load", [this] {
+    if (NewUser() == app::Outcome::kFailed || NewUserGroups() == app::Outcome::kFailed ||
+        NewUserPermissions() == app::Outcome::kFailed) {
+      return app::Outcome::kFailed;
+    }
+    exchange_.UserID = NewUserID;
+    HandBack();
+    return app::Outcome::kDone;
+  });
 }
 
 // An identifier that has a row already is taken as it is: the row is not ours to change.
-bool frmNewUser::NewUser() {
-  try {
-    NewUserID = Server().NewIdentifier(L"QRUSRN");
+app::Outcome frmNewUser::NewUser() {
+  return Reported(L"NewUser", [this] {
+    NewUserID = Server().NewIdentifier(data::CounterName(data::Counter::kUsers));
     const auto rows = Connection().OpenResultSet(data::SqlSelectUser(NewUserID));
     if (rows->EndOfRows()) AddUserRow(*rows);
     rows->Close();
-    return true;
-  } catch (...) {
-    app::ReportError(exchange_.global, L"NewUser");
-    return false;
-  }
+  });
 }
 
 void frmNewUser::AddUserRow(data::ResultSet& rows) {
@@ -108,24 +84,16 @@ void frmNewUser::AddUserRow(data::ResultSet& rows) {
   rows.Update();
 }
 
-data::ExitStatus frmNewUser::NewUserGroups() {
-  try {
-    AddLinks(1, data::SqlSelectUserMemberships(NewUserID), NewUserID);
-    return data::kDone;
-  } catch (...) {
-    app::ReportError(exchange_.global, L"NewUserGroups");
-    return data::kFailed;
-  }
+app::Outcome frmNewUser::NewUserGroups() {
+  return Reported(L"NewUserGroups", [this] {
+    AddLinks(List1[kGroups], data::SqlSelectUserMemberships(NewUserID), NewUserID);
+  });
 }
 
-data::ExitStatus frmNewUser::NewUserPermissions() {
-  try {
-    AddLinks(2, data::SqlSelectUserPermRows(NewUserID), NewUserID);
-    return data::kDone;
-  } catch (...) {
-    app::ReportError(exchange_.global, L"NewUserPermissions");
-    return data::kFailed;
-  }
+app::Outcome frmNewUser::NewUserPermissions() {
+  return Reported(L"NewUserPermissions", [this] {
+    AddLinks(List1[kPermissions], data::SqlSelectUserPermRows(NewUserID), NewUserID);
+  });
 }
 
 }  // namespace dialogs

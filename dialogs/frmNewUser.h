@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "app/StringIds.h"
 #include "dialogs/UserDialog.h"
 
 namespace dialogs {
@@ -12,23 +13,23 @@ class frmNewUser : public UserDialog {
  public:
   explicit frmNewUser(Exchange& exchange);
 
-  void Form_Load() override;
-
  protected:
+  app::Outcome FillControls() override;
+  int TitleId() const override { return app::kNewUserTitle; }
   app::HelpTopic Topic() const override { return app::kTopicNewUser; }
   bool IsAccepted() override;
   std::wstring_view Counted(std::wstring_view text) const override { return text; }
-  data::ExitStatus UpdateTransaction() override;
+  app::Outcome UpdateTransaction() override;
 
  private:
   // The identifier of the group "Everyone", -1 when there is none.
   std::int32_t GetEveryOneGroup();
-  data::ExitStatus DefaultGroup(std::int32_t groupId);
+  void DefaultGroup(std::int32_t groupId);
 
-  bool NewUser();
+  app::Outcome NewUser();
   void AddUserRow(data::ResultSet& rows);
-  data::ExitStatus NewUserGroups();
-  data::ExitStatus NewUserPermissions();
+  app::Outcome NewUserGroups();
+  app::Outcome NewUserPermissions();
 
   std::int32_t NewUserID = -1;  // until one is drawn
 };

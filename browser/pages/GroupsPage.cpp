@@ -159,7 +159,6 @@ void GroupsPage::AssignMembers(const Selection& at) {
   dialogs::frmAddUserInGroup dialog(exchange_);
   dialog.IsRemoveAdmin = IsRemoveAdmin;
   dialog.adminUserId = context_.accounts.adminUserId;
-  dialog.Mode = dialogs::CallerMode::kMainWindow;
   dialog.GroupID = at.id;
   dialog.GroupName = TreeView1.Nodes().Text(at.account);
   dialog.ShowModal(TreeView1.Owner());

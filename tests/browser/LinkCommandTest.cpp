@@ -106,7 +106,7 @@ TEST_F(LinkAssignment, OfMembersToAGroupAddsThemAndUpdatesItAndEveryUser) {
     ExpectMembersChooser({9, 40}, [](dialogs::frmAddUserInGroup& dialog) {
       EXPECT_TRUE(dialog.IsRemoveAdmin);
       EXPECT_EQ(dialog.adminUserId, 1);
-      EXPECT_EQ(dialog.Mode, dialogs::CallerMode::kMainWindow);
+      EXPECT_EQ(dialog.Members, nullptr);
       EXPECT_EQ(dialog.GroupID, 6);
       EXPECT_EQ(dialog.GroupName, L"Qualité (Contrôle final et réclamations)");
       EXPECT_EQ(dialog.Caption(),

@@ -10,7 +10,6 @@ namespace {
 
 using controls::kResultNo;
 using controls::kResultYes;
-using dialogs::CallerMode;
 using dialogs::frmAddUserInGroup;
 using dialogs::frmEditGroup;
 using dialogs::frmNewGroup;
@@ -201,7 +200,6 @@ TEST_F(AddUsersForDialog, OkFillsTheEditDialogsMembersAndWritesNothing) {
     exchange.AddNode = true;
     ClearLog();
     ExpectChooser([this](frmAddUserInGroup& chooser) {
-      EXPECT_EQ(chooser.Mode, CallerMode::kEditDialog);
       EXPECT_EQ(chooser.Caption(), L"Ajouter des Utilisateurs : Essais");
       EXPECT_EQ(chooser.GroupID, 12);
       EXPECT_TRUE(chooser.IsRemoveAdmin);
@@ -256,7 +254,6 @@ TEST_F(AddUsersForDialog, CancelEscapeAndCloseBoxLeaveTheMembersWithoutAQuestion
 TEST_F(AddUsersForDialog, OkWithTheSameMembersIsNoChangeWithOthersItIs) {
   New([this](frmNewGroup& dialog) {
     ExpectChooser([this](frmAddUserInGroup& chooser) {
-      EXPECT_EQ(chooser.Mode, CallerMode::kNewDialog);
       EXPECT_EQ(chooser.Caption(), L"Ajouter des Utilisateurs : ");
       EXPECT_EQ(chooser.List1[2].ListCount(), 0);
       user.Click(chooser.cmdOK);
