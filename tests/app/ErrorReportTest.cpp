@@ -5,6 +5,7 @@
 #include <new>
 #include <stdexcept>
 
+#include "app/StringIds.h"
 #include "controls/Desktop.h"
 #include "data/RunTimeError.h"
 #include "tests/support/controls/User.h"
@@ -34,7 +35,8 @@ class Report : public ::testing::Test {
 };
 
 TEST_F(Report, AnErrorWithoutATextShowsTheStandardTextOfItsNumber) {
-  const std::wstring standard = desktop.LoadResString(10091);
+  const std::wstring standard =
+      desktop.LoadResString(app::kErrorTexts + static_cast<int>(data::kObjectNotSet));
   ASSERT_FALSE(standard.empty());
   EXPECT_EQ(Of(L"GetAdminUser", data::RunTimeError(91)), L"GetAdminUser Error [91]\r\n" + standard);
 }
@@ -45,7 +47,7 @@ TEST_F(Report, TheTextThatCameWithTheErrorGoesFirst) {
 }
 
 TEST_F(Report, AnUnknownNumberShowsTheGenericTextAndStillItsNumber) {
-  const std::wstring generic = desktop.LoadResString(10000);
+  const std::wstring generic = desktop.LoadResString(app::kErrorTexts);
   ASSERT_FALSE(generic.empty());
   for (const long number : {4711L, 0L, -1L, 55536L, 99999L, 2147483647L}) {
     EXPECT_EQ(Of(L"X", data::RunTimeError(number)),
@@ -59,7 +61,7 @@ TEST_F(Report, AFailedComCallKeepsItsResultAsASignedNumber) {
 }
 
 TEST_F(Report, EveryNumberThatTheProgramRaisesHasATextOfItsOwn) {
-  const std::wstring generic = desktop.LoadResString(10000);
+  const std::wstring generic = desktop.LoadResString(app::kErrorTexts);
   for (const long number : {5L, 6L, 7L, 9L, 13L, 53L, 91L, 93L, 424L, 429L, 430L, 438L, 440L, 453L,
                             457L, 35601L, 35602L}) {
     const std::wstring report = Of(L"X", data::RunTimeError(number));

@@ -2,6 +2,7 @@
 
 #include "app/LocaleFont.h"
 #include "app/MShowHelp.h"
+#include "app/StringIds.h"
 #include "controls/Desktop.h"
 #include "controls/Form.h"
 #include "resources/ResourceIds.h"
@@ -47,12 +48,13 @@ TEST_F(Help, ATopicIsOpenedByItsNumberInTheProgramsFile) {
 TEST_F(Help, TheReportSaysWhetherLibraryFunctionFileOrTopicIsMissing) {
   const std::wstring start = L"MShowHelp Error [";
   EXPECT_EQ(ReportOf(HelpOutcome::kLibraryMissing),
-            start + L"53]\r\n" + desktop.LoadResString(411));
+            start + L"53]\r\n" + desktop.LoadResString(app::kHelpLibraryMissing));
   EXPECT_EQ(ReportOf(HelpOutcome::kFunctionMissing),
-            start + L"453]\r\n" + desktop.LoadResString(412));
+            start + L"453]\r\n" + desktop.LoadResString(app::kHelpFunctionMissing));
   EXPECT_EQ(ReportOf(HelpOutcome::kFileMissing),
             start + L"53]\r\nLe fichier d'aide C:\\Outils\\ORMEX.chm est introuvable.");
-  EXPECT_EQ(ReportOf(HelpOutcome::kTopicMissing), start + L"5]\r\n" + desktop.LoadResString(414));
+  EXPECT_EQ(ReportOf(HelpOutcome::kTopicMissing),
+            start + L"5]\r\n" + desktop.LoadResString(app::kHelpTopicMissing));
 }
 
 TEST(LocaleFonts, FourLocalesHaveAFontOfTheirOwn) {

@@ -17,12 +17,12 @@ using dialogs::frmNewGroup;
 class AddUsersSave : public GroupDialogs {
  protected:
   void MoveRight(frmAddUserInGroup& dialog, std::int32_t userId) {
-    user.Choose(dialog.List1[1], ItemOf(dialog.List1[1], userId));
-    user.Click(dialog.cmdBtn[1]);
+    user.Choose(dialog.List1[dialog.kOthers], ItemOf(dialog.List1[dialog.kOthers], userId));
+    user.Click(dialog.cmdBtn[dialog.kAdd]);
   }
   void MoveLeft(frmAddUserInGroup& dialog, std::int32_t userId) {
-    user.Choose(dialog.List1[2], ItemOf(dialog.List1[2], userId));
-    user.Click(dialog.cmdBtn[3]);
+    user.Choose(dialog.List1[dialog.kMembers], ItemOf(dialog.List1[dialog.kMembers], userId));
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
   }
 };
 
@@ -71,7 +71,7 @@ TEST_F(AddUsersSave, OneOfThreeMembersMovedOutKeepsTheMembership) {
 
 TEST_F(AddUsersSave, AnEmptyRightListDeletesEveryMembershipByAStatementWithTwoBlanks) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    user.Click(dialog.cmdBtn[4]);
+    user.Click(dialog.cmdBtn[dialog.kRemoveAll]);
     ClearLog();
     user.Click(dialog.cmdOK);
     EXPECT_EQ(log.calls, Strings{L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID =  12"});
@@ -84,7 +84,7 @@ TEST_F(AddUsersSave, AnEmptyRightListDeletesEveryMembershipByAStatementWithTwoBl
 TEST_F(AddUsersSave, CancelAsksOnlyAfterAMoveAndWritesNothing) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
     exchange.AddNode = true;
-    user.Type(dialog.txtUserName[1], L"mor");
+    user.Type(dialog.txtUserName[dialog.kOthers], L"mor");
     user.Click(dialog.cmdCancel);
     EXPECT_FALSE(dialog.IsLoaded());
     EXPECT_FALSE(exchange.AddNode);
@@ -104,7 +104,7 @@ TEST_F(AddUsersSave, CancelAsksOnlyAfterAMoveAndWritesNothing) {
       ExpectDiscardQuestion(kResultNo);
       leave();
       ASSERT_TRUE(dialog.IsLoaded());
-      EXPECT_EQ(dialog.List1[2].ListCount(), 4);
+      EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 4);
       ExpectDiscardQuestion(kResultYes);
       leave();
       EXPECT_FALSE(dialog.IsLoaded());
@@ -130,9 +130,11 @@ TEST_F(AddUsersSave, HelpOpensTopic1205) {
 TEST_F(AddUsersSave, TheTabKeyGoesThroughTheControlsInOneOrder) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
     for (controls::Control* control : std::initializer_list<controls::Control*>{
-             &dialog.txtUserName[1], &dialog.List1[1], &dialog.cmdBtn[1], &dialog.cmdBtn[2],
-             &dialog.cmdBtn[3], &dialog.cmdBtn[4], &dialog.txtUserName[2], &dialog.List1[2],
-             &dialog.cmdOK, &dialog.cmdCancel, &dialog.Command1, &dialog.txtUserName[1]}) {
+             &dialog.txtUserName[dialog.kOthers], &dialog.List1[dialog.kOthers],
+             &dialog.cmdBtn[dialog.kAdd], &dialog.cmdBtn[dialog.kAddAll],
+             &dialog.cmdBtn[dialog.kRemove], &dialog.cmdBtn[dialog.kRemoveAll],
+             &dialog.txtUserName[dialog.kMembers], &dialog.List1[dialog.kMembers], &dialog.cmdOK,
+             &dialog.cmdCancel, &dialog.Command1, &dialog.txtUserName[dialog.kOthers]}) {
       EXPECT_TRUE(control->HasFocus()) << control->Id();
       user.PressKey(dialog, test_support::kKeyTab);
     }
@@ -181,7 +183,7 @@ TEST_F(AddUsersSave, AFailedSaveIsReportedByItsStepAndKeepsWhatWasWrittenBefore)
 TEST_F(AddUsersSave, AFailedDeletionIsReportedAndDeletesNothing) {
   exchange.AddNode = true;
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    user.Click(dialog.cmdBtn[4]);
+    user.Click(dialog.cmdBtn[dialog.kRemoveAll]);
     FailAtPosition(0);
     ExpectReport(L"DeleteUserGroups", data::SqlDeleteAllGroupUsers(12));
     user.Click(dialog.cmdOK);
@@ -203,17 +205,18 @@ TEST_F(AddUsersForDialog, OkFillsTheEditDialogsMembersAndWritesNothing) {
       EXPECT_EQ(chooser.Caption(), L"Ajouter des Utilisateurs : Essais");
       EXPECT_EQ(chooser.GroupID, 12);
       EXPECT_TRUE(chooser.IsRemoveAdmin);
-      EXPECT_EQ(Texts(chooser.List1[2]), (Strings{L"Martin", L"Clément", L"Œuvrard"}));
-      EXPECT_EQ(chooser.List1[1].ListCount(), 36);
+      EXPECT_EQ(Texts(chooser.List1[chooser.kMembers]),
+                (Strings{L"Martin", L"Clément", L"Œuvrard"}));
+      EXPECT_EQ(chooser.List1[chooser.kOthers].ListCount(), 36);
       MoveLeft(chooser, 34);
       MoveRight(chooser, 3);
       user.Click(chooser.cmdOK);
     });
-    user.Click(dialog.cmdBtn[11]);
+    user.Click(dialog.cmdBtn[dialog.kAssign]);
     EXPECT_EQ(log.calls, Strings{data::SqlSelectAllUsers()});
     EXPECT_TRUE(exchange.AddNode);  // not the chooser's to say
-    EXPECT_EQ(Texts(dialog.List1[1]), (Strings{L"Martin", L"Œuvrard", L"Bernard"}));
-    EXPECT_EQ(DataOf(dialog.List1[1]), (Ids{9, 38, 3}));
+    EXPECT_EQ(Texts(dialog.List1[dialog.kMembers]), (Strings{L"Martin", L"Œuvrard", L"Bernard"}));
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 38, 3}));
     user.Click(dialog.cmdOK);
   });
   EXPECT_EQ(MembersOf(12), (Ids{3, 9, 38}));
@@ -222,12 +225,12 @@ TEST_F(AddUsersForDialog, OkFillsTheEditDialogsMembersAndWritesNothing) {
 TEST_F(AddUsersForDialog, AnEmptyRightListEmptiesTheDialogsMembersAndDisablesRemove) {
   Edit(12, [this](frmEditGroup& dialog) {
     ExpectChooser([this](frmAddUserInGroup& chooser) {
-      user.Click(chooser.cmdBtn[4]);
+      user.Click(chooser.cmdBtn[chooser.kRemoveAll]);
       user.Click(chooser.cmdOK);
     });
-    user.Click(dialog.cmdBtn[11]);
-    EXPECT_EQ(dialog.List1[1].ListCount(), 0);
-    EXPECT_FALSE(dialog.cmdBtn[21].Enabled());
+    user.Click(dialog.cmdBtn[dialog.kAssign]);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 0);
+    EXPECT_FALSE(dialog.cmdBtn[dialog.kRemove].Enabled());
     EXPECT_EQ(MembersOf(12).size(), 3U);
     user.Click(dialog.cmdOK);
   });
@@ -238,13 +241,13 @@ TEST_F(AddUsersForDialog, CancelEscapeAndCloseBoxLeaveTheMembersWithoutAQuestion
   Edit(12, [this](frmEditGroup& dialog) {
     for (int way = 0; way < 3; ++way) {
       ExpectChooser([this, way](frmAddUserInGroup& chooser) {
-        user.Click(chooser.cmdBtn[2]);
+        user.Click(chooser.cmdBtn[chooser.kAddAll]);
         if (way == 0) user.Click(chooser.cmdCancel);
         if (way == 1) user.PressKey(chooser, test_support::kKeyEscape);
         if (way == 2) user.Close(chooser);
       });
-      user.Click(dialog.cmdBtn[11]);
-      EXPECT_EQ(DataOf(dialog.List1[1]), (Ids{9, 34, 38}));
+      user.Click(dialog.cmdBtn[dialog.kAssign]);
+      EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38}));
     }
     user.Click(dialog.cmdCancel);  // nothing has changed
     EXPECT_FALSE(dialog.IsLoaded());
@@ -255,16 +258,16 @@ TEST_F(AddUsersForDialog, OkWithTheSameMembersIsNoChangeWithOthersItIs) {
   New([this](frmNewGroup& dialog) {
     ExpectChooser([this](frmAddUserInGroup& chooser) {
       EXPECT_EQ(chooser.Caption(), L"Ajouter des Utilisateurs : ");
-      EXPECT_EQ(chooser.List1[2].ListCount(), 0);
+      EXPECT_EQ(chooser.List1[chooser.kMembers].ListCount(), 0);
       user.Click(chooser.cmdOK);
     });
-    user.Click(dialog.cmdBtn[11]);
+    user.Click(dialog.cmdBtn[dialog.kAssign]);
     ExpectChooser([this](frmAddUserInGroup& chooser) {
       MoveRight(chooser, 9);
       user.Click(chooser.cmdOK);
     });
-    user.Click(dialog.cmdBtn[11]);
-    EXPECT_TRUE(dialog.cmdBtn[21].Enabled());
+    user.Click(dialog.cmdBtn[dialog.kAssign]);
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kRemove].Enabled());
     ExpectDiscardQuestion(kResultYes);
     user.Click(dialog.cmdCancel);
   });
@@ -274,8 +277,8 @@ TEST_F(AddUsersForDialog, AChooserThatCannotBeFilledLeavesTheMembersAsTheyWere) 
   Edit(12, [this](frmEditGroup& dialog) {
     FailAt(data::SqlSelectAllUsers());
     ExpectReport(L"List1AddItem", data::SqlSelectAllUsers());
-    user.Click(dialog.cmdBtn[11]);
-    EXPECT_EQ(dialog.List1[1].ListCount(), 3);
+    user.Click(dialog.cmdBtn[dialog.kAssign]);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 3);
     user.Click(dialog.cmdCancel);
     EXPECT_FALSE(dialog.IsLoaded());
   });

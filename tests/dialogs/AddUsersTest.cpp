@@ -16,10 +16,10 @@ class AddUsersToGroup : public GroupDialogs {
     Raw().Execute("UPDATE QRUSER SET VFLG = 'D' WHERE USERID NOT IN (" + ids + ")");
   }
   static void ExpectButtons(const frmAddUserInGroup& dialog, bool right, bool left) {
-    EXPECT_EQ(dialog.cmdBtn[1].Enabled(), right);
-    EXPECT_EQ(dialog.cmdBtn[2].Enabled(), right);
-    EXPECT_EQ(dialog.cmdBtn[3].Enabled(), left);
-    EXPECT_EQ(dialog.cmdBtn[4].Enabled(), left);
+    EXPECT_EQ(dialog.cmdBtn[dialog.kAdd].Enabled(), right);
+    EXPECT_EQ(dialog.cmdBtn[dialog.kAddAll].Enabled(), right);
+    EXPECT_EQ(dialog.cmdBtn[dialog.kRemove].Enabled(), left);
+    EXPECT_EQ(dialog.cmdBtn[dialog.kRemoveAll].Enabled(), left);
   }
   // Types into a box and tells which name its list has selected.
   std::wstring Search(frmAddUserInGroup& dialog, int Index, const std::wstring& typed) {
@@ -47,21 +47,21 @@ TEST_F(AddUsersToGroup, ShowsTheMembersOnTheRightAndTheOthersOnTheLeftByName) {
               L"4 ) Sélectionnez la personne souhaitée puis cliquez sur \"<\".");
     EXPECT_EQ(dialog.fraAvailableUser.Caption(), L"Ensemble des Utilisateurs");
     EXPECT_EQ(dialog.fraSelecteUsers.Caption(), L"Utilisateurs Sélectionnés");
-    EXPECT_EQ(dialog.cmdBtn[1].Caption(), L">");
-    EXPECT_EQ(dialog.cmdBtn[2].Caption(), L">>");
-    EXPECT_EQ(dialog.cmdBtn[3].Caption(), L"<");
-    EXPECT_EQ(dialog.cmdBtn[4].Caption(), L"<<");
+    EXPECT_EQ(dialog.cmdBtn[dialog.kAdd].Caption(), L">");
+    EXPECT_EQ(dialog.cmdBtn[dialog.kAddAll].Caption(), L">>");
+    EXPECT_EQ(dialog.cmdBtn[dialog.kRemove].Caption(), L"<");
+    EXPECT_EQ(dialog.cmdBtn[dialog.kRemoveAll].Caption(), L"<<");
     EXPECT_EQ(dialog.cmdOK.Caption(), L"OK");
     EXPECT_EQ(dialog.cmdCancel.Caption(), L"Annuler");
-    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{9, 34, 38}));
-    EXPECT_EQ(dialog.List1[1].ListCount(), 36);
-    EXPECT_EQ(dialog.List1[1].List(0), L"Admin");
-    EXPECT_EQ(dialog.List1[1].List(1), L"Bernard");
-    EXPECT_EQ(Selected(dialog.List1[1]), Ids{1});
-    EXPECT_EQ(dialog.List1[1].ListIndex(), 0);
-    EXPECT_EQ(Selected(dialog.List1[2]), Ids{9});
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38}));
+    EXPECT_EQ(dialog.List1[dialog.kOthers].ListCount(), 36);
+    EXPECT_EQ(dialog.List1[dialog.kOthers].List(0), L"Admin");
+    EXPECT_EQ(dialog.List1[dialog.kOthers].List(1), L"Bernard");
+    EXPECT_EQ(Selected(dialog.List1[dialog.kOthers]), Ids{1});
+    EXPECT_EQ(dialog.List1[dialog.kOthers].ListIndex(), 0);
+    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{9});
     ExpectButtons(dialog, true, true);
-    EXPECT_TRUE(dialog.txtUserName[1].HasFocus());
+    EXPECT_TRUE(dialog.txtUserName[dialog.kOthers].HasFocus());
     EXPECT_EQ(log.calls, (Strings{data::SqlSelectAllUsers(), data::SqlSelectGroupUsers(12)}));
     user.Click(dialog.cmdCancel);
   });
@@ -70,9 +70,9 @@ TEST_F(AddUsersToGroup, ShowsTheMembersOnTheRightAndTheOthersOnTheLeftByName) {
 TEST_F(AddUsersToGroup, AGroupWithNoMembersHasAnEmptyRightListAndNothingToMoveLeft) {
   Raw().Execute("DELETE FROM QRUSGP WHERE GROUPID = 12");
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    EXPECT_EQ(dialog.List1[2].ListCount(), 0);
-    EXPECT_EQ(dialog.List1[2].ListIndex(), -1);
-    EXPECT_EQ(dialog.List1[1].ListCount(), 39);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 0);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListIndex(), -1);
+    EXPECT_EQ(dialog.List1[dialog.kOthers].ListCount(), 39);
     ExpectButtons(dialog, true, false);
     user.Click(dialog.cmdCancel);
   });
@@ -80,8 +80,8 @@ TEST_F(AddUsersToGroup, AGroupWithNoMembersHasAnEmptyRightListAndNothingToMoveLe
 
 TEST_F(AddUsersToGroup, AGroupWithEverybodyHasAnEmptyLeftList) {
   AddUsers(2, [this](frmAddUserInGroup& dialog) {
-    EXPECT_EQ(dialog.List1[1].ListCount(), 0);
-    EXPECT_EQ(dialog.List1[2].ListCount(), 39);
+    EXPECT_EQ(dialog.List1[dialog.kOthers].ListCount(), 0);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 39);
     ExpectButtons(dialog, false, true);
     user.Click(dialog.cmdCancel);
   });
@@ -89,8 +89,9 @@ TEST_F(AddUsersToGroup, AGroupWithEverybodyHasAnEmptyLeftList) {
 
 TEST_F(AddUsersToGroup, TypingMaSelectsMartinMzMoreauAndZzNothingNew) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    dialog.List1[1].Clear();
-    for (const wchar_t* name : {L"Bernard", L"Martin", L"Moreau"}) dialog.List1[1].AddItem(name);
+    dialog.List1[dialog.kOthers].Clear();
+    for (const wchar_t* name : {L"Bernard", L"Martin", L"Moreau"})
+      dialog.List1[dialog.kOthers].AddItem(name);
     EXPECT_EQ(Search(dialog, 1, L"ma"), L"Martin");
     EXPECT_EQ(Search(dialog, 1, L"mz"), L"Moreau");
     EXPECT_EQ(Search(dialog, 1, L"ma"), L"Martin");
@@ -132,58 +133,58 @@ TEST_F(AddUsersToGroup, TheSearchLooksThroughAccentsAndCase) {
 
 TEST_F(AddUsersToGroup, OneUserIsMovedRightAndSelectedThere) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    user.Choose(dialog.List1[1], 1);  // Bernard
-    const std::wstring next = dialog.List1[1].List(2);
-    user.Click(dialog.cmdBtn[1]);
-    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{9, 34, 38, 3}));
-    EXPECT_EQ(dialog.List1[2].List(3), L"Bernard");
-    EXPECT_EQ(Selected(dialog.List1[2]), Ids{3});
-    EXPECT_EQ(dialog.List1[2].ListIndex(), 3);
-    EXPECT_EQ(dialog.List1[1].ListCount(), 35);
-    EXPECT_EQ(dialog.List1[1].ListIndex(), 1);
-    EXPECT_EQ(dialog.List1[1].List(1), next);
-    EXPECT_EQ(dialog.List1[1].SelCount(), 1);
+    user.Choose(dialog.List1[dialog.kOthers], 1);  // Bernard
+    const std::wstring next = dialog.List1[dialog.kOthers].List(2);
+    user.Click(dialog.cmdBtn[dialog.kAdd]);
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38, 3}));
+    EXPECT_EQ(dialog.List1[dialog.kMembers].List(3), L"Bernard");
+    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{3});
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListIndex(), 3);
+    EXPECT_EQ(dialog.List1[dialog.kOthers].ListCount(), 35);
+    EXPECT_EQ(dialog.List1[dialog.kOthers].ListIndex(), 1);
+    EXPECT_EQ(dialog.List1[dialog.kOthers].List(1), next);
+    EXPECT_EQ(dialog.List1[dialog.kOthers].SelCount(), 1);
     Leave(dialog);
   });
 }
 
 TEST_F(AddUsersToGroup, TheLastUserOfAListLeavesTheOneBeforeSelected) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    user.Choose(dialog.List1[2], 2);
-    user.Click(dialog.cmdBtn[3]);
-    EXPECT_EQ(Selected(dialog.List1[2]), Ids{34});
-    EXPECT_EQ(Selected(dialog.List1[1]), Ids{38});
-    EXPECT_EQ(dialog.List1[1].ListIndex(), 36);  // behind the others, as moved
+    user.Choose(dialog.List1[dialog.kMembers], 2);
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
+    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{34});
+    EXPECT_EQ(Selected(dialog.List1[dialog.kOthers]), Ids{38});
+    EXPECT_EQ(dialog.List1[dialog.kOthers].ListIndex(), 36);  // behind the others, as moved
     Leave(dialog);
   });
 }
 
 TEST_F(AddUsersToGroup, SeveralUsersAreMovedAtOnceInTheirOrder) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    user.Choose(dialog.List1[1], ItemOf(dialog.List1[1], 3));
-    user.Toggle(dialog.List1[1], ItemOf(dialog.List1[1], 12));
-    user.Toggle(dialog.List1[1], ItemOf(dialog.List1[1], 4));
-    user.Click(dialog.cmdBtn[1]);
-    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{9, 34, 38, 3, 4, 12}));
-    EXPECT_EQ(Selected(dialog.List1[2]), (Ids{3, 4, 12}));
-    EXPECT_EQ(dialog.List1[1].ListCount(), 33);
-    EXPECT_EQ(dialog.List1[1].SelCount(), 1);
-    EXPECT_EQ(dialog.List1[1].ListIndex(), 1);
-    user.Click(dialog.cmdBtn[3]);
-    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{9, 34, 38}));
-    EXPECT_EQ(Selected(dialog.List1[1]), (Ids{3, 4, 12}));
-    EXPECT_EQ(Selected(dialog.List1[2]), Ids{38});
+    user.Choose(dialog.List1[dialog.kOthers], ItemOf(dialog.List1[dialog.kOthers], 3));
+    user.Toggle(dialog.List1[dialog.kOthers], ItemOf(dialog.List1[dialog.kOthers], 12));
+    user.Toggle(dialog.List1[dialog.kOthers], ItemOf(dialog.List1[dialog.kOthers], 4));
+    user.Click(dialog.cmdBtn[dialog.kAdd]);
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38, 3, 4, 12}));
+    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), (Ids{3, 4, 12}));
+    EXPECT_EQ(dialog.List1[dialog.kOthers].ListCount(), 33);
+    EXPECT_EQ(dialog.List1[dialog.kOthers].SelCount(), 1);
+    EXPECT_EQ(dialog.List1[dialog.kOthers].ListIndex(), 1);
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38}));
+    EXPECT_EQ(Selected(dialog.List1[dialog.kOthers]), (Ids{3, 4, 12}));
+    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{38});
     Leave(dialog);
   });
 }
 
 TEST_F(AddUsersToGroup, ADoubleClickMovesAUser) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    user.DoubleClick(dialog.List1[1], 0);
-    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{9, 34, 38, 1}));
-    user.DoubleClick(dialog.List1[2], 0);
-    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{34, 38, 1}));
-    EXPECT_EQ(dialog.List1[1].ItemData(35), 9);
+    user.DoubleClick(dialog.List1[dialog.kOthers], 0);
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38, 1}));
+    user.DoubleClick(dialog.List1[dialog.kMembers], 0);
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{34, 38, 1}));
+    EXPECT_EQ(dialog.List1[dialog.kOthers].ItemData(35), 9);
     Leave(dialog);
   });
 }
@@ -191,15 +192,15 @@ TEST_F(AddUsersToGroup, ADoubleClickMovesAUser) {
 TEST_F(AddUsersToGroup, AllAreMovedInListOrderAndTheButtonsFollow) {
   KeepUsers("2, 3, 9, 34");
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    EXPECT_EQ(DataOf(dialog.List1[1]), (Ids{3, 2}));
-    user.Click(dialog.cmdBtn[2]);
-    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{9, 34, 3, 2}));
-    EXPECT_EQ(Selected(dialog.List1[2]), (Ids{3, 2}));
-    EXPECT_EQ(dialog.List1[1].ListCount(), 0);
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kOthers]), (Ids{3, 2}));
+    user.Click(dialog.cmdBtn[dialog.kAddAll]);
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 3, 2}));
+    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), (Ids{3, 2}));
+    EXPECT_EQ(dialog.List1[dialog.kOthers].ListCount(), 0);
     ExpectButtons(dialog, false, true);
-    user.Click(dialog.cmdBtn[4]);
-    EXPECT_EQ(DataOf(dialog.List1[1]), (Ids{9, 34, 3, 2}));
-    EXPECT_EQ(dialog.List1[2].ListCount(), 0);
+    user.Click(dialog.cmdBtn[dialog.kRemoveAll]);
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kOthers]), (Ids{9, 34, 3, 2}));
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 0);
     ExpectButtons(dialog, true, false);
     Leave(dialog);
   });
@@ -207,9 +208,9 @@ TEST_F(AddUsersToGroup, AllAreMovedInListOrderAndTheButtonsFollow) {
 
 TEST_F(AddUsersToGroup, NothingSelectedMovesNothingAndIsNoChange) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    dialog.List1[1].SetSelected(0, false);
-    user.Click(dialog.cmdBtn[1]);
-    EXPECT_EQ(dialog.List1[2].ListCount(), 3);
+    dialog.List1[dialog.kOthers].SetSelected(0, false);
+    user.Click(dialog.cmdBtn[dialog.kAdd]);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 3);
     user.Click(dialog.cmdCancel);
     EXPECT_FALSE(dialog.IsLoaded());
   });
@@ -224,13 +225,13 @@ class AdminInAdministrators : public AddUsersToGroup {
 
 TEST_F(AdminInAdministrators, IsRefusedAloneAndStaysSelected) {
   AddUsers(1, [this](frmAddUserInGroup& dialog) {
-    user.Choose(dialog.List1[2], ItemOf(dialog.List1[2], 1));
+    user.Choose(dialog.List1[dialog.kMembers], ItemOf(dialog.List1[dialog.kMembers], 1));
     ExpectRefusal();
-    user.Click(dialog.cmdBtn[3]);
-    EXPECT_EQ(DataOf(dialog.List1[2]), (Ids{1, 2}));
-    EXPECT_EQ(Selected(dialog.List1[2]), Ids{1});
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{1, 2}));
+    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{1});
     ExpectRefusal();
-    user.DoubleClick(dialog.List1[2], 0);
+    user.DoubleClick(dialog.List1[dialog.kMembers], 0);
     user.Click(dialog.cmdCancel);  // nothing has changed
     EXPECT_FALSE(dialog.IsLoaded());
   });
@@ -238,16 +239,16 @@ TEST_F(AdminInAdministrators, IsRefusedAloneAndStaysSelected) {
 
 TEST_F(AdminInAdministrators, StaysWhenSeveralOrAllOthersGo) {
   AddUsers(1, [this](frmAddUserInGroup& dialog) {
-    user.Choose(dialog.List1[2], 0);
-    user.Toggle(dialog.List1[2], 1);
+    user.Choose(dialog.List1[dialog.kMembers], 0);
+    user.Toggle(dialog.List1[dialog.kMembers], 1);
     ExpectRefusal();
-    user.Click(dialog.cmdBtn[3]);
-    EXPECT_EQ(DataOf(dialog.List1[2]), Ids{1});
-    EXPECT_EQ(Selected(dialog.List1[2]), Ids{1});
-    EXPECT_EQ(Selected(dialog.List1[1]), Ids{2});
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), Ids{1});
+    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{1});
+    EXPECT_EQ(Selected(dialog.List1[dialog.kOthers]), Ids{2});
     ExpectRefusal();
-    user.Click(dialog.cmdBtn[4]);
-    EXPECT_EQ(DataOf(dialog.List1[2]), Ids{1});
+    user.Click(dialog.cmdBtn[dialog.kRemoveAll]);
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), Ids{1});
     ExpectButtons(dialog, true, true);
     user.Click(dialog.cmdOK);
   });
@@ -256,8 +257,8 @@ TEST_F(AdminInAdministrators, StaysWhenSeveralOrAllOthersGo) {
 
 TEST_F(AdminInAdministrators, MayLeaveOtherGroups) {
   AddUsers(2, [this](frmAddUserInGroup& dialog) {
-    user.Click(dialog.cmdBtn[4]);
-    EXPECT_EQ(dialog.List1[2].ListCount(), 0);
+    user.Click(dialog.cmdBtn[dialog.kRemoveAll]);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 0);
     Leave(dialog);
   });
 }
@@ -268,9 +269,9 @@ TEST_F(AdminInAdministrators, IsNobodyWhereThereIsNoAdmin) {
   dialog.adminUserId = 0;
   dialog.GroupID = 1;
   Show<frmAddUserInGroup>(dialog, [this](frmAddUserInGroup& shown) {
-    shown.List1[2].AddItem(L"Personne", 0);
-    user.Click(shown.cmdBtn[4]);
-    EXPECT_EQ(shown.List1[2].ListCount(), 0);
+    shown.List1[shown.kMembers].AddItem(L"Personne", 0);
+    user.Click(shown.cmdBtn[shown.kRemoveAll]);
+    EXPECT_EQ(shown.List1[shown.kMembers].ListCount(), 0);
     Leave(shown);
   });
 }
@@ -283,14 +284,14 @@ TEST_F(AddUsersToGroup, TenThousandUsersAreMovedTogether) {
       "INSERT INTO QRUSGP (USERID, GROUPID) SELECT USERID, 12 FROM QRUSER "
       "WHERE USERID >= 6000");
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    EXPECT_EQ(dialog.List1[1].ListCount(), 5036);
-    EXPECT_EQ(dialog.List1[2].ListCount(), 5003);
-    user.Click(dialog.cmdBtn[2]);
-    EXPECT_EQ(dialog.List1[2].ListCount(), 10039);
-    EXPECT_EQ(dialog.List1[2].SelCount(), 5036);
-    user.Click(dialog.cmdBtn[3]);
-    EXPECT_EQ(dialog.List1[2].ListCount(), 5003);
-    EXPECT_EQ(dialog.List1[1].ListCount(), 5036);
+    EXPECT_EQ(dialog.List1[dialog.kOthers].ListCount(), 5036);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 5003);
+    user.Click(dialog.cmdBtn[dialog.kAddAll]);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 10039);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].SelCount(), 5036);
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 5003);
+    EXPECT_EQ(dialog.List1[dialog.kOthers].ListCount(), 5036);
     Leave(dialog);
   });
 }

@@ -42,16 +42,16 @@ TEST_F(EditGroup, ShowsTheGroupItsMembersAndItsPermissionsChecked) {
     EXPECT_EQ(dialog.lblDesc.Caption(), L"Description :");
     EXPECT_EQ(dialog.txtDesc.Text(), L"Mesures et essais");
     EXPECT_EQ(dialog.fraMembers.Caption(), L"Membres");
-    EXPECT_EQ(Texts(dialog.List1[1]), (Strings{L"Martin", L"Clément", L"Œuvrard"}));
-    EXPECT_EQ(DataOf(dialog.List1[1]), (Ids{9, 34, 38}));
+    EXPECT_EQ(Texts(dialog.List1[dialog.kMembers]), (Strings{L"Martin", L"Clément", L"Œuvrard"}));
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38}));
     EXPECT_EQ(dialog.fraGroupPermission.Caption(), L"Droits du Groupe");
-    EXPECT_EQ(dialog.List1[2].ListCount(), 30);
-    EXPECT_EQ(dialog.List1[2].List(19), L"Saisir un relevé de contrôle");
-    EXPECT_EQ(Selected(dialog.List1[2]), Ids{20});
-    EXPECT_EQ(dialog.cmdBtn[11].Caption(), L"&Affecter...");
-    EXPECT_EQ(dialog.cmdBtn[12].Caption(), L"&Tous");
-    EXPECT_EQ(dialog.cmdBtn[21].Caption(), L"Supp&rimer...");
-    EXPECT_EQ(dialog.cmdBtn[22].Caption(), L"&Aucun");
+    EXPECT_EQ(dialog.List1[dialog.kPermissions].ListCount(), 30);
+    EXPECT_EQ(dialog.List1[dialog.kPermissions].List(19), L"Saisir un relevé de contrôle");
+    EXPECT_EQ(Selected(dialog.List1[dialog.kPermissions]), Ids{20});
+    EXPECT_EQ(dialog.cmdBtn[dialog.kAssign].Caption(), L"&Affecter...");
+    EXPECT_EQ(dialog.cmdBtn[dialog.kAllPermissions].Caption(), L"&Tous");
+    EXPECT_EQ(dialog.cmdBtn[dialog.kRemove].Caption(), L"Supp&rimer...");
+    EXPECT_EQ(dialog.cmdBtn[dialog.kNoPermission].Caption(), L"&Aucun");
     EXPECT_EQ(dialog.cmdOK.Caption(), L"OK");
     EXPECT_EQ(dialog.cmdCancel.Caption(), L"Annuler");
     EXPECT_EQ(dialog.Command1.Caption(), L"A&ide");
@@ -90,7 +90,7 @@ TEST_F(EditGroup, NamesWithBlanksAroundAreShownTrimmed) {
   Edit(12, [](frmEditGroup& dialog) {
     EXPECT_EQ(dialog.txtGroupName.Text(), L"Labo");
     EXPECT_EQ(dialog.txtDesc.Text(), L"Essais");
-    EXPECT_EQ(dialog.List1[1].List(0), L"Martin");
+    EXPECT_EQ(dialog.List1[dialog.kMembers].List(0), L"Martin");
     dialog.Unload();
   });
 }
@@ -116,11 +116,11 @@ TEST_F(EditGroup, EveryFieldAndListIsWritten) {
   Edit(12, [this](frmEditGroup& dialog) {
     user.Type(dialog.txtGroupName, L"  Essais ");
     user.Type(dialog.txtDesc, L" Contrôle final  ");
-    user.Choose(dialog.List1[1], 1);
-    user.Click(dialog.cmdBtn[21]);
-    user.Toggle(dialog.List1[2], 19);
-    user.Toggle(dialog.List1[2], 0);
-    user.Toggle(dialog.List1[2], 29);
+    user.Choose(dialog.List1[dialog.kMembers], 1);
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
+    user.Toggle(dialog.List1[dialog.kPermissions], 19);
+    user.Toggle(dialog.List1[dialog.kPermissions], 0);
+    user.Toggle(dialog.List1[dialog.kPermissions], 29);
     ClearLog();
     user.Click(dialog.cmdOK);
     EXPECT_EQ(log.calls, SaveCalls(12, {L"GetDisplayName 0 Contrôle final"}, 2, 2));
@@ -145,11 +145,11 @@ TEST_F(EditGroup, ADescriptionOfBlanksIsStoredAsNullAndNotShown) {
 
 TEST_F(EditGroup, AllAndNoneCheckAndUncheckEveryPermission) {
   Edit(12, [this](frmEditGroup& dialog) {
-    user.Click(dialog.cmdBtn[12]);
-    EXPECT_EQ(dialog.List1[2].SelCount(), 30);
-    user.Click(dialog.cmdBtn[22]);
-    EXPECT_EQ(dialog.List1[2].SelCount(), 0);
-    user.Click(dialog.cmdBtn[12]);
+    user.Click(dialog.cmdBtn[dialog.kAllPermissions]);
+    EXPECT_EQ(dialog.List1[dialog.kPermissions].SelCount(), 30);
+    user.Click(dialog.cmdBtn[dialog.kNoPermission]);
+    EXPECT_EQ(dialog.List1[dialog.kPermissions].SelCount(), 0);
+    user.Click(dialog.cmdBtn[dialog.kAllPermissions]);
     user.Click(dialog.cmdOK);
   });
   EXPECT_EQ(PermissionsOf(12).size(), 30U);
@@ -157,17 +157,17 @@ TEST_F(EditGroup, AllAndNoneCheckAndUncheckEveryPermission) {
 
 TEST_F(EditGroup, RemovingMembersGoesOnToTheNextAndEndsWithADisabledButton) {
   Edit(12, [this](frmEditGroup& dialog) {
-    EXPECT_TRUE(dialog.cmdBtn[21].Enabled());
-    user.Click(dialog.cmdBtn[21]);
-    EXPECT_EQ(dialog.List1[1].ListCount(), 3);  // nobody was selected
-    user.Choose(dialog.List1[1], 1);
-    user.Click(dialog.cmdBtn[21]);
-    EXPECT_EQ(Selected(dialog.List1[1]), Ids{38});
-    user.Click(dialog.cmdBtn[21]);
-    EXPECT_EQ(Selected(dialog.List1[1]), Ids{9});
-    user.Click(dialog.cmdBtn[21]);
-    EXPECT_EQ(dialog.List1[1].ListCount(), 0);
-    EXPECT_FALSE(dialog.cmdBtn[21].Enabled());
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kRemove].Enabled());
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 3);  // nobody was selected
+    user.Choose(dialog.List1[dialog.kMembers], 1);
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
+    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{38});
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
+    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{9});
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 0);
+    EXPECT_FALSE(dialog.cmdBtn[dialog.kRemove].Enabled());
     user.Click(dialog.cmdOK);
   });
   EXPECT_EQ(MembersOf(12), Ids{});
@@ -176,7 +176,7 @@ TEST_F(EditGroup, RemovingMembersGoesOnToTheNextAndEndsWithADisabledButton) {
 TEST_F(EditGroup, AGroupWithoutMembersStartsWithRemoveDisabled) {
   Raw().Execute("DELETE FROM QRUSGP WHERE GROUPID = 12");
   Edit(12, [](frmEditGroup& dialog) {
-    EXPECT_FALSE(dialog.cmdBtn[21].Enabled());
+    EXPECT_FALSE(dialog.cmdBtn[dialog.kRemove].Enabled());
     dialog.Unload();
   });
 }
@@ -184,8 +184,8 @@ TEST_F(EditGroup, AGroupWithoutMembersStartsWithRemoveDisabled) {
 TEST_F(EditGroup, AdminMayBeTakenOutOfAnOrdinaryGroup) {
   Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (1, 12)");
   Edit(12, [this](frmEditGroup& dialog) {
-    user.Choose(dialog.List1[1], ItemOf(dialog.List1[1], 1));
-    user.Click(dialog.cmdBtn[21]);
+    user.Choose(dialog.List1[dialog.kMembers], ItemOf(dialog.List1[dialog.kMembers], 1));
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
     user.Click(dialog.cmdOK);
   });
   EXPECT_EQ(MembersOf(12), (Ids{9, 34, 38}));
@@ -195,16 +195,16 @@ TEST_F(EditGroup, TheRefusalNamesAdminAndLeavesHimWhereHeMustStay) {
   Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (1, 12)");
   Edit(12, [this](frmEditGroup& dialog) {
     dialog.IsRemoveAdmin = false;
-    const int admin = ItemOf(dialog.List1[1], 1);
-    user.Choose(dialog.List1[1], admin);
+    const int admin = ItemOf(dialog.List1[dialog.kMembers], 1);
+    user.Choose(dialog.List1[dialog.kMembers], admin);
     ExpectInformation(L"Impossible de supprimer l'utilisateur de 'Admin' le groupe.");
-    user.Click(dialog.cmdBtn[21]);
-    EXPECT_EQ(dialog.List1[1].ListCount(), 4);
-    EXPECT_EQ(dialog.List1[1].ListIndex(), admin);
-    EXPECT_TRUE(dialog.cmdBtn[21].Enabled());
-    user.Choose(dialog.List1[1], ItemOf(dialog.List1[1], 9));
-    user.Click(dialog.cmdBtn[21]);
-    EXPECT_EQ(dialog.List1[1].ListCount(), 3);
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 4);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListIndex(), admin);
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kRemove].Enabled());
+    user.Choose(dialog.List1[dialog.kMembers], ItemOf(dialog.List1[dialog.kMembers], 9));
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 3);
     dialog.cmdOK.Click();
   });
   EXPECT_EQ(MembersOf(12), (Ids{1, 34, 38}));
@@ -227,8 +227,8 @@ TEST_F(EditGroup, AGroupThatIsGoneByThenIsToldAndItsLinksAreLeftAlone) {
   Edit(12, [this](frmEditGroup& dialog) {
     Raw().Execute("UPDATE QRGROUP SET NAME = 'Laboratoire(12)', VFLG = 'D' WHERE GROUPID = 12");
     exchange.AddNode = true;
-    user.Choose(dialog.List1[1], 0);
-    user.Click(dialog.cmdBtn[21]);
+    user.Choose(dialog.List1[dialog.kMembers], 0);
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
     ClearLog();
     user.Click(dialog.cmdOK);
     EXPECT_FALSE(dialog.IsLoaded());

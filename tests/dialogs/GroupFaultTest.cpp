@@ -34,15 +34,15 @@ class GroupFaults : public GroupDialogs {
   }
   void FillIn(frmEditGroup& dialog) {
     user.Type(dialog.txtGroupName, L"Essais");
-    user.Toggle(dialog.List1[2], 0);
+    user.Toggle(dialog.List1[dialog.kPermissions], 0);
   }
   // Members and permissions to be written as well.
   void FillIn(frmNewGroup& dialog, const std::wstring& name) {
     user.Type(dialog.txtGroupName, name);
-    dialog.List1[1].AddItem(L"Martin", 9);
-    dialog.List1[1].AddItem(L"Roux", 12);
-    user.Toggle(dialog.List1[2], 3);
-    user.Toggle(dialog.List1[2], 5);
+    dialog.List1[dialog.kMembers].AddItem(L"Martin", 9);
+    dialog.List1[dialog.kMembers].AddItem(L"Roux", 12);
+    user.Toggle(dialog.List1[dialog.kPermissions], 3);
+    user.Toggle(dialog.List1[dialog.kPermissions], 5);
   }
 };
 

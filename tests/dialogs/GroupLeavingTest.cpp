@@ -45,30 +45,30 @@ TEST_F(GroupLeaving, EveryEditMakesCancelAsk) {
     ExpectAsks(true, dialog);
   });
   Edit(12, [this](frmEditGroup& dialog) {
-    user.Toggle(dialog.List1[2], 3);
-    user.Toggle(dialog.List1[2], 3);
+    user.Toggle(dialog.List1[dialog.kPermissions], 3);
+    user.Toggle(dialog.List1[dialog.kPermissions], 3);
     ExpectAsks(true, dialog);
   });
   Edit(12, [this](frmEditGroup& dialog) {
-    user.Click(dialog.cmdBtn[12]);
+    user.Click(dialog.cmdBtn[dialog.kAllPermissions]);
     ExpectAsks(true, dialog);
   });
   Edit(12, [this](frmEditGroup& dialog) {
-    user.Choose(dialog.List1[1], 0);
-    user.Click(dialog.cmdBtn[21]);
+    user.Choose(dialog.List1[dialog.kMembers], 0);
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
     ExpectAsks(true, dialog);
   });
 }
 
 TEST_F(GroupLeaving, WhatChangesNothingDoesNotMakeCancelAsk) {
   Edit(12, [this](frmEditGroup& dialog) {
-    user.Choose(dialog.List1[1], 1);
-    user.Choose(dialog.List1[2], 1);
+    user.Choose(dialog.List1[dialog.kMembers], 1);
+    user.Choose(dialog.List1[dialog.kPermissions], 1);
     user.Focus(dialog.txtDesc);
     ExpectAsks(false, dialog);
   });
   New([this](frmNewGroup& dialog) {
-    user.Click(dialog.cmdBtn[22]);
+    user.Click(dialog.cmdBtn[dialog.kNoPermission]);
     ExpectAsks(false, dialog);
   });
 }
@@ -119,7 +119,7 @@ TEST_F(GroupLeaving, ADialogCanBeShownAgainAndForgetsWhatWasDiscarded) {
   for (int time = 0; time < 2; ++time) {
     Show<frmEditGroup>(dialog, [this](frmEditGroup& shown) {
       EXPECT_EQ(shown.txtGroupName.Text(), L"Laboratoire");
-      EXPECT_EQ(shown.List1[1].ListCount(), 3);
+      EXPECT_EQ(shown.List1[shown.kMembers].ListCount(), 3);
       user.Type(shown.txtGroupName, L"Essais");
       ExpectAsks(true, shown);
     });
@@ -132,26 +132,26 @@ TEST_F(GroupLeaving, AGroupIsCreatedByKeyboardAlone) {
     user.PressKey(dialog, test_support::kKeyTab);
     EXPECT_TRUE(dialog.txtDesc.HasFocus());
     user.PressKey(dialog, test_support::kKeyTab);
-    EXPECT_TRUE(dialog.List1[1].HasFocus());
+    EXPECT_TRUE(dialog.List1[dialog.kMembers].HasFocus());
     ExpectChooser([this](frmAddUserInGroup& chooser) {
-      EXPECT_TRUE(chooser.txtUserName[1].HasFocus());
-      user.Type(chooser.txtUserName[1], L"mart");
+      EXPECT_TRUE(chooser.txtUserName[chooser.kOthers].HasFocus());
+      user.Type(chooser.txtUserName[chooser.kOthers], L"mart");
       user.PressKey(chooser, test_support::kKeyTab);
-      EXPECT_TRUE(chooser.List1[1].HasFocus());
+      EXPECT_TRUE(chooser.List1[chooser.kOthers].HasFocus());
       user.PressKey(chooser, test_support::kKeyTab);
-      EXPECT_TRUE(chooser.cmdBtn[1].HasFocus());
+      EXPECT_TRUE(chooser.cmdBtn[chooser.kAdd].HasFocus());
       user.PressKey(chooser, test_support::kKeySpace);
-      user.Focus(chooser.txtUserName[2]);
+      user.Focus(chooser.txtUserName[chooser.kMembers]);
       user.PressKey(chooser, test_support::kKeyEnter);
     });
     user.PressKey(dialog, test_support::kKeyTab);
-    EXPECT_TRUE(dialog.cmdBtn[11].HasFocus());
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kAssign].HasFocus());
     user.PressKey(dialog, test_support::kKeySpace);
-    EXPECT_EQ(Texts(dialog.List1[1]), Strings{L"Martin"});
+    EXPECT_EQ(Texts(dialog.List1[dialog.kMembers]), Strings{L"Martin"});
     user.PressKey(dialog, test_support::kKeyTab);
-    EXPECT_TRUE(dialog.cmdBtn[21].HasFocus());
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kRemove].HasFocus());
     user.PressKey(dialog, test_support::kKeyTab);
-    EXPECT_TRUE(dialog.List1[2].HasFocus());
+    EXPECT_TRUE(dialog.List1[dialog.kPermissions].HasFocus());
     user.Mnemonic(dialog, L't');
     user.Focus(dialog.txtGroupName);
     user.PressKey(dialog, test_support::kKeyEnter);
@@ -165,9 +165,11 @@ TEST_F(GroupLeaving, AGroupIsCreatedByKeyboardAlone) {
 TEST_F(GroupLeaving, TheTabKeyGoesThroughTheControlsInOneOrder) {
   Edit(12, [this](frmEditGroup& dialog) {
     for (controls::Control* control : std::initializer_list<controls::Control*>{
-             &dialog.txtGroupName, &dialog.txtDesc, &dialog.List1[1], &dialog.cmdBtn[11],
-             &dialog.cmdBtn[21], &dialog.List1[2], &dialog.cmdBtn[12], &dialog.cmdBtn[22],
-             &dialog.cmdOK, &dialog.cmdCancel, &dialog.Command1, &dialog.txtGroupName}) {
+             &dialog.txtGroupName, &dialog.txtDesc, &dialog.List1[dialog.kMembers],
+             &dialog.cmdBtn[dialog.kAssign], &dialog.cmdBtn[dialog.kRemove],
+             &dialog.List1[dialog.kPermissions], &dialog.cmdBtn[dialog.kAllPermissions],
+             &dialog.cmdBtn[dialog.kNoPermission], &dialog.cmdOK, &dialog.cmdCancel,
+             &dialog.Command1, &dialog.txtGroupName}) {
       EXPECT_TRUE(control->HasFocus()) << control->Id();
       user.PressKey(dialog, test_support::kKeyTab);
     }
@@ -207,7 +209,7 @@ TEST_F(GroupLeaving, ALocaleWithAFontOfItsOwnGetsItInEveryControl) {
   user.SetLcid(1041);
   Edit(12, [this](frmEditGroup& dialog) {
     EXPECT_EQ(user.FontOf(dialog.txtGroupName).charset, 128);
-    EXPECT_EQ(user.FontOf(dialog.List1[2]).size, 9);
+    EXPECT_EQ(user.FontOf(dialog.List1[dialog.kPermissions]).size, 9);
     dialog.Unload();
   });
 }

@@ -1,7 +1,9 @@
 // What the checklist chooser asks of the database and writes to it.
 
 #include "ListItemTest.h"
+#include "app/StringIds.h"
 #include "controls/MsgBox.h"
+#include "data/RunTimeError.h"
 #include "data/Text.h"
 
 namespace dialogs {
@@ -39,7 +41,8 @@ class ListItemSave : public ListItemTest {
 
   void ExpectOverflow() {
     user.ExpectMsgBox({.answer = controls::kResultOk,
-                       .prompt = L"GetCountSelect Error [6]\r\n" + Text(10006),
+                       .prompt = L"GetCountSelect Error [6]\r\n" +
+                                 Text(app::kErrorTexts + static_cast<int>(data::kOverflow)),
                        .style = controls::kExclamation,
                        .title = L"Admin Utilisateurs"});
   }
@@ -126,7 +129,7 @@ TEST_F(ListItemSave, PermissionsOfAGroupAreReadAndAddedInTheOrderOfTheList) {
 TEST_F(ListItemSave, AllOfThemAreAdded) {
   PreparePermissionsOf(kMartin);
   Show([this](frmListItem& shown) {
-    user.Click(shown.cmdBtn[0]);
+    user.Click(shown.cmdBtn[shown.kCheckAll]);
     user.Click(shown.cmdOK);
   });
   EXPECT_TRUE(exchange.AddNode);

@@ -1,4 +1,5 @@
 #include "ListItemTest.h"
+#include "app/StringIds.h"
 
 #include "app/MShowHelp.h"
 #include "controls/MsgBox.h"
@@ -19,8 +20,8 @@ class ListItemDialog : public ListItemTest {};
 
 // The buttons "all" and "none".
 void ExpectButtons(const frmListItem& chooser, bool all, bool none) {
-  EXPECT_EQ(chooser.cmdBtn[0].Enabled(), all);
-  EXPECT_EQ(chooser.cmdBtn[1].Enabled(), none);
+  EXPECT_EQ(chooser.cmdBtn[chooser.kCheckAll].Enabled(), all);
+  EXPECT_EQ(chooser.cmdBtn[chooser.kCheckNone].Enabled(), none);
 }
 
 TEST_F(ListItemDialog, EveryCaptionComesFromTheStringTable) {
@@ -28,8 +29,8 @@ TEST_F(ListItemDialog, EveryCaptionComesFromTheStringTable) {
   Show([this](frmListItem& shown) {
     EXPECT_EQ(shown.Caption(), L"Liste des Choix : Groupes");
     EXPECT_EQ(shown.lbl1.Caption(), L"Cochez un \x00E9l\x00E9ment puis cliquez sur OK. ");
-    EXPECT_EQ(shown.cmdBtn[0].Caption(), L"&Tous");
-    EXPECT_EQ(shown.cmdBtn[1].Caption(), L"&Aucun");
+    EXPECT_EQ(shown.cmdBtn[shown.kCheckAll].Caption(), L"&Tous");
+    EXPECT_EQ(shown.cmdBtn[shown.kCheckNone].Caption(), L"&Aucun");
     EXPECT_EQ(shown.cmdOK.Caption(), L"OK");
     EXPECT_EQ(shown.cmdCancel.Caption(), L"Annuler");
     EXPECT_EQ(shown.Command1.Caption(), L"A&ide");
@@ -95,7 +96,7 @@ TEST_F(ListItemDialog, TwoOwnersOneAfterTheOtherSeeOnlyWhatEachLacks) {
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) { user.Close(shown); });
   frmListItem other(exchange);
-  Prepare(other, 308, 304, 2);
+  Prepare(other, app::kGroups, app::kMemberOf, 2);
   DialogFixture::Show<frmListItem>(other, [this](frmListItem& shown) {
     EXPECT_EQ(IdsOf(shown), (Ids{3, 4, 5, 6, 7, 8, 9, 10, 12}));
     user.Close(shown);
@@ -127,7 +128,7 @@ TEST_F(ListItemDialog, AllOnAnEmptyListLeavesBothButtonsAsTheClickSetsThem) {
   Raw().Execute("insert or ignore into qrusgp select 9, groupid from qrgroupv");
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) {
-    user.Click(shown.cmdBtn[0]);
+    user.Click(shown.cmdBtn[shown.kCheckAll]);
     ExpectButtons(shown, false, true);
     ExpectDiscardQuestion(kResultYes);
     user.Close(shown);
@@ -166,10 +167,10 @@ TEST_F(ListItemDialog, ButtonsFollowHowManyAreTicked) {
 TEST_F(ListItemDialog, AllAndNoneTickEveryItem) {
   PreparePermissionsOf(kMartin);
   Show([this](frmListItem& shown) {
-    user.Click(shown.cmdBtn[0]);
+    user.Click(shown.cmdBtn[shown.kCheckAll]);
     EXPECT_EQ(shown.List1.SelCount(), 28);
     ExpectButtons(shown, false, true);
-    user.Click(shown.cmdBtn[1]);
+    user.Click(shown.cmdBtn[shown.kCheckNone]);
     EXPECT_EQ(shown.List1.SelCount(), 0);
     ExpectButtons(shown, true, false);
     ExpectDiscardQuestion(kResultYes);
@@ -264,12 +265,13 @@ TEST_F(ListItemDialog, IsWorkedByKeyboardAlone) {
     EXPECT_EQ(shown.List1.ListIndex(), 0);
     user.PressKey(shown, kKeySpace);
     EXPECT_TRUE(shown.List1.Selected(0));
-    for (controls::Control* next : {static_cast<controls::Control*>(&shown.cmdBtn[0]),
-                                    static_cast<controls::Control*>(&shown.cmdBtn[1]),
-                                    static_cast<controls::Control*>(&shown.cmdOK),
-                                    static_cast<controls::Control*>(&shown.cmdCancel),
-                                    static_cast<controls::Control*>(&shown.Command1),
-                                    static_cast<controls::Control*>(&shown.List1)}) {
+    for (controls::Control* next :
+         {static_cast<controls::Control*>(&shown.cmdBtn[shown.kCheckAll]),
+          static_cast<controls::Control*>(&shown.cmdBtn[shown.kCheckNone]),
+          static_cast<controls::Control*>(&shown.cmdOK),
+          static_cast<controls::Control*>(&shown.cmdCancel),
+          static_cast<controls::Control*>(&shown.Command1),
+          static_cast<controls::Control*>(&shown.List1)}) {
       user.PressKey(shown, kKeyTab);
       EXPECT_TRUE(next->HasFocus());
     }
@@ -284,10 +286,10 @@ TEST_F(ListItemDialog, AllAndNoneHandTheFocusToEachOther) {
   Show([this](frmListItem& shown) {
     user.Mnemonic(shown, L't');
     EXPECT_EQ(shown.List1.SelCount(), 9);
-    EXPECT_TRUE(shown.cmdBtn[1].HasFocus());
+    EXPECT_TRUE(shown.cmdBtn[shown.kCheckNone].HasFocus());
     user.PressKey(shown, kKeySpace);
     EXPECT_EQ(shown.List1.SelCount(), 0);
-    EXPECT_TRUE(shown.cmdBtn[0].HasFocus());
+    EXPECT_TRUE(shown.cmdBtn[shown.kCheckAll].HasFocus());
     ExpectDiscardQuestion(kResultYes);
     user.PressKey(shown, kKeyEscape);
   });
@@ -328,19 +330,26 @@ TEST_F(ListItemDialog, RefusesAnotherKindOrRelationWithError5BeforeItAsksTheData
     std::wstring kind;
     std::wstring relation;
   };
-  const Wrong wrongs[] = {{L"groupes", Text(304)}, {L"", Text(305)},
-                          {Text(301), Text(304)},  {Text(308), L""},
-                          {Text(308), Text(309)},  {Text(307), Text(306)},
-                          {Text(308), Text(305)},  {Text(308), Text(310)},
-                          {Text(307), Text(304)},  {Text(307), L"droits utilisateur"}};
+  const Wrong wrongs[] = {{L"groupes", Text(app::kMemberOf)},
+                          {L"", Text(app::kUserPermissions)},
+                          {Text(app::kUsersTab), Text(app::kMemberOf)},
+                          {Text(app::kGroups), L""},
+                          {Text(app::kGroups), Text(app::kMembers)},
+                          {Text(app::kPermissions), Text(app::kAllPermissions)},
+                          {Text(app::kGroups), Text(app::kUserPermissions)},
+                          {Text(app::kGroups), Text(app::kGroupPermissions)},
+                          {Text(app::kPermissions), Text(app::kMemberOf)},
+                          {Text(app::kPermissions), L"droits utilisateur"}};
   for (const Wrong& wrong : wrongs) {
     dialog.ListKind = wrong.kind;
     dialog.RelationName = wrong.relation;
     dialog.OwnerID = kMartin;
-    user.ExpectMsgBox({.answer = controls::kResultOk,
-                       .prompt = L"Form Load Error [5]\r\n" + Text(10005),
-                       .style = controls::kExclamation,
-                       .title = L"Admin Utilisateurs"});
+    user.ExpectMsgBox(
+        {.answer = controls::kResultOk,
+         .prompt = L"Form Load Error [5]\r\n" +
+                   Text(app::kErrorTexts + static_cast<int>(data::kInvalidProcedureCall)),
+         .style = controls::kExclamation,
+         .title = L"Admin Utilisateurs"});
     dialog.ShowModal(window);
     EXPECT_FALSE(dialog.IsLoaded());
   }

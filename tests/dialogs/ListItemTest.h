@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "app/StringIds.h"
 #include "dialogs/frmListItem.h"
 #include "tests/support/dialogs/DialogFixture.h"
 
@@ -26,9 +27,15 @@ class ListItemTest : public test_support::DialogFixture {
     chooser.RelationName = Text(relation);
     chooser.OwnerID = owner;
   }
-  void PrepareGroupsOf(std::int32_t userId) { Prepare(dialog, 308, 304, userId); }
-  void PreparePermissionsOf(std::int32_t userId) { Prepare(dialog, 307, 305, userId); }
-  void PreparePermissionsOfGroup(std::int32_t groupId) { Prepare(dialog, 307, 310, groupId); }
+  void PrepareGroupsOf(std::int32_t userId) {
+    Prepare(dialog, app::kGroups, app::kMemberOf, userId);
+  }
+  void PreparePermissionsOf(std::int32_t userId) {
+    Prepare(dialog, app::kPermissions, app::kUserPermissions, userId);
+  }
+  void PreparePermissionsOfGroup(std::int32_t groupId) {
+    Prepare(dialog, app::kPermissions, app::kGroupPermissions, groupId);
+  }
 
   using DialogFixture::Show;
   void Show(const std::function<void(frmListItem&)>& script,

@@ -28,10 +28,10 @@ TEST_F(NewGroup, StartsEmptyWithAllPermissionsUnchecked) {
     EXPECT_EQ(dialog.Caption(), L"Nouveau Groupe");
     EXPECT_EQ(dialog.txtGroupName.Text(), L"");
     EXPECT_EQ(dialog.txtDesc.Text(), L"");
-    EXPECT_EQ(dialog.List1[1].ListCount(), 0);
-    EXPECT_EQ(dialog.List1[2].ListCount(), 30);
-    EXPECT_EQ(dialog.List1[2].SelCount(), 0);
-    EXPECT_FALSE(dialog.cmdBtn[21].Enabled());
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 0);
+    EXPECT_EQ(dialog.List1[dialog.kPermissions].ListCount(), 30);
+    EXPECT_EQ(dialog.List1[dialog.kPermissions].SelCount(), 0);
+    EXPECT_FALSE(dialog.cmdBtn[dialog.kRemove].Enabled());
     EXPECT_EQ(dialog.GroupID, 0);
     EXPECT_TRUE(dialog.txtGroupName.HasFocus());
     EXPECT_EQ(log.calls, Strings{data::SqlSelectAllPermissions()});
@@ -44,15 +44,15 @@ TEST_F(NewGroup, WritesRowMembersAndPermissionsInThisOrder) {
     user.Type(dialog.txtGroupName, L" Qualité Annecy ");
     user.Type(dialog.txtDesc, L" Contrôle final ");
     ExpectChooser([this](frmAddUserInGroup& chooser) {
-      user.Choose(chooser.List1[1], ItemOf(chooser.List1[1], 9));
-      user.Click(chooser.cmdBtn[1]);
-      user.Choose(chooser.List1[1], ItemOf(chooser.List1[1], 2));
-      user.Click(chooser.cmdBtn[1]);
+      user.Choose(chooser.List1[chooser.kOthers], ItemOf(chooser.List1[chooser.kOthers], 9));
+      user.Click(chooser.cmdBtn[chooser.kAdd]);
+      user.Choose(chooser.List1[chooser.kOthers], ItemOf(chooser.List1[chooser.kOthers], 2));
+      user.Click(chooser.cmdBtn[chooser.kAdd]);
       user.Click(chooser.cmdOK);
     });
-    user.Click(dialog.cmdBtn[11]);
-    user.Toggle(dialog.List1[2], 4);
-    user.Toggle(dialog.List1[2], 9);
+    user.Click(dialog.cmdBtn[dialog.kAssign]);
+    user.Toggle(dialog.List1[dialog.kPermissions], 4);
+    user.Toggle(dialog.List1[dialog.kPermissions], 9);
     ClearLog();
     user.Click(dialog.cmdOK);
     EXPECT_FALSE(dialog.IsLoaded());
@@ -126,7 +126,7 @@ TEST_F(NewGroup, AnIdentifierThatIsTakenIsReportedAndItsGroupLeftAlone) {
   Raw().Execute("UPDATE QRCOUNTER SET LASTVALUE = 11 WHERE NAME = 'QRGPRN'");
   New([this](frmNewGroup& dialog) {
     user.Type(dialog.txtGroupName, L"Essais");
-    user.Click(dialog.cmdBtn[12]);
+    user.Click(dialog.cmdBtn[dialog.kAllPermissions]);
     user.ExpectMsgBox(
         {.answer = controls::kResultOk,
          .prompt = L"NewGroup Error [457]\r\nCette clé est déjà utilisée par un élément de la "

@@ -16,24 +16,24 @@ TEST_F(ProtectedGroup, EveryoneShownAsToutLeMondeHasNameMembersAssignAndAllDisab
     EXPECT_EQ(dialog.txtGroupName.Text(), L"Tout le monde");
     EXPECT_EQ(dialog.txtDesc.Text(), L"Tous les utilisateurs");
     EXPECT_FALSE(dialog.txtGroupName.Enabled());
-    EXPECT_FALSE(dialog.List1[1].Enabled());
-    EXPECT_FALSE(dialog.cmdBtn[11].Enabled());
-    EXPECT_FALSE(dialog.cmdBtn[12].Enabled());
-    EXPECT_TRUE(dialog.List1[2].Enabled());
-    EXPECT_TRUE(dialog.cmdBtn[21].Enabled());
-    EXPECT_TRUE(dialog.cmdBtn[22].Enabled());
+    EXPECT_FALSE(dialog.List1[dialog.kMembers].Enabled());
+    EXPECT_FALSE(dialog.cmdBtn[dialog.kAssign].Enabled());
+    EXPECT_FALSE(dialog.cmdBtn[dialog.kAllPermissions].Enabled());
+    EXPECT_TRUE(dialog.List1[dialog.kPermissions].Enabled());
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kRemove].Enabled());
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kNoPermission].Enabled());
     EXPECT_TRUE(dialog.txtDesc.HasFocus());
     EXPECT_TRUE(dialog.IsRemoveAdmin);
-    EXPECT_FALSE(user.TryChoose(dialog.List1[1], 0));
-    user.Click(dialog.cmdBtn[21]);
-    EXPECT_EQ(dialog.List1[1].ListCount(), 39);
+    EXPECT_FALSE(user.TryChoose(dialog.List1[dialog.kMembers], 0));
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
+    EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 39);
     dialog.Unload();
   });
 }
 
 TEST_F(ProtectedGroup, EveryoneIsStoredUnderItsOwnNameAndDescription) {
   Edit(2, [this](frmEditGroup& dialog) {
-    user.Click(dialog.cmdBtn[22]);
+    user.Click(dialog.cmdBtn[dialog.kNoPermission]);
     user.Click(dialog.cmdOK);
   });
   EXPECT_EQ(RowOf(2), (std::vector<std::string>{"Everyone", "All users"}));
@@ -48,12 +48,12 @@ TEST_F(ProtectedGroup, AdministratorsHasNamePermissionsRemoveAndNoneDisabledAndG
   Edit(1, [](frmEditGroup& dialog) {
     EXPECT_EQ(dialog.txtGroupName.Text(), L"Administrateurs");
     EXPECT_FALSE(dialog.txtGroupName.Enabled());
-    EXPECT_TRUE(dialog.List1[1].Enabled());
-    EXPECT_TRUE(dialog.cmdBtn[11].Enabled());
-    EXPECT_TRUE(dialog.cmdBtn[12].Enabled());
-    EXPECT_FALSE(dialog.List1[2].Enabled());
-    EXPECT_FALSE(dialog.cmdBtn[21].Enabled());
-    EXPECT_FALSE(dialog.cmdBtn[22].Enabled());
+    EXPECT_TRUE(dialog.List1[dialog.kMembers].Enabled());
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kAssign].Enabled());
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kAllPermissions].Enabled());
+    EXPECT_FALSE(dialog.List1[dialog.kPermissions].Enabled());
+    EXPECT_FALSE(dialog.cmdBtn[dialog.kRemove].Enabled());
+    EXPECT_FALSE(dialog.cmdBtn[dialog.kNoPermission].Enabled());
     EXPECT_FALSE(dialog.IsRemoveAdmin);
     dialog.Unload();
   });
@@ -61,11 +61,11 @@ TEST_F(ProtectedGroup, AdministratorsHasNamePermissionsRemoveAndNoneDisabledAndG
 
 TEST_F(ProtectedGroup, RemoveStaysDisabledForAdministratorsAfterAnyOtherButton) {
   Edit(1, [this](frmEditGroup& dialog) {
-    user.Click(dialog.cmdBtn[12]);
-    EXPECT_FALSE(dialog.cmdBtn[21].Enabled());
+    user.Click(dialog.cmdBtn[dialog.kAllPermissions]);
+    EXPECT_FALSE(dialog.cmdBtn[dialog.kRemove].Enabled());
     ExpectChooser([this](frmAddUserInGroup& chooser) { user.Click(chooser.cmdOK); });
-    user.Click(dialog.cmdBtn[11]);
-    EXPECT_FALSE(dialog.cmdBtn[21].Enabled());
+    user.Click(dialog.cmdBtn[dialog.kAssign]);
+    EXPECT_FALSE(dialog.cmdBtn[dialog.kRemove].Enabled());
     ExpectDiscardQuestion(controls::kResultYes);
     user.Click(dialog.cmdCancel);
   });
@@ -77,12 +77,12 @@ TEST_F(ProtectedGroup, AdminCannotBeMovedOutOfAdministratorsThroughTheChooserEit
       EXPECT_FALSE(chooser.IsRemoveAdmin);
       EXPECT_EQ(chooser.adminUserId, 1);
       ExpectInformation(L"Impossible de supprimer l'utilisateur de 'Admin' le groupe.");
-      user.Click(chooser.cmdBtn[4]);
-      EXPECT_EQ(DataOf(chooser.List1[2]), Ids{1});
+      user.Click(chooser.cmdBtn[chooser.kRemoveAll]);
+      EXPECT_EQ(DataOf(chooser.List1[chooser.kMembers]), Ids{1});
       user.Click(chooser.cmdOK);
     });
-    user.Click(dialog.cmdBtn[11]);
-    EXPECT_EQ(DataOf(dialog.List1[1]), Ids{1});
+    user.Click(dialog.cmdBtn[dialog.kAssign]);
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), Ids{1});
     user.Click(dialog.cmdOK);
   });
   EXPECT_EQ(MembersOf(1), Ids{1});
@@ -97,12 +97,12 @@ TEST_F(ProtectedGroup, WithoutDisplayFormsTheNamesThemselvesAreRecognised) {
   Edit(2, [](frmEditGroup& dialog) {
     EXPECT_EQ(dialog.txtGroupName.Text(), L"Everyone");
     EXPECT_FALSE(dialog.txtGroupName.Enabled());
-    EXPECT_FALSE(dialog.List1[1].Enabled());
+    EXPECT_FALSE(dialog.List1[dialog.kMembers].Enabled());
     dialog.Unload();
   });
   Edit(1, [this](frmEditGroup& dialog) {
     EXPECT_EQ(dialog.txtGroupName.Text(), L"Administrators");
-    EXPECT_FALSE(dialog.List1[2].Enabled());
+    EXPECT_FALSE(dialog.List1[dialog.kPermissions].Enabled());
     user.Click(dialog.cmdOK);
   });
   EXPECT_EQ(RowOf(1)[0], "Administrators");
@@ -112,7 +112,7 @@ TEST_F(ProtectedGroup, AnotherCaseIsAnotherGroup) {
   Raw().Execute("UPDATE QRGROUP SET NAME = 'administrators' WHERE GROUPID = 12");
   Edit(12, [](frmEditGroup& dialog) {
     EXPECT_TRUE(dialog.txtGroupName.Enabled());
-    EXPECT_TRUE(dialog.List1[2].Enabled());
+    EXPECT_TRUE(dialog.List1[dialog.kPermissions].Enabled());
     EXPECT_TRUE(dialog.IsRemoveAdmin);
     dialog.Unload();
   });

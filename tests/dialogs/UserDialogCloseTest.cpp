@@ -22,8 +22,8 @@ class UserDialogClose : public UserDialogTest {
       [this](frmEditUser& dialog) { user.Type(dialog.txtFullName, L"x"); },
       [this](frmEditUser& dialog) { user.Type(dialog.txtPassword, L"x"); },
       [this](frmEditUser& dialog) { user.Type(dialog.txtVerify, L"x"); },
-      [this](frmEditUser& dialog) { user.Toggle(dialog.List1[1], 0); },
-      [this](frmEditUser& dialog) { user.Toggle(dialog.List1[2], 0); },
+      [this](frmEditUser& dialog) { user.Toggle(dialog.List1[dialog.kGroups], 0); },
+      [this](frmEditUser& dialog) { user.Toggle(dialog.List1[dialog.kPermissions], 0); },
   };
 };
 
@@ -63,12 +63,12 @@ TEST_F(UserDialogClose, NoKeepsTheChangesAndTheQuestion) {
   for (const Way& leave : ways) {
     New([&](frmNewUser& dialog) {
       user.Type(dialog.txtUserName, L"Nouveau");
-      user.Toggle(dialog.List1[2], 3);
+      user.Toggle(dialog.List1[dialog.kPermissions], 3);
       for (int time = 0; time < 2; ++time) {
         ExpectDiscardQuestion(controls::kResultNo);
         leave(dialog);
         EXPECT_EQ(dialog.txtUserName.Text(), L"Nouveau");
-        EXPECT_EQ(Checked(dialog.List1[2]), (Ids{4}));
+        EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), (Ids{4}));
       }
       Discard(dialog);
     });
@@ -85,7 +85,7 @@ TEST_F(UserDialogClose, TheMainWindowTakesInputAgainAfterwards) {
 
 TEST_F(UserDialogClose, EnterIsOkAndPressesAFocusedButtonInstead) {
   Edit(kMartin, [this](frmEditUser& dialog) {
-    user.Focus(dialog.cmdBtn[12]);
+    user.Focus(dialog.cmdBtn[dialog.kAllPermissions]);
     user.PressKey(dialog, kKeyEnter);
     EXPECT_TRUE(dialog.IsLoaded());
     user.Focus(dialog.txtUserName);
@@ -100,7 +100,7 @@ TEST_F(UserDialogClose, TheHelpButtonAndF1OpenTheDialogsTopic) {
   const auto help = [this](UserDialog& dialog) {
     user.Click(dialog.Command1);
     user.PressKey(dialog, controls::kKeyF1);
-    user.Focus(dialog.List1[1]);
+    user.Focus(dialog.List1[dialog.kGroups]);
     user.PressKey(dialog, controls::kKeyF1);
     dialog.Unload();
   };
@@ -116,14 +116,14 @@ TEST_F(UserDialogClose, TheHelpButtonAndF1OpenTheDialogsTopic) {
 TEST_F(UserDialogClose, MnemonicsPressTheButtonsThatShowThem) {
   Edit(kMartin, [this](frmEditUser& dialog) {
     user.Mnemonic(dialog, L't');
-    EXPECT_EQ(Checked(dialog.List1[2]), All(30));
+    EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), All(30));
     user.Mnemonic(dialog, L'a');
-    EXPECT_EQ(Checked(dialog.List1[2]), Ids{});
+    EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), Ids{});
     user.Mnemonic(dialog, L'u');
-    EXPECT_EQ(Checked(dialog.List1[1]), All(12));
+    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), All(12));
     ExpectInformation(Refusal(L"Everyone"));
     user.Mnemonic(dialog, L'c');
-    EXPECT_EQ(Checked(dialog.List1[1]), (Ids{2}));
+    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2}));
     user.Mnemonic(dialog, L'i');
     EXPECT_EQ(user.HelpCalls().size(), 1U);
     Discard(dialog);
@@ -140,20 +140,20 @@ TEST_F(UserDialogClose, AUserCanBeCreatedByKeyboardAlone) {
     user.PressKey(dialog, kKeyTab);
     user.Type(dialog.txtVerify, L"secret-1");
     user.PressKey(dialog, kKeyTab);
-    EXPECT_TRUE(dialog.List1[1].HasFocus());
-    dialog.List1[1].SetListIndex(6);
+    EXPECT_TRUE(dialog.List1[dialog.kGroups].HasFocus());
+    dialog.List1[dialog.kGroups].SetListIndex(6);
     user.PressKey(dialog, kKeySpace);
     user.PressKey(dialog, kKeyTab);
-    EXPECT_TRUE(dialog.cmdBtn[11].HasFocus());
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kAllGroups].HasFocus());
     user.PressKey(dialog, kKeyTab);
-    EXPECT_TRUE(dialog.cmdBtn[21].HasFocus());
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kNoGroup].HasFocus());
     user.PressKey(dialog, kKeyTab);
-    EXPECT_TRUE(dialog.List1[2].HasFocus());
+    EXPECT_TRUE(dialog.List1[dialog.kPermissions].HasFocus());
     user.PressKey(dialog, kKeyTab);
-    EXPECT_TRUE(dialog.cmdBtn[12].HasFocus());
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kAllPermissions].HasFocus());
     user.PressKey(dialog, kKeySpace);
     user.PressShiftTab(dialog);
-    EXPECT_TRUE(dialog.List1[2].HasFocus());
+    EXPECT_TRUE(dialog.List1[dialog.kPermissions].HasFocus());
     user.PressKey(dialog, kKeyEnter);
     EXPECT_FALSE(dialog.IsLoaded());
   });

@@ -19,8 +19,8 @@ class UserDialogFault : public UserDialogTest {
   void SaveMartinAsMartineau() {
     Edit(kMartin, [this](frmEditUser& dialog) {
       Fill(dialog, L"Martineau", L"Jean Martineau", L"secret-1");
-      user.Toggle(dialog.List1[1], 2);
-      user.Toggle(dialog.List1[2], 29);
+      user.Toggle(dialog.List1[dialog.kGroups], 2);
+      user.Toggle(dialog.List1[dialog.kPermissions], 29);
       BeginSave();
       user.Click(dialog.cmdOK);
       EXPECT_FALSE(dialog.IsLoaded());
@@ -29,9 +29,9 @@ class UserDialogFault : public UserDialogTest {
   void SaveNouveau() {
     New([this](frmNewUser& dialog) {
       Fill(dialog, L"Nouveau", L"", L"secret-1");
-      user.Toggle(dialog.List1[1], 6);
-      user.Toggle(dialog.List1[2], 13);
-      user.Toggle(dialog.List1[2], 19);
+      user.Toggle(dialog.List1[dialog.kGroups], 6);
+      user.Toggle(dialog.List1[dialog.kPermissions], 13);
+      user.Toggle(dialog.List1[dialog.kPermissions], 19);
       BeginSave();
       user.Click(dialog.cmdOK);
       EXPECT_FALSE(dialog.IsLoaded());

@@ -10,19 +10,19 @@ class UserDialogList : public UserDialogTest {
 
 TEST_F(UserDialogList, AllAndNoneCheckAndUncheckEveryPermission) {
   Edit(kMartin, [this](frmEditUser& dialog) {
-    user.Click(dialog.cmdBtn[12]);
-    EXPECT_EQ(Checked(dialog.List1[2]), All(30));
-    EXPECT_EQ(Checked(dialog.List1[1]), (Ids{2, 7, 12}));
-    user.Click(dialog.cmdBtn[22]);
-    EXPECT_EQ(Checked(dialog.List1[2]), Ids{});
+    user.Click(dialog.cmdBtn[dialog.kAllPermissions]);
+    EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), All(30));
+    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2, 7, 12}));
+    user.Click(dialog.cmdBtn[dialog.kNoPermission]);
+    EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), Ids{});
     Discard(dialog);
   });
 }
 
 TEST_F(UserDialogList, AllChecksEveryGroupWithoutAWordAboutWhatIsChecked) {
   New([this](frmNewUser& dialog) {
-    user.Click(dialog.cmdBtn[11]);
-    EXPECT_EQ(Checked(dialog.List1[1]), All(12));
+    user.Click(dialog.cmdBtn[dialog.kAllGroups]);
+    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), All(12));
     Discard(dialog);
   });
 }
@@ -30,16 +30,17 @@ TEST_F(UserDialogList, AllChecksEveryGroupWithoutAWordAboutWhatIsChecked) {
 TEST_F(UserDialogList, TheButtonsFollowTheNumberOfChecks) {
   New([this](frmNewUser& dialog) {
     const auto states = [&] {
-      return std::pair(dialog.cmdBtn[12].Enabled(), dialog.cmdBtn[22].Enabled());
+      return std::pair(dialog.cmdBtn[dialog.kAllPermissions].Enabled(),
+                       dialog.cmdBtn[dialog.kNoPermission].Enabled());
     };
     EXPECT_EQ(states(), std::pair(true, false));
-    user.Toggle(dialog.List1[2], 4);
+    user.Toggle(dialog.List1[dialog.kPermissions], 4);
     EXPECT_EQ(states(), std::pair(true, true));
-    user.Click(dialog.cmdBtn[12]);
+    user.Click(dialog.cmdBtn[dialog.kAllPermissions]);
     EXPECT_EQ(states(), std::pair(false, true));
-    user.Toggle(dialog.List1[2], 4);
+    user.Toggle(dialog.List1[dialog.kPermissions], 4);
     EXPECT_EQ(states(), std::pair(true, true));
-    user.Click(dialog.cmdBtn[22]);
+    user.Click(dialog.cmdBtn[dialog.kNoPermission]);
     EXPECT_EQ(states(), std::pair(true, false));
     Discard(dialog);
   });
@@ -47,9 +48,9 @@ TEST_F(UserDialogList, TheButtonsFollowTheNumberOfChecks) {
 
 TEST_F(UserDialogList, AButtonThatDisablesItselfPassesTheFocusOn) {
   New([this](frmNewUser& dialog) {
-    user.Click(dialog.cmdBtn[12]);
-    EXPECT_TRUE(dialog.cmdBtn[22].HasFocus());
-    user.Click(dialog.cmdBtn[22]);
+    user.Click(dialog.cmdBtn[dialog.kAllPermissions]);
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kNoPermission].HasFocus());
+    user.Click(dialog.cmdBtn[dialog.kNoPermission]);
     EXPECT_TRUE(dialog.cmdOK.HasFocus());
     Discard(dialog);
   });
@@ -58,8 +59,8 @@ TEST_F(UserDialogList, AButtonThatDisablesItselfPassesTheFocusOn) {
 TEST_F(UserDialogList, UncheckingEveryoneIsRefusedOnceAndTheTickComesBack) {
   const auto uncheck = [this](UserDialog& dialog) {
     ExpectInformation(Refusal(L"Tout le monde"));
-    user.Toggle(dialog.List1[1], Item(kEveryone));
-    EXPECT_TRUE(dialog.List1[1].Selected(Item(kEveryone)));
+    user.Toggle(dialog.List1[dialog.kGroups], Item(kEveryone));
+    EXPECT_TRUE(dialog.List1[dialog.kGroups].Selected(Item(kEveryone)));
     Discard(dialog);
   };
   New(uncheck);
@@ -73,11 +74,11 @@ TEST_F(UserDialogList, TheRefusalComesBeforeTheTick) {
     if (!answer) return dialog.Unload();
     bool checkedMeanwhile = true;
     desktop.Instead.MsgBox = [&](const std::wstring& prompt, int style, const std::wstring& title) {
-      checkedMeanwhile = dialog.List1[1].Selected(Item(kEveryone));
+      checkedMeanwhile = dialog.List1[dialog.kGroups].Selected(Item(kEveryone));
       return answer(prompt, style, title);
     };
     ExpectInformation(Refusal(L"Tout le monde"));
-    user.Toggle(dialog.List1[1], Item(kEveryone));
+    user.Toggle(dialog.List1[dialog.kGroups], Item(kEveryone));
     desktop.Instead.MsgBox = answer;
     EXPECT_FALSE(checkedMeanwhile);
     Discard(dialog);
@@ -87,16 +88,16 @@ TEST_F(UserDialogList, TheRefusalComesBeforeTheTick) {
 TEST_F(UserDialogList, TheRuleAlsoSpeaksWhenAProtectedGroupIsChecked) {
   Raw().Execute("DELETE FROM QRUSGP WHERE USERID = 9 AND GROUPID = 2");
   Edit(kMartin, [this](frmEditUser& dialog) {
-    EXPECT_EQ(Checked(dialog.List1[1]), (Ids{7, 12}));
+    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{7, 12}));
     ExpectInformation(Refusal(L"Tout le monde"));
-    user.Toggle(dialog.List1[1], Item(kEveryone));
-    EXPECT_EQ(Checked(dialog.List1[1]), (Ids{2, 7, 12}));
+    user.Toggle(dialog.List1[dialog.kGroups], Item(kEveryone));
+    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2, 7, 12}));
     Discard(dialog);
   });
   Edit(kMartin, [this](frmEditUser& dialog) {
     ExpectInformation(Refusal(L"Tout le monde"));
-    user.Click(dialog.cmdBtn[11]);
-    EXPECT_EQ(Checked(dialog.List1[1]), All(12));
+    user.Click(dialog.cmdBtn[dialog.kAllGroups]);
+    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), All(12));
     Discard(dialog);
   });
 }
@@ -106,52 +107,52 @@ TEST_F(UserDialogList, AdministratorsIsProtectedOnlyWhereItMayNotBeTakenAway) {
       kAdmin,
       [this](frmEditUser& dialog) {
         ExpectInformation(Refusal(L"Administrateurs"));
-        user.Toggle(dialog.List1[1], Item(kAdministrators));
-        EXPECT_EQ(Checked(dialog.List1[1]), (Ids{1, 2}));
+        user.Toggle(dialog.List1[dialog.kGroups], Item(kAdministrators));
+        EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{1, 2}));
         Discard(dialog);
       },
       false);
   Edit(2, [this](frmEditUser& dialog) {
-    user.Toggle(dialog.List1[1], Item(kAdministrators));
-    EXPECT_EQ(Checked(dialog.List1[1]), (Ids{2, 11}));
+    user.Toggle(dialog.List1[dialog.kGroups], Item(kAdministrators));
+    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2, 11}));
     Discard(dialog);
   });
 }
 
 TEST_F(UserDialogList, ANewUserMayBeTakenOutOfAdministratorsAgain) {
   New([this](frmNewUser& dialog) {
-    user.Toggle(dialog.List1[1], Item(kAdministrators));
-    user.Toggle(dialog.List1[1], Item(kAdministrators));
-    EXPECT_EQ(Checked(dialog.List1[1]), (Ids{2}));
+    user.Toggle(dialog.List1[dialog.kGroups], Item(kAdministrators));
+    user.Toggle(dialog.List1[dialog.kGroups], Item(kAdministrators));
+    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2}));
     Discard(dialog);
   });
 }
 
 TEST_F(UserDialogList, NoneLeavesTheProtectedGroupsCheckedAndNamesThemInOneMessage) {
   New([this](frmNewUser& dialog) {
-    user.Click(dialog.cmdBtn[11]);
+    user.Click(dialog.cmdBtn[dialog.kAllGroups]);
     ExpectInformation(Refusal(L"Everyone"));
-    user.Click(dialog.cmdBtn[21]);
-    EXPECT_EQ(Checked(dialog.List1[1]), (Ids{2}));
+    user.Click(dialog.cmdBtn[dialog.kNoGroup]);
+    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2}));
     Discard(dialog);
   });
   Edit(kMartin, [this](frmEditUser& dialog) {
     ExpectInformation(Refusal(L"Everyone"));
-    user.Click(dialog.cmdBtn[21]);
-    EXPECT_EQ(Checked(dialog.List1[1]), (Ids{2}));
+    user.Click(dialog.cmdBtn[dialog.kNoGroup]);
+    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2}));
     Discard(dialog);
   });
   Edit(
       kAdmin,
       [this](frmEditUser& dialog) {
-        user.Click(dialog.cmdBtn[11]);
+        user.Click(dialog.cmdBtn[dialog.kAllGroups]);
         ExpectInformation(
             L"Impossible de supprimer l'utilisateur de 'Administrators'/ 'Everyone' le groupe.");
-        user.Click(dialog.cmdBtn[21]);
-        EXPECT_EQ(Checked(dialog.List1[1]), (Ids{1, 2}));
+        user.Click(dialog.cmdBtn[dialog.kNoGroup]);
+        EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{1, 2}));
         // The rule speaks again afterwards.
         ExpectInformation(Refusal(L"Administrateurs"));
-        user.Toggle(dialog.List1[1], Item(kAdministrators));
+        user.Toggle(dialog.List1[dialog.kGroups], Item(kAdministrators));
         Discard(dialog);
       },
       false);
@@ -164,13 +165,13 @@ TEST_F(UserDialogList, AnIdentifierOf0ProtectsNothing) {
   dialog.UserID = 3;
   dialog.IsRemoveAdministrator = false;
   Show<frmEditUser>(dialog, [this](frmEditUser& shown) {
-    ASSERT_EQ(shown.List1[1].ItemData(0), 0);
-    ASSERT_TRUE(shown.List1[1].Selected(0));
-    user.Toggle(shown.List1[1], 0);
-    EXPECT_FALSE(shown.List1[1].Selected(0));
+    ASSERT_EQ(shown.List1[shown.kGroups].ItemData(0), 0);
+    ASSERT_TRUE(shown.List1[shown.kGroups].Selected(0));
+    user.Toggle(shown.List1[shown.kGroups], 0);
+    EXPECT_FALSE(shown.List1[shown.kGroups].Selected(0));
     ExpectInformation(Refusal(L"'/ '"));
-    user.Click(shown.cmdBtn[21]);
-    EXPECT_EQ(Checked(shown.List1[1]), Ids{});
+    user.Click(shown.cmdBtn[shown.kNoGroup]);
+    EXPECT_EQ(Checked(shown.List1[shown.kGroups]), Ids{});
     Discard(shown);
   });
 }
@@ -182,21 +183,21 @@ TEST_F(UserDialogList, EveryChangeOfACheckCountsAsAChange) {
       Discard(dialog);
     });
   };
-  asksAfter([this](frmEditUser& dialog) { user.Toggle(dialog.List1[1], 4); });
-  asksAfter([this](frmEditUser& dialog) { user.Toggle(dialog.List1[2], 4); });
-  asksAfter([this](frmEditUser& dialog) { user.Click(dialog.cmdBtn[11]); });
-  asksAfter([this](frmEditUser& dialog) { user.Click(dialog.cmdBtn[12]); });
-  asksAfter([this](frmEditUser& dialog) { user.Click(dialog.cmdBtn[22]); });
+  asksAfter([this](frmEditUser& dialog) { user.Toggle(dialog.List1[dialog.kGroups], 4); });
+  asksAfter([this](frmEditUser& dialog) { user.Toggle(dialog.List1[dialog.kPermissions], 4); });
+  asksAfter([this](frmEditUser& dialog) { user.Click(dialog.cmdBtn[dialog.kAllGroups]); });
+  asksAfter([this](frmEditUser& dialog) { user.Click(dialog.cmdBtn[dialog.kAllPermissions]); });
+  asksAfter([this](frmEditUser& dialog) { user.Click(dialog.cmdBtn[dialog.kNoPermission]); });
   asksAfter([this](frmEditUser& dialog) {
     ExpectInformation(Refusal(L"Tout le monde"));
-    user.Toggle(dialog.List1[1], Item(kEveryone));
+    user.Toggle(dialog.List1[dialog.kGroups], Item(kEveryone));
   });
 }
 
 TEST_F(UserDialogList, MovingThroughAListChangesNothing) {
   Edit(kMartin, [this](frmEditUser& dialog) {
-    user.Choose(dialog.List1[1], 3);
-    user.Choose(dialog.List1[2], 5);
+    user.Choose(dialog.List1[dialog.kGroups], 3);
+    user.Choose(dialog.List1[dialog.kPermissions], 5);
     user.Click(dialog.cmdCancel);
   });
 }

@@ -1,4 +1,5 @@
 #include "UserDialogTest.h"
+#include "app/StringIds.h"
 #include "server/core/samples/SampleData.h"
 
 namespace dialogs {
@@ -38,19 +39,19 @@ class UserDialogLoad : public UserDialogTest {
 
 TEST_F(UserDialogLoad, EveryCaptionComesFromTheStringTable) {
   const auto look = [this](UserDialog& dialog) {
-    EXPECT_EQ(dialog.lblUserName.Caption(), Text(319));
-    EXPECT_EQ(dialog.lblFullName.Caption(), Text(320));
-    EXPECT_EQ(dialog.lblPassword.Caption(), Text(321));
-    EXPECT_EQ(dialog.lblConfirmPassword.Caption(), Text(322));
-    EXPECT_EQ(dialog.fraMemberOf.Caption(), Text(304));
-    EXPECT_EQ(dialog.fraUserPermissions.Caption(), Text(305));
-    EXPECT_EQ(dialog.cmdBtn[11].Caption(), L"To&us");
-    EXPECT_EQ(dialog.cmdBtn[12].Caption(), L"&Tous");
-    EXPECT_EQ(dialog.cmdBtn[21].Caption(), L"Au&cun");
-    EXPECT_EQ(dialog.cmdBtn[22].Caption(), L"&Aucun");
+    EXPECT_EQ(dialog.lblUserName.Caption(), Text(app::kUserNameLabel));
+    EXPECT_EQ(dialog.lblFullName.Caption(), Text(app::kFullNameLabel));
+    EXPECT_EQ(dialog.lblPassword.Caption(), Text(app::kPasswordLabel));
+    EXPECT_EQ(dialog.lblConfirmPassword.Caption(), Text(app::kConfirmationLabel));
+    EXPECT_EQ(dialog.fraMemberOf.Caption(), Text(app::kMemberOf));
+    EXPECT_EQ(dialog.fraUserPermissions.Caption(), Text(app::kUserPermissions));
+    EXPECT_EQ(dialog.cmdBtn[dialog.kAllGroups].Caption(), L"To&us");
+    EXPECT_EQ(dialog.cmdBtn[dialog.kAllPermissions].Caption(), L"&Tous");
+    EXPECT_EQ(dialog.cmdBtn[dialog.kNoGroup].Caption(), L"Au&cun");
+    EXPECT_EQ(dialog.cmdBtn[dialog.kNoPermission].Caption(), L"&Aucun");
     EXPECT_EQ(dialog.cmdOK.Caption(), L"OK");
     EXPECT_EQ(dialog.cmdCancel.Caption(), L"Annuler");
-    EXPECT_EQ(dialog.Command1.Caption(), Text(104));
+    EXPECT_EQ(dialog.Command1.Caption(), Text(app::kHelp));
     dialog.Unload();
   };
   New([&](frmNewUser& dialog) {
@@ -69,10 +70,10 @@ TEST_F(UserDialogLoad, ANewUserStartsEmptyAndAsAMemberOfEveryoneOnly) {
          {&dialog.txtUserName, &dialog.txtFullName, &dialog.txtPassword, &dialog.txtVerify}) {
       EXPECT_EQ(box->Text(), L"");
     }
-    EXPECT_EQ(dialog.List1[1].ListCount(), 12);
-    EXPECT_EQ(dialog.List1[2].ListCount(), 30);
-    EXPECT_EQ(Checked(dialog.List1[1]), (Ids{kEveryone}));
-    EXPECT_EQ(Checked(dialog.List1[2]), Ids{});
+    EXPECT_EQ(dialog.List1[dialog.kGroups].ListCount(), 12);
+    EXPECT_EQ(dialog.List1[dialog.kPermissions].ListCount(), 30);
+    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{kEveryone}));
+    EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), Ids{});
     user.Click(dialog.cmdCancel);  // nothing has changed, so nothing is asked
   });
 }
@@ -85,21 +86,21 @@ TEST_F(UserDialogLoad, AnExistingUserIsShownWithItsPasswordItsGroupsAndItsOwnPer
     EXPECT_EQ(dialog.txtVerify.Text(), kPassword);
     EXPECT_TRUE(dialog.txtPassword.IsMasked());
     EXPECT_TRUE(dialog.txtVerify.IsMasked());
-    EXPECT_EQ(Checked(dialog.List1[1]), (Ids{2, 7, 12}));
-    EXPECT_EQ(Checked(dialog.List1[2]), (Ids{14, 20}));
+    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2, 7, 12}));
+    EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), (Ids{14, 20}));
     user.Click(dialog.cmdCancel);
   });
 }
 
 TEST_F(UserDialogLoad, ItemsKeepTheOrderOfTheRowsAndShowTheirDisplayNames) {
   New([](frmNewUser& dialog) {
-    EXPECT_EQ(dialog.List1[1].List(0), L"Administrateurs");
-    EXPECT_EQ(dialog.List1[1].List(1), L"Tout le monde");
-    EXPECT_EQ(dialog.List1[1].List(11), L"Laboratoire");
-    EXPECT_EQ(dialog.List1[2].List(0), L"Administration des utilisateurs");
-    EXPECT_EQ(dialog.List1[2].List(29), L"Audit des sessions");
-    for (int i = 0; i < 12; ++i) EXPECT_EQ(dialog.List1[1].ItemData(i), i + 1);
-    for (int i = 0; i < 30; ++i) EXPECT_EQ(dialog.List1[2].ItemData(i), i + 1);
+    EXPECT_EQ(dialog.List1[dialog.kGroups].List(0), L"Administrateurs");
+    EXPECT_EQ(dialog.List1[dialog.kGroups].List(1), L"Tout le monde");
+    EXPECT_EQ(dialog.List1[dialog.kGroups].List(11), L"Laboratoire");
+    EXPECT_EQ(dialog.List1[dialog.kPermissions].List(0), L"Administration des utilisateurs");
+    EXPECT_EQ(dialog.List1[dialog.kPermissions].List(29), L"Audit des sessions");
+    for (int i = 0; i < 12; ++i) EXPECT_EQ(dialog.List1[dialog.kGroups].ItemData(i), i + 1);
+    for (int i = 0; i < 30; ++i) EXPECT_EQ(dialog.List1[dialog.kPermissions].ItemData(i), i + 1);
     dialog.Unload();
   });
 }
@@ -145,7 +146,7 @@ TEST_F(UserDialogLoad, OfAdminOnlyPasswordGroupsAndPermissionsCanBeEdited) {
     EXPECT_FALSE(dialog.txtFullName.Enabled());
     EXPECT_TRUE(dialog.txtPassword.HasFocus());
     EXPECT_TRUE(user.CanUse(dialog.txtVerify));
-    EXPECT_TRUE(user.CanUse(dialog.List1[1]));
+    EXPECT_TRUE(user.CanUse(dialog.List1[dialog.kGroups]));
     dialog.Unload();
   });
 }
@@ -166,7 +167,8 @@ TEST_F(UserDialogLoad, AdminIsRecognisedByItsExactName) {
 TEST_F(UserDialogLoad, TheFirstFocusIsOnTheNameAndTabWalksTheBoxesInTheirOrder) {
   const auto walk = [this](UserDialog& dialog) {
     const controls::Control* order[] = {&dialog.txtUserName, &dialog.txtFullName,
-                                        &dialog.txtPassword, &dialog.txtVerify, &dialog.List1[1]};
+                                        &dialog.txtPassword, &dialog.txtVerify,
+                                        &dialog.List1[dialog.kGroups]};
     for (const controls::Control* control : order) {
       EXPECT_TRUE(control->HasFocus()) << control->Id();
       user.PressKey(dialog, test_support::kKeyTab);
@@ -185,10 +187,10 @@ TEST_F(UserDialogLoad, TheFirstFocusIsOnTheNameAndTabWalksTheBoxesInTheirOrder) 
 
 TEST_F(UserDialogLoad, TheButtonsFollowTheListsFromTheStart) {
   Edit(kStagiaire, [](frmEditUser& dialog) {  // in Everyone, without own permissions
-    EXPECT_TRUE(dialog.cmdBtn[11].Enabled());
-    EXPECT_TRUE(dialog.cmdBtn[21].Enabled());
-    EXPECT_TRUE(dialog.cmdBtn[12].Enabled());
-    EXPECT_FALSE(dialog.cmdBtn[22].Enabled());
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kAllGroups].Enabled());
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kNoGroup].Enabled());
+    EXPECT_TRUE(dialog.cmdBtn[dialog.kAllPermissions].Enabled());
+    EXPECT_FALSE(dialog.cmdBtn[dialog.kNoPermission].Enabled());
     dialog.Unload();
   });
 }
@@ -196,7 +198,7 @@ TEST_F(UserDialogLoad, TheButtonsFollowTheListsFromTheStart) {
 TEST_F(UserDialogLoad, WithoutAnEveryoneGroupANewUserIsInNoGroup) {
   Raw().Execute("UPDATE QRGROUP SET NAME = 'Tous' WHERE GROUPID = 2");
   New([this](frmNewUser& dialog) {
-    EXPECT_EQ(Checked(dialog.List1[1]), Ids{});
+    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), Ids{});
     dialog.Unload();
   });
 }
@@ -204,7 +206,7 @@ TEST_F(UserDialogLoad, WithoutAnEveryoneGroupANewUserIsInNoGroup) {
 TEST_F(UserDialogLoad, OfSeveralEveryoneGroupsTheLastRowWins) {
   Raw().Execute("UPDATE QRGROUP SET NAME = 'Everyone' WHERE GROUPID = 9");
   New([this](frmNewUser& dialog) {
-    EXPECT_EQ(Checked(dialog.List1[1]), (Ids{9}));
+    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{9}));
     dialog.Unload();
   });
 }
@@ -252,9 +254,9 @@ TEST_F(UserDialogLoad, AFailureOfANewUsersLoadClosesTheDialogOnlyWhereThePermiss
       dialog.ShowModal(window);
     } else {
       Show<frmNewUser>(dialog, [&](frmNewUser&) {
-        EXPECT_EQ(dialog.List1[1].ListCount(),
+        EXPECT_EQ(dialog.List1[dialog.kGroups].ListCount(),
                   position == 13 ? 12 : std::max(0, static_cast<int>(position) - 1));
-        EXPECT_EQ(dialog.List1[2].ListCount(), 30);
+        EXPECT_EQ(dialog.List1[dialog.kPermissions].ListCount(), 30);
         user.Click(dialog.cmdCancel);
       });
     }

@@ -30,9 +30,9 @@ class UserDialogSave : public UserDialogTest {
 TEST_F(UserDialogSave, ANewUserIsWrittenWithTheseCallsInThisOrder) {
   New([this](frmNewUser& dialog) {
     Fill(dialog, L"Nouveau", L"Jeanne Nouveau", L"secret-1");
-    user.Toggle(dialog.List1[1], 5);
-    user.Toggle(dialog.List1[2], 29);
-    user.Toggle(dialog.List1[2], 0);
+    user.Toggle(dialog.List1[dialog.kGroups], 5);
+    user.Toggle(dialog.List1[dialog.kPermissions], 29);
+    user.Toggle(dialog.List1[dialog.kPermissions], 0);
     ClearLog();
     user.Click(dialog.cmdOK);
     EXPECT_FALSE(dialog.IsLoaded());
@@ -50,9 +50,9 @@ TEST_F(UserDialogSave, ANewUserIsWrittenWithTheseCallsInThisOrder) {
 TEST_F(UserDialogSave, ANewUsersRowsAreWhatWasTypedAndChecked) {
   New([this](frmNewUser& dialog) {
     Fill(dialog, L"  Nouveau ", L"  Jeanne  Nouveau ", L"secret-1");
-    user.Toggle(dialog.List1[1], 5);
-    user.Toggle(dialog.List1[2], 29);
-    user.Toggle(dialog.List1[2], 0);
+    user.Toggle(dialog.List1[dialog.kGroups], 5);
+    user.Toggle(dialog.List1[dialog.kPermissions], 29);
+    user.Toggle(dialog.List1[dialog.kPermissions], 0);
     user.Click(dialog.cmdOK);
   });
   EXPECT_EQ(Column(41, "NAME"), "Nouveau");
@@ -102,8 +102,8 @@ TEST_F(UserDialogSave, TwoUsersGetTwoIdentifiers) {
 TEST_F(UserDialogSave, AnExistingUserIsWrittenWithTheseCallsInThisOrder) {
   Edit(kMartin, [this](frmEditUser& dialog) {
     user.Type(dialog.txtUserName, L"Martineau");
-    user.Toggle(dialog.List1[1], 6);
-    user.Toggle(dialog.List1[2], 29);
+    user.Toggle(dialog.List1[dialog.kGroups], 6);
+    user.Toggle(dialog.List1[dialog.kPermissions], 29);
     ClearLog();
     user.Click(dialog.cmdOK);
     EXPECT_FALSE(dialog.IsLoaded());
@@ -121,8 +121,8 @@ TEST_F(UserDialogSave, AnExistingUsersRowsAreWhatWasTypedAndChecked) {
   exchange.UserID = 1234;
   Edit(kMartin, [this](frmEditUser& dialog) {
     Fill(dialog, L" Martineau ", L"  Jean Martineau ", L"secret-1");
-    user.Toggle(dialog.List1[1], 6);
-    user.Toggle(dialog.List1[2], 29);
+    user.Toggle(dialog.List1[dialog.kGroups], 6);
+    user.Toggle(dialog.List1[dialog.kPermissions], 29);
     user.Click(dialog.cmdOK);
   });
   EXPECT_EQ(Column(9, "NAME"), "Martineau");
@@ -146,8 +146,8 @@ TEST_F(UserDialogSave, AnEditTouchesNoOtherUser) {
   };
   const auto before = others();
   Edit(kMartin, [this](frmEditUser& dialog) {
-    user.Click(dialog.cmdBtn[11]);
-    user.Click(dialog.cmdBtn[12]);
+    user.Click(dialog.cmdBtn[dialog.kAllGroups]);
+    user.Click(dialog.cmdBtn[dialog.kAllPermissions]);
     user.Click(dialog.cmdOK);
   });
   EXPECT_EQ(Groups(9), All(12));
@@ -183,8 +183,8 @@ TEST_F(UserDialogSave, AdminsPasswordAndLinksCanBeSaved) {
       [this](frmEditUser& dialog) {
         user.Type(dialog.txtPassword, L"secret-1");
         user.Type(dialog.txtVerify, L"secret-1");
-        user.Toggle(dialog.List1[1], 11);
-        user.Toggle(dialog.List1[2], 29);
+        user.Toggle(dialog.List1[dialog.kGroups], 11);
+        user.Toggle(dialog.List1[dialog.kPermissions], 29);
         user.Click(dialog.cmdOK);
       },
       false);

@@ -102,10 +102,11 @@ TEST_F(UserDialogTyping, TheTabOrderStaysWhenAPasswordWasTooLong) {
     EXPECT_EQ(dialog.txtPassword.TabIndex(), 3);
     EXPECT_EQ(dialog.txtVerify.TabIndex(), 4);
     user.Focus(dialog.txtUserName);
-    for (const controls::Control* next : {static_cast<controls::Control*>(&dialog.txtFullName),
-                                          static_cast<controls::Control*>(&dialog.txtPassword),
-                                          static_cast<controls::Control*>(&dialog.txtVerify),
-                                          static_cast<controls::Control*>(&dialog.List1[1])}) {
+    for (const controls::Control* next :
+         {static_cast<controls::Control*>(&dialog.txtFullName),
+          static_cast<controls::Control*>(&dialog.txtPassword),
+          static_cast<controls::Control*>(&dialog.txtVerify),
+          static_cast<controls::Control*>(&dialog.List1[dialog.kGroups])}) {
       user.PressKey(dialog, test_support::kKeyTab);
       EXPECT_TRUE(next->HasFocus()) << next->Id();
     }
