@@ -48,6 +48,7 @@ void EditingDialog::CheckAllReported(const wchar_t* procedure, controls::ListBox
 
 void EditingDialog::EnableButton(controls::CommandButton& button, bool enabled,
                                  controls::ListBox& list) {
+  if (!enabled && button.HasFocus()) list.SetFocus();
   button.SetEnabled(enabled);
 }
 

@@ -177,6 +177,20 @@ TEST_F(GroupLeaving, TheTabKeyGoesThroughTheControlsInOneOrder) {
   });
 }
 
+TEST_F(GroupLeaving, RemovingTheLastMemberHandsTheFocusToTheList) {
+  Edit(12, [this](frmEditGroup& dialog) {
+    user.Choose(dialog.List1[dialog.kMembers], 0);
+    for (int left = 2; left >= 0; --left) {
+      EXPECT_FALSE(dialog.List1[dialog.kMembers].ListCount() == left);
+      user.Click(dialog.cmdBtn[dialog.kRemove]);
+      EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), left);
+    }
+    EXPECT_FALSE(dialog.cmdBtn[dialog.kRemove].Enabled());
+    EXPECT_TRUE(dialog.List1[dialog.kMembers].HasFocus());
+    ExpectAsks(true, dialog);
+  });
+}
+
 TEST_F(GroupLeaving, TextsAreSelectedWhenTheyGetTheFocus) {
   Edit(12, [this](frmEditGroup& dialog) {
     user.Focus(dialog.txtDesc);

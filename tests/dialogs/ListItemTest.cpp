@@ -281,15 +281,15 @@ TEST_F(ListItemDialog, IsWorkedByKeyboardAlone) {
   EXPECT_FALSE(exchange.AddNode);
 }
 
-TEST_F(ListItemDialog, AllAndNoneHandTheFocusToEachOther) {
+TEST_F(ListItemDialog, AllAndNoneHandTheFocusToTheList) {
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) {
     user.Mnemonic(shown, L't');
     EXPECT_EQ(shown.List1.SelCount(), 9);
-    EXPECT_TRUE(shown.cmdBtn[shown.kCheckNone].HasFocus());
-    user.PressKey(shown, kKeySpace);
+    EXPECT_TRUE(shown.List1.HasFocus());
+    user.Mnemonic(shown, L'a');
     EXPECT_EQ(shown.List1.SelCount(), 0);
-    EXPECT_TRUE(shown.cmdBtn[shown.kCheckAll].HasFocus());
+    EXPECT_TRUE(shown.List1.HasFocus());
     ExpectDiscardQuestion(kResultYes);
     user.PressKey(shown, kKeyEscape);
   });

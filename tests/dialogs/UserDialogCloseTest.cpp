@@ -152,7 +152,6 @@ TEST_F(UserDialogClose, AUserCanBeCreatedByKeyboardAlone) {
     user.PressKey(dialog, kKeyTab);
     EXPECT_TRUE(dialog.cmdBtn[dialog.kAllPermissions].HasFocus());
     user.PressKey(dialog, kKeySpace);
-    user.PressShiftTab(dialog);
     EXPECT_TRUE(dialog.List1[dialog.kPermissions].HasFocus());
     user.PressKey(dialog, kKeyEnter);
     EXPECT_FALSE(dialog.IsLoaded());

@@ -46,16 +46,6 @@ TEST_F(UserDialogList, TheButtonsFollowTheNumberOfChecks) {
   });
 }
 
-TEST_F(UserDialogList, AButtonThatDisablesItselfPassesTheFocusOn) {
-  New([this](frmNewUser& dialog) {
-    user.Click(dialog.cmdBtn[dialog.kAllPermissions]);
-    EXPECT_TRUE(dialog.cmdBtn[dialog.kNoPermission].HasFocus());
-    user.Click(dialog.cmdBtn[dialog.kNoPermission]);
-    EXPECT_TRUE(dialog.cmdOK.HasFocus());
-    Discard(dialog);
-  });
-}
-
 TEST_F(UserDialogList, UncheckingEveryoneIsRefusedOnceAndTheTickComesBack) {
   const auto uncheck = [this](UserDialog& dialog) {
     ExpectInformation(Refusal(L"Tout le monde"));
@@ -156,6 +146,24 @@ TEST_F(UserDialogList, NoneLeavesTheProtectedGroupsCheckedAndNamesThemInOneMessa
         Discard(dialog);
       },
       false);
+}
+
+TEST_F(UserDialogList, AButtonThatSwitchesItselfOffHandsTheFocusToItsList) {
+  Edit(kMartin, [this](frmEditUser& dialog) {
+    user.Focus(dialog.cmdBtn[dialog.kNoPermission]);
+    user.PressKey(dialog, test_support::kKeySpace);
+    EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), Ids{});
+    EXPECT_TRUE(dialog.List1[dialog.kPermissions].HasFocus());
+    // The impatient second stroke must not save.
+    user.PressKey(dialog, test_support::kKeySpace);
+    EXPECT_TRUE(dialog.IsLoaded());
+    user.Click(dialog.cmdBtn[dialog.kAllPermissions]);
+    EXPECT_TRUE(dialog.List1[dialog.kPermissions].HasFocus());
+    user.Click(dialog.cmdBtn[dialog.kAllGroups]);
+    EXPECT_TRUE(dialog.List1[dialog.kGroups].HasFocus());
+    Discard(dialog);
+  });
+  EXPECT_EQ(Permissions(kMartin), (Ids{14, 20}));
 }
 
 TEST_F(UserDialogList, AnIdentifierOf0ProtectsNothing) {
