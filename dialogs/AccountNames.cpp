@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string>
 
+#include "app/MQVXMsgBox.h"
 #include "app/StringIds.h"
-#include "controls/Desktop.h"
 #include "controls/SortKey.h"
 #include "data/NodeKey.h"
 #include "data/Text.h"
@@ -18,7 +18,7 @@ std::wstring_view NameInText(std::wstring_view text) {
   return data::Trim(text.substr(0, text.find(L'(')));
 }
 
-// Two texts have one sort key when they differ in nothing but case. Keys are dear for ten thousand
+// Two texts have one sort key when they differ in nothing but case. Keys take long for ten thousand
 // names, and those of plain letters and digits, or that begin with different ones, can be told
 // apart without them. Other characters may count for several, or for none; and languages differ in
 // what they take for one letter.
@@ -57,23 +57,30 @@ class SameButForCase {
   std::string key_;
 };
 
+// A protected group has two names: the one it is stored under and the one it is shown under.
+bool IsNameOf(const controls::TreeNodes& nodes, controls::NodeId account,
+              const SameButForCase& isSame) {
+  const std::wstring text = nodes.Text(account);
+  const std::wstring stored = nodes.StoredName(account);
+  const std::wstring_view shown = NameInText(text);
+  return isSame(shown) || (shown != stored && isSame(data::Trim(stored)));
+}
+
 bool IsTaken(const controls::TreeNodes& nodes, std::wstring_view name, std::int32_t ownId,
              std::int32_t (*idOfKey)(std::wstring_view key)) {
-  const int root = nodes.Root();
+  const controls::NodeId root = nodes.Root();
   if (root == controls::kNoNode) return false;
   const SameButForCase isSame(name);
-  for (int node = nodes.AnyChild(root); node != controls::kNoNode;
+  for (controls::NodeId node = nodes.AnyChild(root); node != controls::kNoNode;
        node = nodes.OtherSibling(node)) {
-    if (!isSame(NameInText(nodes.Text(node)))) continue;
-    if (idOfKey(nodes.Key(node)) != ownId) return true;
+    if (IsNameOf(nodes, node, isSame) && idOfKey(nodes.Key(node)) != ownId) return true;
   }
   return false;
 }
 
 bool TellIf(bool taken, const app::mGlobal& global, int message) {
   if (taken) {
-    global.desktop.MsgBox(global.LoadResString(message), controls::kInformation,
-                          global.LoadResString(app::kTitle));
+    app::MQVXMsgBox(global).ShowInformation(global.LoadResString(message));
   }
   return taken;
 }

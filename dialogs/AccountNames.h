@@ -11,8 +11,9 @@
 // seen.
 namespace dialogs {
 
-// Whether another user has the name, whatever its case; then the user is told. userId is that of
-// the user being edited, whose own name is no duplicate; -1 makes every user count.
+// Whether another user has the name, as it is shown before the first "(" or as it is stored,
+// whatever its case; then the administrator is told. userId is that of the user being edited, whose
+// own name is no duplicate; -1 makes every user count.
 bool IsDuplicateUser(const app::mGlobal& global, const controls::TreeNodes& usersTree,
                      std::wstring_view name, std::int32_t userId);
 

@@ -184,14 +184,7 @@ bool GroupDialog::IsNameAccepted() {
     app::MQVXMsgBox(global).ShowInformation(Text(app::kGroupNameReserved));
     return false;
   }
-  if (IsDuplicateGroup(global, exchange_.groupsTree.Nodes(), name, GroupID)) return false;
-  // Under its display form a protected group is no duplicate of its stored name. A second group of
-  // that name would take its place, and its protection, at the next start.
-  if (txtGroupName.Enabled() && IsReservedGroupName(name)) {
-    app::MQVXMsgBox(global).ShowInformation(Text(app::kGroupNameReserved));
-    return false;
-  }
-  return true;
+  return !IsDuplicateGroup(global, exchange_.groupsTree.Nodes(), name, GroupID);
 }
 
 void GroupDialog::ReturnToName() {

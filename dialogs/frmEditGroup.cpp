@@ -18,6 +18,7 @@ app::Outcome frmEditGroup::LoadDialog() {
   IsRemoveAdmin = true;
   adminUserId_ = 0;
   keepsMembers_ = false;
+  loadedName_.clear();
   SettingControls(app::kEditGroupTitle);
   exchange_.accountGone = !ReadGroup();
   if (exchange_.accountGone || FillLists() == app::Outcome::kFailed) return app::Outcome::kFailed;
@@ -32,8 +33,8 @@ bool frmEditGroup::ReadGroup() {
   group_ = Connection().OpenResultSet(data::SqlSelectGroup(GroupID));
   const bool found = !group_->EndOfRows();
   for (; !group_->EndOfRows(); group_->MoveNext()) {
-    const std::wstring name = group_->Column(1).Text();
-    txtGroupName.SetText(Server().GetDisplayName(data::Trim(name), data::kGroupName));
+    loadedName_ = TrimmedName(GroupID, group_->Column(1).Text());
+    txtGroupName.SetText(Server().GetDisplayName(loadedName_, data::kGroupName));
     if (group_->Column(2).IsNullOrEmpty()) continue;
     const std::wstring description = group_->Column(2).Text();
     txtDesc.SetText(Server().GetDisplayName(data::Trim(description), data::kGroupDescription));
@@ -61,9 +62,12 @@ app::Outcome frmEditGroup::SelectListItem(std::int32_t groupId, List index) {
   });
 }
 
-// Nobody leaves Everyone, and nobody, Admin least of all, is taken out of Administrators here.
+// Nobody leaves Everyone, and nobody, Admin least of all, is taken out of Administrators here. The
+// name as stored decides where it is one of the two; a server that does not map the displayed form
+// back must not cost the group its protection.
 void frmEditGroup::ProtectGroup() {
-  const std::wstring name = RecognisedName(TypedName());
+  const std::wstring recognised = RecognisedName(TypedName());
+  const std::wstring& name = IsReservedGroupName(loadedName_) ? loadedName_ : recognised;
   if (!IsReservedGroupName(name)) return;
   txtGroupName.SetEnabled(false);
   if (name == L"Everyone") {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "dialogs/GroupDialog.h"
 
@@ -31,6 +32,7 @@ class frmEditGroup : public GroupDialog {
   app::Outcome EditGroupUser();
   app::Outcome EditGroupPermissions();
 
+  std::wstring loadedName_;  // as stored
   // The group's row, open from the load to the save.
   std::unique_ptr<data::ResultSet> group_;
 };

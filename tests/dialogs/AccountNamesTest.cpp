@@ -59,6 +59,23 @@ TEST_F(AccountNames, PartOfANameIsAnotherName) {
   EXPECT_FALSE(IsUserTaken(L"Martin (Jean Martin)"));
 }
 
+TEST_F(AccountNames, ANameIsTakenByTheNameThatIsStored) {
+  tree.SetStoredName(Add(kGroup, 2, L"Tout le monde (Tous)"), L"Everyone");
+  for (const wchar_t* name : {L"Everyone", L"everyone", L"EVERYONE", L"tout le monde"}) {
+    ExpectTold("Ce groupe existe déjà.");
+    EXPECT_TRUE(IsDuplicateGroup(global, tree, name, 12));
+    EXPECT_FALSE(IsDuplicateGroup(global, tree, name, 2));
+  }
+  EXPECT_FALSE(IsDuplicateGroup(global, tree, L"Every", 12));
+}
+
+TEST_F(AccountNames, AStoredNameCountsWithWhatItHasInParentheses) {
+  tree.SetStoredName(Add(kUser, 9, L"Martin (Paris) (Jean Martin)"), L"Martin (Paris)");
+  ExpectTold("Cet utilisateur existe déjà.");
+  EXPECT_TRUE(IsUserTaken(L"MARTIN (PARIS)"));
+  EXPECT_FALSE(IsUserTaken(L"Martin (Lyon)"));
+}
+
 TEST_F(AccountNames, AnAccentMakesAnotherName) {
   Add(kUser, 9, L"Andre");
   EXPECT_FALSE(IsUserTaken(L"Andr\x00E9"));

@@ -47,6 +47,17 @@ TEST_F(GroupNameChecks, AnEmptyNameIsRefused) {
   });
 }
 
+TEST_F(GroupNameChecks, ARefusedNameIsSelectedAlsoWhenEnterWasPressedInIt) {
+  New([this](frmNewGroup& dialog) {
+    user.Type(dialog.txtGroupName, L"laboratoire");
+    ASSERT_EQ(dialog.txtGroupName.SelLength(), 0);
+    ExpectInformation(kTaken);
+    user.PressKey(dialog, test_support::kKeyEnter);
+    ExpectNameSelected(dialog);
+    Leave(dialog);
+  });
+}
+
 TEST_F(GroupNameChecks, ANameOfOnlyBlanksIsRefusedBeforeTheDuplicateTest) {
   New([this](frmNewGroup& dialog) {
     user.Type(dialog.txtGroupName, L"   ");
@@ -80,11 +91,19 @@ TEST_F(GroupNameChecks, AReservedNameIsRefusedInTheFormInWhichItIsShown) {
   });
 }
 
-TEST_F(GroupNameChecks, NoOtherGroupIsGivenTheStoredNameOfAProtectedOne) {
+// Though they are shown as "Administrateurs" and "Tout le monde".
+TEST_F(GroupNameChecks, NoOtherGroupIsGivenTheStoredNameOfAProtectedOneInAnyCase) {
   Edit(12, [this](frmEditGroup& dialog) {
-    for (const wchar_t* name : {L"Administrators", L" Everyone "}) {
+    for (const wchar_t* name : {L"Administrators", L" Everyone ", L"everyone", L"ADMINISTRATORS"}) {
       user.Type(dialog.txtGroupName, name);
-      ExpectRefused(dialog, kReserved);
+      ExpectRefused(dialog, kTaken);
+    }
+    Leave(dialog);
+  });
+  New([this](frmNewGroup& dialog) {
+    for (const wchar_t* name : {L"everyone", L"EVERYONE", L"administrators"}) {
+      user.Type(dialog.txtGroupName, name);
+      ExpectRefused(dialog, kTaken);
     }
     Leave(dialog);
   });

@@ -108,6 +108,44 @@ TEST_F(ProtectedGroup, WithoutDisplayFormsTheNamesThemselvesAreRecognised) {
   EXPECT_EQ(RowOf(1)[0], "Administrators");
 }
 
+TEST_F(ProtectedGroup, TheStoredNameProtectsWhereTheDisplayedOneIsNotMappedBack) {
+  Raw().Execute("DELETE FROM QRDISPLAY WHERE CODE = 114");
+  Start();
+  Edit(1, [this](frmEditGroup& dialog) {
+    EXPECT_EQ(dialog.txtGroupName.Text(), L"Administrateurs");
+    EXPECT_FALSE(dialog.txtGroupName.Enabled());
+    EXPECT_FALSE(dialog.List1[dialog.kPermissions].Enabled());
+    EXPECT_FALSE(dialog.cmdBtn[dialog.kRemove].Enabled());
+    EXPECT_FALSE(dialog.IsRemoveAdmin);
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_EQ(RowOf(1)[0], "Administrators");
+  Edit(2, [](frmEditGroup& dialog) {
+    EXPECT_EQ(dialog.txtGroupName.Text(), L"Tout le monde");
+    EXPECT_FALSE(dialog.txtGroupName.Enabled());
+    EXPECT_FALSE(dialog.List1[dialog.kMembers].Enabled());
+    dialog.Unload();
+  });
+}
+
+// Remove is off for Administrators; the rule must hold wherever the button is on.
+TEST_F(ProtectedGroup, AdminIsNotRemovedWhereHeMayNotBeTakenOut) {
+  Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (1, 12)");
+  Edit(12, [this](frmEditGroup& dialog) {
+    dialog.IsRemoveAdmin = false;
+    controls::ListBox& members = dialog.List1[dialog.kMembers];
+    user.Choose(members, ItemOf(members, 1));
+    ExpectInformation(L"Impossible de supprimer l'utilisateur de 'Admin' le groupe.");
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
+    EXPECT_EQ(members.ListCount(), 4);
+    user.Choose(members, ItemOf(members, 9));
+    user.Click(dialog.cmdBtn[dialog.kRemove]);
+    EXPECT_EQ(members.ListCount(), 3);
+    user.Click(dialog.cmdOK);
+  });
+  EXPECT_EQ(MembersOf(12), (Ids{1, 34, 38}));
+}
+
 TEST_F(ProtectedGroup, AnotherCaseIsAnotherGroup) {
   Raw().Execute("UPDATE QRGROUP SET NAME = 'administrators' WHERE GROUPID = 12");
   Edit(12, [](frmEditGroup& dialog) {
