@@ -71,7 +71,6 @@ void GroupDialog::SetLayout() {
 
 void GroupDialog::SetEvents() {
   for (controls::TextBox* box : {&txtGroupName, &txtDesc}) {
-    SelectAllOnFocus(*box);
     box->Change = [this] { bChanged = true; };
   }
   for (int Index : List1.Numbers()) List1[Index].ItemCheck = [this](int) { bChanged = true; };

@@ -1,14 +1,12 @@
 #include "dialogs/SelectAll.h"
 
+#include <limits>
+
 namespace dialogs {
 
 void SelectAll(controls::TextBox& box) {
   box.SetSelStart(0);
-  box.SetSelLength(static_cast<int>(box.Text().size()));
-}
-
-void SelectAllOnFocus(controls::TextBox& box) {
-  box.GotFocus = [&box] { SelectAll(box); };
+  box.SetSelLength(std::numeric_limits<int>::max());  // without a copy of what may be a password
 }
 
 }  // namespace dialogs

@@ -4,10 +4,8 @@
 
 namespace dialogs {
 
-// Selects the whole text of a box.
+// Selects the whole text of a box, also of one that has the focus already. A box that gets the
+// focus does so by itself.
 void SelectAll(controls::TextBox& box);
-
-// Makes a box select its whole text whenever it gets the focus.
-void SelectAllOnFocus(controls::TextBox& box);
 
 }  // namespace dialogs

@@ -6,7 +6,6 @@
 #include "data/MSQLStatement.h"
 #include "data/ProtectedId.h"
 #include "data/Text.h"
-#include "dialogs/SelectAll.h"
 #include "resources/ResourceIds.h"
 
 namespace dialogs {
@@ -88,7 +87,6 @@ void UserDialog::SetLayout() {
 
 void UserDialog::SetEvents() {
   for (TextBox* box : {&txtUserName, &txtFullName, &txtPassword, &txtVerify}) {
-    SelectAllOnFocus(*box);
     box->Change = [this] { bChanged = true; };
   }
   SetPasswordEvents();

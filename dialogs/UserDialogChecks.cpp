@@ -7,6 +7,7 @@
 #include "app/MQVXMsgBox.h"
 #include "app/StringIds.h"
 #include "controls/Desktop.h"
+#include "data/SecretText.h"
 #include "data/Text.h"
 #include "dialogs/AccountNames.h"
 #include "dialogs/SelectAll.h"
@@ -40,12 +41,13 @@ void UserDialog::SetPasswordEvents() {
 
 void UserDialog::txtPassword_Change() {
   bChanged = true;
-  if (!CheckPasswordLenth(Length(txtPassword.Text()))) CutPassword(txtPassword);
+  const data::SecretText typed(txtPassword.Text());
+  if (!CheckPasswordLenth(Length(typed))) CutPassword(txtPassword);
 }
 
 void UserDialog::txtVerify_Change() {
   bChanged = true;
-  const std::wstring typed = txtVerify.Text();
+  const data::SecretText typed(txtVerify.Text());
   if (!CheckPasswordLenth(Length(Counted(typed)))) CutPassword(txtVerify);
 }
 
@@ -59,8 +61,9 @@ bool UserDialog::CheckPasswordLenth(std::int16_t IntLen) {
 }
 
 void UserDialog::CutPassword(controls::TextBox& box) {
-  const std::wstring kept = box.Text().substr(0, kLongestPassword);
-  box.SetText(kept);
+  const data::SecretText typed(box.Text());
+  const data::SecretText kept(typed.Text().substr(0, kLongestPassword));
+  box.SetText(kept.Text());
   box.SetSelStart(0);
   box.SetSelLength(static_cast<int>(Counted(kept).size()));
 }
@@ -74,7 +77,7 @@ bool UserDialog::IsNameGiven() {
 }
 
 bool UserDialog::IsPasswordLongEnough() {
-  const std::wstring typed = txtPassword.Text();
+  const data::SecretText typed(txtPassword.Text());
   if (data::Trim(typed).size() >= kShortestPassword) return true;
   exchange_.global.desktop.Beep();
   app::MQVXMsgBox(exchange_.global).ShowPasswordTooShort();
@@ -83,7 +86,9 @@ bool UserDialog::IsPasswordLongEnough() {
 }
 
 bool UserDialog::IsPasswordConfirmed() {
-  if (txtPassword.Text() == txtVerify.Text()) return true;
+  const data::SecretText typed(txtPassword.Text());
+  const data::SecretText verified(txtVerify.Text());
+  if (typed.Text() == verified.Text()) return true;
   app::MQVXMsgBox(exchange_.global).ShowPasswordMismatch();
   ReturnToPassword();
   return false;

@@ -27,6 +27,7 @@ app::Outcome frmEditUser::FillControls() {
 bool frmEditUser::ReadUser() {
   rows_ = Connection().OpenResultSet(data::SqlSelectUser(UserID));
   const bool found = !rows_->EndOfRows();
+  std::wstring password;
   for (; !rows_->EndOfRows(); rows_->MoveNext()) {
     const std::wstring name = rows_->Column(1).Text();
     strUserName = data::Trim(name);
@@ -35,14 +36,21 @@ bool frmEditUser::ReadUser() {
       const std::wstring fullName = rows_->Column(2).Text();
       txtFullName.SetText(std::wstring(data::Trim(fullName)));
     }
-    if (!rows_->Column(3).IsNullOrEmpty()) {
-      const std::wstring stored = rows_->Column(3).Text();
-      strPassword = Server().DecryptPassword(data::Trim(stored), UserID);
-      txtPassword.SetText(strPassword);
-      txtVerify.SetText(strPassword);
-    }
+    if (!rows_->Column(3).IsNullOrEmpty()) password = rows_->Column(3).Text();
   }
+  if (!password.empty()) ReadPassword(data::Trim(password));
   return found;
+}
+
+// A password that cannot be read is reported and its boxes stay empty. The account can be edited
+// all the same: no password passes the checks before a new one is typed.
+void frmEditUser::ReadPassword(std::wstring_view stored) {
+  const app::Outcome read = Reported(L"Form Load", [&] {
+    strPassword = data::SecretText(Server().DecryptPassword(stored, UserID));
+  });
+  isPasswordKnown_ = read == app::Outcome::kDone;
+  txtPassword.SetText(strPassword.Text());
+  txtVerify.SetText(strPassword.Text());
 }
 
 app::Outcome frmEditUser::FillLists() {
@@ -76,13 +84,12 @@ void frmEditUser::Form_Unload(bool& cancel) {
   if (!cancel) ForgetUser();
 }
 
-// The password is overwritten, not merely given back to the heap.
 void frmEditUser::ForgetUser() {
   rows_.reset();
   strUserName.clear();
   strAdminName.clear();
-  for (volatile wchar_t& character : strPassword) character = 0;
-  strPassword.clear();
+  strPassword = {};
+  isPasswordKnown_ = true;
 }
 
 void frmEditUser::KeepName(std::int32_t groupId, const std::wstring& name) {
@@ -113,9 +120,9 @@ bool frmEditUser::IsAccepted() {
 // Both boxes are taken as patterns for the password as loaded, so that it is not compared when it
 // was not touched.
 bool frmEditUser::IsPasswordKept() const {
-  const std::wstring typed = txtPassword.Text();
-  const std::wstring verified = txtVerify.Text();
-  return data::Like(strPassword, data::Trim(typed)) &&
+  const data::SecretText typed(txtPassword.Text());
+  const data::SecretText verified(txtVerify.Text());
+  return isPasswordKnown_ && data::Like(strPassword, data::Trim(typed)) &&
          data::Like(strPassword, data::Trim(verified));
 }
 
@@ -146,7 +153,7 @@ bool frmEditUser::ChangeRow() {
     if (rows_->Column(0).Integer() != UserID) continue;
     const std::wstring name = txtUserName.Text();
     const std::wstring fullName = txtFullName.Text();
-    const std::wstring password = txtPassword.Text();
+    const data::SecretText password(txtPassword.Text());
     data::FieldValue newFullName;
     data::FieldValue newPassword;
     if (!data::Trim(fullName).empty()) newFullName = fullName;

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "app/StringIds.h"
+#include "data/SecretText.h"
 #include "dialogs/UserDialog.h"
 
 namespace dialogs {
@@ -37,6 +38,7 @@ class frmEditUser : public UserDialog {
  private:
   // False when the user has no row any more.
   bool ReadUser();
+  void ReadPassword(std::wstring_view stored);
   app::Outcome FillLists();
   app::Outcome SelectListItem(std::int32_t userId, List index);
   void ForgetUser();
@@ -50,7 +52,8 @@ class frmEditUser : public UserDialog {
 
   std::unique_ptr<data::ResultSet> rows_;  // the user's row, from the load to the save
   std::wstring strUserName;                // as loaded
-  std::wstring strPassword;                // as loaded, plain; gone when the dialog is
+  data::SecretText strPassword;            // as loaded, plain
+  bool isPasswordKnown_ = true;            // unless what is stored cannot be read
   std::wstring strAdminName;
 };
 

@@ -3,6 +3,7 @@
 #include "data/Counters.h"
 #include "data/Lookup.h"
 #include "data/MSQLStatement.h"
+#include "data/SecretText.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
 
@@ -71,7 +72,7 @@ app::Outcome frmNewUser::NewUser() {
 void frmNewUser::AddUserRow(data::ResultSet& rows) {
   const std::wstring name = txtUserName.Text();
   const std::wstring fullName = txtFullName.Text();
-  const std::wstring password = txtPassword.Text();
+  const data::SecretText password(txtPassword.Text());
   rows.AddNew();
   rows.SetColumn(L"USERID", NewUserID);
   rows.SetColumn(L"NAME", std::wstring(data::Trim(name)));

@@ -18,17 +18,31 @@ class Boxes : public controls::Form {
  public:
   explicit Boxes(controls::Desktop& desktop) : Form(desktop, kBoxesForm) {}
 
-  void Form_Load() override {
-    SelectAllOnFocus(first);
-    SelectAllOnFocus(second);
-    second.SetText(L"Jean Martin");
-  }
+  void Form_Load() override { second.SetText(L"Jean Martin"); }
 
   controls::TextBox first{*this, kFirst};
   controls::TextBox second{*this, kSecond};
 };
 
-TEST(SelectAllInABox, HappensWheneverTheBoxGetsTheFocus) {
+TEST(SelectAllInABox, TakesTheWholeTextAlsoWhereTheBoxHasTheFocusAlready) {
+  controls::Desktop desktop;
+  test_support::User user(desktop);
+  Boxes form(desktop);
+  user.ExpectModal([&](controls::Form&) {
+    user.Focus(form.second);
+    form.second.SetSelStart(3);
+    ASSERT_EQ(form.second.SelLength(), 0);
+    SelectAll(form.second);
+    EXPECT_EQ(form.second.SelStart(), 0);
+    EXPECT_EQ(form.second.SelLength(), 11);
+    SelectAll(form.first);
+    EXPECT_EQ(form.first.SelLength(), 0);
+    form.Unload();
+  });
+  desktop.Run(form);
+}
+
+TEST(SelectAllInABox, IsDoneByTheBoxWheneverItGetsTheFocus) {
   controls::Desktop desktop;
   test_support::User user(desktop);
   Boxes form(desktop);

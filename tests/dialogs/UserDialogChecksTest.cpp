@@ -43,6 +43,17 @@ TEST_F(UserDialogChecks, ANameOfBlanksIsNone) {
   Edit(kMartin, refuse);
 }
 
+TEST_F(UserDialogChecks, ARefusedNameIsSelectedAlsoWhenEnterWasPressedInIt) {
+  Edit(kMartin, [this](frmEditUser& dialog) {
+    user.Type(dialog.txtUserName, L"roux");
+    ASSERT_EQ(dialog.txtUserName.SelLength(), 0);
+    ExpectInformation(kTaken);
+    user.PressKey(dialog, test_support::kKeyEnter);
+    ExpectFocusWithAllSelected(dialog.txtUserName);
+    Discard(dialog);
+  });
+}
+
 TEST_F(UserDialogChecks, APasswordOf5CharactersOrOfBlanksIsTooShort) {
   const auto refuse = [this](UserDialog& dialog) {
     int beeps = user.BeepCount();
