@@ -85,6 +85,8 @@ void frmAddUserInGroup::SetEvents() {
     // A double-click moves the item as the single arrow below its list does.
     List1[index].DblClick = [this, index] { cmdBtn_Click(MoveButton(index)); };
     txtUserName[index].Change = [this, index] { txtUserName_Change(index); };
+    txtUserName[index].GotFocus = [this] { ChooseDefaultButton(); };
+    txtUserName[index].LostFocus = [this] { ChooseDefaultButton(); };
   }
   for (int Index : cmdBtn.Numbers()) {
     cmdBtn[Index].Click = [this, Index] { cmdBtn_Click(Index); };

@@ -81,6 +81,7 @@ class frmAddUserInGroup : public EditingDialog {
   static List OtherList(List list) { return list == kOthers ? kMembers : kOthers; }
   static Button MoveButton(List from) { return from == kOthers ? kAdd : kRemove; }
 
+  void ChooseDefaultButton();
   void txtUserName_Change(List index);
   void cmdBtn_Click(int Index);
   void MoveAll(const wchar_t* procedure, List from);

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "app/MQVXMsgBox.h"
-#include "controls/SortKey.h"
+#include "data/Collation.h"
 #include "data/ProtectedId.h"
 #include "data/Text.h"
 #include "dialogs/frmAddUserInGroup.h"
@@ -16,20 +16,20 @@ namespace {
 
 // The key of a name with a sign after it, so that the name comes after every beginning of it.
 std::string KeyAfter(const std::wstring& name) {
-  return controls::SortKey(std::wstring(data::Trim(name)) + L"*");
+  return data::CollationKey(std::wstring(data::Trim(name)) + L"*");
 }
 
 // The first item that begins with the typed text, or else the first that follows it. Where none
 // follows, the last one that at least begins with the same letter: who types "mz" is shown the end
 // of the names in M. -1 for none.
 int FindByFirstLetters(const ListBox& list, std::wstring_view typed) {
-  const std::string wanted = controls::SortKey(typed);
-  const std::string letter = controls::SortKey(typed.substr(0, 1));
+  const std::string wanted = data::CollationKey(typed);
+  const std::string letter = data::CollationKey(typed.substr(0, 1));
   int found = -1;
   for (int i = 0; i < list.ListCount(); ++i) {
     const std::wstring name = list.List(i);
     if (KeyAfter(name) > wanted) return i;
-    if (controls::SortKey(data::Trim(name).substr(0, 1)) == letter) found = i;
+    if (data::CollationKey(data::Trim(name).substr(0, 1)) == letter) found = i;
   }
   return found;
 }
@@ -46,8 +46,22 @@ void AddSelected(ListBox& list, const std::vector<ListItem>& items) {
 
 }  // namespace
 
+// Enter in a search box moves the user that was found; in an empty one, and everywhere else, it is
+// OK.
+void frmAddUserInGroup::ChooseDefaultButton() {
+  for (const List index : {kOthers, kMembers}) {
+    const std::wstring text = txtUserName[index].Text();
+    if (txtUserName[index].HasFocus() && !data::Trim(text).empty()) {
+      SetDefaultButton(cmdBtn[MoveButton(index)]);
+      return;
+    }
+  }
+  SetDefaultButton(cmdOK);
+}
+
 // A list with a single item is never searched.
 void frmAddUserInGroup::txtUserName_Change(List index) {
+  ChooseDefaultButton();
   static_cast<void>(Reported(L"txtUserName_Change", [&] {
     ListBox& list = List1[index];
     if (list.ListCount() < 2) return;

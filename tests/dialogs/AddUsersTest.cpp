@@ -1,7 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "GroupDialogs.h"
+#include "data/Collation.h"
 #include "data/MSQLStatement.h"
+#include "data/Text.h"
 #include "resources/ResourceIds.h"
 
 namespace dialogs_test {
@@ -203,6 +207,89 @@ TEST_F(AddUsersToGroup, AllAreMovedInListOrderAndTheButtonsFollow) {
     EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 0);
     ExpectButtons(dialog, true, false);
     Leave(dialog);
+  });
+}
+
+TEST_F(AddUsersToGroup, AButtonThatEmptiesAListHandsTheFocusToIt) {
+  KeepUsers("2, 3, 9, 34");
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    user.Click(dialog.cmdBtn[dialog.kAddAll]);
+    EXPECT_TRUE(dialog.List1[dialog.kOthers].HasFocus());
+    user.Click(dialog.cmdBtn[dialog.kRemoveAll]);
+    EXPECT_TRUE(dialog.List1[dialog.kMembers].HasFocus());
+    Leave(dialog);
+  });
+}
+
+TEST_F(AddUsersToGroup, EnterInASearchBoxMovesTheUserThatWasFound) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    user.Type(dialog.txtUserName[dialog.kOthers], L"bern");
+    user.PressKey(dialog, test_support::kKeyEnter);
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38, 3}));
+    EXPECT_TRUE(dialog.txtUserName[dialog.kOthers].HasFocus());
+    user.Type(dialog.txtUserName[dialog.kMembers], L"mart");
+    user.PressKey(dialog, test_support::kKeyEnter);
+    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{34, 38, 3}));
+    ASSERT_TRUE(dialog.IsLoaded());
+    user.Type(dialog.txtUserName[dialog.kOthers], L" ");
+    ASSERT_EQ(dialog.txtUserName[dialog.kOthers].Text(), L"");
+    user.PressKey(dialog, test_support::kKeyEnter);
+    EXPECT_FALSE(dialog.IsLoaded());
+  });
+  EXPECT_TRUE(exchange.AddNode);
+  EXPECT_EQ(MembersOf(12), (Ids{3, 9, 34, 38}));  // who was moved out while others stayed keeps his
+}
+
+TEST_F(AddUsersToGroup, EnterElsewhereIsOkAlsoAfterASearch) {
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    user.Type(dialog.txtUserName[dialog.kOthers], L"bern");
+    user.Focus(dialog.List1[dialog.kOthers]);
+    user.PressKey(dialog, test_support::kKeyEnter);
+    EXPECT_FALSE(dialog.IsLoaded());
+  });
+  EXPECT_EQ(MembersOf(12), (Ids{9, 34, 38}));
+}
+
+TEST_F(AddUsersToGroup, EnterInASearchBoxOverAnEmptyListDoesNothing) {
+  KeepUsers("9, 34");
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    ASSERT_EQ(dialog.List1[dialog.kOthers].ListCount(), 0);
+    user.Type(dialog.txtUserName[dialog.kOthers], L"bern");
+    user.PressKey(dialog, test_support::kKeyEnter);
+    EXPECT_TRUE(dialog.IsLoaded());
+    dialog.Unload();
+  });
+}
+
+// 30,000 users of French names, in the order in which the server gives them.
+TEST_F(AddUsersToGroup, TheSearchFindsEveryNameOfAFullListWithAccents) {
+  std::vector<std::wstring> names = {L"Œuvrard", L"de La Rochefoucauld", L"émile.sch",
+                                     L"Fabrice.Arnaud", L"Emilie.Schmitt"};
+  const wchar_t* const firstNames[] = {L"Élodie", L"andré",    L"Zoé",
+                                       L"Œdipe",  L"jean-luc", L"D'Arc"};
+  const wchar_t* const lastNames[] = {L"Schœlcher", L"de Boër", L"Müller", L"çelik", L"Noël"};
+  for (int i = 0; names.size() < 30000; ++i) {
+    names.push_back(std::wstring(firstNames[i % 6]) + L"." + lastNames[i % 5] + data::Decimal(i));
+  }
+  std::stable_sort(names.begin(), names.end(), [](const auto& left, const auto& right) {
+    return data::CollationKey(left) < data::CollationKey(right);
+  });
+  AddUsers(12, [&](frmAddUserInGroup& dialog) {
+    {
+      const controls::ListBox::Update update(dialog.List1[dialog.kOthers]);
+      dialog.List1[dialog.kOthers].Clear();
+      for (const std::wstring& name : names) dialog.List1[dialog.kOthers].AddItem(name);
+    }
+    EXPECT_EQ(Search(dialog, dialog.kOthers, L"oeuvr"), L"Œuvrard");
+    EXPECT_EQ(Search(dialog, dialog.kOthers, L"Œuv"), L"Œuvrard");
+    EXPECT_EQ(Search(dialog, dialog.kOthers, L"de la r"), L"de La Rochefoucauld");
+    EXPECT_EQ(Search(dialog, dialog.kOthers, L"émile.sch"), L"émile.sch");
+    EXPECT_EQ(Search(dialog, dialog.kOthers, L"emile"), L"émile.sch");
+    EXPECT_EQ(Search(dialog, dialog.kOthers, L"fabrice"), L"Fabrice.Arnaud");
+    for (std::size_t i = 0; i < names.size(); i += 997) {
+      EXPECT_EQ(Search(dialog, dialog.kOthers, names[i]), names[i]);
+    }
+    dialog.Unload();
   });
 }
 
