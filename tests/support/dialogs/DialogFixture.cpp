@@ -14,7 +14,7 @@ void DialogFixture::Start(std::wstring_view userName) {
 }
 
 void DialogFixture::Stop() {
-  log.FailAt = {};
+  FailNothing();
   window.Unload();
 }
 
@@ -40,6 +40,21 @@ void DialogFixture::FailAt(const std::wstring& call) {
     failedCall_ = current;
     return kInjected;
   };
+}
+
+void DialogFixture::FailAtRowStep(std::size_t position) {
+  failedCall_.clear();
+  rowSteps_ = 0;
+  log.FailInside = [this, position](const std::wstring& step) {
+    if (rowSteps_++ != position) return 0L;
+    failedCall_ = step;
+    return kInjected;
+  };
+}
+
+void DialogFixture::FailNothing() {
+  log.FailAt = {};
+  log.FailInside = {};
 }
 
 void DialogFixture::ExpectReport(const std::wstring& procedure, const std::wstring& call,

@@ -41,6 +41,11 @@ class DialogFixture : public MainWindowFixture {
   void FailAtPosition(std::size_t position);
   // Lets every call of this text fail.
   void FailAt(const std::wstring& call);
+  // The same for the steps within result sets, of which a test asks how many there were.
+  void FailAtRowStep(std::size_t position);
+  std::size_t RowStepsTaken() const { return rowSteps_; }
+  // Lets nothing fail any more.
+  void FailNothing();
   // Whether the failure asked for last has happened.
   bool HasFailed() const { return !failedCall_.empty(); }
   const std::wstring& FailedCall() const { return failedCall_; }
@@ -63,6 +68,7 @@ class DialogFixture : public MainWindowFixture {
 
  private:
   std::wstring failedCall_;
+  std::size_t rowSteps_ = 0;
 };
 
 }  // namespace test_support
