@@ -60,6 +60,9 @@ std::wstring_view TextOf(SessionError error) {
       return L"La ligne a été modifiée ou supprimée par quelqu'un d'autre.";
     case kReadNotBegun:
       return L"Aucune lecture n'est en cours.";
+    case kDatabasePasswordUnreadable:
+      return L"Le fichier « % », qui contient le mot de passe de la base de données, est "
+             L"illisible.";
   }
   return {};
 }

@@ -32,15 +32,19 @@ struct OpenSource {
   server::PasswordCipher passwords;
 };
 
+std::string ReadLine(const Surroundings& surroundings) {
+  std::string line;
+  std::getline(surroundings.in, line);
+  if (line.ends_with('\r')) line.pop_back();
+  return line;
+}
+
 std::wstring Password(const Arguments& arguments, const Surroundings& surroundings) {
   if (arguments.Has("--password") == arguments.Has("--password-stdin")) {
     throw UsageError("give either --password or --password-stdin");
   }
   if (arguments.Has("--password")) return data::FromUtf8(arguments.Value("--password"));
-  std::string line;
-  std::getline(surroundings.in, line);
-  if (line.ends_with('\r')) line.pop_back();
-  return data::FromUtf8(line);
+  return data::FromUtf8(ReadLine(surroundings));
 }
 
 void RequireEmpty(server::Engine& engine) {
@@ -60,6 +64,40 @@ void MakeRoom(const server::DataSources& sources, const std::string& name,
   journal += "-journal";
   std::filesystem::remove(file);
   std::filesystem::remove(journal);
+}
+
+void CreateFileDatabase(const Arguments& arguments, const Surroundings& surroundings,
+                        const std::string& name) {
+  if (arguments.Has("--user") || arguments.Has("--password-stdin")) {
+    throw UsageError("--user and --password-stdin go with --odbc");
+  }
+  const std::filesystem::path file = server::PathFromUtf8(arguments.Value("--file"));
+  if (file.empty()) throw UsageError("--file is empty");
+  const server::DataSources sources(surroundings.home);
+  MakeRoom(sources, name, file, arguments.Has("--force"));
+  server::CreateDatabase(sources, name, file);
+}
+
+// What is in a database server is never replaced, only the data source that names it.
+void CreateOdbcDatabase(const Arguments& arguments, const Surroundings& surroundings,
+                        const std::string& name) {
+  server::OdbcDescription odbc;
+  odbc.connectionString = arguments.Value("--odbc");
+  if (odbc.connectionString.empty()) throw UsageError("--odbc is empty");
+  if (odbc.connectionString.find_first_of("\r\n") != std::string::npos) {
+    throw UsageError("--odbc must be one line");
+  }
+  if (server::NamesPassword(odbc.connectionString)) {
+    throw UsageError("the password must not stand in --odbc; give it with --password-stdin");
+  }
+  if (arguments.Has("--user")) odbc.user = arguments.Value("--user");
+  const std::string password =
+      arguments.Has("--password-stdin") ? ReadLine(surroundings) : std::string();
+  const server::DataSources sources(surroundings.home);
+  if (!arguments.Has("--force") && sources.Exists(name)) {
+    throw CommandError("data source " + name + " exists already; --force replaces it");
+  }
+  server::CreateDatabase(sources, name, odbc, password);
 }
 
 std::string UtcTime(std::int64_t seconds) {
@@ -82,11 +120,14 @@ void CreateDatabase(const Arguments& arguments, const Surroundings& surroundings
   if (!server::DataSources::IsName(name)) {
     throw UsageError("--source takes up to 64 letters, digits, '-' and '_'");
   }
-  const std::filesystem::path file = server::PathFromUtf8(arguments.Value("--file"));
-  if (file.empty()) throw UsageError("--file is empty");
-  const server::DataSources sources(surroundings.home);
-  MakeRoom(sources, name, file, arguments.Has("--force"));
-  server::CreateDatabase(sources, name, file);
+  if (arguments.Has("--file") == arguments.Has("--odbc")) {
+    throw UsageError("give either --file or --odbc");
+  }
+  if (arguments.Has("--odbc")) {
+    CreateOdbcDatabase(arguments, surroundings, name);
+  } else {
+    CreateFileDatabase(arguments, surroundings, name);
+  }
 }
 
 void FillSample(const Arguments& arguments, const Surroundings& surroundings) {

@@ -23,6 +23,8 @@ std::string MessageOf(const data::RunTimeError& error) {
       return "the stored password cannot be read with the data source's key";
     case server::kKeyFileUnreadable:
       return "the data source's key file is missing, is no key or cannot be written";
+    case server::kDatabasePasswordUnreadable:
+      return "the file with the database's password is missing or cannot be read or written";
     case server::kRandomFailed:
       return "the system gives no random numbers";
     default:

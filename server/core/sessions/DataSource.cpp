@@ -1,8 +1,10 @@
 #include "server/core/sessions/DataSource.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdlib>
 #include <fstream>
+#include <map>
 
 #include "data/Text.h"
 #include "server/core/Errors.h"
@@ -28,6 +30,53 @@ std::string_view Trimmed(std::string_view text) {
   const std::size_t first = text.find_first_not_of(kBlanks);
   if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+// The lines of a description: NAME = VALUE.
+using Lines = std::map<std::string, std::string, std::less<>>;
+
+Lines ReadLines(std::istream& file) {
+  Lines lines;
+  for (std::string line; std::getline(file, line);) {
+    const std::size_t sign = line.find('=');
+    if (sign == std::string::npos) continue;
+    const std::string_view text(line);
+    lines[std::string(Trimmed(text.substr(0, sign)))] = Trimmed(text.substr(sign + 1));
+  }
+  return lines;
+}
+
+std::string_view ValueOf(const Lines& lines, std::string_view name) {
+  const auto found = lines.find(name);
+  return found == lines.end() ? std::string_view() : std::string_view(found->second);
+}
+
+// A time of at least a second; the given one where there is none.
+void ReadTime(const Lines& lines, std::string_view name, std::chrono::seconds& time) {
+  const std::string_view text = ValueOf(lines, name);
+  int seconds = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
+  if (error == std::errc() && end == text.data() + text.size() && seconds > 0) {
+    time = std::chrono::seconds(seconds);
+  }
+}
+
+OdbcDescription ReadOdbc(const Lines& lines) {
+  OdbcDescription odbc;
+  odbc.connectionString = ValueOf(lines, "odbc");
+  odbc.user = ValueOf(lines, "user");
+  odbc.passwordFile = PathFromUtf8(ValueOf(lines, "password"));
+  ReadTime(lines, "connect-time", odbc.connectTime);
+  ReadTime(lines, "statement-time", odbc.statementTime);
+  return odbc;
+}
+
+void WriteOdbc(std::ostream& file, const OdbcDescription& odbc) {
+  file << "odbc = " << odbc.connectionString << "\n";
+  if (!odbc.user.empty()) file << "user = " << odbc.user << "\n";
+  if (!odbc.passwordFile.empty()) file << "password = " << PathToUtf8(odbc.passwordFile) << "\n";
+  file << "connect-time = " << odbc.connectTime.count() << "\n"
+       << "statement-time = " << odbc.statementTime.count() << "\n";
 }
 
 bool IsNameLetter(char letter) {
@@ -65,37 +114,73 @@ DataSource DataSources::Find(std::string_view name) const {
   if (!IsName(name)) Fail(kSourceUnknown, wide);
   std::ifstream file(Description(name), std::ios::binary);
   if (!file) Fail(kSourceUnknown, wide);
+  const Lines lines = ReadLines(file);
   DataSource source;
   source.name = name;
-  for (std::string line; std::getline(file, line);) {
-    const std::size_t sign = line.find('=');
-    if (sign == std::string::npos) continue;
-    const std::string_view text(line);
-    const std::string_view value = Trimmed(text.substr(sign + 1));
-    if (Trimmed(text.substr(0, sign)) == "database") source.database = PathFromUtf8(value);
-    if (Trimmed(text.substr(0, sign)) == "key") source.keyFile = PathFromUtf8(value);
-  }
-  if (source.database.empty() || source.keyFile.empty()) Fail(kSourceUnreadable, wide);
+  source.database = PathFromUtf8(ValueOf(lines, "database"));
+  source.keyFile = PathFromUtf8(ValueOf(lines, "key"));
+  if (!ValueOf(lines, "odbc").empty()) source.odbc = ReadOdbc(lines);
+  const bool both = source.odbc && !source.database.empty();
+  const bool neither = !source.odbc && source.database.empty();
+  if (both || neither || source.keyFile.empty()) Fail(kSourceUnreadable, wide);
   return source;
 }
 
-DataSource DataSources::Create(std::string_view name, const std::filesystem::path& database) const {
-  const std::wstring wide = data::FromUtf8(name);
-  if (!IsName(name)) Fail(kSourceUnknown, wide);
-  DataSource source{std::string(name), std::filesystem::absolute(database),
-                    std::filesystem::absolute(home_ / "keys" / (std::string(name) + ".key"))};
+std::filesystem::path DataSources::Secret(std::string_view name, std::string_view ending) const {
+  return std::filesystem::absolute(home_ / "keys" / (std::string(name) + std::string(ending)));
+}
+
+// Writes the key and the description, which names it.
+void DataSources::Describe(const DataSource& source) const {
   std::error_code ignored;
   std::filesystem::create_directories(source.keyFile.parent_path(), ignored);
-  std::filesystem::create_directories(Description(name).parent_path(), ignored);
+  std::filesystem::create_directories(Description(source.name).parent_path(), ignored);
   std::filesystem::remove(source.keyFile, ignored);
   if (!WritePrivateFile(source.keyFile, RandomBytes(kKeySize))) {
     Fail(kKeyFileUnreadable, data::FromUtf8(PathToUtf8(source.keyFile)));
   }
-  std::ofstream file(Description(name), std::ios::binary);
-  file << "database = " << PathToUtf8(source.database) << "\n"
-       << "key = " << PathToUtf8(source.keyFile) << "\n";
-  if (!file.flush()) Fail(kSourceUnreadable, wide);
+  std::ofstream file(Description(source.name), std::ios::binary);
+  if (source.odbc) {
+    WriteOdbc(file, *source.odbc);
+  } else {
+    file << "database = " << PathToUtf8(source.database) << "\n";
+  }
+  file << "key = " << PathToUtf8(source.keyFile) << "\n";
+  if (!file.flush()) Fail(kSourceUnreadable, data::FromUtf8(source.name));
+}
+
+DataSource DataSources::Create(std::string_view name, const std::filesystem::path& database) const {
+  if (!IsName(name)) Fail(kSourceUnknown, data::FromUtf8(name));
+  DataSource source{std::string(name), std::filesystem::absolute(database), Secret(name, ".key")};
+  Describe(source);
   return source;
+}
+
+DataSource DataSources::Create(std::string_view name, OdbcDescription odbc,
+                               std::string_view password) const {
+  if (!IsName(name)) Fail(kSourceUnknown, data::FromUtf8(name));
+  const std::filesystem::path passwordFile = Secret(name, ".password");
+  std::error_code ignored;
+  std::filesystem::create_directories(passwordFile.parent_path(), ignored);
+  std::filesystem::remove(passwordFile, ignored);
+  if (!password.empty()) {
+    if (!WriteSecret(passwordFile, password)) {
+      Fail(kDatabasePasswordUnreadable, data::FromUtf8(PathToUtf8(passwordFile)));
+    }
+    odbc.passwordFile = passwordFile;
+  }
+  DataSource source{std::string(name), {}, Secret(name, ".key"), std::move(odbc)};
+  Describe(source);
+  return source;
+}
+
+std::string ReadDatabasePassword(const DataSource& source) {
+  if (!source.odbc || source.odbc->passwordFile.empty()) return {};
+  std::optional<std::string> password = ReadSecret(source.odbc->passwordFile);
+  if (!password) {
+    Fail(kDatabasePasswordUnreadable, data::FromUtf8(PathToUtf8(source.odbc->passwordFile)));
+  }
+  return *std::move(password);
 }
 
 std::string ReadKey(const DataSource& source) {

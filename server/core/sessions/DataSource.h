@@ -1,21 +1,37 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace server {
 
-// A named database: where its file is and where the key of its passwords is kept.
-struct DataSource {
-  std::string name;
-  std::filesystem::path database;
-  std::filesystem::path keyFile;
+// A database that is reached through ODBC.
+struct OdbcDescription {
+  std::string connectionString;        // UTF-8; holds no password
+  std::string user;                    // empty where the connection string or the system names him
+  std::filesystem::path passwordFile;  // empty where none is needed
+  // How long a connection and a statement may take.
+  std::chrono::seconds connectTime{10};
+  std::chrono::seconds statementTime{30};
 };
 
-// The folder that the data sources of this machine are described in: sources/NAME.ini holds two
-// lines, "database = PATH" and "key = PATH" in UTF-8, keys/NAME.key the key itself, which its owner
-// alone may read. A name has up to 64 ASCII letters, digits, '-' and '_'.
+// A named database: where it is and where the key of its passwords is kept.
+struct DataSource {
+  std::string name;
+  std::filesystem::path database;  // the file of an embedded database; empty for another
+  std::filesystem::path keyFile;
+  std::optional<OdbcDescription> odbc = std::nullopt;
+};
+
+// The folder that the data sources of this machine are described in: sources/NAME.ini holds lines
+// in UTF-8, "key = PATH" and either "database = PATH" or "odbc = CONNECTION STRING", the latter
+// with "user = NAME", "password = PATH", "connect-time = SECONDS" and "statement-time = SECONDS"
+// where they are wanted. keys/NAME.key is the key itself and keys/NAME.password the database's
+// password, which their owner alone may read. A name has up to 64 ASCII letters, digits, '-' and
+// '_'.
 class DataSources {
  public:
   explicit DataSources(std::filesystem::path home) : home_(std::move(home)) {}
@@ -32,15 +48,22 @@ class DataSources {
   // Describes a new source and makes a key for it. What was described under that name before is
   // replaced, its key included.
   DataSource Create(std::string_view name, const std::filesystem::path& database) const;
+  // The same for a database behind ODBC; the path of the password's file is filled in.
+  DataSource Create(std::string_view name, OdbcDescription odbc, std::string_view password) const;
 
  private:
   std::filesystem::path Description(std::string_view name) const;
+  std::filesystem::path Secret(std::string_view name, std::string_view ending) const;
+  void Describe(const DataSource& source) const;
 
   std::filesystem::path home_;
 };
 
 // The key of a data source. Raises kKeyFileUnreadable.
 std::string ReadKey(const DataSource& source);
+
+// The database's password; empty where none is needed. Raises kDatabasePasswordUnreadable.
+std::string ReadDatabasePassword(const DataSource& source);
 
 // Paths from and to UTF-8.
 std::filesystem::path PathFromUtf8(std::string_view text);

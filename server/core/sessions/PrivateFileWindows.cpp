@@ -2,9 +2,12 @@
 
 #include <windows.h>
 
+#include <dpapi.h>
 #include <sddl.h>
 
 #include <cstddef>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -63,6 +66,42 @@ bool WritePrivateFile(const std::filesystem::path& file, std::string_view bytes)
   DWORD written = 0;
   return WriteFile(raw, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) != 0 &&
          written == bytes.size();
+}
+
+namespace {
+
+DATA_BLOB BlobOf(std::string& bytes) {
+  return {static_cast<DWORD>(bytes.size()), reinterpret_cast<BYTE*>(bytes.data())};
+}
+
+std::string TakeBlob(const DATA_BLOB& blob) {
+  const Local<void> released(blob.pbData);
+  return {reinterpret_cast<const char*>(blob.pbData), blob.cbData};
+}
+
+}  // namespace
+
+bool WriteSecret(const std::filesystem::path& file, std::string_view text) {
+  std::string plain(text);
+  DATA_BLOB in = BlobOf(plain);
+  DATA_BLOB out{};
+  const BOOL done =
+      CryptProtectData(&in, nullptr, nullptr, nullptr, nullptr, CRYPTPROTECT_UI_FORBIDDEN, &out);
+  SecureZeroMemory(plain.data(), plain.size());
+  return done != 0 && WritePrivateFile(file, TakeBlob(out));
+}
+
+std::optional<std::string> ReadSecret(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) return std::nullopt;
+  std::string sealed(std::istreambuf_iterator<char>(stream), {});
+  DATA_BLOB in = BlobOf(sealed);
+  DATA_BLOB out{};
+  if (CryptUnprotectData(&in, nullptr, nullptr, nullptr, nullptr, CRYPTPROTECT_UI_FORBIDDEN,
+                         &out) == 0) {
+    return std::nullopt;
+  }
+  return TakeBlob(out);
 }
 
 }  // namespace server

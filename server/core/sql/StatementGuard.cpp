@@ -117,6 +117,7 @@ class Parser {
     const Token name = tokens_.ExpectName();
     const SchemaTable* const table = FindTable(name.text);
     if (table == nullptr) FailDatabase(L"no such table: " + tokens_.Piece(name));
+    tokens_.Respell(name, table->name);
     tables_.push_back(table);
     return *table;
   }
@@ -127,6 +128,9 @@ class Parser {
     if (tokens_.SkipSign('.')) {
       name.table = name.column;
       name.column = tokens_.ExpectName();
+      // Some engines tell the names of tables apart by their case.
+      const SchemaTable* const table = FindTable(name.table.text);
+      if (table != nullptr) tokens_.Respell(name.table, table->name);
     }
     return name;
   }

@@ -1,5 +1,7 @@
 #include "server/core/sql/StatementTokens.h"
 
+#include <algorithm>
+
 #include "data/Text.h"
 #include "server/core/Errors.h"
 
@@ -86,11 +88,25 @@ void StatementTokens::CopyUpTo(std::size_t place) {
 }
 
 void StatementTokens::LeaveOut(const Token& first, const Token& last) {
-  CopyUpTo(first.place);
-  copied_ = last.place;
+  // What was to be spelled differently in there is left out with it.
+  std::erase_if(changes_, [&](const Change& change) {
+    return change.place >= first.place && change.place < last.place;
+  });
+  changes_.push_back({first.place, last.place - first.place, {}});
+}
+
+void StatementTokens::Respell(const Token& name, std::string_view spelling) {
+  if (name.text != spelling) changes_.push_back({name.place, name.text.size(), spelling});
 }
 
 std::string StatementTokens::Sql() {
+  std::sort(changes_.begin(), changes_.end(),
+            [](const Change& left, const Change& right) { return left.place < right.place; });
+  for (const Change& change : changes_) {
+    CopyUpTo(change.place);
+    sql_ += change.text;
+    copied_ = change.place + change.size;
+  }
   CopyUpTo(text_.size());
   return sql_;
 }

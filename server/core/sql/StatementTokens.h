@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "server/core/sql/SchemaTables.h"
 #include "server/core/sql/StatementShape.h"
@@ -34,6 +35,8 @@ class StatementTokens {
   void ExpectEnd();
   // Keeps the shape from one token up to another out of the text for the engine.
   void LeaveOut(const Token& first, const Token& last);
+  // Puts a name in another spelling into the text for the engine.
+  void Respell(const Token& name, std::string_view spelling);
   // The text for the engine: the shape with a parameter for each literal.
   std::string Sql();
 
@@ -42,6 +45,13 @@ class StatementTokens {
   [[noreturn]] void FailAt(const Token& token) const;
 
  private:
+  // A piece of the shape that the engine gets differently.
+  struct Change {
+    std::size_t place;
+    std::size_t size;
+    std::string_view text;
+  };
+
   void Advance();
   void CopyUpTo(std::size_t place);
 
@@ -50,6 +60,7 @@ class StatementTokens {
   Token current_;
   std::size_t next_ = 0;
   std::size_t literals_ = 0;
+  std::vector<Change> changes_;
   std::string sql_;
   std::size_t copied_ = 0;
 };

@@ -1,0 +1,137 @@
+#include "server/engines/odbc/OdbcStatement.h"
+
+#include <algorithm>
+
+#include "server/engines/odbc/OdbcError.h"
+
+namespace server {
+namespace {
+
+bool IsSelect(std::string_view sql) {
+  return sql.starts_with("SELECT") || sql.starts_with("select");
+}
+
+// The longest text, in units, that drivers take for a usual one and not for a large object.
+constexpr std::size_t kUsualText = 4000;
+
+}  // namespace
+
+OdbcStatement::OdbcStatement(OdbcSession& session, std::string_view sql)
+    : session_(session),
+      reads_(IsSelect(sql)),
+      statement_(session.connection.NewStatement()),
+      rows_(statement_.Get(), session.dialect->textForm) {
+  if (reads_ && session.dialect->textForm == TextForm::kUtf8) {
+    Check(SQLSetStmtAttr(statement_.Get(), SQL_ATTR_CURSOR_TYPE,
+                         reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(SQL_CURSOR_STATIC)), 0));
+  }
+  OdbcText text = ToOdbc(sql);
+  Check(SQLPrepareW(statement_.Get(), text.data(), static_cast<SQLINTEGER>(text.size())));
+}
+
+void OdbcStatement::Check(SQLRETURN result) const {
+  if (!SQL_SUCCEEDED(result)) FailWith(DiagnosisOf(SQL_HANDLE_STMT, statement_.Get()));
+}
+
+OdbcStatement::Parameter& OdbcStatement::ParameterAt(int parameter) {
+  const auto count = static_cast<std::size_t>(parameter);
+  if (parameters_.size() < count) parameters_.resize(count);
+  return parameters_[count - 1];
+}
+
+void OdbcStatement::Bind(int parameter, std::int64_t number) {
+  Parameter& bound = ParameterAt(parameter);
+  bound.isNumber = true;
+  bound.number = number;
+  bound.length = 0;
+}
+
+void OdbcStatement::Bind(int parameter, std::string_view text) {
+  Parameter& bound = ParameterAt(parameter);
+  bound.isNumber = false;
+  if (session_.dialect->textForm == TextForm::kWide) {
+    const OdbcText wide = ToOdbc(text);
+    bound.text.assign(reinterpret_cast<const char*>(wide.data()), wide.size() * sizeof(SQLWCHAR));
+  } else {
+    bound.text = text;
+  }
+  bound.length = static_cast<SQLLEN>(bound.text.size());
+}
+
+void OdbcStatement::BindNull(int parameter) {
+  Parameter& bound = ParameterAt(parameter);
+  bound.isNumber = false;
+  bound.text.clear();
+  bound.length = SQL_NULL_DATA;
+}
+
+void OdbcStatement::BindParameters() {
+  SQLUSMALLINT position = 0;
+  for (Parameter& bound : parameters_) {
+    ++position;
+    if (bound.isNumber) {
+      Check(SQLBindParameter(statement_.Get(), position, SQL_PARAM_INPUT, SQL_C_SBIGINT, SQL_BIGINT,
+                             0, 0, &bound.number, 0, &bound.length));
+      continue;
+    }
+    BindText(position, bound);
+  }
+}
+
+void OdbcStatement::BindText(SQLUSMALLINT position, Parameter& bound) {
+  const bool wide = session_.dialect->textForm == TextForm::kWide;
+  // In the driver's units; drivers do not take a column without any.
+  const std::size_t size =
+      std::max<std::size_t>(bound.text.size() / (wide ? sizeof(SQLWCHAR) : 1), 1);
+  SQLSMALLINT type = wide ? SQL_WVARCHAR : SQL_VARCHAR;
+  if (size > kUsualText) type = wide ? SQL_WLONGVARCHAR : SQL_LONGVARCHAR;
+  Check(SQLBindParameter(statement_.Get(), position, SQL_PARAM_INPUT,
+                         wide ? SQL_C_WCHAR : SQL_C_CHAR, type, size, 0, bound.text.data(),
+                         static_cast<SQLLEN>(bound.text.size()), &bound.length));
+}
+
+void OdbcStatement::Execute() {
+  BindParameters();
+  const SQLRETURN result = SQLExecute(statement_.Get());
+  // A statement that finds nothing to delete or change has not failed.
+  if (result != SQL_NO_DATA) Check(result);
+  executed_ = true;
+}
+
+// A write that fails within a reading transaction must leave its reads as they are.
+void OdbcStatement::ExecuteApart() {
+  session_.connection.Run("SAVEPOINT before_write");
+  try {
+    Execute();
+  } catch (...) {
+    session_.connection.Run("ROLLBACK TO SAVEPOINT before_write");
+    throw;
+  }
+  session_.connection.Run("RELEASE SAVEPOINT before_write");
+}
+
+bool OdbcStatement::Step() {
+  if (executed_) return rows_.Next();
+  if (!reads_ && session_.reading && session_.dialect->errorEndsTransaction) {
+    ExecuteApart();
+  } else {
+    Execute();
+  }
+  SQLSMALLINT columns = 0;
+  Check(SQLNumResultCols(statement_.Get(), &columns));
+  if (columns > 0) {
+    rows_.Start(columns);
+    return rows_.Next();
+  }
+  SQLLEN affected = 0;
+  Check(SQLRowCount(statement_.Get(), &affected));
+  session_.rowsAffected = static_cast<std::int32_t>(affected);
+  return false;
+}
+
+void OdbcStatement::Reset() noexcept {
+  if (executed_) SQLFreeStmt(statement_.Get(), SQL_CLOSE);
+  executed_ = false;
+}
+
+}  // namespace server

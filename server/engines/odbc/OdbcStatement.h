@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "server/engines/odbc/OdbcSession.h"
+#include "server/engines/odbc/RowBlock.h"
+#include "server/engines/odbc/WideText.h"
+
+namespace server {
+
+// A prepared statement of an ODBC connection, which must outlive it.
+class OdbcStatement final : public Statement {
+ public:
+  OdbcStatement(OdbcSession& session, std::string_view sql);
+
+  void Bind(int parameter, std::int64_t number) override;
+  void Bind(int parameter, std::string_view text) override;
+  void BindNull(int parameter) override;
+  bool Step() override;
+  Field Read(int column) override { return rows_.Read(column); }
+  void Reset() noexcept override;
+
+ private:
+  struct Parameter {
+    bool isNumber = false;
+    std::int64_t number = 0;
+    std::string text;               // in the form in which the driver takes it
+    SQLLEN length = SQL_NULL_DATA;  // of the text in bytes; 0 for a number
+  };
+
+  Parameter& ParameterAt(int parameter);
+  void Execute();
+  void ExecuteApart();
+  void BindParameters();
+  void BindText(SQLUSMALLINT position, Parameter& bound);
+  void Check(SQLRETURN result) const;
+
+  OdbcSession& session_;
+  bool reads_;  // whether it is a SELECT
+  OdbcStatementHandle statement_;
+  std::vector<Parameter> parameters_;
+  RowBlock rows_;
+  bool executed_ = false;
+};
+
+}  // namespace server
