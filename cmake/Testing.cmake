@@ -54,9 +54,9 @@ set(UADMIN_SANITIZER_SETTINGS
   ASAN_OPTIONS=halt_on_error=1:detect_stack_use_after_return=1:strict_string_checks=1:check_initialization_order=1:strict_init_order=1:detect_leaks=1
   UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1)
 
-# uadmin_test(NAME FOLDER [TARGET ...]): a test program of the folder's sources that links the targets
-# named, and is run by ctest (under Wine where that is needed). Its main function is tests/Main.cpp.
-function(uadmin_test name folder)
+# uadmin_test_program(NAME FOLDER [TARGET ...]): a test program of the folder's sources that links the
+# targets named. Its main function is tests/Main.cpp.
+function(uadmin_test_program name folder)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
   if(NOT sources)
     return()
@@ -65,6 +65,15 @@ function(uadmin_test name folder)
   target_link_libraries(${name} PRIVATE ${ARGN})
   uadmin_compile_as_test(${name})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+endfunction()
+
+# uadmin_test(NAME FOLDER [TARGET ...]): such a program that is run by ctest, under Wine where that is
+# needed.
+function(uadmin_test name folder)
+  uadmin_test_program(${name} ${folder} ${ARGN})
+  if(NOT TARGET ${name})
+    return()
+  endif()
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
     TIMEOUT ${UADMIN_TEST_SECONDS}
@@ -87,4 +96,31 @@ function(uadmin_form_test name folder)
     set(backend test_user_memory controls_memory)
   endif()
   uadmin_test(${name} ${folder} ${ARGN} ${backend})
+endfunction()
+
+# Private database servers, which ctest starts before the tests that need them and stops after them.
+set(UADMIN_SERVERS ${CMAKE_BINARY_DIR}/servers)
+if(NOT WIN32 AND NOT TEST check-start-postgresql)
+  foreach(kind postgresql mariadb)
+    uadmin_check(start-${kind} COMMAND scripts/database-server start ${kind}
+                 ${UADMIN_SERVERS}/${kind})
+    uadmin_check(stop-${kind} COMMAND scripts/database-server stop ${UADMIN_SERVERS}/${kind})
+    set_tests_properties(check-start-${kind} PROPERTIES FIXTURES_SETUP ${kind})
+    set_tests_properties(check-stop-${kind} PROPERTIES FIXTURES_CLEANUP ${kind})
+  endforeach()
+endif()
+
+# uadmin_run_on_servers(NAME FILTER): runs a test program on each of them, with those of its tests that
+# a filter of googletest leaves. Natively only.
+function(uadmin_run_on_servers name filter)
+  if(WIN32)
+    return()
+  endif()
+  foreach(kind postgresql mariadb)
+    add_test(NAME ${name}_${kind} COMMAND ${name} --gtest_filter=${filter})
+    set_tests_properties(${name}_${kind} PROPERTIES
+      TIMEOUT ${UADMIN_TEST_SECONDS}
+      FIXTURES_REQUIRED ${kind}
+      ENVIRONMENT "UADMIN_DATABASE_SERVER=${UADMIN_SERVERS}/${kind};GTEST_OUTPUT=xml:${UADMIN_RESULTS}/${name}_${kind}.xml;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/driver-leaks:print_suppressions=0;${UADMIN_SANITIZER_SETTINGS}")
+  endforeach()
 endfunction()

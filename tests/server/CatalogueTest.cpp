@@ -22,8 +22,8 @@ const CatalogueCase kSelections[] = {
      "select userid, name, coalesce(fullname, '') from qruser where vflg = '' order by name", true},
     {data::SqlSelectUser(9), 3,
      "select userid, name, fullname from qruser where userid = 9 and vflg = ''"},
-    {data::SqlSelectUser(17), 3, "select 1 where 0"},
-    {data::SqlSelectUser(-1), 3, "select 1 where 0"},
+    {data::SqlSelectUser(17), 3, "select 1 from qruser where 1 = 0"},
+    {data::SqlSelectUser(-1), 3, "select 1 from qruser where 1 = 0"},
     {data::SqlSelectGroupUsers(7), 3,
      "select u.userid, u.name, u.fullname from qruser u join qrusgp l on l.userid = u.userid"
      " where l.groupid = 7 and u.vflg = ''"},
@@ -36,7 +36,7 @@ const CatalogueCase kSelections[] = {
     {data::SqlSelectGroupMemberships(6), 2, "select groupid, userid from qrusgp where groupid = 6"},
     {data::SqlSelectUserMemberships(9), 2, "select userid, groupid from qrusgp where userid = 9"},
     {data::SqlSelectMembership(7, 9), 2, "select 9, 7"},
-    {data::SqlSelectMembership(6, 9), 2, "select 1 where 0"},
+    {data::SqlSelectMembership(6, 9), 2, "select 1 from qruser where 1 = 0"},
     {data::SqlSelectUserPermIds(9), 1, "select permid from qruprm where userid = 9"},
     {data::SqlSelectUserPermRows(9), 2, "select userid, permid from qruprm where userid = 9"},
     {data::SqlSelectUserPermission(9, 20), 2, "select 9, 20"},
@@ -46,7 +46,7 @@ const CatalogueCase kSelections[] = {
     {data::SqlSelectInheritedPermissions(9), 2,
      "select permid, name from qrperm where permid in (select permid from qrgprm where groupid in"
      " (select groupid from qrusgp where userid = 9))"},
-    {data::SqlSelectInheritedPermissions(17), 2, "select 1 where 0"},
+    {data::SqlSelectInheritedPermissions(17), 2, "select 1 from qruser where 1 = 0"},
     {data::SqlSelectGroupPermIds(6), 1, "select permid from qrgprm where groupid = 6"},
     {data::SqlSelectGroupPermRows(6), 2, "select groupid, permid from qrgprm where groupid = 6"},
     {data::SqlSelectGroupPermission(6, 21), 2, "select 6, 21"},

@@ -6,7 +6,7 @@
 #include "ServerTest.h"
 #include "server/core/accounts/Counters.h"
 #include "server/core/sql/Query.h"
-#include "server/engines/sqlite/SqliteEngine.h"
+#include "server/engines/Engines.h"
 
 #ifndef _WIN32
 #include <sys/wait.h>
@@ -44,10 +44,9 @@ TEST_F(Counter, EndsAtTheLastIdentifierOf32Bits) {
 }
 
 TEST_F(Counter, IsOnlyEverRaised) {
-  server::SqliteEngine engine(sample_.File(), server::SqliteEngine::Mode::kExisting,
-                              std::chrono::seconds(5));
-  server::RaiseCounter(engine, "QRUSRN", 100);
-  server::RaiseCounter(engine, "QRUSRN", 50);
+  const auto engine = sample_.Engine();
+  server::RaiseCounter(*engine, "QRUSRN", 100);
+  server::RaiseCounter(*engine, "QRUSRN", 50);
   EXPECT_EQ(server_->NewIdentifier(L"QRUSRN"), 101);
 }
 
@@ -78,12 +77,11 @@ TEST_F(Counter, GivesEachIdentifierOnceToManyAtATime) {
 // Draws identifiers in a process of its own and writes them down; its exit code tells how it went.
 int DrawInProcess(test_support::SampleDatabase& sample, const std::filesystem::path& output) {
   try {
-    server::SqliteEngine engine(sample.File(), server::SqliteEngine::Mode::kExisting,
-                                std::chrono::seconds(60));
+    const auto engine = server::OpenEngine(sample.Source(), std::chrono::seconds(60));
     std::ofstream file(output);
     for (int n = 0; n < kEach; ++n) {
-      server::WriteTransaction transaction(engine);
-      file << server::DrawIdentifier(engine, "QRUSRN") << "\n";
+      server::WriteTransaction transaction(*engine);
+      file << server::DrawIdentifier(*engine, "QRUSRN") << "\n";
       transaction.Commit();
     }
     return file.flush() ? 0 : 1;
@@ -92,7 +90,7 @@ int DrawInProcess(test_support::SampleDatabase& sample, const std::filesystem::p
   }
 }
 
-TEST(CounterOfAFile, GivesEachIdentifierOnceToManyProcesses) {
+TEST(CounterOfOneDatabase, GivesEachIdentifierOnceToManyProcesses) {
   test_support::SampleDatabase sample;
   std::vector<pid_t> workers;
   const auto output = [&](int i) { return sample.Home() / ("drawn" + std::to_string(i)); };

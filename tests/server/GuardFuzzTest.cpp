@@ -28,6 +28,27 @@ class GuardFuzz : public server_test::OnSample {
     return text;
   }
 
+  // Everything that no statement of a client may change.
+  std::vector<std::vector<std::string>> Guarded() {
+    const char* const questions[] = {
+        "select userid, fullname, password from qruser order by 1",
+        "select groupid, descr from qrgroup order by 1",
+        "select permid, name, rights from qrperm order by 1",
+        "select name, lastvalue from qrcounter order by 1",
+        "select code, given, mapped from qrdisplay order by 1, 2",
+        "select userid, sesid, tokenhash from qrausr order by 2",
+    };
+    std::vector<std::vector<std::string>> rows;
+    test_support::RawDatabase raw = sample_.Raw();
+    for (const char* const question : questions) {
+      for (auto& row : raw.Rows(question)) rows.push_back(std::move(row));
+    }
+    if (test_support::EngineUnderTest() == test_support::TestEngine::kSqlite) {
+      for (auto& row : raw.Rows("select name, sql from sqlite_master")) rows.push_back(row);
+    }
+    return rows;
+  }
+
   std::size_t Draw(std::size_t below) { return generator_() % below; }
 
   std::mt19937 generator_{11};
@@ -60,15 +81,7 @@ class GuardFuzz : public server_test::OnSample {
 };
 
 TEST_F(GuardFuzz, NothingHarmfulGetsThrough) {
-  const std::string guarded =
-      "select group_concat(userid || coalesce(fullname, '-') || coalesce(password, '-')) from "
-      "qruser union all select group_concat(groupid || coalesce(descr, '-')) from qrgroup union "
-      "all select group_concat(permid || name || rights) from qrperm union all "
-      "select group_concat(name || lastvalue) from qrcounter union all "
-      "select group_concat(code || given || mapped) from qrdisplay union all "
-      "select group_concat(userid || sesid || tokenhash) from qrausr union all "
-      "select group_concat(name || coalesce(sql, '')) from sqlite_master";
-  const auto before = sample_.Raw().Rows(guarded);
+  const auto before = Guarded();
   int accepted = 0;
   connection_->BeginRead();
   for (int round = 0; round < 20000; ++round) {
@@ -86,11 +99,11 @@ TEST_F(GuardFuzz, NothingHarmfulGetsThrough) {
   }
   connection_->EndRead();
   EXPECT_GT(accepted, 1000);
-  EXPECT_EQ(sample_.Raw().Rows(guarded), before);
+  EXPECT_EQ(Guarded(), before);
   EXPECT_EQ(sample_.Raw().Number("select count(*) from qruser where vflg not in ('', 'D')"), 0);
-  EXPECT_EQ(sample_.Raw().Number("select count(*) from qruser where vflg = 'D' and"
-                                 " name not like '%(' || userid || ')'"),
-            0);
+  for (const auto& row : sample_.Raw().Rows("select userid, name from qruser where vflg = 'D'")) {
+    EXPECT_TRUE(row[1].ends_with("(" + row[0] + ")")) << row[1];
+  }
 }
 
 }  // namespace

@@ -47,6 +47,19 @@ inline Rows ReadRows(data::Connection& connection, std::wstring_view statement, 
   return rows;
 }
 
+// A part of what the database of the engine under test says of a row that is there already.
+inline std::wstring_view WordForDouble() {
+  switch (test_support::EngineUnderTest()) {
+    case test_support::TestEngine::kSqlite:
+      return L"UNIQUE";
+    case test_support::TestEngine::kPostgresql:
+      return L"duplicate key";
+    case test_support::TestEngine::kMariadb:
+      return L"Duplicate entry";
+  }
+  return {};
+}
+
 // A session of Admin on the sample.
 class OnSample : public ::testing::Test {
  protected:

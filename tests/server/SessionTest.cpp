@@ -6,7 +6,6 @@
 #include "data/Text.h"
 #include "server/core/sessions/CommandLine.h"
 #include "server/core/sessions/Sessions.h"
-#include "server/engines/sqlite/SqliteEngine.h"
 
 namespace {
 
@@ -16,9 +15,6 @@ using server_test::NumberOf;
 
 class Session : public ::testing::Test {
  protected:
-  server::SqliteEngine Engine() {
-    return {sample_.File(), server::SqliteEngine::Mode::kExisting, std::chrono::seconds(5)};
-  }
   SessionArguments Start(std::wstring_view user = L"Admin") {
     return server::ParseCommandLine(sample_.CommandLine(user));
   }
@@ -50,8 +46,8 @@ TEST_F(Session, StandsInTheTableOfActiveSessionsWhileItIsOpen) {
   const std::string row =
       "select userid from qrausr where sesid = " + std::to_string(session.sessionId);
   EXPECT_EQ(sample_.Raw().Number(row), 2);
-  auto engine = Engine();
-  server::CloseUserSession(engine, session.sessionId);
+  const auto engine = sample_.Engine();
+  server::CloseUserSession(*engine, session.sessionId);
   EXPECT_TRUE(sample_.Raw().Rows(row).empty());
 }
 
@@ -88,9 +84,9 @@ TEST_F(Session, KeepsOnlyTheHashOfItsToken) {
 }
 
 TEST_F(Session, NumbersAndTokensAreDrawnAtRandom) {
-  auto engine = Engine();
-  const server::OpenedSession first = server::OpenUserSession(engine, 1);
-  const server::OpenedSession second = server::OpenUserSession(engine, 1);
+  const auto engine = sample_.Engine();
+  const server::OpenedSession first = server::OpenUserSession(*engine, 1);
+  const server::OpenedSession second = server::OpenUserSession(*engine, 1);
   EXPECT_GT(first.sessionId, 0);
   EXPECT_GT(second.sessionId, 0);
   EXPECT_NE(first.sessionId, second.sessionId);
@@ -129,18 +125,18 @@ TEST_F(Session, TheTokenOfAnotherSessionIsRefused) {
 
 TEST_F(Session, AClosedSessionIsToldFromAnUnknownOne) {
   const SessionArguments session = Start();
-  auto engine = Engine();
-  server::CloseUserSession(engine, session.sessionId);
+  const auto engine = sample_.Engine();
+  server::CloseUserSession(*engine, session.sessionId);
   EXPECT_NE(OpeningFailure(session, server::kSessionClosed).find(L"fermée"), std::wstring::npos);
-  EXPECT_EQ(NumberOf([&] { server::CloseUserSession(engine, session.sessionId); }),
+  EXPECT_EQ(NumberOf([&] { server::CloseUserSession(*engine, session.sessionId); }),
             server::kSessionClosed);
-  EXPECT_EQ(NumberOf([&] { server::CloseUserSession(engine, 1); }), server::kSessionUnknown);
+  EXPECT_EQ(NumberOf([&] { server::CloseUserSession(*engine, 1); }), server::kSessionUnknown);
 }
 
 TEST_F(Session, ClosedSessionsAreForgottenInTheEnd) {
   sample_.Raw().Execute("insert into qrausrx values (1, 0)");
-  auto engine = Engine();
-  server::CloseUserSession(engine, Start().sessionId);
+  const auto engine = sample_.Engine();
+  server::CloseUserSession(*engine, Start().sessionId);
   EXPECT_EQ(sample_.Raw().Number("select count(*) from qrausrx"), 1);
 }
 

@@ -10,7 +10,8 @@ class SoftDelete : public server_test::OnSample {
  protected:
   std::string StateOfUsers() {
     std::string state;
-    for (const auto& row : sample_.Raw().Rows("select userid, name, vflg from qruser")) {
+    for (const auto& row :
+         sample_.Raw().Rows("select userid, name, vflg from qruser order by userid")) {
       for (const std::string& text : row) state += text + "|";
     }
     return state;

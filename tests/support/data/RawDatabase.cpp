@@ -1,40 +1,33 @@
 #include "tests/support/data/RawDatabase.h"
 
-#include <stdexcept>
+#include "tests/support/data/RawOdbc.h"
+#include "tests/support/data/RawSqlite.h"
 
 namespace test_support {
 namespace {
 
-int AddRow(void* rows, int columns, char** values, char**) {
-  auto& row = static_cast<std::vector<std::vector<std::string>>*>(rows)->emplace_back();
-  for (int i = 0; i < columns; ++i) row.emplace_back(values[i] != nullptr ? values[i] : "NULL");
-  return 0;
+std::unique_ptr<RawDatabase::Access> AccessTo(const server::DataSource& source) {
+  if (!source.odbc) return std::make_unique<RawSqlite>(source.database);
+  return std::make_unique<RawOdbc>(server::OdbcTarget{
+      source.odbc->connectionString, source.odbc->user, server::ReadDatabasePassword(source)});
 }
 
 }  // namespace
 
-RawDatabase::RawDatabase(const std::filesystem::path& file) {
-  const std::u8string name = file.u8string();
-  sqlite3* database = nullptr;
-  const int result = sqlite3_open_v2(reinterpret_cast<const char*>(name.c_str()), &database,
-                                     SQLITE_OPEN_READWRITE, nullptr);
-  database_.reset(database);
-  if (result != SQLITE_OK) throw std::runtime_error(sqlite3_errmsg(database));
-  sqlite3_busy_timeout(database, 5000);
-  // What a test writes need not survive a power cut.
-  Execute("pragma synchronous = off");
-}
+RawDatabase::RawDatabase(const std::filesystem::path& file)
+    : access_(std::make_unique<RawSqlite>(file)) {}
+
+RawDatabase::RawDatabase(const server::DataSource& source) : access_(AccessTo(source)) {}
+
+RawDatabase::~RawDatabase() = default;
+RawDatabase::RawDatabase(RawDatabase&&) noexcept = default;
 
 void RawDatabase::Execute(const std::string& sql) {
-  Rows(sql);
+  access_->Rows(sql);
 }
 
-std::vector<std::vector<std::string>> RawDatabase::Rows(const std::string& sql) {
-  std::vector<std::vector<std::string>> rows;
-  if (sqlite3_exec(database_.get(), sql.c_str(), AddRow, &rows, nullptr) != SQLITE_OK) {
-    throw std::runtime_error(sqlite3_errmsg(database_.get()));
-  }
-  return rows;
+RawDatabase::RowTexts RawDatabase::Rows(const std::string& sql) {
+  return access_->Rows(sql);
 }
 
 std::string RawDatabase::Text(const std::string& sql) {

@@ -13,7 +13,6 @@
 #include "server/core/sessions/Sessions.h"
 #include "server/core/sql/Query.h"
 #include "server/engines/Engines.h"
-#include "server/engines/sqlite/SqliteEngine.h"
 
 namespace test_support {
 namespace {
@@ -24,16 +23,25 @@ std::filesystem::path FileIn(const std::filesystem::path& home) {
   return home / "test.db";
 }
 
-// For what a test sets up, which need not survive a power cut.
-server::SqliteEngine OpenEngine(const server::DataSource& source) {
-  server::SqliteEngine engine(source.database, server::SqliteEngine::Mode::kExisting,
-                              std::chrono::seconds(5));
-  server::Run(engine, "PRAGMA synchronous = OFF");
+// For what a test sets up.
+std::unique_ptr<server::Engine> OpenEngine(const server::DataSource& source) {
+  auto engine = server::OpenEngine(source, std::chrono::seconds(5));
+  // It need not survive a power cut.
+  if (!source.odbc) server::Run(*engine, "PRAGMA synchronous = OFF");
   return engine;
 }
 
-server::DataSource Create(const std::filesystem::path& home) {
-  return server::CreateDatabase(server::DataSources(home), kSource, FileIn(home));
+std::unique_ptr<ServerDatabase> NewServerDatabase() {
+  if (EngineUnderTest() == TestEngine::kSqlite) return nullptr;
+  return std::make_unique<ServerDatabase>();
+}
+
+// Creates the schema in a new file or in the database given.
+server::DataSource Create(const std::filesystem::path& home, const ServerDatabase* database) {
+  const server::DataSources sources(home);
+  if (database == nullptr) return server::CreateDatabase(sources, kSource, FileIn(home));
+  return server::CreateDatabase(sources, kSource, database->Description(),
+                                ServerDatabase::Password());
 }
 
 std::string ReadBytes(const std::filesystem::path& path) {
@@ -43,29 +51,46 @@ std::string ReadBytes(const std::filesystem::path& path) {
 
 // The sample as it is made once for a whole test program; each test has a copy of its own.
 struct Original {
-  std::string database;
+  std::string file;                          // SQLite: the bytes of the file
+  std::unique_ptr<ServerDatabase> database;  // elsewhere
   std::string key;
 };
 
 Original MakeOriginal() {
   const std::filesystem::path home = MakeTestFolder();
-  const server::DataSource source = Create(home);
-  {
-    server::SqliteEngine engine = OpenEngine(source);
-    server::FillSample(engine, server::PasswordCipher(server::ReadKey(source)));
-  }
-  Original original{ReadBytes(source.database), server::ReadKey(source)};
+  Original original{{}, NewServerDatabase(), {}};
+  const server::DataSource source = Create(home, original.database.get());
+  server::FillSample(*OpenEngine(source), server::PasswordCipher(server::ReadKey(source)));
+  if (original.database == nullptr) original.file = ReadBytes(source.database);
+  original.key = server::ReadKey(source);
   std::filesystem::remove_all(home);
   return original;
 }
 
-server::DataSource CopySample(const std::filesystem::path& home) {
+const Original& TheOriginal() {
   static const Original original = MakeOriginal();
-  const server::DataSource source = server::DataSources(home).Create(kSource, FileIn(home));
+  return original;
+}
+
+std::unique_ptr<ServerDatabase> CopyServerDatabase() {
+  if (EngineUnderTest() == TestEngine::kSqlite) return nullptr;
+  return std::make_unique<ServerDatabase>(*TheOriginal().database);
+}
+
+server::DataSource CopySample(const std::filesystem::path& home, const ServerDatabase* database) {
+  const server::DataSources sources(home);
+  const server::DataSource source =
+      database == nullptr
+          ? sources.Create(kSource, FileIn(home))
+          : sources.Create(kSource, database->Description(), ServerDatabase::Password());
   std::filesystem::remove(source.keyFile);
-  std::ofstream(source.database, std::ios::binary) << original.database;
-  if (!server::WritePrivateFile(source.keyFile, original.key) ||
-      std::filesystem::file_size(source.database) != original.database.size()) {
+  if (!server::WritePrivateFile(source.keyFile, TheOriginal().key)) {
+    throw std::runtime_error("the sample's key cannot be copied");
+  }
+  if (database != nullptr) return source;
+  const std::string& bytes = TheOriginal().file;
+  std::ofstream(source.database, std::ios::binary) << bytes;
+  if (std::filesystem::file_size(source.database) != bytes.size()) {
     throw std::runtime_error("the sample cannot be copied");
   }
   return source;
@@ -80,12 +105,18 @@ std::filesystem::path MakeTestFolder() {
   return folder;
 }
 
-SampleDatabase::SampleDatabase() : home_(MakeTestFolder()), source_(CopySample(home_)) {}
+SampleDatabase::SampleDatabase()
+    : home_(MakeTestFolder()),
+      server_(CopyServerDatabase()),
+      source_(CopySample(home_, server_.get())) {}
 
 SampleDatabase::SampleDatabase(const server::GeneratedSize& size)
-    : home_(MakeTestFolder()), source_(Create(home_)) {
-  server::SqliteEngine engine = OpenEngine(source_);
-  server::FillGenerated(engine, server::PasswordCipher(server::ReadKey(source_)), size);
+    : home_(MakeTestFolder()), server_(NewServerDatabase()), source_(Create(home_, server_.get())) {
+  server::FillGenerated(*Engine(), server::PasswordCipher(server::ReadKey(source_)), size);
+}
+
+std::unique_ptr<server::Engine> SampleDatabase::Engine() const {
+  return OpenEngine(source_);
 }
 
 SampleDatabase::~SampleDatabase() {
@@ -94,10 +125,10 @@ SampleDatabase::~SampleDatabase() {
 }
 
 std::wstring SampleDatabase::CommandLine(std::wstring_view userName) {
-  server::SqliteEngine engine = OpenEngine(source_);
-  const auto user = server::FindUser(engine, userName);
+  const std::unique_ptr<server::Engine> engine = Engine();
+  const auto user = server::FindUser(*engine, userName);
   if (!user) throw std::invalid_argument("no such user in the sample");
-  const server::OpenedSession session = server::OpenUserSession(engine, *user);
+  const server::OpenedSession session = server::OpenUserSession(*engine, *user);
   return data::FromUtf8(
       server::FormatCommandLine({source_.name, session.token, session.sessionId}));
 }

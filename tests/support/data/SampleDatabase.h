@@ -12,11 +12,13 @@
 #include "server/core/sessions/DataSource.h"
 #include "server/core/sessions/ReferenceServer.h"
 #include "tests/support/data/RawDatabase.h"
+#include "tests/support/data/TestServer.h"
 
 namespace test_support {
 
-// A data source in a folder of its own that goes when the test ends: a real database file with its
-// key, sessions opened on it, and the file itself read back behind the server's back.
+// A data source in a folder of its own that goes when the test ends: a real database on the engine
+// under test with its key, sessions opened on it, and the database itself read behind the server's
+// back.
 class SampleDatabase {
  public:
   // The sample company.
@@ -42,14 +44,18 @@ class SampleDatabase {
     showAbout_ = std::move(show);
   }
 
-  // The file itself, on a connection of its own.
-  RawDatabase Raw() const { return RawDatabase(source_.database); }
+  // The database itself, on a connection of its own.
+  RawDatabase Raw() const { return RawDatabase(source_); }
+  // The engine on the database, as the tool opens it.
+  std::unique_ptr<server::Engine> Engine() const;
   const std::filesystem::path& Home() const { return home_; }
+  // The database's file; SQLite only.
   const std::filesystem::path& File() const { return source_.database; }
   const server::DataSource& Source() const { return source_; }
 
  private:
   std::filesystem::path home_;
+  std::unique_ptr<ServerDatabase> server_;  // null on SQLite
   server::DataSource source_;
   std::chrono::milliseconds lockWait_{5000};
   std::function<void(const std::wstring&, const std::wstring&)> showAbout_;

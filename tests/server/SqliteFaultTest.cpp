@@ -19,7 +19,7 @@ namespace {
 using server_test::FailureOf;
 using std::chrono::milliseconds;
 
-class DatabaseFault : public ::testing::Test {
+class SqliteFault : public ::testing::Test {
  protected:
   // The failure of opening a session on what is left of the database.
   data::RunTimeError OpeningFailure() {
@@ -36,7 +36,7 @@ class DatabaseFault : public ::testing::Test {
   std::wstring commandLine_ = sample_.CommandLine();
 };
 
-TEST_F(DatabaseFault, AMissingFileIsToldByTheDatabaseAndNotMade) {
+TEST_F(SqliteFault, AMissingFileIsToldByTheDatabaseAndNotMade) {
   std::filesystem::remove(sample_.File());
   const data::RunTimeError failure = OpeningFailure();
   EXPECT_EQ(failure.Number(), server::kDatabaseError);
@@ -44,21 +44,21 @@ TEST_F(DatabaseFault, AMissingFileIsToldByTheDatabaseAndNotMade) {
   EXPECT_FALSE(std::filesystem::exists(sample_.File()));
 }
 
-TEST_F(DatabaseFault, AFileThatIsNoDatabaseIsToldByTheDatabase) {
+TEST_F(SqliteFault, AFileThatIsNoDatabaseIsToldByTheDatabase) {
   std::ofstream(sample_.File(), std::ios::binary) << std::string(8192, 'x');
   const data::RunTimeError failure = OpeningFailure();
   EXPECT_EQ(failure.Number(), server::kDatabaseError);
   EXPECT_EQ(failure.Text(), L"file is not a database");
 }
 
-TEST_F(DatabaseFault, AnEmptyFileHasNoSchema) {
+TEST_F(SqliteFault, AnEmptyFileHasNoSchema) {
   std::filesystem::resize_file(sample_.File(), 0);
   const data::RunTimeError failure = OpeningFailure();
   EXPECT_EQ(failure.Number(), server::kDatabaseError);
   EXPECT_NE(failure.Text().find(L"no such table"), std::wstring::npos);
 }
 
-TEST_F(DatabaseFault, ATruncatedFileIsToldByTheDatabaseWhereverItIsCut) {
+TEST_F(SqliteFault, ATruncatedFileIsToldByTheDatabaseWhereverItIsCut) {
   const auto size = std::filesystem::file_size(sample_.File());
   for (std::uintmax_t cut = size - size % 4096 - 4096; cut >= 4096; cut -= 4096) {
     std::filesystem::resize_file(sample_.File(), cut);
@@ -68,7 +68,7 @@ TEST_F(DatabaseFault, ATruncatedFileIsToldByTheDatabaseWhereverItIsCut) {
   }
 }
 
-TEST_F(DatabaseFault, AFileCutShortUnderAnOpenSessionIsAnErrorAndNoCrash) {
+TEST_F(SqliteFault, AFileCutShortUnderAnOpenSessionIsAnErrorAndNoCrash) {
   const auto server = sample_.OpenServer();
   const auto connection = server->DatabaseConnection();
   std::filesystem::resize_file(sample_.File(), 4096);
@@ -77,7 +77,7 @@ TEST_F(DatabaseFault, AFileCutShortUnderAnOpenSessionIsAnErrorAndNoCrash) {
             server::kDatabaseError);
 }
 
-TEST_F(DatabaseFault, ALockedDatabaseIsWaitedForAndThenToldByTheDatabase) {
+TEST_F(SqliteFault, ALockedDatabaseIsWaitedForAndThenToldByTheDatabase) {
   sample_.SetLockWait(milliseconds(200));
   const auto server = sample_.OpenServer();
   const auto connection = server->DatabaseConnection();
@@ -93,14 +93,14 @@ TEST_F(DatabaseFault, ALockedDatabaseIsWaitedForAndThenToldByTheDatabase) {
   EXPECT_FALSE(connection->OpenResultSet(data::SqlSelectAllUsers())->EndOfRows());
 }
 
-TEST_F(DatabaseFault, OpeningASessionWaitsForTheLockToo) {
+TEST_F(SqliteFault, OpeningASessionWaitsForTheLockToo) {
   sample_.SetLockWait(milliseconds(50));
   test_support::RawDatabase other = sample_.Raw();
   other.Execute("begin exclusive");
   EXPECT_EQ(OpeningFailure().Text(), L"database is locked");
 }
 
-TEST_F(DatabaseFault, ALockedDatabaseIsReadAsSoonAsItIsFree) {
+TEST_F(SqliteFault, ALockedDatabaseIsReadAsSoonAsItIsFree) {
   const auto server = sample_.OpenServer();
   const auto connection = server->DatabaseConnection();
   test_support::RawDatabase other = sample_.Raw();
@@ -116,7 +116,7 @@ TEST_F(DatabaseFault, ALockedDatabaseIsReadAsSoonAsItIsFree) {
   holder.join();
 }
 
-TEST_F(DatabaseFault, AWriterThatIsShutOutChangesNothingAndMayTryAgain) {
+TEST_F(SqliteFault, AWriterThatIsShutOutChangesNothingAndMayTryAgain) {
   sample_.SetLockWait(milliseconds(20));
   const auto server = sample_.OpenServer();
   const auto connection = server->DatabaseConnection();
@@ -130,7 +130,7 @@ TEST_F(DatabaseFault, AWriterThatIsShutOutChangesNothingAndMayTryAgain) {
   EXPECT_EQ(server->NewIdentifier(L"QRUSRN"), 41);
 }
 
-TEST(LockWait, IsFiveSecondsUnlessToldOtherwise) {
+TEST(SqliteLockWait, IsFiveSecondsUnlessToldOtherwise) {
   EXPECT_EQ(server::ReferenceServer::Options().lockWait, milliseconds(5000));
 }
 
@@ -170,7 +170,7 @@ class ReadOnlyFile {
 
 #endif
 
-TEST_F(DatabaseFault, AReadOnlyFileIsReadAndItsWritesAreToldByTheDatabase) {
+TEST_F(SqliteFault, AReadOnlyFileIsReadAndItsWritesAreToldByTheDatabase) {
   const ReadOnlyFile readOnly(sample_.File());
   server::Database database(std::make_unique<server::SqliteEngine>(
       sample_.File(), server::SqliteEngine::Mode::kExisting, milliseconds(20)));
