@@ -1,21 +1,20 @@
 #include "data/Collation.h"
 
+#include <array>
 #include <cstdint>
-#include <utility>
 
 namespace data {
 namespace {
 
-// What stands before the digits, in its order; letters come after them. The order is that of the
-// system's own tables, where a text is compared sign by sign.
+// What stands before the digits, in its order; letters come after them.
 constexpr std::wstring_view kSigns =
     L"'-\x2013 \xA0\t\n\r!\"#$%&()*,./:;?@[\\]^_`{|}~\xA1\xA6\xA8\xAF\xB4\xB8\xBF\x2019"
     L"\xA2\xA3\xA4\xA5\x20AC+<=>\xB1\xAB\xBB\xD7\xF7\xA7\xA9\xAC\xAE\xB0\xB6\xB7";
 
 // The letters from U+00C0 to U+017F: which letter each is, a digit standing for one of the pairs
 // below, and the mark on it.
-constexpr wchar_t kFirstMarked = 0xC0;
-constexpr std::string_view kLetters =
+constexpr std::size_t kFirstMarked = 0xC0;
+constexpr std::string_view kMarkedLetters =
     "AAAAAA1CEEEEIIIIDNOOOOO*OUUUUY23AAAAAA1CEEEEIIIIDNOOOOO*OUUUUY2Y"
     "AAAAAACCCCCCCCDDDDEEEEEEEEEEGGGGGGGGHHHHIIIIIIIIII44JJKKKLLLLLLL"
     "LLLNNNNNNNNNOOOOOO55RRRRRRSSSSSSSSTTTTTTUUUUUUUUUUUUWWYYYZZZZZZS";
@@ -23,11 +22,32 @@ constexpr std::string_view kMarks =
     "`'^~:o ,`'^:`'^:d~`'^~: /`'^:'  `'^~:o ,`'^:`'^:d~`'^~: /`'^:' :"
     "--uu;;''^^..vvvv==--uu..;;vv^^uu..,,^^==~~--uu;;.i  ^^,,i'',,vv*"
     "*ll'',,vvngg--uu\"\"  '',,vv''^^,,vv,,vv==~~--uuoo\"\";;^^^^:''..vvi";
-static_assert(kLetters.size() == 0x180 - 0xC0 && kMarks.size() == kLetters.size());
+static_assert(kMarkedLetters.size() == 0x180 - kFirstMarked &&
+              kMarks.size() == kMarkedLetters.size());
 constexpr std::string_view kPairs[] = {"AE", "TH", "SS", "IJ", "OE"};
 
 // The marks in their order; a letter without one stands before all of them.
 constexpr std::string_view kMarkOrder = "i'`.*^:vu-~o;,\"=l/ngd";
+
+// Two more blocks of letters, those of Vietnamese and Romanian among them. A star is a letter of no
+// alphabet that matters here.
+constexpr std::size_t kFirstRare = 0x180;
+constexpr std::string_view kRareLetters =
+    "********************************OO*************UU***************"
+    "*************AAIIOOUUUUUUUUUU*AAAA****GGKKOOOO**J***GG**NNAA****"
+    "AAAAEEEEIIIIOOOORRRRUUUUSSTT**HH******AAEEOOOOOOOOYY************";
+constexpr std::size_t kFirstStacked = 0x1E00;
+constexpr std::string_view kStackedLetters =
+    "AABBBBBBCCDDDDDDDDDDEEEEEEEEEEFFGGHHHHHHHHHHIIIIKKKKKKLLLLLLLLMM"
+    "MMMMNNNNNNNNOOOOOOOOPPPPRRRRRRRRSSSSSSSSSSTTTTTTTTUUUUUUUUUUVVVV"
+    "WWWWWWWWWWXXXXYYZZZZZZHTWY******AAAAAAAAAAAAAAAAAAAAAAAAEEEEEEEE"
+    "EEEEEEEEIIIIOOOOOOOOOOOOOOOOOOOOOOOOUUUUUUUUUUUUUUYYYYYYYY******";
+
+// Marks that stand as characters of their own behind their letter, and the sign of each above.
+constexpr std::size_t kFirstCombining = 0x300;
+constexpr std::size_t kLastCombining = 0x36F;
+constexpr std::string_view kCombining = "`'^~--u.: o\"v";  // U+0300 to U+030C
+constexpr std::size_t kCedilla = 0x327;
 
 // The key's bytes. The first part has the letters, the second the marks; none of them is 0 or 1,
 // so that what is shorter stands first and the first part decides.
@@ -36,66 +56,142 @@ constexpr unsigned kFirstDigit = 110;
 constexpr unsigned kFirstLetter = 120;
 constexpr unsigned kOther = 0xFE;
 constexpr char kEndOfPart = 1;
-constexpr unsigned kNoMark = 2;
+constexpr unsigned char kNoMark = 2;
+constexpr unsigned kFirstRareMark = 30;      // capital and small letter share one
+constexpr unsigned kFirstStackedMark = 130;  // the same
 static_assert(kFirstSign + kSigns.size() <= kFirstDigit);
+static_assert(kNoMark + 1 + kMarkOrder.size() < kFirstRareMark);
+static_assert(kFirstRareMark + kRareLetters.size() / 2 <= kFirstStackedMark);
+
+constexpr unsigned char Letter(char letter) {
+  return static_cast<unsigned char>(kFirstLetter + static_cast<unsigned>(letter - 'A'));
+}
+
+constexpr unsigned char MarkOf(char mark) {
+  const std::size_t place = kMarkOrder.find(mark);
+  if (place == std::string_view::npos) return kNoMark;
+  return static_cast<unsigned char>(kNoMark + 1 + place);
+}
+
+// What a character adds to a key: one byte or, for a ligature, two; the mark is of the first.
+struct Weight {
+  unsigned char first = 0;  // 0: not in the table
+  unsigned char second = 0;
+  unsigned char mark = kNoMark;
+};
+
+using Weights = std::array<Weight, kFirstRare>;
+
+constexpr Weights MakeWeights() {
+  Weights weights{};
+  for (std::size_t i = 0; i < kSigns.size(); ++i) {
+    const auto sign = static_cast<std::size_t>(kSigns[i]);
+    if (sign < weights.size()) weights[sign].first = static_cast<unsigned char>(kFirstSign + i);
+  }
+  for (unsigned i = 0; i < 10; ++i) {
+    weights['0' + i].first = static_cast<unsigned char>(kFirstDigit + i);
+  }
+  for (char i = 0; i < 26; ++i) {
+    const unsigned char letter = Letter(static_cast<char>('A' + i));
+    weights[static_cast<std::size_t>('A' + i)].first = letter;
+    weights[static_cast<std::size_t>('a' + i)].first = letter;
+  }
+  for (std::size_t i = 0; i < kMarkedLetters.size(); ++i) {
+    Weight& weight = weights[kFirstMarked + i];
+    const char letter = kMarkedLetters[i];
+    if (letter == '*') continue;  // the two signs among these letters are in the table already
+    if (letter >= '1' && letter <= '5') {
+      weight.first = Letter(kPairs[letter - '1'][0]);
+      weight.second = Letter(kPairs[letter - '1'][1]);
+    } else {
+      weight.first = Letter(letter);
+      weight.mark = MarkOf(kMarks[i]);
+    }
+  }
+  return weights;
+}
+
+constexpr Weights kWeights = MakeWeights();
 
 class KeyMaker {
  public:
-  void Put(wchar_t c) {
-    if (c >= L'a' && c <= L'z') {
-      PutLetter(static_cast<char>(c - L'a' + 'A'), kNoMark);
-    } else if (c >= L'A' && c <= L'Z') {
-      PutLetter(static_cast<char>(c), kNoMark);
-    } else if (c >= L'0' && c <= L'9') {
-      PutByte(kFirstDigit + static_cast<unsigned>(c - L'0'), kNoMark);
-    } else if (const std::size_t sign = kSigns.find(c); sign != std::wstring_view::npos) {
-      PutByte(kFirstSign + static_cast<unsigned>(sign), kNoMark);
-    } else if (c >= kFirstMarked && c < kFirstMarked + static_cast<wchar_t>(kLetters.size())) {
-      PutMarked(static_cast<std::size_t>(c - kFirstMarked));
-    } else {
-      PutOther(static_cast<std::uint32_t>(c) & 0xFFFFU);
+  explicit KeyMaker(std::string& key) : key_(key) {}
+
+  void Put(std::size_t unit) {
+    if (unit >= kWeights.size() || kWeights[unit].first == 0) {
+      PutUncommon(unit);
+      return;
     }
+    const Weight& weight = kWeights[unit];
+    PutByte(weight.first, weight.mark);
+    if (weight.second != 0) PutByte(weight.second, kNoMark);
   }
 
-  std::string Key() && {
-    while (!marks_.empty() && marks_.back() == kNoMark) marks_.pop_back();
-    return letters_ + kEndOfPart + marks_;
+  void Finish() {
+    key_ += kEndOfPart;
+    key_ += marks_;
   }
 
  private:
-  void PutMarked(std::size_t place) {
-    const char letter = kLetters[place];
-    if (letter >= '1' && letter <= '5') {
-      for (const char part : kPairs[letter - '1']) PutLetter(part, kNoMark);
-      return;
+  void PutUncommon(std::size_t unit) {
+    if (unit >= kFirstCombining && unit <= kLastCombining && places_ > 0) {
+      PutCombining(unit);
+    } else if (!PutFromBlock(unit, kFirstRare, kRareLetters, kFirstRareMark) &&
+               !PutFromBlock(unit, kFirstStacked, kStackedLetters, kFirstStackedMark)) {
+      const std::size_t sign = kSigns.find(static_cast<wchar_t>(unit));
+      if (sign == std::wstring_view::npos) {
+        PutOther(unit);
+      } else {
+        PutByte(kFirstSign + static_cast<unsigned>(sign), kNoMark);
+      }
     }
-    const std::size_t mark = kMarkOrder.find(kMarks[place]);
-    PutLetter(letter,
-              mark == std::string_view::npos ? kNoMark : kNoMark + 1 + static_cast<unsigned>(mark));
   }
-  void PutLetter(char letter, unsigned mark) {
-    PutByte(kFirstLetter + static_cast<unsigned>(letter - 'A'), mark);
+  bool PutFromBlock(std::size_t unit, std::size_t first, std::string_view letters, unsigned mark) {
+    if (unit < first || unit - first >= letters.size()) return false;
+    const std::size_t place = unit - first;
+    if (letters[place] == '*') return false;
+    PutByte(Letter(letters[place]), mark + static_cast<unsigned>(place / 2));
+    return true;
+  }
+  // The mark of the letter before it.
+  void PutCombining(std::size_t unit) {
+    const std::size_t place = unit - kFirstCombining;
+    const char sign = place < kCombining.size() ? kCombining[place] : unit == kCedilla ? ',' : '*';
+    marks_.resize(places_, static_cast<char>(kNoMark));
+    marks_.back() = static_cast<char>(MarkOf(sign));
   }
   // Other scripts come last, in the order of their code units.
-  void PutOther(std::uint32_t unit) {
+  void PutOther(std::size_t unit) {
     PutByte(kOther, kNoMark);
-    for (const int shift : {10, 5, 0}) letters_ += static_cast<char>(2 + ((unit >> shift) & 63));
+    for (const int shift : {10, 5, 0}) key_ += static_cast<char>(2 + ((unit >> shift) & 63));
   }
+  // Marks are noted up to the last letter that has one: most texts have none.
   void PutByte(unsigned byte, unsigned mark) {
-    letters_ += static_cast<char>(byte);
-    marks_ += static_cast<char>(mark);
+    key_ += static_cast<char>(byte);
+    ++places_;
+    if (mark == kNoMark) return;
+    marks_.resize(places_, static_cast<char>(kNoMark));
+    marks_.back() = static_cast<char>(mark);
   }
 
-  std::string letters_;
+  std::string& key_;
   std::string marks_;
+  std::size_t places_ = 0;  // how many letters, signs and digits the key has
 };
 
 }  // namespace
 
+void AppendCollationKey(std::string& key, std::wstring_view text) {
+  KeyMaker maker(key);
+  for (const wchar_t unit : text) maker.Put(static_cast<std::uint32_t>(unit) & 0xFFFFU);
+  maker.Finish();
+}
+
 std::string CollationKey(std::wstring_view text) {
-  KeyMaker maker;
-  for (const wchar_t c : text) maker.Put(c);
-  return std::move(maker).Key();
+  std::string key;
+  key.reserve(2 * text.size() + 1);
+  AppendCollationKey(key, text);
+  return key;
 }
 
 }  // namespace data

@@ -10,5 +10,7 @@ namespace data {
 // before letters; a ligature is its two letters; other scripts come last. Texts that differ in case
 // alone have one key. No byte is 0; keys are compared as unsigned bytes, as std::string does.
 std::string CollationKey(std::wstring_view text);
+// The same, added to the end of a text of bytes.
+void AppendCollationKey(std::string& key, std::wstring_view text);
 
 }  // namespace data

@@ -41,6 +41,21 @@ TEST(Collation, ALigatureIsItsTwoLetters) {
   EXPECT_LT(KeyOf("Oeuvra"), KeyOf("Œuvrard"));
 }
 
+TEST(Collation, LettersWithTwoMarksStandBesideTheirLetter) {
+  EXPECT_LT(KeyOf("Nguyen"), KeyOf("Nguyễn"));
+  EXPECT_LT(KeyOf("Nguyễn"), KeyOf("Nguyenne"));
+  EXPECT_LT(KeyOf("Trư"), KeyOf("Trưb"));
+  EXPECT_LT(KeyOf("Trưb"), KeyOf("Truc"));
+  EXPECT_LT(KeyOf("Șerban"), KeyOf("Serbane"));
+  EXPECT_EQ(KeyOf("NGUYỄN"), KeyOf("nguyễn"));
+}
+
+TEST(Collation, AMarkThatIsACharacterOfItsOwnBelongsToTheLetterBeforeIt) {
+  const std::wstring apart = L"E\x301mile";
+  EXPECT_EQ(data::CollationKey(apart), KeyOf("Émile"));
+  EXPECT_EQ(data::CollationKey(L"c\x327"), KeyOf("ç"));
+}
+
 TEST(Collation, TheBeginningOfATextComesBeforeIt) {
   for (const char* text : {"a", "à b", "12", "l'h", "Ωm"}) {
     std::wstring longer = data::FromUtf8(text);

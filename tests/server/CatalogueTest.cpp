@@ -14,12 +14,11 @@ struct CatalogueCase {
   std::wstring statement;
   int columns;
   std::string raw;
-  bool ordered = false;
 };
 
 const CatalogueCase kSelections[] = {
     {data::SqlSelectAllUsers(), 3,
-     "select userid, name, coalesce(fullname, '') from qruser where vflg = '' order by name", true},
+     "select userid, name, coalesce(fullname, '') from qruser where vflg = ''"},
     {data::SqlSelectUser(9), 3,
      "select userid, name, fullname from qruser where userid = 9 and vflg = ''"},
     {data::SqlSelectUser(17), 3, "select 1 from qruser where 1 = 0"},
@@ -99,10 +98,9 @@ TEST_F(Catalogue, EverySelectionGivesTheRowsThatTheTablesHold) {
   for (const CatalogueCase& entry : kSelections) {
     Rows read = Read(entry.statement, entry.columns);
     Rows expected = Expected(raw, entry.raw);
-    if (!entry.ordered) {
-      std::sort(read.begin(), read.end());
-      std::sort(expected.begin(), expected.end());
-    }
+    // In which order they come is another question; see NameOrderTest.cpp.
+    std::sort(read.begin(), read.end());
+    std::sort(expected.begin(), expected.end());
     EXPECT_EQ(read, expected) << data::ToUtf8(entry.statement);
   }
 }

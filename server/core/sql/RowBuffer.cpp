@@ -1,42 +1,63 @@
 #include "server/core/sql/RowBuffer.h"
 
-#include "data/Text.h"
+#include <algorithm>
+#include <variant>
+
+#include "server/core/sql/NameOrder.h"
 
 namespace server {
 
 void RowBuffer::Fill(Cursor& cursor) {
   Clear();
+  columns_ = cursor.Columns();
   do {
-    std::vector<Value>& row = rows_.emplace_back();
-    for (std::size_t column = 0; column < cursor.Columns(); ++column) {
-      const Field field = cursor.Get().Read(static_cast<int>(column));
-      if (field.kind == FieldKind::kNull) row.emplace_back();
-      if (field.kind == FieldKind::kNumber) row.emplace_back(field.number);
-      if (field.kind == FieldKind::kText) row.emplace_back(data::FromUtf8(field.text));
+    for (std::size_t column = 0; column < columns_; ++column) {
+      const data::ColumnValue value = cursor.Read(static_cast<int>(column));
+      const std::wstring_view text = value.BorrowedText();
+      if (text.empty()) {
+        cells_.push_back(value);
+        continue;
+      }
+      auto* const kept =
+          static_cast<wchar_t*>(texts_.allocate(text.size() * sizeof(wchar_t), alignof(wchar_t)));
+      std::copy(text.begin(), text.end(), kept);
+      cells_.emplace_back(std::wstring_view(kept, text.size()));
     }
+    order_.push_back(order_.size());
   } while (cursor.Get().Step());
 }
 
-void RowBuffer::Clear() {
-  rows_.clear();
+void RowBuffer::Sort(std::size_t column) {
+  NameOrder names;
+  for (std::size_t row = 0; row < order_.size(); ++row) {
+    const data::ColumnValue& first = cells_[row * columns_];
+    names.Add(cells_[row * columns_ + column].BorrowedText(),
+              first.IsNumber() ? first.Number() : 0);
+  }
+  order_ = names.Sorted();
   current_ = 0;
 }
 
+void RowBuffer::Clear() {
+  cells_.clear();
+  order_.clear();
+  current_ = 0;
+  texts_.release();
+  changedTexts_.clear();
+}
+
 data::ColumnValue RowBuffer::Read(int column) const {
-  const Value& value = rows_[current_][static_cast<std::size_t>(column)];
-  if (const auto* number = std::get_if<std::int64_t>(&value)) return data::ColumnValue(*number);
-  if (const auto* text = std::get_if<std::wstring>(&value)) return data::ColumnValue(*text);
-  return {};
+  return cells_[CellOf(static_cast<std::size_t>(column))];
 }
 
 void RowBuffer::Change(std::size_t column, const data::FieldValue& value) {
-  Value& held = rows_[current_][column];
+  data::ColumnValue& held = cells_[CellOf(column)];
   if (const auto* number = std::get_if<std::int32_t>(&value)) {
-    held = std::int64_t{*number};
+    held = data::ColumnValue(*number);
   } else if (const auto* text = std::get_if<std::wstring>(&value)) {
-    held = *text;
+    held = data::ColumnValue(changedTexts_.emplace_back(*text));
   } else {
-    held = std::monostate{};
+    held = {};
   }
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
+#include <deque>
+#include <memory_resource>
 #include <string>
-#include <variant>
 #include <vector>
 
 #include "data/Value.h"
@@ -14,21 +15,28 @@ namespace server {
 // rows are still being walked.
 class RowBuffer {
  public:
-  // Takes over the cursor's current row and all behind it.
+  // Takes over the cursor's current row and all that follow it.
   void Fill(Cursor& cursor);
+  // Puts all rows in the order of names, by the text in one column.
+  void Sort(std::size_t column);
   void Clear();
 
-  bool EndOfRows() const { return current_ >= rows_.size(); }
+  bool EndOfRows() const { return current_ >= order_.size(); }
   void MoveNext() { ++current_; }
+  // A value of the current row; its text holds until Clear.
   data::ColumnValue Read(int column) const;
   // Notes what was written to a column of the current row.
   void Change(std::size_t column, const data::FieldValue& value);
 
  private:
-  using Value = std::variant<std::monostate, std::int64_t, std::wstring>;
+  std::size_t CellOf(std::size_t column) const { return order_[current_] * columns_ + column; }
 
-  std::vector<std::vector<Value>> rows_;
-  std::size_t current_ = 0;
+  std::size_t columns_ = 0;
+  std::vector<data::ColumnValue> cells_;  // row by row
+  std::vector<std::size_t> order_;        // the rows in the order in which they are walked
+  std::size_t current_ = 0;               // in order_
+  std::pmr::monotonic_buffer_resource texts_;
+  std::deque<std::wstring> changedTexts_;
 };
 
 }  // namespace server

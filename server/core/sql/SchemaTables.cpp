@@ -18,6 +18,21 @@ constexpr SchemaColumn kGroupColumns[] = {
     {"DESCR", kText, false},
     {"VFLG", kText, false},
 };
+// The views show a table's columns without the flag. Each has its columns for itself, so that a
+// column tells which of them is meant.
+constexpr SchemaColumn kUserViewColumns[] = {
+    {"USERID", kNumber, true},
+    {"NAME", kText, false},
+    {"FULLNAME", kText, false},
+    {"PASSWORD", kText, false},
+};
+constexpr SchemaColumn kGroupViewColumns[] = {
+    {"GROUPID", kNumber, true},
+    {"NAME", kText, false},
+    {"DESCR", kText, false},
+};
+constexpr SchemaColumn kMembershipViewColumns[] = {{"USERID", kNumber, true},
+                                                   {"GROUPID", kNumber, true}};
 constexpr SchemaColumn kMembershipColumns[] = {{"USERID", kNumber, true},
                                                {"GROUPID", kNumber, true}};
 constexpr SchemaColumn kUserPermissionColumns[] = {{"USERID", kNumber, true},
@@ -28,10 +43,6 @@ constexpr SchemaColumn kPermissionColumns[] = {
     {"PERMID", kNumber, true}, {"NAME", kText, false}, {"RIGHTS", kNumber, false}};
 constexpr SchemaColumn kSessionColumns[] = {{"USERID", kNumber, false}, {"SESID", kNumber, true}};
 
-// The views show a table's columns without the flag, which stands last.
-constexpr std::span<const SchemaColumn> kUserViewColumns{kUserColumns, 4};
-constexpr std::span<const SchemaColumn> kGroupViewColumns{kGroupColumns, 3};
-
 constexpr std::string_view kLiving = "COALESCE(VFLG, '') <> 'D'";
 
 constexpr SchemaTable kTables[] = {
@@ -40,7 +51,7 @@ constexpr SchemaTable kTables[] = {
     {"QRGROUP", "", "", false, true, kGroupColumns},
     {"QRGROUPV", "QRGROUP", kLiving, false, true, kGroupViewColumns},
     {"QRUSGP", "QRUSGP", "", true, true, kMembershipColumns},
-    {"QRUSGPV", "", "", false, true, kMembershipColumns},
+    {"QRUSGPV", "", "", false, true, kMembershipViewColumns},
     {"QRUPRM", "QRUPRM", "", true, true, kUserPermissionColumns},
     {"QRGPRM", "QRGPRM", "", true, true, kGroupPermissionColumns},
     {"QRPERM", "", "", false, true, kPermissionColumns},

@@ -8,7 +8,16 @@
 namespace server {
 
 SqlResultSet::SqlResultSet(std::shared_ptr<Database> database, std::unique_ptr<CursorLoan> cursor)
-    : database_(std::move(database)), cursor_(std::move(cursor)), onRow_(cursor_->Get().Step()) {}
+    : database_(std::move(database)), cursor_(std::move(cursor)) {
+  Start();
+}
+
+void SqlResultSet::Start() {
+  onRow_ = cursor_->Get().Step();
+  if (!cursor_->Plan().nameOrder) return;
+  Detach();
+  rows_.Sort(*cursor_->Plan().nameOrder);
+}
 
 CursorLoan& SqlResultSet::Open() {
   if (cursor_ == nullptr) Fail(kResultSetClosed);
@@ -26,7 +35,7 @@ void SqlResultSet::RequireRow() {
 
 data::ColumnValue SqlResultSet::Column(int position) {
   CursorLoan& cursor = Open();
-  if (position < 0 || static_cast<std::size_t>(position) >= cursor.Rows().Columns()) {
+  if (position < 0 || static_cast<std::size_t>(position) >= cursor.Plan().columns.size()) {
     Fail(kColumnUnknown, data::Decimal(position));
   }
   RequireRow();
@@ -51,7 +60,7 @@ void SqlResultSet::MoveFirst() {
   detached_ = false;
   onRow_ = false;
   statement.Reset();
-  onRow_ = statement.Step();
+  Start();
 }
 
 void SqlResultSet::RequireWritable() {
@@ -112,7 +121,7 @@ void SqlResultSet::SetColumn(std::wstring_view name, const data::FieldValue& val
 }
 
 void SqlResultSet::SetColumn(int position, const data::FieldValue& value) {
-  if (position < 0 || static_cast<std::size_t>(position) >= Open().Rows().Columns()) {
+  if (position < 0 || static_cast<std::size_t>(position) >= Open().Plan().columns.size()) {
     Fail(kColumnUnknown, data::Decimal(position));
   }
   Set(static_cast<std::size_t>(position), value);

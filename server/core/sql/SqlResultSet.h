@@ -32,6 +32,8 @@ class SqlResultSet final : public data::ResultSet {
 
  private:
   CursorLoan& Open();
+  // Runs the statement up to its first row.
+  void Start();
   void RequireRow();
   void RequireWritable();
   // Takes over the rows not yet walked, so that no lock of this set stands in the way of a write,

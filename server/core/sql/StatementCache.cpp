@@ -53,7 +53,7 @@ CursorLoan::CursorLoan(Engine& engine, std::shared_ptr<CachedStatement> statemen
     : statement_(std::move(statement)) {
   if (statement_->idle.empty()) {
     const StatementPlan& plan = statement_->plan;
-    cursor_ = std::make_unique<Cursor>(engine.Prepare(plan.sql), plan.columns.size());
+    cursor_ = std::make_unique<Cursor>(engine.Prepare(plan.sql), plan.ColumnsRead());
   } else {
     cursor_ = std::move(statement_->idle.back());
     statement_->idle.pop_back();

@@ -63,7 +63,7 @@ class StatementCache {
 
   std::size_t Size() const { return statements_.size(); }
 
-  // Programs send a few dozen shapes; whoever sends more starts anew.
+  // Programs send a few dozen shapes; whoever sends more starts over.
   static constexpr std::size_t kMostShapes = 128;
 
  private:

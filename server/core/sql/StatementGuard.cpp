@@ -1,5 +1,7 @@
 #include "server/core/sql/StatementGuard.h"
 
+#include <algorithm>
+
 #include "data/Text.h"
 #include "server/core/Errors.h"
 #include "server/core/sql/StatementTokens.h"
@@ -21,6 +23,13 @@ constexpr int kDeepestNesting = 8;
 struct ColumnName {
   Token table;
   Token column;
+
+  // As the engine is to read it; the table exists.
+  std::string Sql() const {
+    std::string sql;
+    if (!table.text.empty()) sql.append(FindTable(table.text)->name).append(".");
+    return sql.append(column.text);
+  }
 };
 
 class Parser {
@@ -44,7 +53,7 @@ class Parser {
 
  private:
   void ParseSelect() {
-    tokens_.SkipWord("DISTINCT");
+    const bool distinct = tokens_.SkipWord("DISTINCT");
     const Token star = tokens_.Current();
     const bool all = tokens_.SkipSign('*');
     std::vector<ColumnName> names;
@@ -52,15 +61,41 @@ class Parser {
       do names.push_back(ParseColumnName());
       while (tokens_.SkipSign(','));
     }
+    const Token from = tokens_.Current();
     tokens_.ExpectWord("FROM");
     ParseTables();
     if (all) ListAllColumns(star);
     for (const ColumnName& name : names) plan_.columns.push_back(&Resolve(name));
     if (tokens_.SkipWord("WHERE")) ParseConditions(0);
+    const Token order = tokens_.Current();
     if (tokens_.SkipWord("ORDER")) {
       tokens_.ExpectWord("BY");
-      Resolve(ParseColumnName());
+      OrderBy(ParseColumnName(), {from, order, distinct});
     }
+  }
+
+  // The places of a statement at which it is changed for its order.
+  struct OrderPlaces {
+    Token from;
+    Token order;
+    bool distinct;
+  };
+
+  // Numbers are left to the engine. A text to order by that is not shown is read beside what is.
+  void OrderBy(const ColumnName& name, const OrderPlaces& places) {
+    const SchemaColumn& column = Resolve(name);
+    if (column.kind != ColumnKind::kText) return;
+    plan_.nameOrder = PlaceOf(column);
+    if (*plan_.nameOrder == plan_.columns.size()) {
+      if (places.distinct) FailDatabase(L"rows told apart are ordered by a column that they show");
+      tokens_.Insert(", " + name.Sql() + " ", places.from);
+    }
+    tokens_.LeaveOut(places.order, tokens_.Current());
+  }
+
+  std::size_t PlaceOf(const SchemaColumn& column) const {
+    const auto found = std::find(plan_.columns.begin(), plan_.columns.end(), &column);
+    return static_cast<std::size_t>(found - plan_.columns.begin());
   }
 
   void ParseDelete() {

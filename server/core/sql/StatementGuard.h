@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -14,6 +17,9 @@
 //   [AND column = number]; UPDATE of a user or group that marks it deleted: its name becomes
 //   name(id), its flag D.
 // Everything else is refused with a database error before the database sees anything of it.
+//
+// Engines order texts each in its own way, so the server puts the rows in order itself when a text
+// is ordered by.
 namespace server {
 
 enum class StatementKind { kSelect, kDelete, kMarkDeleted };
@@ -26,6 +32,14 @@ struct StatementPlan {
   const SchemaTable* table = nullptr;
   // The columns of a result set, in order.
   std::vector<const SchemaColumn*> columns;
+  // The column by whose text the server puts the rows in order, where it does. It may stand one
+  // place beyond the columns: then the engine reads it for the order alone.
+  std::optional<std::size_t> nameOrder;
+
+  // How many columns the engine gives.
+  std::size_t ColumnsRead() const {
+    return std::max(columns.size(), nameOrder ? *nameOrder + 1 : 0);
+  }
 };
 
 // Understands a shape or raises a database error.

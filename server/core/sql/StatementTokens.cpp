@@ -96,7 +96,12 @@ void StatementTokens::LeaveOut(const Token& first, const Token& last) {
 }
 
 void StatementTokens::Respell(const Token& name, std::string_view spelling) {
-  if (name.text != spelling) changes_.push_back({name.place, name.text.size(), spelling});
+  if (name.text != spelling)
+    changes_.push_back({name.place, name.text.size(), std::string(spelling)});
+}
+
+void StatementTokens::Insert(std::string_view piece, const Token& before) {
+  changes_.push_back({before.place, 0, std::string(piece)});
 }
 
 std::string StatementTokens::Sql() {

@@ -37,6 +37,8 @@ class StatementTokens {
   void LeaveOut(const Token& first, const Token& last);
   // Puts a name in another spelling into the text for the engine.
   void Respell(const Token& name, std::string_view spelling);
+  // Puts a piece into the text for the engine in front of a token.
+  void Insert(std::string_view piece, const Token& before);
   // The text for the engine: the shape with a parameter for each literal.
   std::string Sql();
 
@@ -49,7 +51,7 @@ class StatementTokens {
   struct Change {
     std::size_t place;
     std::size_t size;
-    std::string_view text;
+    std::string text;
   };
 
   void Advance();
