@@ -2,6 +2,7 @@
 
 #include "server/tool/DatabaseCommands.h"
 #include "server/tool/Registration.h"
+#include "server/tool/SourceCommands.h"
 
 namespace tool {
 namespace {
@@ -19,6 +20,8 @@ constexpr Option kGeneratedOptions[] = {
 constexpr Option kAdminOptions[] = {kSource, kUser, kPassword, kPasswordInput, {"--full-name"}};
 constexpr Option kOpenOptions[] = {kSource, kUser, kPassword, kPasswordInput};
 constexpr Option kCloseOptions[] = {kSource, {"--session", false, true}};
+constexpr Option kCopyOptions[] = {{"--from", false, true}, {"--to", false, true}};
+constexpr Option kGrantOptions[] = {{"--to", false, true}};
 constexpr Option kRegisterOptions[] = {{"--user", true}};
 
 constexpr Command kCommands[] = {
@@ -29,6 +32,9 @@ constexpr Command kCommands[] = {
     {"open-session", kOpenOptions, OpenSession},
     {"list-sessions", kSourceOnly, ListSessions},
     {"close-session", kCloseOptions, CloseSession},
+    {"check", kSourceOnly, Check},
+    {"copy", kCopyOptions, Copy},
+    {"grants", kGrantOptions, PrintGrants},
     {"register", kRegisterOptions, Register},
     {"unregister", kRegisterOptions, Unregister},
 };

@@ -13,24 +13,13 @@
 #include "server/core/sessions/Sessions.h"
 #include "server/engines/Engines.h"
 #include "server/tool/Commands.h"
+#include "server/tool/OpenSource.h"
 
 namespace tool {
 namespace {
 
 constexpr int kMostUsers = 1'000'000;
 constexpr int kMostOthers = 100'000;
-
-// A data source opened for work, with the cipher of its passwords.
-struct OpenSource {
-  OpenSource(const Arguments& arguments, const Surroundings& surroundings)
-      : source(server::DataSources(surroundings.home).Find(arguments.Value("--source"))),
-        engine(server::OpenEngine(source, std::chrono::seconds(5))),
-        passwords(server::ReadKey(source)) {}
-
-  server::DataSource source;
-  std::unique_ptr<server::Engine> engine;
-  server::PasswordCipher passwords;
-};
 
 std::string ReadLine(const Surroundings& surroundings) {
   std::string line;

@@ -29,6 +29,13 @@ constexpr std::string_view kHelp =
   list-sessions --source NAME
       Print the open sessions: number, user, time opened (UTC).
   close-session --source NAME --session NUMBER
+  check --source NAME
+      Say what is wrong with a data source: its server, user, schema or rights.
+  copy --from NAME --to NAME
+      Copy all accounts, passwords included, into the empty database of another data source.
+  grants --to ACCOUNT
+      Print the statements that give a database user what the session server needs, and no more.
+      ACCOUNT is written as the database server has it.
   register [--user], unregister [--user]
       Register vardex.dll, which lies beside this program, for the machine or for the user. Windows.
 

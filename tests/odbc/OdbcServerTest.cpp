@@ -1,9 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <fstream>
 #include <iterator>
-#include <sstream>
 
+#include "OnServer.h"
 #include "data/Text.h"
 #include "server/core/Errors.h"
 #include "server/core/sessions/CommandLine.h"
@@ -11,46 +9,20 @@
 #include "server/core/sql/Query.h"
 #include "server/engines/Engines.h"
 #include "server/engines/odbc/OdbcEngine.h"
-#include "server/tool/Tool.h"
-#include "tests/support/data/SampleDatabase.h"
 
 namespace {
 
 using test_support::ServerDatabase;
 using test_support::TestEngine;
 
-class OnServer : public ::testing::Test {
+class Odbc : public odbc_test::OnServer {
  protected:
-  ~OnServer() override {
-    std::error_code ignored;
-    std::filesystem::remove_all(home_, ignored);
-  }
-
-  int Run(const std::vector<std::string>& words, const std::string& input = "") {
-    std::istringstream in(input);
-    std::ostringstream out;
-    std::ostringstream errors;
-    const int code = tool::RunTool(words, {home_, in, out, errors});
-    out_ = out.str();
-    errors_ = errors.str();
-    return code;
-  }
-  int Create(const std::string& source = "demo") {
-    return Run({"create-database", "--source", source, "--odbc",
-                database_.Description().connectionString, "--password-stdin"},
-               ServerDatabase::Password() + "\n");
-  }
   server::OdbcTarget Target() const {
     return {database_.Description().connectionString, "", ServerDatabase::Password()};
   }
-
-  ServerDatabase database_;
-  std::filesystem::path home_ = test_support::MakeTestFolder();
-  std::string out_;
-  std::string errors_;
 };
 
-TEST_F(OnServer, TheToolTakesAnEmptyDatabaseToAnOpenSession) {
+TEST_F(Odbc, TheToolTakesAnEmptyDatabaseToAnOpenSession) {
   ASSERT_EQ(Create(), 0) << errors_;
   ASSERT_EQ(Run({"fill-sample", "--source", "demo"}), 0) << errors_;
   ASSERT_EQ(Run({"open-session", "--source", "demo", "--user", "Admin", "--password-stdin"},
@@ -63,7 +35,7 @@ TEST_F(OnServer, TheToolTakesAnEmptyDatabaseToAnOpenSession) {
   EXPECT_EQ(server.GetRights(), 7);
 }
 
-TEST_F(OnServer, ADatabaseThatHoldsASchemaIsLeftAsItIs) {
+TEST_F(Odbc, ADatabaseThatHoldsASchemaIsLeftAsItIs) {
   ASSERT_EQ(Create(), 0) << errors_;
   ASSERT_EQ(Run({"fill-sample", "--source", "demo"}), 0) << errors_;
   EXPECT_EQ(Create("other"), 1);
@@ -75,7 +47,7 @@ TEST_F(OnServer, ADatabaseThatHoldsASchemaIsLeftAsItIs) {
       << errors_;
 }
 
-TEST_F(OnServer, AWrongPasswordIsToldByTheDriverAndShownToNobody) {
+TEST_F(Odbc, AWrongPasswordIsToldByTheDriverAndShownToNobody) {
   const std::string wrong = "not-the-Password}1;";
   EXPECT_EQ(Run({"create-database", "--source", "demo", "--odbc",
                  database_.Description().connectionString, "--password-stdin"},
@@ -88,7 +60,7 @@ TEST_F(OnServer, AWrongPasswordIsToldByTheDriverAndShownToNobody) {
   EXPECT_FALSE(std::filesystem::exists(home_ / "sources" / "demo.ini"));
 }
 
-TEST_F(OnServer, ThePasswordIsKeptForItsReadersAlone) {
+TEST_F(Odbc, ThePasswordIsKeptForItsReadersAlone) {
   ASSERT_EQ(Create(), 0) << errors_;
   const std::filesystem::path file = home_ / "keys" / "demo.password";
   EXPECT_EQ(std::filesystem::status(file).permissions(),
@@ -103,7 +75,7 @@ TEST_F(OnServer, ThePasswordIsKeptForItsReadersAlone) {
             "written\n");
 }
 
-TEST_F(OnServer, AStatementThatTakesTooLongIsEndedByTheDatabase) {
+TEST_F(Odbc, AStatementThatTakesTooLongIsEndedByTheDatabase) {
   server::OdbcEngine engine(Target(), std::chrono::seconds(1));
   const bool postgresql = test_support::EngineUnderTest() == TestEngine::kPostgresql;
   const auto start = std::chrono::steady_clock::now();
@@ -117,7 +89,7 @@ TEST_F(OnServer, AStatementThatTakesTooLongIsEndedByTheDatabase) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
-TEST_F(OnServer, TextsOfEveryLengthComeBackWholeFromOneSet) {
+TEST_F(Odbc, TextsOfEveryLengthComeBackWholeFromOneSet) {
   server::OdbcEngine engine(Target(), std::chrono::seconds(30));
   engine.CreateSchema();
   server::Query insert(engine, "INSERT INTO QRUSER (USERID, NAME) VALUES (?, ?)");
@@ -141,7 +113,7 @@ TEST_F(OnServer, TextsOfEveryLengthComeBackWholeFromOneSet) {
   }
 }
 
-TEST_F(OnServer, NamesAreTheSameOnlyLetterForLetter) {
+TEST_F(Odbc, NamesAreTheSameOnlyLetterForLetter) {
   server::OdbcEngine engine(Target(), std::chrono::seconds(30));
   engine.CreateSchema();
   server::Run(engine, "INSERT INTO QRUSER (USERID, NAME) VALUES (?, ?)", 1,
@@ -153,7 +125,7 @@ TEST_F(OnServer, NamesAreTheSameOnlyLetterForLetter) {
   }
 }
 
-TEST_F(OnServer, AnUpdateCountsTheRowsThatItMeetsChangedOrNot) {
+TEST_F(Odbc, AnUpdateCountsTheRowsThatItMeetsChangedOrNot) {
   server::OdbcEngine engine(Target(), std::chrono::seconds(30));
   engine.CreateSchema();
   server::Run(engine, "INSERT INTO QRUSER (USERID, NAME) VALUES (1, 'a')");

@@ -198,7 +198,7 @@ TEST_F(Tool, ExplainsItself) {
   EXPECT_EQ(Run({"--help"}), 0);
   for (const char* const command :
        {"create-database", "fill-sample", "fill-generated", "add-admin", "open-session",
-        "list-sessions", "close-session", "register", "unregister"}) {
+        "list-sessions", "close-session", "check", "copy", "grants", "register", "unregister"}) {
     EXPECT_NE(out_.find(command), std::string::npos) << command;
   }
 }
