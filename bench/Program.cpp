@@ -47,8 +47,9 @@ std::vector<std::wstring> StatementsOf(const std::vector<std::wstring>& calls,
 }  // namespace
 
 Program::Program(const server::GeneratedSize& size) : database_(size) {
-  desktop_.Instead.CommandLine = [line = database_.CommandLine()] { return line; };
-  desktop_.Instead.MsgBox = [](const std::wstring& prompt, int style, const std::wstring&) -> int {
+  desktop_.system.answers.CommandLine = [line = database_.CommandLine()] { return line; };
+  desktop_.system.answers.MsgBox = [](const std::wstring& prompt, int style,
+                                      const std::wstring&) -> int {
     if ((style & controls::kYesNo) != 0) return controls::kResultYes;
     throw std::runtime_error(data::ToUtf8(prompt));
   };
@@ -83,7 +84,7 @@ std::vector<std::wstring> Program::Statements(
 }
 
 void Program::AnswerDialogs(std::function<void(controls::Form& form)> answer) {
-  desktop_.Instead.ModalShown = std::move(answer);
+  desktop_.system.answers.ModalShown = std::move(answer);
 }
 
 void Refresh(browser::frmUserGroupPerm& window) {

@@ -7,9 +7,9 @@
 
 #include "app/mGlobal.h"
 #include "browser/frmUserGroupPerm.h"
-#include "controls/Desktop.h"
 #include "data/SessionServer.h"
 #include "tests/support/data/SampleDatabase.h"
+#include "tests/support/system/ScriptedDesktop.h"
 
 namespace bench {
 
@@ -38,7 +38,7 @@ class Program {
   std::unique_ptr<browser::frmUserGroupPerm> Start(
       std::function<std::unique_ptr<data::SessionServer>()> createServer);
 
-  controls::Desktop desktop_;
+  test_support::ScriptedDesktop desktop_;
   app::mGlobal global_{desktop_};
   test_support::SampleDatabase database_;
 };

@@ -5,11 +5,9 @@
 #include <string>
 
 #include "controls/MsgBox.h"
-#include "controls/StandIns.h"
+#include "controls/System.h"
 
 namespace controls {
-
-class Form;
 
 enum class MousePointer { kDefault, kWait };
 
@@ -19,7 +17,7 @@ class Desktop {
  public:
   struct Peer;
 
-  Desktop();
+  explicit Desktop(System& system);
   ~Desktop();
   Desktop(const Desktop&) = delete;
   Desktop& operator=(const Desktop&) = delete;
@@ -27,38 +25,44 @@ class Desktop {
   // Shows a modal message box over the active form. style adds up MsgBoxStyle values; the answer is
   // a MsgBoxResult.
   int MsgBox(const std::wstring& prompt, int style, const std::wstring& title);
-  void Beep();
+  void Beep() { system_.Beep(); }
   // Puts a text on the clipboard; false when another program keeps it occupied.
   bool SetClipboardText(const std::wstring& text);
   void SetMousePointer(MousePointer pointer);
   MousePointer Pointer() const;
 
   // A text of the program's string table; empty when the number has none.
-  std::wstring LoadResString(int id) const;
+  std::wstring LoadResString(int id) const { return system_.LoadResString(id); }
   // The user's default locale identifier, 1036 for French.
-  int UserDefaultLcid() const;
+  int UserDefaultLcid() const { return system_.UserDefaultLcid(); }
   // The folder of the executable, without a closing backslash.
-  std::wstring ProgramFolder() const;
+  std::wstring ProgramFolder() const { return system_.ProgramFolder(); }
   // The whole command line, the program's own name left out.
-  std::wstring CommandLine() const;
+  std::wstring CommandLine() const { return system_.CommandLine(); }
 
   // Opens a compiled help file at a topic number through the function HtmlHelpForVB of the library
   // kvh_util, which is loaded when it is first needed.
-  HelpOutcome HtmlHelp(const Form& form, const std::wstring& file, int topic);
+  HelpOutcome HtmlHelp(const Form& form, const std::wstring& file, int topic) {
+    return system_.HtmlHelp(form, file, topic);
+  }
+  // See ShowPopupMenu, which asks first whether there is anything to show.
+  int PopupMenu(TreeView& tree, NodeId node, const std::vector<MenuItem>& items) {
+    return system_.PopupMenu(tree, node, items);
+  }
 
   // Shows the form and handles input until it is unloaded.
   void Run(Form& form);
+  // Handles input until the form, which is shown, is unloaded.
+  void HandleInput(Form& form);
 
   // Called inside a catch block when an exception escapes a form's event procedure: the current
   // exception is to be reported. Without one the program ends.
   std::function<void()> EscapedError;
 
-  // Empty in the program; both back ends ask here first.
-  StandIns Instead;
-
   Peer& BackEnd() const { return *peer_; }
 
  private:
+  System& system_;
   std::unique_ptr<Peer> peer_;
 };
 

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "controls/TreeNodes.h"
+
 namespace controls {
 
 class TreeView;
@@ -16,6 +18,6 @@ struct MenuItem {
 
 // Shows a menu for a node and waits for the user's choice: where the mouse was when it asked for it
 // (inside TreeView::ContextMenu), else below the node. Returns the command chosen, 0 for none.
-int ShowPopupMenu(TreeView& tree, int node, const std::vector<MenuItem>& items);
+int ShowPopupMenu(TreeView& tree, NodeId node, const std::vector<MenuItem>& items);
 
 }  // namespace controls

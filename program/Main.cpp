@@ -11,6 +11,7 @@
 #include "com/ComSessionServer.h"
 #include "controls/Desktop.h"
 #include "controls/InputHold.h"
+#include "controls/win32/NativeSystem.h"
 #include "data/RunTimeError.h"
 
 namespace {
@@ -62,7 +63,8 @@ int Run(controls::Desktop& desktop) {
 // What fails out here, before there is a window, is the apartment: without it nothing can be
 // called.
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
-  controls::Desktop desktop;
+  controls::NativeSystem system;
+  controls::Desktop desktop(system);
   try {
     return Run(desktop);
   } catch (const data::RunTimeError&) {

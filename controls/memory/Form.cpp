@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "controls/memory/ControlPeer.h"
-#include "controls/memory/DesktopPeer.h"
 #include "controls/memory/Events.h"
 #include "controls/memory/FormPeer.h"
 
@@ -77,7 +76,7 @@ void Form::ShowModal(Form& owner) {
   peer_->modalOwner = &owner;
   ++owner.BackEnd().modalAbove;
   peer_->ShowNow();
-  desktop_.BackEnd().HandleInputUntilUnloaded(desktop_, *this);
+  desktop_.HandleInput(*this);
 }
 
 void Form::Unload() {

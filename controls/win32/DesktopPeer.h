@@ -5,7 +5,6 @@
 #include "controls/Desktop.h"
 #include "controls/Form.h"
 #include "controls/win32/Handles.h"
-#include "controls/win32/HelpLibrary.h"
 
 namespace controls {
 
@@ -13,7 +12,7 @@ namespace controls {
 struct Desktop::Peer {
   // --- The message loop (MessageLoop.cpp) ---
   // Handles input until the form is unloaded.
-  void LoopWhileLoaded(const Desktop& desktop, Form& form);
+  void LoopWhileLoaded(Form& form);
   // What the loop does with each message; also for tests that make messages themselves.
   void Process(MSG& message);
   // To be called before messages are handled in the middle of a procedure.
@@ -23,15 +22,15 @@ struct Desktop::Peer {
 
   // The loaded form that a window belongs to; null when it is none of ours.
   Form::Peer* FormOf(HWND window) const;
-  // The shown form that has, or would have, the input: the last one shown that is not disabled.
-  HWND ActiveWindow() const;
+  // The shown form that has, or would have, the input: the last one shown that is not disabled;
+  // null when there is none.
+  const Form* ActiveForm() const;
   void ShowPointer() const;
 
   std::vector<Form::Peer*> forms;  // loaded, in that order
   MousePointer pointer = MousePointer::kDefault;
   bool inputHeld = false;
   int inputHolds = 0;  // holds without their release
-  HelpLibrary help;
 };
 
 }  // namespace controls

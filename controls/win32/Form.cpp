@@ -29,7 +29,7 @@ void Form::ShowModal(Form& owner) {
   if (!peer_->window) return;
   peer_->StandOver(owner.BackEnd());
   peer_->Show();
-  desktop_.BackEnd().LoopWhileLoaded(desktop_, *this);
+  desktop_.HandleInput(*this);
 }
 
 void Form::Unload() {

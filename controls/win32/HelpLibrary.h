@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "controls/StandIns.h"
+#include "controls/System.h"
 #include "controls/win32/Handles.h"
 
 namespace controls {

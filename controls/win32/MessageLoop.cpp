@@ -13,9 +13,7 @@ constexpr int kMostPaints = 200;
 
 }  // namespace
 
-void Desktop::Peer::LoopWhileLoaded(const Desktop& desktop, Form& form) {
-  RepaintChanged();
-  if (desktop.Instead.ModalShown) desktop.Instead.ModalShown(form);
+void Desktop::Peer::LoopWhileLoaded(Form& form) {
   while (form.IsLoaded()) {
     MSG message = {};
     const BOOL got = GetMessageW(&message, nullptr, 0, 0);
@@ -59,9 +57,9 @@ Form::Peer* Desktop::Peer::FormOf(HWND window) const {
   return root && found != forms.end() ? *found : nullptr;
 }
 
-HWND Desktop::Peer::ActiveWindow() const {
+const Form* Desktop::Peer::ActiveForm() const {
   for (const Form::Peer* form : std::views::reverse(forms)) {
-    if (form->shown && IsWindowEnabled(form->window)) return form->window;
+    if (form->shown && IsWindowEnabled(form->window)) return &form->form;
   }
   return nullptr;
 }

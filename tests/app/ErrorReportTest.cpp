@@ -29,7 +29,7 @@ class Report : public ::testing::Test {
     return user.SeenBoxes().back().prompt;
   }
 
-  controls::Desktop desktop;
+  test_support::ScriptedDesktop desktop;
   test_support::User user{desktop};
   mGlobal global{desktop};
 };

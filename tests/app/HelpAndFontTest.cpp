@@ -28,7 +28,7 @@ class Help : public ::testing::Test {
     return user.SeenBoxes().back().prompt;
   }
 
-  controls::Desktop desktop;
+  test_support::ScriptedDesktop desktop;
   test_support::User user{desktop};
   mGlobal global{desktop};
   controls::Form form{desktop, IDD_USER_GROUP_PERM};

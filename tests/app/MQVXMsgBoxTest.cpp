@@ -20,7 +20,7 @@ class MessageBoxes : public ::testing::Test {
                        .title = L"Admin Utilisateurs"});
   }
 
-  controls::Desktop desktop;
+  test_support::ScriptedDesktop desktop;
   test_support::User user{desktop};
   mGlobal global{desktop};
   MQVXMsgBox boxes{global};

@@ -17,7 +17,7 @@ class ReportedWork : public ::testing::Test {
                        .title = L"Admin Utilisateurs"});
   }
 
-  controls::Desktop desktop;
+  test_support::ScriptedDesktop desktop;
   test_support::User user{desktop};
   mGlobal global{desktop};
 };

@@ -111,19 +111,20 @@ class CommandFaults : public CommandTest {
   // Boxes and dialogs while a command runs; the reports are kept.
   void AnswerAll(const FaultCase& test) {
     reports_.clear();
-    desktop.Instead.MsgBox = [this](const std::wstring& prompt, int style, const std::wstring&) {
+    desktop.system.answers.MsgBox = [this](const std::wstring& prompt, int style,
+                                           const std::wstring&) {
       if (prompt.find(L" Error [") != std::wstring::npos) reports_.push_back(prompt);
       EXPECT_FALSE(IsReading()) << "others wait for " << data::ToUtf8(prompt);
       return (style & controls::kYesNo) != 0 ? controls::kResultYes : controls::kResultOk;
     };
-    desktop.Instead.ModalShown = [this, &test](controls::Form& form) {
+    desktop.system.answers.ModalShown = [this, &test](controls::Form& form) {
       if (reports_.empty()) test.Fill(user, form);
       if (form.IsLoaded()) user.PressKey(form, test_support::kKeyEscape);
     };
   }
   void StopAnswering() {
-    desktop.Instead.MsgBox = nullptr;
-    desktop.Instead.ModalShown = nullptr;
+    desktop.system.answers.MsgBox = nullptr;
+    desktop.system.answers.ModalShown = nullptr;
     log.FailAt = {};
     log.FailInside = {};
   }

@@ -25,7 +25,8 @@ class FailedReads : public CommandTest {
   }
   // Keeps whether a reading transaction was open when a box was shown.
   void WatchBoxes() {
-    desktop.Instead.MsgBox = [this](const std::wstring& prompt, int style, const std::wstring&) {
+    desktop.system.answers.MsgBox = [this](const std::wstring& prompt, int style,
+                                           const std::wstring&) {
       boxes_.push_back(prompt);
       shownWhileReading_ |= IsReading();
       return (style & controls::kYesNo) != 0 ? controls::kResultYes : controls::kResultOk;

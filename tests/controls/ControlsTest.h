@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "controls/Desktop.h"
 #include "tests/controls/TestForm.h"
 #include "tests/support/controls/User.h"
 
@@ -21,7 +20,7 @@ class ControlsTest : public testing::Test {
     form.Show();
   }
 
-  controls::Desktop desktop;
+  test_support::ScriptedDesktop desktop;
   test_support::User user{desktop};
   TestForm form{desktop};
   Events events;

@@ -10,7 +10,7 @@ class FormLife : public testing::Test {
     form.OnUnload = [this](bool&) { events.push_back(L"unload"); };
   }
 
-  controls::Desktop desktop;
+  test_support::ScriptedDesktop desktop;
   test_support::User user{desktop};
   TestForm form{desktop};
   Events events;

@@ -55,7 +55,7 @@ TEST_F(UserOfTests, FailsOnAScriptThatLeavesItsFormOpenAndTakesItAway) {
 }
 
 TEST_F(UserOfTests, FailsInTheEndOnABoxThatHasNotAppeared) {
-  controls::Desktop other;
+  test_support::ScriptedDesktop other;
   auto someone = std::make_unique<test_support::User>(other);
   someone->ExpectMsgBox(controls::kResultOk);
   EXPECT_NONFATAL_FAILURE(someone.reset(), "has not appeared");
@@ -82,14 +82,14 @@ TEST_F(UserOfTests, FailsOnACommandThatTheMenuDoesNotOffer) {
 }
 
 TEST_F(UserOfTests, FailsInTheEndOnAMenuThatHasNotAppeared) {
-  controls::Desktop other;
+  test_support::ScriptedDesktop other;
   auto someone = std::make_unique<test_support::User>(other);
   someone->ExpectMenu(1);
   EXPECT_NONFATAL_FAILURE(someone.reset(), "has not appeared");
 }
 
 TEST_F(UserOfTests, FailsInTheEndOnAFormThatHasNotAppeared) {
-  controls::Desktop other;
+  test_support::ScriptedDesktop other;
   auto someone = std::make_unique<test_support::User>(other);
   someone->ExpectModal([](controls::Form&) {});
   EXPECT_NONFATAL_FAILURE(someone.reset(), "has not appeared");

@@ -32,7 +32,7 @@ class AccountNames : public ::testing::Test {
                        .title = L"Admin Utilisateurs"});
   }
 
-  controls::Desktop desktop;
+  test_support::ScriptedDesktop desktop;
   test_support::User user{desktop};
   app::mGlobal global{desktop};
   controls::TreeNodes tree{controls::SortKey};

@@ -25,7 +25,7 @@ class Boxes : public controls::Form {
 };
 
 TEST(SelectAllInABox, TakesTheWholeTextAlsoWhereTheBoxHasTheFocusAlready) {
-  controls::Desktop desktop;
+  test_support::ScriptedDesktop desktop;
   test_support::User user(desktop);
   Boxes form(desktop);
   user.ExpectModal([&](controls::Form&) {
@@ -43,7 +43,7 @@ TEST(SelectAllInABox, TakesTheWholeTextAlsoWhereTheBoxHasTheFocusAlready) {
 }
 
 TEST(SelectAllInABox, IsDoneByTheBoxWheneverItGetsTheFocus) {
-  controls::Desktop desktop;
+  test_support::ScriptedDesktop desktop;
   test_support::User user(desktop);
   Boxes form(desktop);
   user.ExpectModal([&](controls::Form&) {

@@ -59,17 +59,18 @@ TEST_F(UserDialogList, UncheckingEveryoneIsRefusedOnceAndTheTickComesBack) {
 
 TEST_F(UserDialogList, TheRefusalComesBeforeTheTick) {
   Edit(kMartin, [this](frmEditUser& dialog) {
-    const auto answer = desktop.Instead.MsgBox;
+    const auto answer = desktop.system.answers.MsgBox;
     // Native message boxes are real, and nobody can look at the list meanwhile.
     if (!answer) return dialog.Unload();
     bool checkedMeanwhile = true;
-    desktop.Instead.MsgBox = [&](const std::wstring& prompt, int style, const std::wstring& title) {
+    desktop.system.answers.MsgBox = [&](const std::wstring& prompt, int style,
+                                        const std::wstring& title) {
       checkedMeanwhile = dialog.List1[dialog.kGroups].Selected(Item(kEveryone));
       return answer(prompt, style, title);
     };
     ExpectInformation(Refusal(L"Tout le monde"));
     user.Toggle(dialog.List1[dialog.kGroups], Item(kEveryone));
-    desktop.Instead.MsgBox = answer;
+    desktop.system.answers.MsgBox = answer;
     EXPECT_FALSE(checkedMeanwhile);
     Discard(dialog);
   });

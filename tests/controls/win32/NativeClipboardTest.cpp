@@ -10,7 +10,7 @@ namespace {
 // The system's clipboard.
 class NativeClipboard : public ControlsTest {
  protected:
-  NativeClipboard() { desktop.Instead.SetClipboardText = nullptr; }
+  NativeClipboard() { desktop.system.answers.SetClipboardText = nullptr; }
 
   std::wstring Read() const {
     std::wstring text;

@@ -87,7 +87,7 @@ TEST_F(NativeDriving, AMaskedBoxShowsAsterisks) {
 }
 
 TEST_F(NativeDriving, TheLoopOfAModalFormHandlesWhatIsPosted) {
-  desktop.Instead.ModalShown = nullptr;
+  desktop.system.answers.ModalShown = nullptr;
   SmallForm dialog(desktop);
   dialog.ok.Click = [&] { dialog.Unload(); };
   dialog.OnLoad = [&] { PostMessageW(dialog.ok.BackEnd().window, BM_CLICK, 0, 0); };
@@ -100,7 +100,7 @@ TEST_F(NativeDriving, TheLoopOfAModalFormHandlesWhatIsPosted) {
 }
 
 TEST_F(NativeDriving, TheLoopEndsWhenTheProgramIsToEnd) {
-  desktop.Instead.ModalShown = nullptr;
+  desktop.system.answers.ModalShown = nullptr;
   SmallForm dialog(desktop);
   dialog.OnLoad = [] { PostQuitMessage(3); };
   dialog.ShowModal(form);
@@ -132,7 +132,7 @@ TEST_F(NativeDriving, AFormMayBeLoadedAgainByTheClickThatUnloadedIt) {
 }
 
 TEST_F(NativeDriving, HelpWithoutItsLibraryIsReportedAsMissing) {
-  desktop.Instead.HtmlHelp = nullptr;
+  desktop.system.answers.HtmlHelp = nullptr;
   user.SetProgramFolder(L"C:\\nowhere");
   EXPECT_EQ(desktop.HtmlHelp(form, L"C:\\nowhere\\ORMEX.chm", 109), HelpOutcome::kLibraryMissing);
 }

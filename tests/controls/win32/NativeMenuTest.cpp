@@ -15,7 +15,7 @@ using controls::MenuItem;
 class NativeMenu : public TreeTest {
  protected:
   NativeMenu() {
-    desktop.Instead.PopupMenu = nullptr;
+    desktop.system.answers.PopupMenu = nullptr;
     tree.ContextMenu = [this](int node) {
       for (const auto& [message, key] : keys) {
         PostMessageW(form.BackEnd().window, message, key, 1);

@@ -7,7 +7,6 @@
 
 namespace controls {
 class CommandButton;
-class Desktop;
 class ListBox;
 class TabStrip;
 class TextBox;
@@ -17,6 +16,7 @@ class TreeView;
 namespace test_support {
 
 class Script;
+class ScriptedDesktop;
 
 // What a user's hands do: one source for each back end, the only part of User that differs. A
 // gesture is over, with everything it set off, when its function returns. It returns false, and has
@@ -24,9 +24,9 @@ class Script;
 // the form is not shown or a modal form stands over it, the item or node is not there.
 class Hands {
  public:
-  // The desktop's stand-ins are in place; a back end may take some of them out again and have the
-  // real thing answered by the script.
-  Hands(controls::Desktop& desktop, Script& script);
+  // The script already answers for the desktop's system; a back end may put other answers in its
+  // place and have the real thing answered by the script.
+  Hands(ScriptedDesktop& desktop, Script& script);
   ~Hands();
   Hands(const Hands&) = delete;
   Hands& operator=(const Hands&) = delete;

@@ -21,35 +21,35 @@ void Require(bool done, const char* gesture, int id, const Where& where) {
 
 }  // namespace
 
-User::User(controls::Desktop& desktop)
+User::User(ScriptedDesktop& desktop)
     : desktop_(desktop), script_([this](controls::Form& form) { hands_->Discard(form); }) {
-  PutStandIns();
+  PutAnswers();
   hands_ = std::make_unique<Hands>(desktop, script_);
 }
 
 User::~User() {
   script_.FailLeftovers();
-  desktop_.Instead = {};
+  desktop_.system.answers = {};
 }
 
-void User::PutStandIns() {
-  controls::StandIns& instead = desktop_.Instead;
-  instead.MsgBox = [this](const std::wstring& prompt, int style, const std::wstring& title) {
+void User::PutAnswers() {
+  SystemAnswers& answers = desktop_.system.answers;
+  answers.MsgBox = [this](const std::wstring& prompt, int style, const std::wstring& title) {
     return script_.AnswerBox(prompt, style, title);
   };
-  instead.ModalShown = [this](controls::Form& form) { script_.RunModal(form); };
-  instead.PopupMenu = [this](const std::vector<controls::MenuItem>& items) {
+  answers.ModalShown = [this](controls::Form& form) { script_.RunModal(form); };
+  answers.PopupMenu = [this](const std::vector<controls::MenuItem>& items) {
     return script_.AnswerMenu(items);
   };
-  instead.SetClipboardText = [this](const std::wstring& text) {
+  answers.SetClipboardText = [this](const std::wstring& text) {
     if (!clipboardOccupied_) clipboard_ = text;
     return !clipboardOccupied_;
   };
-  instead.Beep = [this] { ++beepCount_; };
-  instead.UserDefaultLcid = [this] { return lcid_; };
-  instead.ProgramFolder = [this] { return programFolder_; };
-  instead.CommandLine = [this] { return commandLine_; };
-  instead.HtmlHelp = [this](const controls::Form& form, const std::wstring& file, int topic) {
+  answers.Beep = [this] { ++beepCount_; };
+  answers.UserDefaultLcid = [this] { return lcid_; };
+  answers.ProgramFolder = [this] { return programFolder_; };
+  answers.CommandLine = [this] { return commandLine_; };
+  answers.HtmlHelp = [this](const controls::Form& form, const std::wstring& file, int topic) {
     helpCalls_.push_back({file, topic, form.TemplateId()});
     return helpOutcome_;
   };

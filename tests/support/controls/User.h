@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "controls/Desktop.h"
 #include "controls/Form.h"
 #include "controls/MsgBox.h"
 #include "tests/support/controls/Hands.h"
 #include "tests/support/controls/Script.h"
+#include "tests/support/system/ScriptedDesktop.h"
 
 namespace test_support {
 
@@ -39,7 +39,7 @@ struct HelpCall {
 // What is the same for both back ends stands in User.cpp and Script.cpp, what differs in Hands.
 class User {
  public:
-  explicit User(controls::Desktop& desktop);
+  explicit User(ScriptedDesktop& desktop);
   // Fails the test when a box or a form that was announced has not appeared.
   ~User();
   User(const User&) = delete;
@@ -141,6 +141,9 @@ class User {
 
   // --- What the program finds around it ---
 
+  // For a test that answers for the system itself.
+  ScriptedSystem& System() { return desktop_.system; }
+
   void SetLcid(int lcid) { lcid_ = lcid; }
   // Without a closing backslash.
   void SetProgramFolder(const std::wstring& folder) { programFolder_ = folder; }
@@ -152,9 +155,9 @@ class User {
   const std::vector<HelpCall>& HelpCalls() const { return helpCalls_; }
 
  private:
-  void PutStandIns();
+  void PutAnswers();
 
-  controls::Desktop& desktop_;
+  ScriptedDesktop& desktop_;
   Script script_;
   int lcid_ = 1036;
   std::wstring programFolder_ = L"C:\\Program Files\\User Administration";

@@ -143,7 +143,7 @@ void Actions::UseMenu() {
   controls::TreeView& tree = walk_.TreeOf(walk_.Tab());
   std::optional<Command> command;
   bool shown = false;
-  auto& popupMenu = walk_.window.OwnerDesktop().Instead.PopupMenu;
+  auto& popupMenu = walk_.user.System().answers.PopupMenu;
   popupMenu = [&](const std::vector<controls::MenuItem>& items) {
     shown = true;
     const auto buttons = walk_.Buttons(walk_.Tab());

@@ -15,21 +15,21 @@ Walker::Walker(browser::frmUserGroupPerm& window, User& user, CallLog& log, RawD
       run_(walk_, expected_, actor_),
       checks_(walk_, expected_),
       actions_(walk_, expected_, run_, checks_) {
-  controls::StandIns& instead = window.OwnerDesktop().Instead;
-  instead.MsgBox = [this](const std::wstring& prompt, int style, const std::wstring&) {
+  SystemAnswers& answers = user.System().answers;
+  answers.MsgBox = [this](const std::wstring& prompt, int style, const std::wstring&) {
     return AnswerBox(prompt, style);
   };
-  instead.ModalShown = [this](controls::Form& form) { UseDialog(form); };
+  answers.ModalShown = [this](controls::Form& form) { UseDialog(form); };
   expected_.Refreshed(ReadTables(raw));
   run_.Begin();
   checks_.AfterStep();
 }
 
 Walker::~Walker() {
-  controls::StandIns& instead = walk_.window.OwnerDesktop().Instead;
-  instead.MsgBox = nullptr;
-  instead.ModalShown = nullptr;
-  instead.PopupMenu = nullptr;
+  SystemAnswers& answers = walk_.user.System().answers;
+  answers.MsgBox = nullptr;
+  answers.ModalShown = nullptr;
+  answers.PopupMenu = nullptr;
 }
 
 void Walker::UseDialog(controls::Form& form) {

@@ -45,7 +45,7 @@ class MainWindowFixture : public ::testing::Test {
   // The node that the texts lead to from the root; fails the test when there is none.
   static int NodeAt(const controls::TreeView& tree, const std::vector<std::wstring>& texts);
 
-  controls::Desktop desktop;
+  ScriptedDesktop desktop;
   User user{desktop};
   CallLog log;
   app::mGlobal global{desktop};

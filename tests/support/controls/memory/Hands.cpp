@@ -10,16 +10,17 @@
 #include "controls/memory/TextBoxPeer.h"
 #include "controls/memory/TreeViewPeer.h"
 #include "tests/support/controls/memory/Keyboard.h"
+#include "tests/support/system/ScriptedDesktop.h"
 
 namespace test_support {
 
 using namespace controls;
 
 struct Hands::Parts {
-  Desktop& desktop;
+  ScriptedDesktop& desktop;
 };
 
-Hands::Hands(Desktop& desktop, Script&) : parts_(std::make_unique<Parts>(Parts{desktop})) {}
+Hands::Hands(ScriptedDesktop& desktop, Script&) : parts_(std::make_unique<Parts>(Parts{desktop})) {}
 Hands::~Hands() = default;
 
 bool Hands::CanUse(const Control& control) const {
@@ -170,7 +171,7 @@ void Hands::ClickLater(CommandButton& button) {
 }
 
 void Hands::Settle() {
-  while (parts_->desktop.BackEnd().HandleInput()) {
+  while (parts_->desktop.BackEnd().HandleOne()) {
   }
 }
 

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
-
 namespace test_support {
 namespace {
 
@@ -32,30 +30,24 @@ BOOL CALLBACK Look(HWND window, LPARAM parameter) {
 
 }  // namespace
 
-BoxAnswerer::BoxAnswerer(controls::Desktop& desktop, Script& script)
-    : desktop_(desktop), script_(script) {
+BoxAnswerer::BoxAnswerer(ScriptedSystem& system, Script& script)
+    : system_(system), script_(script) {
   caller_.Reset(CreateWindowExW(0, WC_STATICW, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                 GetModuleHandleW(nullptr), nullptr));
   SetWindowSubclass(caller_.Get(), Called, 1, reinterpret_cast<DWORD_PTR>(this));
-  desktop_.Instead.MsgBox = [this](const std::wstring& prompt, int style,
-                                   const std::wstring& title) {
-    return Show(prompt, style, title);
-  };
+  system_.answers.MsgBox = [this](const std::wstring& prompt, int style,
+                                  const std::wstring& title) { return Show(prompt, style, title); };
 }
 
 BoxAnswerer::~BoxAnswerer() {
-  desktop_.Instead.MsgBox = nullptr;
+  system_.answers.MsgBox = nullptr;
   RemoveWindowSubclass(caller_.Get(), Called, 1);
 }
 
 int BoxAnswerer::Show(const std::wstring& prompt, int style, const std::wstring& title) {
   style_ = style;
   PostMessageW(caller_.Get(), kAnswer, 0, 0);
-  // The desktop is asked again without the stand-in, which is this function.
-  auto standIn = std::exchange(desktop_.Instead.MsgBox, nullptr);
-  const int answer = desktop_.MsgBox(prompt, style, title);
-  desktop_.Instead.MsgBox = std::move(standIn);
-  return answer;
+  return system_.ShowBox(prompt, style, title);
 }
 
 LRESULT CALLBACK BoxAnswerer::Called(HWND window, UINT number, WPARAM wParam, LPARAM lParam,

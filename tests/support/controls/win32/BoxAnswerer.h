@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "controls/Desktop.h"
 #include "controls/win32/Handles.h"
 #include "tests/support/controls/Script.h"
+#include "tests/support/system/ScriptedSystem.h"
 
 namespace test_support {
 
@@ -12,7 +12,7 @@ namespace test_support {
 // button that the script answers with.
 class BoxAnswerer {
  public:
-  BoxAnswerer(controls::Desktop& desktop, Script& script);
+  BoxAnswerer(ScriptedSystem& system, Script& script);
   ~BoxAnswerer();
   BoxAnswerer(const BoxAnswerer&) = delete;
   BoxAnswerer& operator=(const BoxAnswerer&) = delete;
@@ -24,7 +24,7 @@ class BoxAnswerer {
   int Show(const std::wstring& prompt, int style, const std::wstring& title);
   void Answer();
 
-  controls::Desktop& desktop_;
+  ScriptedSystem& system_;
   Script& script_;
   controls::WindowHandle caller_;  // gets a message as soon as the box handles input
   int style_ = 0;

@@ -14,6 +14,7 @@
 #include "tests/support/controls/win32/Input.h"
 #include "tests/support/controls/win32/ListMouse.h"
 #include "tests/support/controls/win32/TreeMouse.h"
+#include "tests/support/system/ScriptedDesktop.h"
 
 namespace test_support {
 
@@ -69,13 +70,14 @@ Font FontIn(HWND window, unsigned dpi) {
 }  // namespace
 
 struct Hands::Parts {
-  Parts(Desktop& desktop, Script& script) : input(desktop), boxes(desktop, script) {}
+  Parts(ScriptedDesktop& desktop, Script& script) : input(desktop), boxes(desktop.system, script) {}
 
   Input input;
   BoxAnswerer boxes;
 };
 
-Hands::Hands(Desktop& desktop, Script& script) : parts_(std::make_unique<Parts>(desktop, script)) {}
+Hands::Hands(ScriptedDesktop& desktop, Script& script)
+    : parts_(std::make_unique<Parts>(desktop, script)) {}
 Hands::~Hands() = default;
 
 bool Hands::CanUse(const Control& control) const {

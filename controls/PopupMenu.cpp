@@ -6,10 +6,9 @@
 
 namespace controls {
 
-int ShowPopupMenu(TreeView& tree, int node, const std::vector<MenuItem>& items) {
+int ShowPopupMenu(TreeView& tree, NodeId node, const std::vector<MenuItem>& items) {
   if (!tree.Owner().IsVisible() || !tree.Nodes().Exists(node) || items.empty()) return 0;
-  const StandIns& instead = tree.Owner().OwnerDesktop().Instead;
-  return instead.PopupMenu ? instead.PopupMenu(items) : 0;
+  return tree.Owner().OwnerDesktop().PopupMenu(tree, node, items);
 }
 
 }  // namespace controls

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "controls/PopupMenu.h"
+#include "controls/TreeNodes.h"
+
+namespace controls {
+
+class Form;
+class TreeView;
+
+// How a call of the help library ended.
+enum class HelpOutcome { kShown, kLibraryMissing, kFunctionMissing, kFileMissing, kTopicMissing };
+
+// What the controls need of the operating system beyond their own windows. The program has one over
+// the system itself (win32/NativeSystem), the tests one that a script answers for. It outlives the
+// desktop that it is given to.
+class System {
+ public:
+  virtual ~System() = default;
+
+  // Shows a modal message box over the owner, null for none, and gives the button pressed.
+  virtual int MsgBox(const Form* owner, const std::wstring& prompt, int style,
+                     const std::wstring& title) = 0;
+  // Shows a menu for a node that is there, of a tree that is on view, and gives the command chosen,
+  // 0 for none.
+  virtual int PopupMenu(TreeView& tree, NodeId node, const std::vector<MenuItem>& items) = 0;
+  virtual HelpOutcome HtmlHelp(const Form& form, const std::wstring& file, int topic) = 0;
+  // On behalf of the owner, null for none; false when another program keeps the clipboard occupied.
+  virtual bool SetClipboardText(const Form* owner, const std::wstring& text) = 0;
+  virtual void Beep() = 0;
+  // Handles the user's input, of whichever form, until this form is unloaded.
+  virtual void HandleInput(Form& form) = 0;
+
+  // A text of the program's string table; empty when the number has none.
+  virtual std::wstring LoadResString(int id) const = 0;
+  // The user's default locale identifier, 1036 for French.
+  virtual int UserDefaultLcid() const = 0;
+  // The folder of the executable, without a closing backslash.
+  virtual std::wstring ProgramFolder() const = 0;
+  // The whole command line, the program's own name left out.
+  virtual std::wstring CommandLine() const = 0;
+
+ protected:
+  System() = default;
+  System(const System&) = default;
+  System& operator=(const System&) = default;
+};
+
+}  // namespace controls

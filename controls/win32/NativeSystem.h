@@ -1,0 +1,28 @@
+#pragma once
+
+#include "controls/System.h"
+#include "controls/win32/HelpLibrary.h"
+
+namespace controls {
+
+// The operating system itself.
+class NativeSystem : public System {
+ public:
+  int MsgBox(const Form* owner, const std::wstring& prompt, int style,
+             const std::wstring& title) override;
+  int PopupMenu(TreeView& tree, NodeId node, const std::vector<MenuItem>& items) override;
+  HelpOutcome HtmlHelp(const Form& form, const std::wstring& file, int topic) override;
+  bool SetClipboardText(const Form* owner, const std::wstring& text) override;
+  void Beep() override;
+  void HandleInput(Form& form) override;
+
+  std::wstring LoadResString(int id) const override;
+  int UserDefaultLcid() const override;
+  std::wstring ProgramFolder() const override;
+  std::wstring CommandLine() const override;
+
+ private:
+  HelpLibrary help_;
+};
+
+}  // namespace controls

@@ -1,0 +1,64 @@
+#include "tests/support/system/ScriptedSystem.h"
+
+#include <utility>
+
+namespace test_support {
+
+ScriptedSystem::ScriptedSystem() : below_(MakeSystemBelow()) {}
+
+int ScriptedSystem::ShowBox(const std::wstring& prompt, int style, const std::wstring& title) {
+  return below_->MsgBox(boxOwner_, prompt, style, title);
+}
+
+int ScriptedSystem::MsgBox(const controls::Form* owner, const std::wstring& prompt, int style,
+                           const std::wstring& title) {
+  if (!answers.MsgBox) return below_->MsgBox(owner, prompt, style, title);
+  const controls::Form* const before = std::exchange(boxOwner_, owner);
+  const int answer = answers.MsgBox(prompt, style, title);
+  boxOwner_ = before;
+  return answer;
+}
+
+int ScriptedSystem::PopupMenu(controls::TreeView& tree, controls::NodeId node,
+                              const std::vector<controls::MenuItem>& items) {
+  return answers.PopupMenu ? answers.PopupMenu(items) : below_->PopupMenu(tree, node, items);
+}
+
+controls::HelpOutcome ScriptedSystem::HtmlHelp(const controls::Form& form, const std::wstring& file,
+                                               int topic) {
+  if (answers.HtmlHelp) return answers.HtmlHelp(form, file, topic);
+  return below_->HtmlHelp(form, file, topic);
+}
+
+bool ScriptedSystem::SetClipboardText(const controls::Form* owner, const std::wstring& text) {
+  if (answers.SetClipboardText) return answers.SetClipboardText(text);
+  return below_->SetClipboardText(owner, text);
+}
+
+void ScriptedSystem::Beep() {
+  if (answers.Beep) return answers.Beep();
+  below_->Beep();
+}
+
+void ScriptedSystem::HandleInput(controls::Form& form) {
+  if (answers.ModalShown) answers.ModalShown(form);
+  below_->HandleInput(form);
+}
+
+std::wstring ScriptedSystem::LoadResString(int id) const {
+  return below_->LoadResString(id);
+}
+
+int ScriptedSystem::UserDefaultLcid() const {
+  return answers.UserDefaultLcid ? answers.UserDefaultLcid() : below_->UserDefaultLcid();
+}
+
+std::wstring ScriptedSystem::ProgramFolder() const {
+  return answers.ProgramFolder ? answers.ProgramFolder() : below_->ProgramFolder();
+}
+
+std::wstring ScriptedSystem::CommandLine() const {
+  return answers.CommandLine ? answers.CommandLine() : below_->CommandLine();
+}
+
+}  // namespace test_support
