@@ -7,8 +7,8 @@
 // A form is made of the classes of this folder. Each class has one header here and two sources, one
 // over native controls (win32/) and one over plain memory (memory/); the linker chooses. Controls
 // are members of their form, are constructed with it and may be used from Form_Load until the form
-// is unloaded; each load starts them afresh, only their event members last. All of it belongs to
-// the one thread that runs the program.
+// is unloaded; each load starts them in their first state, only their event members last. All of it
+// belongs to the one thread that runs the program.
 namespace controls {
 
 class Form;
@@ -46,7 +46,7 @@ class Control {
 
   // What was asked for, of both; a control also stays disabled or hidden while its container is.
   // The focus never rests on such a control: it passes to the next one in the tab order that takes
-  // it.
+  // it. Who wants it elsewhere calls SetFocus first.
   bool Enabled() const;
   void SetEnabled(bool enabled);
   bool Visible() const;
@@ -61,8 +61,8 @@ class Control {
   // (Label, Frame). Before the form is shown it says which control shall have the focus then.
   void SetFocus();
 
-  // The position in the form's tab order, from 0. A new value moves the control there and the ones
-  // behind it up; at first the order is that of construction.
+  // The position in the form's tab order, from 0. A new value moves the control there and those
+  // after it up; at first the order is that of construction.
   int TabIndex() const;
   void SetTabIndex(int index);
 

@@ -6,8 +6,8 @@
 
 namespace controls {
 
-// A text that names the control behind it. An ampersand marks the mnemonic; SetPlainCaption shows
-// ampersands as they are, for texts that come from data.
+// A text that names the control after it in the tab order. An ampersand marks the mnemonic;
+// SetPlainCaption shows ampersands as they are, for texts that come from data.
 class Label : public Control {
  public:
   Label(Form& form, int id);

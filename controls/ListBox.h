@@ -10,6 +10,9 @@ namespace controls {
 
 // A list of items, each with a text and a 32-bit item data. Items are numbered from 0 and keep the
 // order in which they were added.
+//
+// Letters typed in a check list move to the first item whose text begins with them; a blank among
+// them belongs to the text, alone it ticks the item.
 class ListBox : public Control {
  public:
   enum class Kind {
@@ -43,7 +46,8 @@ class ListBox : public Control {
   void SetItemData(int item, std::int32_t data);
 
   // The item that has the list's focus, and that is the selected one in a plain list; -1 for none,
-  // also after that item was removed.
+  // also after that item was removed. A check list without one puts it on its first item when it
+  // gets the focus, without Click, so that the space bar has something to tick.
   int ListIndex() const;
   // Does not raise Click, and changes no selection but a plain list's. -1 takes the focus away.
   void SetListIndex(int item);

@@ -2,13 +2,15 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "controls/Control.h"
 
 namespace controls {
 
 // One line of text. Positions and lengths count UTF-16 units. Getting the focus selects the whole
-// text, before GotFocus is raised.
+// text, before GotFocus is raised. What it held is overwritten in memory when it changes and when
+// the form is unloaded.
 class TextBox : public Control {
  public:
   enum class Masking { kPlain, kMasked };
@@ -17,6 +19,9 @@ class TextBox : public Control {
 
   bool IsMasked() const;
   std::wstring Text() const;
+  // Shows the text to a reader that makes a copy of its own or none; for secrets, of which Text
+  // would leave a copy in memory. What the reader is given ends with the call.
+  void ReadText(const std::function<void(std::wstring_view text)>& reader) const;
   // Does nothing when that is the text already; otherwise the selection is empty at the start.
   void SetText(const std::wstring& text);
 

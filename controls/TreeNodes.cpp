@@ -8,8 +8,9 @@ namespace controls {
 TreeNodes::TreeNodes(std::function<std::string(std::wstring_view)> sortKey)
     : texts_(std::move(sortKey)) {}
 
-int TreeNodes::Add(int parent, const KeyForm& keyForm, std::int32_t id, TextRef text, int image) {
-  const int node = TakeIndex();
+NodeId TreeNodes::Add(NodeId parent, const KeyForm& keyForm, std::int32_t id, TextRef text,
+                      int image) {
+  const NodeId node = TakeIndex();
   Node& added = At(node);
   added.id = id;
   added.text = text;
@@ -22,7 +23,7 @@ int TreeNodes::Add(int parent, const KeyForm& keyForm, std::int32_t id, TextRef 
   return node;
 }
 
-int TreeNodes::TakeIndex() {
+NodeId TreeNodes::TakeIndex() {
   if (free_.empty()) {
     if (used_ >= static_cast<int>(blocks_.size()) * kBlock) {
       blocks_.push_back(std::make_unique<Node[]>(kBlock));
@@ -30,14 +31,14 @@ int TreeNodes::TakeIndex() {
     At(used_) = Node{};
     return used_++;
   }
-  const int node = free_.back();
+  const NodeId node = free_.back();
   free_.pop_back();
   return node;
 }
 
-void TreeNodes::Link(int node, int parent) {
-  int& first = parent == kNoNode ? firstRoot_ : At(parent).firstChild;
-  int& last = parent == kNoNode ? lastRoot_ : At(parent).lastChild;
+void TreeNodes::Link(NodeId node, NodeId parent) {
+  NodeId& first = parent == kNoNode ? firstRoot_ : At(parent).firstChild;
+  NodeId& last = parent == kNoNode ? lastRoot_ : At(parent).lastChild;
   At(node).parent = parent;
   At(node).previous = last;
   if (last != kNoNode) {
@@ -49,36 +50,36 @@ void TreeNodes::Link(int node, int parent) {
   if (parent != kNoNode) MarkOrderPending(parent);
 }
 
-void TreeNodes::Unlink(int node) {
+void TreeNodes::Unlink(NodeId node) {
   const Node& gone = At(node);
-  int& first = gone.parent == kNoNode ? firstRoot_ : At(gone.parent).firstChild;
-  int& last = gone.parent == kNoNode ? lastRoot_ : At(gone.parent).lastChild;
+  NodeId& first = gone.parent == kNoNode ? firstRoot_ : At(gone.parent).firstChild;
+  NodeId& last = gone.parent == kNoNode ? lastRoot_ : At(gone.parent).lastChild;
   (gone.previous == kNoNode ? first : At(gone.previous).next) = gone.next;
   (gone.next == kNoNode ? last : At(gone.next).previous) = gone.previous;
 }
 
-void TreeNodes::Remove(int node) {
+void TreeNodes::Remove(NodeId node) {
   Unlink(node);
   FreeBelow(node);
   Free(node);
 }
 
-void TreeNodes::RemoveChildren(int node) {
+void TreeNodes::RemoveChildren(NodeId node) {
   FreeBelow(node);
   At(node).firstChild = kNoNode;
   At(node).lastChild = kNoNode;
 }
 
-void TreeNodes::FreeBelow(int node) {
-  for (int child = At(node).firstChild; child != kNoNode;) {
-    const int next = At(child).next;
+void TreeNodes::FreeBelow(NodeId node) {
+  for (NodeId child = At(node).firstChild; child != kNoNode;) {
+    const NodeId next = At(child).next;
     FreeBelow(child);  // as deep as the tree, which the forms keep at four
     Free(child);
     child = next;
   }
 }
 
-void TreeNodes::Free(int node) {
+void TreeNodes::Free(NodeId node) {
   Node& gone = At(node);
   texts_.Release(gone.text);
   if (gone.named) storedNames_.erase(node);
@@ -105,57 +106,57 @@ void TreeNodes::Sweep() {
   if (blocks_.size() > needed) blocks_.resize(needed);
 }
 
-bool TreeNodes::Exists(int node) const {
+bool TreeNodes::Exists(NodeId node) const {
   return node > 0 && node < used_ && At(node).alive;
 }
 
-int TreeNodes::NextIndex(int node) const {
+NodeId TreeNodes::NextIndex(NodeId node) const {
   for (int i = std::max(node, 0) + 1; i < used_; ++i) {
     if (At(i).alive) return i;
   }
   return kNoNode;
 }
 
-void TreeNodes::SetText(int node, TextRef text) {
+void TreeNodes::SetText(NodeId node, TextRef text) {
   texts_.Hold(text);
   texts_.Release(At(node).text);
   At(node).text = text;
   if (At(node).parent != kNoNode) MarkOrderPending(At(node).parent);
 }
 
-std::wstring TreeNodes::StoredName(int node) const {
+std::wstring TreeNodes::StoredName(NodeId node) const {
   if (!At(node).named) return {};
   return storedNames_.at(node);
 }
 
-void TreeNodes::SetStoredName(int node, std::wstring_view name) {
+void TreeNodes::SetStoredName(NodeId node, std::wstring_view name) {
   At(node).named = true;
   storedNames_[node] = name;
 }
 
-int TreeNodes::FirstSibling(int node) const {
-  const int parent = At(node).parent;
+NodeId TreeNodes::FirstSibling(NodeId node) const {
+  const NodeId parent = At(node).parent;
   return parent == kNoNode ? firstRoot_ : FirstChild(parent);
 }
 
-int TreeNodes::LastSibling(int node) const {
-  const int parent = At(node).parent;
+NodeId TreeNodes::LastSibling(NodeId node) const {
+  const NodeId parent = At(node).parent;
   return parent == kNoNode ? lastRoot_ : LastChild(parent);
 }
 
-int TreeNodes::Children(int node) const {
+int TreeNodes::Children(NodeId node) const {
   int children = 0;
-  for (int child = At(node).firstChild; child != kNoNode; child = At(child).next) ++children;
+  for (NodeId child = At(node).firstChild; child != kNoNode; child = At(child).next) ++children;
   return children;
 }
 
-std::wstring TreeNodes::FullPath(int node) const {
+std::wstring TreeNodes::FullPath(NodeId node) const {
   if (At(node).parent == kNoNode) return Text(node);
   return FullPath(At(node).parent) + L'\\' + Text(node);
 }
 
-bool TreeNodes::IsBelow(int node, int ancestor) const {
-  for (int above = At(node).parent; above != kNoNode; above = At(above).parent) {
+bool TreeNodes::IsBelow(NodeId node, NodeId ancestor) const {
+  for (NodeId above = At(node).parent; above != kNoNode; above = At(above).parent) {
     if (above == ancestor) return true;
   }
   return false;

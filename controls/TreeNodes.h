@@ -39,13 +39,13 @@ class TreeNodes {
   // Adds a node as the parent's last child, or a root where parent is kNoNode. The caller sees to
   // it that the parent has no other child of this key form and id. Raises nothing; an unknown
   // parent is a broken invariant.
-  int Add(int parent, const KeyForm& keyForm, std::int32_t id, TextRef text, int image);
+  NodeId Add(NodeId parent, const KeyForm& keyForm, std::int32_t id, TextRef text, int image);
   // The parent's child of this key form and id, a root where parent is kNoNode; kNoNode without
   // one.
-  int FindChild(int parent, const KeyForm& keyForm, std::int32_t id) const;
+  NodeId FindChild(NodeId parent, const KeyForm& keyForm, std::int32_t id) const;
   // Removes a node and all below it.
-  void Remove(int node);
-  void RemoveChildren(int node);
+  void Remove(NodeId node);
+  void RemoveChildren(NodeId node);
   void Clear();
 
   // A text to be shown by any number of nodes. The reference holds while a node shows it and, when
@@ -55,53 +55,53 @@ class TreeNodes {
   void Sweep();
   const std::wstring& SharedText(TextRef text) const { return texts_.Text(text); }
 
-  bool Exists(int node) const;
+  bool Exists(NodeId node) const;
   int Count() const { return count_; }
   // The living node with the lowest index above the one given; kNoNode when there is none.
-  int NextIndex(int node) const;
+  NodeId NextIndex(NodeId node) const;
   // The first root.
-  int Root() const { return firstRoot_; }
+  NodeId Root() const { return firstRoot_; }
 
-  std::wstring Key(int node) const;
+  std::wstring Key(NodeId node) const;
   // The node with this key, kNoNode when there is none.
-  int Find(std::wstring_view key) const;
-  const KeyForm& FormOf(int node) const { return forms_[At(node).form]; }
-  std::int32_t Id(int node) const { return At(node).id; }
+  NodeId Find(std::wstring_view key) const;
+  const KeyForm& FormOf(NodeId node) const { return forms_[At(node).form]; }
+  std::int32_t Id(NodeId node) const { return At(node).id; }
 
-  const std::wstring& Text(int node) const { return texts_.Text(At(node).text); }
-  TextRef TextOf(int node) const { return At(node).text; }
-  void SetText(int node, TextRef text);
-  int Image(int node) const { return At(node).image; }
-  void SetImage(int node, int image) { At(node).image = static_cast<std::uint8_t>(image); }
-  bool Expanded(int node) const { return At(node).expanded; }
-  void SetExpanded(int node, bool expanded) { At(node).expanded = expanded; }
+  const std::wstring& Text(NodeId node) const { return texts_.Text(At(node).text); }
+  TextRef TextOf(NodeId node) const { return At(node).text; }
+  void SetText(NodeId node, TextRef text);
+  int Image(NodeId node) const { return At(node).image; }
+  void SetImage(NodeId node, int image) { At(node).image = static_cast<std::uint8_t>(image); }
+  bool Expanded(NodeId node) const { return At(node).expanded; }
+  void SetExpanded(NodeId node, bool expanded) { At(node).expanded = expanded; }
   // Whether the node's children stand in the order of their texts. Once they no longer need to,
   // they keep the order that they have.
-  bool Sorted(int node) const { return At(node).sorted; }
-  void SetSorted(int node, bool sorted);
-  // The name behind the text, where the node was given one; otherwise empty.
-  std::wstring StoredName(int node) const;
-  void SetStoredName(int node, std::wstring_view name);
+  bool Sorted(NodeId node) const { return At(node).sorted; }
+  void SetSorted(NodeId node, bool sorted);
+  // The name that belongs to the text, where the node was given one; otherwise empty.
+  std::wstring StoredName(NodeId node) const;
+  void SetStoredName(NodeId node, std::wstring_view name);
 
-  int Parent(int node) const { return At(node).parent; }
-  int FirstChild(int node) const { return InOrder(node).firstChild; }
-  int LastChild(int node) const { return InOrder(node).lastChild; }
-  int Next(int node) const { return AmongSiblings(node).next; }
-  int Previous(int node) const { return AmongSiblings(node).previous; }
+  NodeId Parent(NodeId node) const { return At(node).parent; }
+  NodeId FirstChild(NodeId node) const { return InOrder(node).firstChild; }
+  NodeId LastChild(NodeId node) const { return InOrder(node).lastChild; }
+  NodeId Next(NodeId node) const { return AmongSiblings(node).next; }
+  NodeId Previous(NodeId node) const { return AmongSiblings(node).previous; }
   // For a walk over a node's children that may come in any order. Whatever asks for the order
   // during the walk may change it, the removal of a selected node among others.
-  int AnyChild(int node) const { return At(node).firstChild; }
-  int OtherSibling(int node) const { return At(node).next; }
-  int FirstSibling(int node) const;
-  int LastSibling(int node) const;
-  int Children(int node) const;
-  bool HasChildren(int node) const { return At(node).firstChild != kNoNode; }
+  NodeId AnyChild(NodeId node) const { return At(node).firstChild; }
+  NodeId OtherSibling(NodeId node) const { return At(node).next; }
+  NodeId FirstSibling(NodeId node) const;
+  NodeId LastSibling(NodeId node) const;
+  int Children(NodeId node) const;
+  bool HasChildren(NodeId node) const { return At(node).firstChild != kNoNode; }
   // The texts from the root to the node, joined by backslashes.
-  std::wstring FullPath(int node) const;
-  bool IsBelow(int node, int ancestor) const;
+  std::wstring FullPath(NodeId node) const;
+  bool IsBelow(NodeId node, NodeId ancestor) const;
 
   // The sorted nodes that have gained or changed children since this was last asked.
-  std::vector<int> TakeReordered();
+  std::vector<NodeId> TakeReordered();
 
   // What the nodes and texts take in memory, in bytes.
   std::size_t NodeBytes() const;
@@ -111,11 +111,11 @@ class TreeNodes {
   struct Node {
     std::int32_t id = 0;
     TextRef text = 0;
-    int parent = kNoNode;
-    int firstChild = kNoNode;
-    int lastChild = kNoNode;
-    int next = kNoNode;
-    int previous = kNoNode;
+    NodeId parent = kNoNode;
+    NodeId firstChild = kNoNode;
+    NodeId lastChild = kNoNode;
+    NodeId next = kNoNode;
+    NodeId previous = kNoNode;
     std::uint8_t form = 0;
     std::uint8_t image = 0;
     bool alive : 1 = false;
@@ -131,53 +131,53 @@ class TreeNodes {
   static constexpr int kBlockBits = 14;
   static constexpr int kBlock = 1 << kBlockBits;
 
-  Node& At(int node) { return Linked(node); }
-  const Node& At(int node) const { return Linked(node); }
-  int TakeIndex();
+  Node& At(NodeId node) { return Linked(node); }
+  const Node& At(NodeId node) const { return Linked(node); }
+  NodeId TakeIndex();
   int KnownForm(const KeyForm& keyForm) const;
   std::uint8_t FormNumber(const KeyForm& keyForm);
-  void Link(int node, int parent);
-  void Unlink(int node);
-  void Free(int node);
-  void FreeBelow(int node);
-  void ComposeKey(int node, std::wstring& key) const;
-  bool HasTail(int node, std::wstring_view tail) const;
-  const Node& InOrder(int parent) const {
+  void Link(NodeId node, NodeId parent);
+  void Unlink(NodeId node);
+  void Free(NodeId node);
+  void FreeBelow(NodeId node);
+  void ComposeKey(NodeId node, std::wstring& key) const;
+  bool HasTail(NodeId node, std::wstring_view tail) const;
+  const Node& InOrder(NodeId parent) const {
     const Node& above = At(parent);
     if (above.orderPending) SortChildren(parent);
     return above;
   }
-  const Node& AmongSiblings(int node) const {
+  const Node& AmongSiblings(NodeId node) const {
     const Node& one = At(node);
     if (one.parent != kNoNode) InOrder(one.parent);
     return one;
   }
-  void MarkOrderPending(int parent);
-  void SortChildren(int parent) const;
-  bool WorthRanking(int parent) const;
-  bool StandsBefore(int a, int b) const;
-  void SortChildrenByRank(int parent) const;
-  void SortChildrenByKey(int parent) const;
-  void TakeMisplaced(int parent) const;
-  void Relink(int parent) const;
+  void MarkOrderPending(NodeId parent);
+  void SortChildren(NodeId parent) const;
+  bool WorthRanking(NodeId parent) const;
+  bool StandsBefore(NodeId a, NodeId b) const;
+  void SortChildrenByRank(NodeId parent) const;
+  void SortChildrenByKey(NodeId parent) const;
+  void TakeMisplaced(NodeId parent) const;
+  void Relink(NodeId parent) const;
   // Putting children in order changes nothing that could be seen before.
-  Node& Linked(int node) const { return blocks_[node >> kBlockBits][node & (kBlock - 1)]; }
+  Node& Linked(NodeId node) const { return blocks_[node >> kBlockBits][node & (kBlock - 1)]; }
 
   mutable TextPool texts_;  // makes the keys by which texts are ordered when it is asked for them
   std::vector<KeyForm> forms_;
   std::uint8_t lastForm_ = 0;  // the one last asked for
   std::vector<std::unique_ptr<Node[]>> blocks_;
-  int used_ = 1;                // index 0 is never given
-  std::vector<int> free_;       // indexes to be used again, the latest freed last
-  std::vector<int> reordered_;  // may hold a node twice, and nodes that are no more
+  int used_ = 1;                   // index 0 is never given
+  std::vector<NodeId> free_;       // indexes to be used again, the latest freed last
+  std::vector<NodeId> reordered_;  // may hold a node twice, and nodes that are no more
   // While children are sorted: those in their order, and the others.
-  mutable std::vector<int> ordered_;
-  mutable std::vector<int> misplaced_;
+  mutable std::vector<NodeId> ordered_;
+  mutable std::vector<NodeId> misplaced_;
   mutable std::vector<std::uint64_t> ranked_;  // the same, each a rank above a node's index
-  std::unordered_map<int, std::wstring> storedNames_;
+  std::unordered_map<NodeId, std::wstring> storedNames_;
   int count_ = 0;
-  int firstRoot_ = kNoNode;
-  int lastRoot_ = kNoNode;
+  NodeId firstRoot_ = kNoNode;
+  NodeId lastRoot_ = kNoNode;
 };
 
 }  // namespace controls

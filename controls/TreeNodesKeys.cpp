@@ -54,21 +54,21 @@ std::uint8_t TreeNodes::FormNumber(const KeyForm& keyForm) {
   return static_cast<std::uint8_t>(forms_.size() - 1);
 }
 
-int TreeNodes::FindChild(int parent, const KeyForm& keyForm, std::int32_t id) const {
+NodeId TreeNodes::FindChild(NodeId parent, const KeyForm& keyForm, std::int32_t id) const {
   const int form = KnownForm(keyForm);
   if (form < 0) return kNoNode;
-  int child = parent == kNoNode ? firstRoot_ : At(parent).firstChild;
+  NodeId child = parent == kNoNode ? firstRoot_ : At(parent).firstChild;
   while (child != kNoNode && (At(child).form != form || At(child).id != id)) child = At(child).next;
   return child;
 }
 
-std::wstring TreeNodes::Key(int node) const {
+std::wstring TreeNodes::Key(NodeId node) const {
   std::wstring key;
   ComposeKey(node, key);
   return key;
 }
 
-void TreeNodes::ComposeKey(int node, std::wstring& key) const {
+void TreeNodes::ComposeKey(NodeId node, std::wstring& key) const {
   const Node& keyed = At(node);
   const KeyForm& form = forms_[keyed.form];
   if (keyed.parent == kNoNode) {
@@ -82,7 +82,7 @@ void TreeNodes::ComposeKey(int node, std::wstring& key) const {
 }
 
 // Looks from the end of the key, where most nodes differ, up to the root, and composes nothing.
-bool TreeNodes::HasTail(int node, std::wstring_view tail) const {
+bool TreeNodes::HasTail(NodeId node, std::wstring_view tail) const {
   const Node& keyed = At(node);
   const KeyForm& form = forms_[keyed.form];
   if (form.hasId && !TakeDecimal(tail, keyed.id)) return false;
@@ -91,12 +91,12 @@ bool TreeNodes::HasTail(int node, std::wstring_view tail) const {
   return keyed.parent == kNoNode ? tail.empty() : HasTail(keyed.parent, tail);
 }
 
-int TreeNodes::Find(std::wstring_view key) const {
+NodeId TreeNodes::Find(std::wstring_view key) const {
   if (key.size() < kPrefixLength) return kNoNode;
   const std::wstring_view tail = key.substr(kPrefixLength);
   std::vector<char> hasPrefix;
   for (const KeyForm& form : forms_) hasPrefix.push_back(key.starts_with(form.prefix) ? 1 : 0);
-  for (int node = 1; node < used_; ++node) {
+  for (NodeId node = 1; node < used_; ++node) {
     const Node& candidate = At(node);
     if (candidate.alive && hasPrefix[candidate.form] != 0 && HasTail(node, tail)) return node;
   }

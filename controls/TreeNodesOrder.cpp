@@ -13,13 +13,13 @@ constexpr std::size_t kFewTexts = 4;
 
 }  // namespace
 
-void TreeNodes::SetSorted(int node, bool sorted) {
+void TreeNodes::SetSorted(NodeId node, bool sorted) {
   if (!sorted) InOrder(node);
   At(node).sorted = sorted;
   if (HasChildren(node)) MarkOrderPending(node);
 }
 
-void TreeNodes::MarkOrderPending(int parent) {
+void TreeNodes::MarkOrderPending(NodeId parent) {
   Node& above = At(parent);
   if (!above.sorted) return;
   above.orderPending = true;
@@ -28,9 +28,9 @@ void TreeNodes::MarkOrderPending(int parent) {
   reordered_.push_back(parent);
 }
 
-std::vector<int> TreeNodes::TakeReordered() {
-  std::vector<int> reordered;
-  for (const int node : std::exchange(reordered_, {})) {
+std::vector<NodeId> TreeNodes::TakeReordered() {
+  std::vector<NodeId> reordered;
+  for (const NodeId node : std::exchange(reordered_, {})) {
     // It may have been removed since, and its index be used again.
     if (!At(node).reordered) continue;
     At(node).reordered = false;
@@ -39,7 +39,7 @@ std::vector<int> TreeNodes::TakeReordered() {
   return reordered;
 }
 
-void TreeNodes::SortChildren(int parent) const {
+void TreeNodes::SortChildren(NodeId parent) const {
   Linked(parent).orderPending = false;
   if (!HasChildren(parent)) return;
   if (WorthRanking(parent)) texts_.RankAll();
@@ -50,22 +50,22 @@ void TreeNodes::SortChildren(int parent) const {
   }
 }
 
-bool TreeNodes::WorthRanking(int parent) const {
+bool TreeNodes::WorthRanking(NodeId parent) const {
   const std::size_t few = texts_.Count() / kFewTexts;
   return texts_.Unranked() > few && static_cast<std::size_t>(Children(parent)) > few;
 }
 
 // Nodes of one text are ordered by their index, so that the order never depends on the past.
-bool TreeNodes::StandsBefore(int a, int b) const {
+bool TreeNodes::StandsBefore(NodeId a, NodeId b) const {
   const TextRef textA = At(a).text;
   const TextRef textB = At(b).text;
   return textA == textB ? a < b : texts_.Before(textA, textB);
 }
 
 // Plain numbers are sorted, and no text is looked at.
-void TreeNodes::SortChildrenByRank(int parent) const {
+void TreeNodes::SortChildrenByRank(NodeId parent) const {
   ranked_.clear();
-  for (int child = At(parent).firstChild; child != kNoNode; child = At(child).next) {
+  for (NodeId child = At(parent).firstChild; child != kNoNode; child = At(child).next) {
     const std::uint64_t rank = texts_.Rank(At(child).text);
     ranked_.push_back(rank << 32 | static_cast<std::uint32_t>(child));
   }
@@ -80,10 +80,10 @@ void TreeNodes::SortChildrenByRank(int parent) const {
 
 // Most of the children stand in order already, after a change of a few as well as after a query
 // that was ordered: only the others are sorted, and merged in.
-void TreeNodes::SortChildrenByKey(int parent) const {
+void TreeNodes::SortChildrenByKey(NodeId parent) const {
   TakeMisplaced(parent);
   if (misplaced_.empty()) return;
-  const auto before = [this](int a, int b) { return StandsBefore(a, b); };
+  const auto before = [this](NodeId a, NodeId b) { return StandsBefore(a, b); };
   std::sort(misplaced_.begin(), misplaced_.end(), before);
   const auto inOrder = static_cast<std::ptrdiff_t>(ordered_.size());
   ordered_.insert(ordered_.end(), misplaced_.begin(), misplaced_.end());
@@ -92,10 +92,10 @@ void TreeNodes::SortChildrenByKey(int parent) const {
 }
 
 // Where two neighbours stand the wrong way round either may be the one that moved: both go.
-void TreeNodes::TakeMisplaced(int parent) const {
+void TreeNodes::TakeMisplaced(NodeId parent) const {
   ordered_.clear();
   misplaced_.clear();
-  for (int child = At(parent).firstChild; child != kNoNode; child = At(child).next) {
+  for (NodeId child = At(parent).firstChild; child != kNoNode; child = At(child).next) {
     if (ordered_.empty() || StandsBefore(ordered_.back(), child)) {
       ordered_.push_back(child);
       continue;
@@ -106,9 +106,9 @@ void TreeNodes::TakeMisplaced(int parent) const {
   }
 }
 
-void TreeNodes::Relink(int parent) const {
-  int previous = kNoNode;
-  for (const int child : ordered_) {
+void TreeNodes::Relink(NodeId parent) const {
+  NodeId previous = kNoNode;
+  for (const NodeId child : ordered_) {
     Linked(child).previous = previous;
     if (previous != kNoNode) Linked(previous).next = child;
     previous = child;

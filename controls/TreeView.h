@@ -35,46 +35,47 @@ class TreeView : public Control {
 
   // The new node, the last child of a parent that is not sorted; or the child of this key form and
   // id that the parent has already, unchanged. A parent of kNoNode makes a root.
-  int Add(int parent, const KeyForm& keyForm, std::int32_t id, std::wstring_view text, int image);
+  NodeId Add(NodeId parent, const KeyForm& keyForm, std::int32_t id, std::wstring_view text,
+             int image);
   // For many nodes: no look at the parent's other children, the caller has seen to it.
-  int AddUnique(int parent, const KeyForm& keyForm, std::int32_t id, TextRef text, int image);
+  NodeId AddUnique(NodeId parent, const KeyForm& keyForm, std::int32_t id, TextRef text, int image);
   // A text for any number of nodes; the reference holds until the outermost Update ends (which
   // sweeps the texts that no node shows) or the tree is cleared.
   TextRef Share(std::wstring_view text);
-  void Remove(int node);
-  void RemoveChildren(int node);
+  void Remove(NodeId node);
+  void RemoveChildren(NodeId node);
   void Clear();
 
-  void SetText(int node, std::wstring_view text);
-  void SetImage(int node, int image);
-  void SetSorted(int node, bool sorted);
-  void SetStoredName(int node, std::wstring_view name);
+  void SetText(NodeId node, std::wstring_view text);
+  void SetImage(NodeId node, int image);
+  void SetSorted(NodeId node, bool sorted);
+  void SetStoredName(NodeId node, std::wstring_view name);
   // Raises Expand or Collapse, at once, when that changes something. A node without children may
   // be expanded too: those it gets are shown. Collapsing a node passes the selection from below it
   // to it, before Collapse is raised and without NodeClick.
-  void SetExpanded(int node, bool expanded);
+  void SetExpanded(NodeId node, bool expanded);
 
   // All that can be read of the nodes.
   const TreeNodes& Nodes() const;
 
-  int SelectedNode() const;
+  NodeId SelectedNode() const;
   // Opens the way to the node and brings it into view. Does not raise NodeClick. When a selected
   // node is removed the selection passes to its next sibling, else its previous, else its parent.
-  void SetSelectedNode(int node);
+  void SetSelectedNode(NodeId node);
 
   // When the user selects another node, by mouse or keyboard.
-  std::function<void(int node)> NodeClick;
-  std::function<void(int node)> Expand;
-  std::function<void(int node)> Collapse;
+  std::function<void(NodeId node)> NodeClick;
+  std::function<void(NodeId node)> Expand;
+  std::function<void(NodeId node)> Collapse;
   // When the user asks for the menu of a node: with the right mouse button, which selects the node
   // first (and raises NodeClick when that changes the selection), or with the Apps key or Shift+F10
   // for the selected node. See ShowPopupMenu.
-  std::function<void(int node)> ContextMenu;
+  std::function<void(NodeId node)> ContextMenu;
   // When the user wants the selected node on the clipboard: Ctrl+C or Ctrl+Insert.
-  std::function<void(int node)> Copy;
+  std::function<void(NodeId node)> Copy;
   // What there is to say about a node, empty for nothing. Asked when the mouse rests on the node
-  // and, for who cannot see that, when the node has the focus. May change nothing.
-  std::function<std::wstring(int node)> Tip;
+  // and, for screen readers, when the node has the focus. May change nothing.
+  std::function<std::wstring(NodeId node)> Tip;
 };
 
 }  // namespace controls

@@ -1,24 +1,23 @@
 #include "controls/CommandButton.h"
 
+#include "controls/Events.h"
 #include "controls/memory/ControlPeer.h"
-#include "controls/memory/Events.h"
 
 namespace controls {
 namespace {
 
 struct CommandButtonPeer : Control::Peer {
-  bool TakesFocus() const override { return true; }
-  bool TakesEnter() const override { return true; }
-  void PressEnter(Control& control) override {
-    Raise(control.Owner(), static_cast<CommandButton&>(control).Click);
+  bool IsButton() const override { return true; }
+  void PressEnter() override {
+    Raise(control->Owner(), static_cast<CommandButton&>(*control).Click);
   }
-  void PressSpace(Control& control) override { PressEnter(control); }
+  void PressSpace() override { PressEnter(); }
   std::wstring MarkedCaption() const override { return caption; }
 
   std::wstring caption;
 
  protected:
-  void StartKind() override { caption.clear(); }
+  void RestartKind() override { caption.clear(); }
 };
 
 }  // namespace

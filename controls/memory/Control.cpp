@@ -8,77 +8,61 @@
 
 namespace controls {
 
-void Control::Peer::Start() {
-  enabled = true;
-  visible = true;
-  container = nullptr;
-  font = {};
-  anchors = kAnchorLeft | kAnchorTop;
-  StartKind();
-}
-
-bool Control::Peer::Shown() const {
-  return visible && (container == nullptr || container->BackEnd().Shown());
-}
-
-bool Control::Peer::Usable() const {
-  return enabled && visible && (container == nullptr || container->BackEnd().Usable());
-}
-
 Control::Control(Form& form, int id, std::unique_ptr<Peer> peer)
     : form_(form), id_(id), peer_(std::move(peer)) {
-  form_.BackEnd().Enter(*this);
+  peer_->control = this;
+  form_.BackEnd().order.Add(*peer_);
 }
 
 Control::~Control() {
-  form_.BackEnd().Leave(*this);
+  form_.BackEnd().order.Remove(*peer_);
 }
 
 bool Control::Enabled() const {
-  return peer_->enabled;
+  return peer_->state.enabled;
 }
 
 void Control::SetEnabled(bool enabled) {
-  peer_->enabled = enabled;
-  form_.BackEnd().KeepFocusUsable();
+  peer_->state.enabled = enabled;
+  form_.BackEnd().LeaveUnfit();
 }
 
 bool Control::Visible() const {
-  return peer_->visible;
+  return peer_->state.visible;
 }
 
 void Control::SetVisible(bool visible) {
-  peer_->visible = visible;
-  form_.BackEnd().KeepFocusUsable();
+  peer_->state.visible = visible;
+  form_.BackEnd().LeaveUnfit();
 }
 
 void Control::SetContainer(const Frame& container) {
-  peer_->container = &container;
-  form_.BackEnd().KeepFocusUsable();
+  peer_->state.container = &container.BackEnd().state;
+  form_.BackEnd().LeaveUnfit();
 }
 
 bool Control::HasFocus() const {
-  return form_.BackEnd().Focused() == this;
+  return form_.BackEnd().order.Holder() == peer_.get();
 }
 
 void Control::SetFocus() {
-  form_.BackEnd().SetFocus(*this);
+  form_.BackEnd().GiveFocus(*peer_);
 }
 
 int Control::TabIndex() const {
-  return form_.BackEnd().TabIndexOf(*this);
+  return form_.BackEnd().order.IndexOf(*peer_);
 }
 
 void Control::SetTabIndex(int index) {
-  form_.BackEnd().MoveInTabOrder(*this, index);
+  form_.BackEnd().order.SetIndex(*peer_, index);
 }
 
 void Control::SetFont(const Font& font) {
-  peer_->font = font;
+  peer_->state.font = font;
 }
 
 void Control::SetAnchors(unsigned anchors) {
-  peer_->anchors = anchors;
+  peer_->state.anchors = anchors;
 }
 
 }  // namespace controls

@@ -1,39 +1,32 @@
 #pragma once
 
-#include "controls/Control.h"
+#include <string>
+
+#include "controls/ControlState.h"
 
 namespace controls {
 
-class Frame;
-
-// What a control keeps in memory. Each kind derives its own and adds its state.
-struct Control::Peer {
+// A control in memory. Each kind derives its own and adds its state.
+struct Control::Peer : ControlModel {
   virtual ~Peer() = default;
 
   // Back to the state in which a load finds the control.
-  void Start();
+  void Restart() {
+    state = {};
+    RestartKind();
+  }
 
-  virtual bool TakesFocus() const { return false; }
-  virtual void FocusGained() {}
-  // Whether Enter presses the control, and what Enter and the space bar then do to it.
-  virtual bool TakesEnter() const { return false; }
-  virtual void PressEnter(Control&) {}
-  virtual void PressSpace(Control&) {}
+  // What Enter and the space bar do to the control; only a button takes Enter for itself.
+  virtual void PressEnter() {}
+  virtual void PressSpace() {}
   // The caption in which a mnemonic may be marked; empty for kinds without one.
   virtual std::wstring MarkedCaption() const { return {}; }
 
-  // Whether the control is on view, and whether a user can work with it, its container included.
-  bool Shown() const;
-  bool Usable() const;
-
-  bool enabled = true;
-  bool visible = true;
-  const Frame* container = nullptr;
-  Font font;
-  unsigned anchors = kAnchorLeft | kAnchorTop;
+  // Whether a user can work with the control, its container included.
+  bool Usable() const { return state.IsEnabled() && state.IsVisible(); }
 
  protected:
-  virtual void StartKind() {}
+  virtual void RestartKind() {}
 };
 
 // The peer of a control whose kind is known.

@@ -1,128 +1,122 @@
 #include "controls/Form.h"
 
-#include <algorithm>
-
-#include "controls/memory/ControlPeer.h"
-#include "controls/memory/Events.h"
+#include "controls/CommandButton.h"
+#include "controls/Events.h"
+#include "controls/memory/DesktopPeer.h"
 #include "controls/memory/FormPeer.h"
 
 namespace controls {
 
-void Form::Peer::Enter(Control& control) {
-  controls_.push_back(&control);
-  tabOrder_.push_back(&control);
-}
-
-void Form::Peer::Leave(Control& control) {
-  std::erase(controls_, &control);
-  std::erase(tabOrder_, &control);
-  if (focus_ == &control) focus_ = nullptr;
-}
-
 bool Form::Peer::TakesInput() const {
-  return visible && modalAbove == 0 && form.OwnerDesktop().BackEnd().inputHolds == 0;
+  return life.visible && modalAbove == 0 && form.OwnerDesktop().BackEnd().inputHolds == 0;
 }
 
 void Form::Peer::Start() {
-  loaded = true;
-  visible = false;
-  defaultButton = nullptr;
-  cancelButton = nullptr;
-  caption.clear();
-  font = {};
-  icon = 0;
-  resizable = false;
-  focus_ = nullptr;
-  tabOrder_ = controls_;
-  for (Control* const control : controls_) control->BackEnd().Start();
+  Restart();
+  life.loaded = true;
 }
 
-void Form::Peer::ShowNow() {
-  if (visible) return;
-  visible = true;
-  StartFocus();
+void Form::Peer::Restart() {
+  life = {};
+  order.Restart();
+  for (ControlModel* const control : order.Order()) control->control->BackEnd().Restart();
+}
+
+void Form::Peer::Show() {
+  if (life.visible) return;
+  life.visible = true;
+  order.MoveTo(order.TakeFirst());
 }
 
 void Form::Peer::Destroy() {
-  loaded = false;
-  visible = false;
-  focus_ = nullptr;
-  if (modalOwner != nullptr) --modalOwner->BackEnd().modalAbove;
-  modalOwner = nullptr;
-  for (Control* const control : controls_) control->BackEnd().Start();
+  if (life.modalOwner) --life.modalOwner->BackEnd().modalAbove;
+  Restart();
+}
+
+void Form::Peer::GiveFocus(Control::Peer& control) {
+  if (!life.loaded || !control.MayHaveFocus()) return;
+  if (life.visible) {
+    order.MoveTo(&control);
+  } else {
+    order.Want(control);
+  }
+}
+
+void Form::Peer::LeaveUnfit() {
+  if (order.HolderIsUnfit()) order.MoveTo(order.Next(order.Holder(), false));
 }
 
 Form::Form(Desktop& desktop, int templateId)
     : desktop_(desktop), templateId_(templateId), peer_(std::make_unique<Peer>(*this)) {}
 
 Form::~Form() {
-  if (peer_->loaded) peer_->Destroy();
+  if (peer_->life.loaded) peer_->Destroy();
 }
 
 void Form::Load() {
-  if (peer_->loaded) return;
+  if (peer_->life.loaded) return;
   peer_->Start();
-  RunGuarded(desktop_, [this] { Form_Load(); });
+  RunEventProcedure(desktop_, [this] { Form_Load(); });
 }
 
 void Form::Show() {
   Load();
-  if (peer_->loaded) peer_->ShowNow();
+  if (peer_->life.loaded) peer_->Show();
 }
 
 void Form::ShowModal(Form& owner) {
   Load();
-  if (!peer_->loaded) return;
-  peer_->modalOwner = &owner;
+  if (!peer_->life.loaded) return;
+  peer_->life.modalOwner = &owner;
   ++owner.BackEnd().modalAbove;
-  peer_->ShowNow();
+  peer_->Show();
   desktop_.HandleInput(*this);
 }
 
 void Form::Unload() {
-  if (!peer_->loaded || peer_->unloading) return;
-  peer_->unloading = true;
+  if (!peer_->life.loaded || peer_->life.unloading) return;
+  peer_->life.unloading = true;
   bool cancel = false;
-  RunGuarded(desktop_, [this, &cancel] { Form_Unload(cancel); });
-  peer_->unloading = false;
+  RunEventProcedure(desktop_, [this, &cancel] { Form_Unload(cancel); });
+  peer_->life.unloading = false;
   if (!cancel) peer_->Destroy();
 }
 
 bool Form::IsLoaded() const {
-  return peer_->loaded;
+  return peer_->life.loaded;
 }
 
 bool Form::IsVisible() const {
-  return peer_->visible;
+  return peer_->life.visible;
 }
 
 std::wstring Form::Caption() const {
-  return peer_->caption;
+  return peer_->life.caption;
 }
 
 void Form::SetCaption(const std::wstring& caption) {
-  peer_->caption = caption;
+  peer_->life.caption = caption;
 }
 
 void Form::SetFont(const Font& font) {
-  peer_->font = font;
-  for (Control* const control : peer_->TabOrder()) control->SetFont(font);
+  peer_->life.font = font;
+  for (ControlModel* const control : peer_->order.Order()) control->state.font.reset();
 }
 
 void Form::SetIcon(int iconResource) {
-  peer_->icon = iconResource;
+  peer_->life.icon = iconResource;
 }
 
 void Form::SetDefaultButton(CommandButton& button) {
-  peer_->defaultButton = &button;
+  peer_->order.SetDefaultButton(button.BackEnd());
 }
 
 void Form::SetCancelButton(CommandButton& button) {
-  peer_->cancelButton = &button;
+  peer_->order.SetCancelButton(button.BackEnd());
 }
 
 void Form::SetResizable(bool resizable) {
-  peer_->resizable = resizable;
+  peer_->life.resizable = resizable;
 }
 
 // Nothing is painted in memory, and what waits in the queue goes on waiting.

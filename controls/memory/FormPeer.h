@@ -1,62 +1,51 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
-#include "controls/Control.h"
 #include "controls/Form.h"
+#include "controls/TabOrder.h"
+#include "controls/memory/ControlPeer.h"
 
 namespace controls {
 
-// What a form keeps in memory: its controls in two orders, its focus and where its life stands.
+// A form in memory.
 struct Form::Peer {
-  explicit Peer(Form& owner) : form(owner) {}
+  explicit Peer(Form& owner) : form(owner), order(owner) {}
 
-  // --- Controls, in Form.cpp and FormFocus.cpp ---
-  void Enter(Control& control);
-  void Leave(Control& control);
-  const std::vector<Control*>& TabOrder() const { return tabOrder_; }
-  int TabIndexOf(const Control& control) const;
-  void MoveInTabOrder(Control& control, int index);
+  // All that ends when the form is unloaded.
+  struct Life {
+    bool loaded = false;
+    bool visible = false;
+    bool unloading = false;
+    Form* modalOwner = nullptr;  // while shown modally
+    std::wstring caption;
+    Font font;
+    int icon = 0;
+    bool resizable = false;
+  };
 
-  // --- Focus ---
-  Control* Focused() const { return visible ? focus_ : nullptr; }
-  static bool CanFocus(const Control& control);
-  void SetFocus(Control& control);
-  // Gives the focus, on showing, to the control that asked for it or to the first in the order.
-  void StartFocus();
-  // Takes the focus from a control that is no longer usable.
-  void KeepFocusUsable();
-  // The control that the Tab key reaches from the one given, which may be null; null for none.
-  Control* NextInTabOrder(const Control* from, bool backwards) const;
-
-  // --- Life ---
   void Start();
-  void ShowNow();
+  void Show();
   // The window is gone, without a question.
   void Destroy();
   // Whether the user's input reaches the form.
   bool TakesInput() const;
 
+  void GiveFocus(Control::Peer& control);
+  // Passes the focus on where its holder may no longer have it.
+  void LeaveUnfit();
+  // The font that a control is shown in.
+  const Font& FontOf(const Control::Peer& control) const {
+    return control.state.font ? *control.state.font : life.font;
+  }
+
   Form& form;
-  bool loaded = false;
-  bool visible = false;
-  bool unloading = false;
-  int modalAbove = 0;          // the modal forms that have this one as their owner
-  Form* modalOwner = nullptr;  // while shown modally
-  CommandButton* defaultButton = nullptr;
-  CommandButton* cancelButton = nullptr;
-  std::wstring caption;
-  Font font;
-  int icon = 0;
-  bool resizable = false;
+  Life life;
+  TabOrder order;
+  int modalAbove = 0;  // the modal forms that have this one as their owner
 
  private:
-  void MoveFocus(Control* to);
-
-  std::vector<Control*> controls_;
-  std::vector<Control*> tabOrder_;
-  Control* focus_ = nullptr;
+  void Restart();
 };
 
 }  // namespace controls

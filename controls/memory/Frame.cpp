@@ -6,12 +6,13 @@ namespace controls {
 namespace {
 
 struct FramePeer : Control::Peer {
+  bool TakesFocus() const override { return false; }
   std::wstring MarkedCaption() const override { return caption; }
 
   std::wstring caption;
 
  protected:
-  void StartKind() override { caption.clear(); }
+  void RestartKind() override { caption.clear(); }
 };
 
 }  // namespace

@@ -6,13 +6,14 @@ namespace controls {
 namespace {
 
 struct LabelPeer : Control::Peer {
+  bool TakesFocus() const override { return false; }
   std::wstring MarkedCaption() const override { return plain ? std::wstring() : caption; }
 
   std::wstring caption;
   bool plain = false;
 
  protected:
-  void StartKind() override {
+  void RestartKind() override {
     caption.clear();
     plain = false;
   }

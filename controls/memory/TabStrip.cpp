@@ -1,6 +1,6 @@
 #include "controls/TabStrip.h"
 
-#include "controls/memory/Events.h"
+#include "controls/Events.h"
 #include "controls/memory/TabStripPeer.h"
 
 namespace controls {

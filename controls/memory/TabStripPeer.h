@@ -8,14 +8,13 @@
 namespace controls {
 
 struct TabStripPeer : Control::Peer {
-  bool TakesFocus() const override { return true; }
   bool Has(int tab) const { return tab >= 0 && tab < static_cast<int>(captions.size()); }
 
   std::vector<std::wstring> captions;
   int selected = -1;
 
  protected:
-  void StartKind() override {
+  void RestartKind() override {
     captions.clear();
     selected = -1;
   }

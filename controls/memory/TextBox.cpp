@@ -1,8 +1,9 @@
 #include "controls/TextBox.h"
 
 #include <algorithm>
+#include <utility>
 
-#include "controls/memory/Events.h"
+#include "controls/Events.h"
 #include "controls/memory/TextBoxPeer.h"
 
 namespace controls {
@@ -12,15 +13,15 @@ constexpr wchar_t kBackspace = 8;
 
 }  // namespace
 
-void TextBoxPeer::StartKind() {
-  text.clear();
+void TextBoxPeer::RestartKind() {
+  text.Wipe();
   selStart = 0;
   selLength = 0;
 }
 
 void TextBoxPeer::FocusGained() {
   selStart = 0;
-  selLength = static_cast<int>(text.size());
+  selLength = static_cast<int>(text.Get().size());
 }
 
 void TextBoxPeer::TypeCharacter(TextBox& box, wchar_t character) {
@@ -29,7 +30,7 @@ void TextBoxPeer::TypeCharacter(TextBox& box, wchar_t character) {
   if (character == kBackspace) {
     Backspace(box);
   } else {
-    ReplaceSelection(box, std::wstring(1, character));
+    ReplaceSelection(box, {&character, 1});
   }
 }
 
@@ -42,13 +43,12 @@ void TextBoxPeer::Backspace(TextBox& box) {
   ReplaceSelection(box, {});
 }
 
-void TextBoxPeer::ReplaceSelection(TextBox& box, const std::wstring& with) {
-  std::wstring changed = text;
-  changed.replace(selStart, selLength, with);
+void TextBoxPeer::ReplaceSelection(TextBox& box, std::wstring_view with) {
+  const auto start = static_cast<std::size_t>(selStart);
+  const auto length = static_cast<std::size_t>(std::exchange(selLength, 0));
   selStart += static_cast<int>(with.size());
-  selLength = 0;
-  if (changed == text) return;
-  text = changed;
+  if (std::wstring_view(text.Get()).substr(start, length) == with) return;
+  text.Replace(start, length, with);
   Raise(box.Owner(), box.Change);
 }
 
@@ -60,13 +60,17 @@ bool TextBox::IsMasked() const {
 }
 
 std::wstring TextBox::Text() const {
-  return PeerOf<TextBoxPeer>(*this).text;
+  return PeerOf<TextBoxPeer>(*this).text.Get();
+}
+
+void TextBox::ReadText(const std::function<void(std::wstring_view text)>& reader) const {
+  reader(PeerOf<TextBoxPeer>(*this).text.Get());
 }
 
 void TextBox::SetText(const std::wstring& text) {
   auto& peer = PeerOf<TextBoxPeer>(*this);
-  if (peer.text == text) return;
-  peer.text = text;
+  if (peer.text.Get() == text) return;
+  peer.text.Assign(text);
   peer.selStart = 0;
   peer.selLength = 0;
   Raise(Owner(), Change);
@@ -82,13 +86,13 @@ int TextBox::SelLength() const {
 
 void TextBox::SetSelStart(int start) {
   auto& peer = PeerOf<TextBoxPeer>(*this);
-  peer.selStart = std::clamp(start, 0, static_cast<int>(peer.text.size()));
+  peer.selStart = std::clamp(start, 0, static_cast<int>(peer.text.Get().size()));
   peer.selLength = 0;
 }
 
 void TextBox::SetSelLength(int length) {
   auto& peer = PeerOf<TextBoxPeer>(*this);
-  peer.selLength = std::clamp(length, 0, static_cast<int>(peer.text.size()) - peer.selStart);
+  peer.selLength = std::clamp(length, 0, static_cast<int>(peer.text.Get().size()) - peer.selStart);
 }
 
 }  // namespace controls

@@ -1,14 +1,14 @@
 #include "controls/TreeView.h"
 
+#include "controls/Events.h"
 #include "controls/SortKey.h"
-#include "controls/memory/Events.h"
 #include "controls/memory/TreeViewPeer.h"
 
 namespace controls {
 
 TreeViewPeer::TreeViewPeer() : nodes([](std::wstring_view text) { return SortKey(text); }) {}
 
-void TreeViewPeer::StartKind() {
+void TreeViewPeer::RestartKind() {
   nodes.Clear();
   selected = kNoNode;
 }

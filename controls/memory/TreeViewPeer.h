@@ -8,7 +8,6 @@ namespace controls {
 struct TreeViewPeer : Control::Peer {
   TreeViewPeer();
 
-  bool TakesFocus() const override { return true; }
   // Whether every node above is expanded.
   bool OnView(int node) const;
   // Expands what stands above the node, the topmost first.
@@ -26,7 +25,7 @@ struct TreeViewPeer : Control::Peer {
   int updates = 0;
 
  protected:
-  void StartKind() override;
+  void RestartKind() override;
 };
 
 }  // namespace controls

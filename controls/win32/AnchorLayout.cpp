@@ -35,7 +35,7 @@ void AnchorLayout::Rescale(unsigned fromDpi, unsigned toDpi) {
 }
 
 RECT AnchorLayout::Moved(const Place& place, int dx, int dy) {
-  const unsigned anchors = place.control->anchors;
+  const unsigned anchors = place.control->state.anchors;
   RECT moved = place.base;
   if (anchors & kAnchorRight) {
     moved.right += dx;

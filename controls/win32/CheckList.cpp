@@ -12,20 +12,21 @@ constexpr UINT kChecked = INDEXTOSTATEIMAGEMASK(2);
 struct CheckList : ListBoxPeer {
   using ListBoxPeer::ListBoxPeer;
 
-  // Stands around what the program itself does to the native control.
-  class Own {
+  // Stands around what the program itself does to the native control, whose notifications of that
+  // are no user's.
+  class ProgramChange {
    public:
-    explicit Own(CheckList& list) : list_(list) { ++list_.own_; }
-    ~Own() { --list_.own_; }
-    Own(const Own&) = delete;
-    Own& operator=(const Own&) = delete;
+    explicit ProgramChange(CheckList& list) : list_(list) { ++list_.programChanges_; }
+    ~ProgramChange() { --list_.programChanges_; }
+    ProgramChange(const ProgramChange&) = delete;
+    ProgramChange& operator=(const ProgramChange&) = delete;
 
    private:
     CheckList& list_;
   };
 
   void Attached() override {
-    const Own own(*this);
+    const ProgramChange change(*this);
     constexpr DWORD kExtended =
         LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP | LVS_EX_DOUBLEBUFFER;
     Send(LVM_SETEXTENDEDLISTVIEWSTYLE, kExtended, kExtended);
@@ -42,51 +43,52 @@ struct CheckList : ListBoxPeer {
     Send(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(nothing.Get()), PRF_CLIENT);
   }
 
-  void InsertNative(int item) override {
-    const Own own(*this);
+  void ItemAdded(int item) override {
+    const ProgramChange change(*this);
     LVITEMW native = {};
     native.mask = LVIF_TEXT | LVIF_PARAM;
     native.iItem = item;
-    native.pszText = At(item).text.data();
-    native.lParam = At(item).data;
+    native.pszText = const_cast<wchar_t*>(model.Text(item).c_str());  // which is only read
+    native.lParam = model.Data(item);
     Send(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&native));
   }
-  void RemoveNative(int item) override {
-    const Own own(*this);
+  void ItemRemoved(int item) override {
+    const ProgramChange change(*this);
     Send(LVM_DELETEITEM, static_cast<WPARAM>(item));
-    ShowIndex();
+    IndexChanged();
   }
-  void ClearNative() override {
-    const Own own(*this);
+  void Cleared() override {
+    const ProgramChange change(*this);
     Send(LVM_DELETEALLITEMS);
   }
-  void ShowData(int item) override {
+  void DataChanged(int item) override {
     LVITEMW native = {};
     native.mask = LVIF_PARAM;
     native.iItem = item;
-    native.lParam = At(item).data;
+    native.lParam = model.Data(item);
     Send(LVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&native));
   }
-  void ShowIndex() override {
+  void IndexChanged() override {
     constexpr UINT kBoth = LVIS_FOCUSED | LVIS_SELECTED;
-    const Own own(*this);
+    const ProgramChange change(*this);
+    const int index = model.Index();
     SetState(index, index >= 0 ? kBoth : 0, kBoth);
     if (index >= 0) Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(index), FALSE);
   }
-  void ShowSelected(int item) override {
-    const Own own(*this);
-    SetState(item, Selected(item) ? kChecked : kUnchecked, LVIS_STATEIMAGEMASK);
+  void SelectionChanged(int item) override {
+    const ProgramChange change(*this);
+    SetState(item, model.Selected(item) ? kChecked : kUnchecked, LVIS_STATEIMAGEMASK);
   }
 
   LRESULT Notify(NMHDR& header) override {
     switch (header.code) {
       case LVN_ITEMCHANGING:
-        return own_ == 0 && !TakesInput();
+        return programChanges_ == 0 && !TakesInput();
       case LVN_ITEMCHANGED:
-        if (own_ == 0) Changed(reinterpret_cast<const NMLISTVIEW&>(header));
+        if (programChanges_ == 0) Changed(reinterpret_cast<const NMLISTVIEW&>(header));
         return 0;
       case NM_DBLCLK:
-        if (reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0) Raise(List().DblClick);
+        if (reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0) RaiseDblClick();
         return 0;
       default:
         return 0;
@@ -97,11 +99,13 @@ struct CheckList : ListBoxPeer {
     if (message.number == WM_SETFOCUS) {
       {
         // A list that gets the focus may put it on an item, which no user has chosen.
-        const Own own(*this);
+        const ProgramChange change(*this);
         Native(message);
       }
       return FocusArrived();
     }
+    if (message.number == WM_KEYDOWN && message.wParam == VK_SPACE && IsSearching()) return 0;
+    if (message.number == WM_CHAR) return Character(static_cast<wchar_t>(message.wParam));
     const LRESULT result = Peer::Handle(message);
     if (message.number == WM_SIZE) FitColumn();
     if (message.number == WM_ENABLE || message.number == WM_SYSCOLORCHANGE) ShowColours();
@@ -109,9 +113,19 @@ struct CheckList : ListBoxPeer {
   }
 
  private:
-  void SetState(int item, UINT state, UINT mask) const {
+  static std::uint32_t MessageTime() { return static_cast<std::uint32_t>(GetMessageTime()); }
+  bool IsSearching() const { return model.IsSearching(MessageTime()); }
+
+  // The key of a blank has ticked the item before its character comes, unless one was searched for.
+  LRESULT Character(wchar_t character) {
+    const bool ticked = character == L' ' && !IsSearching();
+    if (!ticked && character >= L' ' && TakesInput()) model.Type(character, MessageTime());
+    return 0;
+  }
+
+  void SetState(int item, UINT bits, UINT mask) const {
     LVITEMW native = {};
-    native.state = state;
+    native.state = bits;
     native.stateMask = mask;
     Send(LVM_SETITEMSTATE, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(&native));
   }
@@ -139,27 +153,17 @@ struct CheckList : ListBoxPeer {
 
   // The user has moved to an item or changed its check.
   void Changed(const NMLISTVIEW& change) {
-    if (!(change.uChanged & LVIF_STATE) || !Has(change.iItem)) return;
+    if (!(change.uChanged & LVIF_STATE) || !model.Has(change.iItem)) return;
     const UINT now = change.uNewState & LVIS_STATEIMAGEMASK;
     const UINT before = change.uOldState & LVIS_STATEIMAGEMASK;
     if (now != before) {
-      Checked(change.iItem, now == kChecked);
-    } else if ((change.uNewState & ~change.uOldState & LVIS_FOCUSED) && index != change.iItem) {
-      index = change.iItem;
-      RaiseClick();
+      model.Check(change.iItem, now == kChecked);
+    } else if (change.uNewState & ~change.uOldState & LVIS_FOCUSED) {
+      model.Choose(change.iItem);
     }
   }
 
-  void Checked(int item, bool checked) {
-    if (!Mark(item, checked)) return;
-    if (index != item) {
-      index = item;
-      ShowIndex();
-    }
-    RaiseCheck(item);
-  }
-
-  int own_ = 0;
+  int programChanges_ = 0;
 };
 
 }  // namespace

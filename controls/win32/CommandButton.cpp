@@ -12,7 +12,8 @@ struct CommandButtonPeer : Control::Peer {
 
   // Programs that drive the window may send a click to a button that no user could press.
   void Command(int code) override {
-    if (code == BN_CLICKED && TakesInput()) Raise(static_cast<CommandButton&>(*control).Click);
+    if (code == BN_CLICKED && TakesInput())
+      Raise(form, static_cast<CommandButton&>(*control).Click);
   }
 };
 

@@ -18,53 +18,53 @@ Control::~Control() {
 }
 
 bool Control::Enabled() const {
-  return peer_->enabled;
+  return peer_->state.enabled;
 }
 
 void Control::SetEnabled(bool enabled) {
-  if (peer_->enabled == enabled) return;
-  peer_->enabled = enabled;
+  if (peer_->state.enabled == enabled) return;
+  peer_->state.enabled = enabled;
   form_.BackEnd().ShowStates();
 }
 
 bool Control::Visible() const {
-  return peer_->visible;
+  return peer_->state.visible;
 }
 
 void Control::SetVisible(bool visible) {
-  if (peer_->visible == visible) return;
-  peer_->visible = visible;
+  if (peer_->state.visible == visible) return;
+  peer_->state.visible = visible;
   form_.BackEnd().ShowStates();
 }
 
 void Control::SetContainer(const Frame& container) {
-  peer_->container = &container.BackEnd();
+  peer_->state.container = &container.BackEnd().state;
   form_.BackEnd().ShowStates();
 }
 
 bool Control::HasFocus() const {
-  return form_.BackEnd().focus.Holder() == peer_.get();
+  return form_.BackEnd().order.Holder() == peer_.get();
 }
 
 void Control::SetFocus() {
-  if (peer_->MayHaveFocus()) form_.BackEnd().focus.Give(*peer_);
+  if (peer_->window && peer_->MayHaveFocus()) form_.BackEnd().focus.Give(*peer_);
 }
 
 int Control::TabIndex() const {
-  return form_.BackEnd().focus.IndexOf(*peer_);
+  return form_.BackEnd().order.IndexOf(*peer_);
 }
 
 void Control::SetTabIndex(int index) {
-  form_.BackEnd().focus.SetIndex(*peer_, index);
+  form_.BackEnd().order.SetIndex(*peer_, index);
 }
 
 void Control::SetFont(const Font& font) {
-  peer_->font = font;
+  peer_->state.font = font;
   peer_->RenewFont();
 }
 
 void Control::SetAnchors(unsigned anchors) {
-  peer_->anchors = anchors;
+  peer_->state.anchors = anchors;
 }
 
 }  // namespace controls

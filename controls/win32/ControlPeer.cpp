@@ -8,8 +8,8 @@ namespace controls {
 void Control::Peer::Attach(HWND native) {
   window = native;
   SetWindowLongPtrW(native, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  const auto thunk = reinterpret_cast<LONG_PTR>(ControlThunk);
-  procedure_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(native, GWLP_WNDPROC, thunk));
+  const auto ours = reinterpret_cast<LONG_PTR>(ControlProcedure);
+  procedure_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(native, GWLP_WNDPROC, ours));
   ShowState();
   Attached();
 }
@@ -19,11 +19,8 @@ void Control::Peer::Detach() {
   Detached();
   SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure_));
   window = nullptr;
-  enabled = true;
-  visible = true;
-  container = nullptr;
-  anchors = kAnchorLeft | kAnchorTop;
-  font.reset();
+  state = {};
+  fontHandle.Reset();
 }
 
 LRESULT Control::Peer::Handle(const Message& message) {
@@ -32,7 +29,7 @@ LRESULT Control::Peer::Handle(const Message& message) {
 }
 
 LRESULT Control::Peer::FocusArrived() {
-  if (window && TakesFocus()) form.BackEnd().focus.MovedTo(this);
+  if (window && TakesFocus()) form.BackEnd().order.MoveTo(this);
   return 0;
 }
 
@@ -69,12 +66,13 @@ bool Control::Peer::TakesInput() const {
 bool Control::Peer::ShowState() const {
   if (!window) return false;
   const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
-  if (((style & WS_DISABLED) == 0) != IsEnabled()) EnableWindow(window, IsEnabled());
-  if (((style & WS_VISIBLE) != 0) == IsVisible()) return false;
+  const bool isVisible = state.IsVisible();
+  if (((style & WS_DISABLED) == 0) != state.IsEnabled()) EnableWindow(window, state.IsEnabled());
+  if (((style & WS_VISIBLE) != 0) == isVisible) return false;
   // Without painting, now or later: the form sees to that for all that changes together.
   SetWindowPos(window, nullptr, 0, 0, 0, 0,
                SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW |
-                   (IsVisible() ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
+                   (isVisible ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
   return true;
 }
 
@@ -83,8 +81,8 @@ void Control::Peer::SetNativeFont(HFONT handle) const {
 }
 
 void Control::Peer::RenewFont() {
-  if (!font) return;
-  FontHandle handle = MakeFont(*font, form.BackEnd().dpi);
+  if (!state.font) return;
+  FontHandle handle = MakeFont(*state.font, form.BackEnd().dpi);
   SetNativeFont(handle.Get());
   fontHandle = std::move(handle);
 }

@@ -1,22 +1,19 @@
 #pragma once
 
-#include <optional>
 #include <string>
 
-#include "controls/Control.h"
-#include "controls/Form.h"
+#include "controls/ControlState.h"
+#include "controls/Events.h"
 #include "controls/win32/Handles.h"
-#include "controls/win32/Thunk.h"
+#include "controls/win32/WindowProcedure.h"
 
 namespace controls {
 
 // A control's own part of its native window. The window is there while the form is loaded; without
 // it every call is harmless and every answer empty.
-struct Control::Peer {
+struct Control::Peer : ControlModel {
   Peer(Form& owner, int controlId) : form(owner), id(controlId) {}
   virtual ~Peer() = default;
-  Peer(const Peer&) = delete;
-  Peer& operator=(const Peer&) = delete;
 
   // --- What a kind of control may differ in ---
 
@@ -25,10 +22,6 @@ struct Control::Peer {
   virtual void Detached() {}
   // The form has been loaded and laid out, and is about to be seen.
   virtual void Showing() {}
-  virtual void FocusGained() {}
-  virtual bool TakesFocus() const { return true; }
-  // A button is what Enter presses while it has the focus.
-  virtual bool IsButton() const { return false; }
   // WM_COMMAND and WM_NOTIFY of the control; the latter's answer goes back to it.
   virtual void Command(int /*code*/) {}
   virtual LRESULT Notify(NMHDR& /*header*/) { return 0; }
@@ -50,40 +43,30 @@ struct Control::Peer {
   void ShowText(const std::wstring& text) const;
   void ChangeStyle(LONG_PTR remove, LONG_PTR add) const;
   const Desktop& Surroundings() const { return form.OwnerDesktop(); }
-  // Raises an event, unless nobody listens or the form is unloaded.
-  template <typename Event, typename... Arguments>
-  void Raise(const Event& event, Arguments&&... arguments) const {
-    if (event && window) Guarded(Surroundings(), [&] { event(arguments...); });
-  }
 
   // --- State that a form asks for ---
 
-  // Enabled and visible as far as the control itself and its containers say.
-  bool IsEnabled() const { return enabled && (!container || container->IsEnabled()); }
-  bool IsVisible() const { return visible && (!container || container->IsVisible()); }
-  bool IsUsable() const { return window && IsEnabled() && IsVisible(); }
-  bool MayHaveFocus() const { return TakesFocus() && IsUsable(); }
+  bool IsUsable() const { return window && state.IsEnabled() && state.IsVisible(); }
   // Whether a user can reach it: not while a modal form stands over its own.
   bool TakesInput() const;
   // Brings the native window to that state. True when that has shown or hidden it.
   bool ShowState() const;
   void SetNativeFont(HFONT handle) const;
-  // Makes the font asked for anew, in the form's resolution.
+  // Makes the font asked for, in the form's present resolution.
   void RenewFont();
 
   Form& form;
   int id;
-  Control* control = nullptr;
   HWND window = nullptr;
-  bool enabled = true;
-  bool visible = true;
-  const Peer* container = nullptr;
-  unsigned anchors = kAnchorLeft | kAnchorTop;
-  std::optional<Font> font;
-  FontHandle fontHandle;
+  FontHandle fontHandle;  // of the control's own font
 
  private:
   WNDPROC procedure_ = nullptr;  // the native control's own
 };
+
+// The native control of a form's control.
+inline Control::Peer& PeerOf(const ControlModel& model) {
+  return model.control->BackEnd();
+}
 
 }  // namespace controls

@@ -16,7 +16,7 @@ Form::~Form() = default;
 void Form::Load() {
   if (peer_->window) return;
   peer_->Create();
-  Guarded(desktop_, [this] { Form_Load(); });
+  RunEventProcedure(desktop_, [this] { Form_Load(); });
 }
 
 void Form::Show() {
@@ -36,7 +36,7 @@ void Form::Unload() {
   if (!peer_->window || peer_->unloading) return;
   peer_->unloading = true;
   bool cancel = false;
-  Guarded(desktop_, [&] { Form_Unload(cancel); });
+  RunEventProcedure(desktop_, [&] { Form_Unload(cancel); });
   peer_->unloading = false;
   if (!cancel && peer_->window) peer_->Close();
 }
@@ -69,11 +69,12 @@ void Form::SetIcon(int iconResource) {
 }
 
 void Form::SetDefaultButton(CommandButton& button) {
-  peer_->focus.SetDefaultButton(button.BackEnd());
+  peer_->order.SetDefaultButton(button.BackEnd());
+  peer_->focus.ShowDefaultButton();
 }
 
 void Form::SetCancelButton(CommandButton& button) {
-  peer_->focus.SetCancelButton(button.BackEnd());
+  peer_->order.SetCancelButton(button.BackEnd());
 }
 
 void Form::SetResizable(bool resizable) {

@@ -17,7 +17,7 @@ bool FormKeys::Preview(const MSG& message) {
   if (message.message != WM_KEYUP) return false;
   if (keyCode == kKeyF1) f1Down_ = false;
   if (!form_.TakesInput()) return false;
-  Guarded(form_.desktop, [&] { form_.form.Form_KeyUp(keyCode); });
+  RunEventProcedure(form_.desktop, [&] { form_.form.Form_KeyUp(keyCode); });
   return !form_.window;
 }
 
@@ -25,7 +25,7 @@ bool FormKeys::Down(int keyCode) {
   if (!form_.TakesInput()) return false;
   if (keyCode == kKeyF1) f1Down_ = true;
   const HWND before = form_.window;
-  Guarded(form_.desktop, [&] { form_.form.Form_KeyDown(keyCode); });
+  RunEventProcedure(form_.desktop, [&] { form_.form.Form_KeyDown(keyCode); });
   return form_.window != before || Navigate(keyCode);
 }
 
@@ -36,24 +36,26 @@ bool FormKeys::Navigate(int keyCode) {
       form_.focus.Advance(IsPressed(VK_SHIFT));
       return true;
     case VK_RETURN:
-      Press(form_.focus.EnterButton());
+      Press(form_.order.EnterButton());
       return true;
     case VK_ESCAPE:
-      Press(form_.focus.EscapeButton());
+      Press(form_.order.EscapeButton());
       return true;
     default:
       return false;
   }
 }
 
-void FormKeys::Press(Control::Peer* button) const {
-  if (button && button->TakesInput()) button->Command(BN_CLICKED);
+void FormKeys::Press(ControlModel* button) const {
+  if (!button) return;
+  Control::Peer& peer = PeerOf(*button);
+  if (peer.TakesInput()) peer.Command(BN_CLICKED);
 }
 
 void FormKeys::Help() {
   // Message boxes and modal forms pass the message on to the form below them, which does not mind.
   if (f1Down_ || !form_.TakesInput()) return;
-  Guarded(form_.desktop, [&] { form_.form.Form_KeyUp(kKeyF1); });
+  RunEventProcedure(form_.desktop, [&] { form_.form.Form_KeyUp(kKeyF1); });
 }
 
 }  // namespace controls

@@ -21,7 +21,7 @@ class FormKeys {
  private:
   bool Down(int keyCode);
   bool Navigate(int keyCode);
-  void Press(Control::Peer* button) const;
+  void Press(ControlModel* button) const;
 
   Form::Peer& form_;
   bool f1Down_ = false;

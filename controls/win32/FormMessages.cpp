@@ -29,7 +29,7 @@ INT_PTR Form::Peer::Handle(const Message& message) {
       return SetPointer(message);
     case WM_GETFONT:
       // A dialog knows its template's font only.
-      return fontHandle_ ? Answer(reinterpret_cast<LRESULT>(fontHandle_.Get())) : FALSE;
+      return fontHandle ? Answer(reinterpret_cast<LRESULT>(fontHandle.Get())) : FALSE;
     case WM_GETMINMAXINFO:
       LimitSize(*reinterpret_cast<MINMAXINFO*>(message.lParam));
       return TRUE;
@@ -44,13 +44,13 @@ INT_PTR Form::Peer::Handle(const Message& message) {
       return FALSE;
     case WM_ERASEBKGND:
     case WM_PRINTCLIENT:
-      background_.Erase(window, context);
+      background.Erase(window, context);
       return Answer(TRUE);
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
       // The brush itself is the answer, where there is one.
       return reinterpret_cast<INT_PTR>(
-          background_.Behind(reinterpret_cast<HWND>(message.lParam), context));
+          background.Behind(reinterpret_cast<HWND>(message.lParam), context));
     default:
       return FALSE;
   }
@@ -100,8 +100,8 @@ INT_PTR Form::Peer::SetPointer(const Message& message) {
 }
 
 void Form::Peer::LimitSize(MINMAXINFO& limits) const {
-  if (!resizable_ || !window) return;
-  RECT least = {0, 0, layout_.BaseSize().cx, layout_.BaseSize().cy};
+  if (!resizable || !window) return;
+  RECT least = {0, 0, layout.BaseSize().cx, layout.BaseSize().cy};
   AdjustWindowRectExForDpi(&least, static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE)), FALSE,
                            static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE)), dpi);
   limits.ptMinTrackSize = {least.right - least.left, least.bottom - least.top};
@@ -109,16 +109,16 @@ void Form::Peer::LimitSize(MINMAXINFO& limits) const {
 
 void Form::Peer::Resized(WPARAM kind) {
   if (kind == SIZE_MINIMIZED || !window) return;
-  layout_.Apply(window);
+  layout.Apply(window);
   RepaintLater(nullptr);
 }
 
 void Form::Peer::DpiChanged(unsigned newDpi, const RECT& place) {
   const unsigned oldDpi = std::exchange(dpi, newDpi);
-  layout_.Rescale(oldDpi, newDpi);
+  layout.Rescale(oldDpi, newDpi);
   ShowFont();
-  background_.Forget();
-  if (icon_) SetIcon(icon_);
+  background.Forget();
+  if (icon) SetIcon(icon);
   for (Control::Peer* control : controls) control->DpiChanged();
   SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
                place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);

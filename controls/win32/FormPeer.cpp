@@ -9,7 +9,7 @@
 namespace controls {
 namespace {
 
-// The form lays itself out anew for another resolution, by its anchors; the system's own way knows
+// The form lays itself out for another resolution, by its anchors; the system's own way knows
 // the template only. Systems that have no such way lack the function.
 void KeepLayoutFromSystem(HWND window) {
   using Function = BOOL(WINAPI*)(HWND, int mask, int values);
@@ -23,38 +23,43 @@ void KeepLayoutFromSystem(HWND window) {
 }  // namespace
 
 Form::Peer::Peer(Form& owned, Desktop& surroundings)
-    : form(owned), desktop(surroundings), focus(*this), keys(*this) {}
+    : form(owned),
+      desktop(surroundings),
+      order(owned, [this] { focus.ShowDefaultButton(); }),
+      focus(*this, order),
+      keys(*this) {}
 
 Form::Peer::~Peer() {
   if (window) Close();
+  DropWindows();
 }
 
 void Form::Peer::Add(Control::Peer& control) {
   controls.push_back(&control);
-  focus.Add(control);
+  order.Add(control);
 }
 
 void Form::Peer::Remove(Control::Peer& control) {
   std::erase(controls, &control);
-  focus.Remove(control);
-  layout_.Clear();
+  order.Remove(control);
+  layout.Clear();
 }
 
 void Form::Peer::Create() {
-  focus.Reset();
+  order.Restart();
   window = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(form.TemplateId()),
-                              nullptr, FormThunk, reinterpret_cast<LPARAM>(this));
+                              nullptr, FormProcedure, reinterpret_cast<LPARAM>(this));
   Require(window != nullptr, "a form's dialog template is missing or broken");
   desktop.BackEnd().forms.push_back(this);
   KeepLayoutFromSystem(window);
-  dpi = templateDpi_ = GetDpiForWindow(window);
-  templateFont_ = reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
+  dpi = templateDpi = GetDpiForWindow(window);
+  templateFont = reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
   // The form paints what lies behind its frames, which are children like any other.
   const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
   SetWindowLongPtrW(window, GWL_STYLE, style & ~WS_CLIPCHILDREN);
   AttachControls();
-  layout_.Capture(window, controls);
-  background_.Capture(window);
+  layout.Capture(window, controls);
+  background.Capture(window);
 }
 
 void Form::Peer::AttachControls() {
@@ -76,7 +81,7 @@ void Form::Peer::Show() {
 
 void Form::Peer::StandOver(Peer& below) {
   if (!below.window) return;
-  owner = &below;
+  ownerWindow = below.window;
   SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(below.window));
   if (!shown) CenterOver(below.window);
   EnableWindow(below.window, FALSE);
@@ -106,32 +111,28 @@ void Form::Peer::Close() {
   shown = false;
   // The form below has to take input again before this one goes, or the system would make a window
   // of another program the active one.
-  const HWND below = owner ? std::exchange(owner, nullptr)->window : nullptr;
-  if (below) EnableWindow(below, TRUE);
+  const HWND owner = ownerWindow;
+  if (owner) EnableWindow(owner, TRUE);
   for (Control::Peer* control : controls) control->Detach();
-  focus.Reset();
+  order.Restart();
   keys.Forget();
-  layout_.Clear();
-  background_ = {};
-  font_.reset();
-  changed_ = {};
-  resizable_ = false;
   std::erase(desktop.BackEnd().forms, this);
   SetWindowLongPtrW(window, DWLP_USER, 0);
-  if (below && active) SetActiveWindow(below);
+  if (owner && active) SetActiveWindow(owner);
   ShowWindow(window, SW_HIDE);
-  closed_.emplace_back(std::exchange(window, nullptr));
-  if (frames_ == 0) DropWindows();
+  FormLife& life = *this;
+  closed_.push_back(std::exchange(life, {}));
+  if (scopes_ == 0) DropWindows();
 }
 
 void Form::Peer::DropWindows() {
   // Moved out first: the end of a window sends messages.
-  const std::vector<WindowHandle> dropped = std::move(closed_);
-  closed_.clear();
+  const std::vector<FormLife> dropped = std::exchange(closed_, {});
+  for (const FormLife& life : dropped) DestroyWindow(life.window);
 }
 
-Form::Peer::Frame::~Frame() {
-  if (--form_.frames_ > 0) return;
+Form::Peer::MessageScope::~MessageScope() {
+  if (--form_.scopes_ > 0) return;
   form_.RepaintChanged();
   if (!form_.closed_.empty()) form_.DropWindows();
 }
@@ -149,15 +150,15 @@ void Form::Peer::ShowStates() {
     RECT place = {};
     GetWindowRect(control->window, &place);
     MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
-    UnionRect(&changed_, &changed_, &place);
+    UnionRect(&changed, &changed, &place);
   }
-  if (frames_ == 0) RepaintChanged();
+  if (scopes_ == 0) RepaintChanged();
   focus.LeaveUnfit();
 }
 
 void Form::Peer::RepaintChanged() {
-  const RECT changed = std::exchange(changed_, {});
-  if (window && !IsRectEmpty(&changed)) RepaintLater(&changed);
+  const RECT area = std::exchange(changed, {});
+  if (window && !IsRectEmpty(&area)) RepaintLater(&area);
 }
 
 // With all below it: what a frame lets be seen is painted by the form. A null area is all of it.
@@ -166,30 +167,30 @@ void Form::Peer::RepaintLater(const RECT* area) const {
 }
 
 void Form::Peer::LookChanged() {
-  background_.Forget();
+  background.Forget();
 }
 
 void Form::Peer::SetFont(const Font& wanted) {
   if (!window) return;
-  font_ = wanted;
-  for (Control::Peer* control : controls) control->font.reset();
+  font = wanted;
+  for (Control::Peer* control : controls) control->state.font.reset();
   ShowFont();
 }
 
 // Gives the form and all that has no font of its own the font asked for, else the template's.
 void Form::Peer::ShowFont() {
-  FontHandle handle = font_ ? MakeFont(*font_, dpi) : ScaleFont(templateFont_, templateDpi_, dpi);
-  const auto font = reinterpret_cast<WPARAM>(handle.Get());
+  FontHandle handle = font ? MakeFont(*font, dpi) : ScaleFont(templateFont, templateDpi, dpi);
+  const auto shownFont = reinterpret_cast<WPARAM>(handle.Get());
   for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-    SendMessageW(child, WM_SETFONT, font, TRUE);
+    SendMessageW(child, WM_SETFONT, shownFont, TRUE);
   }
   for (Control::Peer* control : controls) control->RenewFont();
-  fontHandle_ = std::move(handle);
+  fontHandle = std::move(handle);
 }
 
 void Form::Peer::SetIcon(int iconResource) {
   if (!window) return;
-  icon_ = iconResource;
+  icon = iconResource;
   const auto load = [&](int metric) {
     const int size = GetSystemMetricsForDpi(metric, dpi);
     return IconHandle(
@@ -200,13 +201,13 @@ void Form::Peer::SetIcon(int iconResource) {
   IconHandle small = load(SM_CXSMICON);
   SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(big.Get()));
   SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small.Get()));
-  bigIcon_ = std::move(big);
-  smallIcon_ = std::move(small);
+  bigIcon = std::move(big);
+  smallIcon = std::move(small);
 }
 
 void Form::Peer::SetResizable(bool wanted) {
   if (!window) return;
-  resizable_ = wanted;
+  resizable = wanted;
   RECT client = {};
   GetClientRect(window, &client);
   LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);

@@ -9,12 +9,31 @@
 #include "controls/win32/FormFocus.h"
 #include "controls/win32/FormKeys.h"
 #include "controls/win32/Handles.h"
-#include "controls/win32/Thunk.h"
 
 namespace controls {
 
+// All of a form that ends when it is unloaded; a new one takes its place.
+struct FormLife {
+  HWND window = nullptr;
+  unsigned dpi = USER_DEFAULT_SCREEN_DPI;
+  bool shown = false;
+  bool unloading = false;
+  HWND ownerWindow = nullptr;  // of the form that this one stands over
+  AnchorLayout layout;
+  FormBackground background;
+  RECT changed = {};  // where controls have been shown or hidden, and not painted since
+  bool resizable = false;
+  int icon = 0;
+  IconHandle bigIcon;
+  IconHandle smallIcon;
+  std::optional<Font> font;
+  FontHandle fontHandle;
+  HFONT templateFont = nullptr;
+  unsigned templateDpi = USER_DEFAULT_SCREEN_DPI;
+};
+
 // The form's own part of its native window, a modeless dialog made from the template.
-struct Form::Peer {
+struct Form::Peer : FormLife {
   Peer(Form& owner, Desktop& surroundings);
   ~Peer();
   Peer(const Peer&) = delete;
@@ -51,12 +70,12 @@ struct Form::Peer {
   INT_PTR Handle(const Message& message);
 
   // Stands on the stack while a message of the form or of one of its controls is handled.
-  class Frame {
+  class MessageScope {
    public:
-    explicit Frame(Peer& form) : form_(form) { ++form_.frames_; }
-    ~Frame();
-    Frame(const Frame&) = delete;
-    Frame& operator=(const Frame&) = delete;
+    explicit MessageScope(Peer& form) : form_(form) { ++form_.scopes_; }
+    ~MessageScope();
+    MessageScope(const MessageScope&) = delete;
+    MessageScope& operator=(const MessageScope&) = delete;
 
    private:
     Peer& form_;
@@ -64,12 +83,8 @@ struct Form::Peer {
 
   Form& form;
   Desktop& desktop;
-  HWND window = nullptr;
-  unsigned dpi = USER_DEFAULT_SCREEN_DPI;
-  bool shown = false;
-  bool unloading = false;
-  Peer* owner = nullptr;
   std::vector<Control::Peer*> controls;
+  TabOrder order;
   FormFocus focus;
   FormKeys keys;
 
@@ -91,19 +106,8 @@ struct Form::Peer {
   void Resized(WPARAM kind);
   void DpiChanged(unsigned newDpi, const RECT& place);
 
-  AnchorLayout layout_;
-  FormBackground background_;
-  RECT changed_ = {};  // where controls have been shown or hidden, and not painted since
-  bool resizable_ = false;
-  int icon_ = 0;
-  IconHandle bigIcon_;
-  IconHandle smallIcon_;
-  std::optional<Font> font_;
-  FontHandle fontHandle_;
-  HFONT templateFont_ = nullptr;
-  unsigned templateDpi_ = USER_DEFAULT_SCREEN_DPI;
-  int frames_ = 0;
-  std::vector<WindowHandle> closed_;
+  int scopes_ = 0;
+  std::vector<FormLife> closed_;  // lives that are over, whose windows end with the last scope
 };
 
 }  // namespace controls

@@ -30,8 +30,8 @@ struct TabStripPeer : Control::Peer {
     if (tab == selected || !Has(tab)) return;
     selected = tab;
     // What the tab shows and hides is painted once, also where no message has brought us here.
-    const Form::Peer::Frame frame(form.BackEnd());
-    Raise(static_cast<TabStrip&>(*control).Click);
+    const Form::Peer::MessageScope scope(form.BackEnd());
+    Raise(form, static_cast<TabStrip&>(*control).Click);
   }
 
   bool Has(int tab) const { return tab >= 0 && tab < static_cast<int>(captions.size()); }

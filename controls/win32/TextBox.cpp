@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "controls/WipedText.h"
 #include "controls/win32/ControlPeer.h"
 
 namespace controls {
@@ -19,9 +20,12 @@ struct TextBoxPeer : Control::Peer {
   void Attached() override {
     Send(EM_SETLIMITTEXT, kMostText);
     if (masking == TextBox::Masking::kMasked) Send(EM_SETPASSWORDCHAR, kMask);
-    text = WindowText();
+    ReadWindow(text);
   }
-  void Detached() override { text.clear(); }
+  void Detached() override {
+    text.Wipe();
+    WipeWindow();
+  }
   void FocusGained() override { Send(EM_SETSEL, 0, -1); }
 
   void Command(int code) override {
@@ -30,10 +34,33 @@ struct TextBoxPeer : Control::Peer {
 
   // The control tells of every change that it is asked for, also of one that makes no difference.
   void Changed() {
-    std::wstring now = WindowText();
-    if (now == text) return;
-    text = std::move(now);
-    Raise(Box().Change);
+    if (wiping_) return;
+    WipedText now;
+    ReadWindow(now);
+    if (now.Get() == text.Get()) return;
+    text.Assign(now.Get());
+    longest_ = std::max(longest_, text.Get().size());
+    Raise(form, Box().Change);
+  }
+
+  void ReadWindow(WipedText& into) const {
+    into.Assign(std::wstring(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0'));
+    wchar_t* const buffer = into.Buffer();
+    GetWindowTextW(window, buffer, static_cast<int>(into.Get().size()) + 1);
+  }
+
+  // The native control does not overwrite what it held, neither its text nor what it keeps to undo
+  // a change: a text as long as the longest comes in the place of both.
+  void WipeWindow() {
+    if (longest_ == 0) return;
+    wiping_ = true;
+    const std::wstring blanks(longest_, L' ');
+    ShowText(blanks);
+    Send(EM_SETSEL, 0, -1);
+    Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(blanks.c_str()));
+    ShowText({});
+    longest_ = 0;
+    wiping_ = false;
   }
 
   LRESULT Handle(const Message& message) override {
@@ -41,7 +68,7 @@ struct TextBoxPeer : Control::Peer {
     auto character = static_cast<wchar_t>(message.wParam);
     const bool command = character < L' ' && character != kBackspace;
     if (command || character == kControlBackspace) return Peer::Handle(message);
-    Raise(Box().KeyPress, character);
+    Raise(form, Box().KeyPress, character);
     if (character == 0) return 0;
     return Peer::Handle({message.number, character, message.lParam});
   }
@@ -57,7 +84,11 @@ struct TextBoxPeer : Control::Peer {
   TextBox& Box() const { return static_cast<TextBox&>(*control); }
 
   const TextBox::Masking masking;
-  std::wstring text;
+  WipedText text;
+
+ private:
+  std::size_t longest_ = 0;  // that the native control has held
+  bool wiping_ = false;
 };
 
 TextBoxPeer& PeerOfBox(const TextBox& box) {
@@ -74,12 +105,17 @@ bool TextBox::IsMasked() const {
 }
 
 std::wstring TextBox::Text() const {
-  return PeerOfBox(*this).text;
+  return PeerOfBox(*this).text.Get();
+}
+
+void TextBox::ReadText(const std::function<void(std::wstring_view text)>& reader) const {
+  reader(PeerOfBox(*this).text.Get());
 }
 
 void TextBox::SetText(const std::wstring& text) {
   TextBoxPeer& peer = PeerOfBox(*this);
-  if (!peer.window || peer.text == text) return;
+  if (!peer.window || peer.text.Get() == text) return;
+  if (IsMasked()) peer.WipeWindow();
   peer.ShowText(text);
 }
 
@@ -94,7 +130,7 @@ int TextBox::SelLength() const {
 
 void TextBox::SetSelStart(int start) {
   TextBoxPeer& peer = PeerOfBox(*this);
-  const int place = std::clamp(start, 0, static_cast<int>(peer.text.size()));
+  const int place = std::clamp(start, 0, static_cast<int>(peer.text.Get().size()));
   peer.Send(EM_SETSEL, static_cast<WPARAM>(place), place);
   peer.Send(EM_SCROLLCARET);
 }
@@ -102,7 +138,7 @@ void TextBox::SetSelStart(int start) {
 void TextBox::SetSelLength(int length) {
   TextBoxPeer& peer = PeerOfBox(*this);
   const int start = SelStart();
-  const int end = start + std::clamp(length, 0, static_cast<int>(peer.text.size()) - start);
+  const int end = start + std::clamp(length, 0, static_cast<int>(peer.text.Get().size()) - start);
   peer.Send(EM_SETSEL, static_cast<WPARAM>(start), end);
 }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "controls/win32/StillScrollBars.h"
+#include "controls/win32/ScrollBarFreeze.h"
 #include "controls/win32/TreeItems.h"
 
 namespace controls {
@@ -52,7 +52,7 @@ class TreeItems::Quiet {
  private:
   TreeItems& items_;
   bool structural_ = false;  // the outermost, and there is more to do than to select
-  std::optional<StillScrollBars> bars_;
+  std::optional<ScrollBarFreeze> bars_;
 };
 
 void TreeItems::Follow(int selected, bool show) {

@@ -4,7 +4,7 @@
 
 #include "controls/win32/Annotation.h"
 #include "controls/win32/Handles.h"
-#include "controls/win32/Thunk.h"
+#include "controls/win32/WindowProcedure.h"
 
 namespace controls {
 

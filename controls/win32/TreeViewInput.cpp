@@ -76,7 +76,7 @@ LRESULT TreeViewPeer::AskForMenu(const Message& message) {
     Select(item);
   }
   // The selection's own procedure may have taken the node away.
-  if (nodes.Exists(node) && node == selected) Raise(Tree().ContextMenu, node);
+  if (nodes.Exists(node) && node == selected) Raise(form, Tree().ContextMenu, node);
   menuPlace.reset();
   return 0;
 }
@@ -91,7 +91,7 @@ LRESULT TreeViewPeer::SystemKey(const Message& message) {
 
 LRESULT TreeViewPeer::Key(const Message& message) {
   if (IsCopy(message.wParam)) {
-    if (TakesInput() && !Refuses() && nodes.Exists(selected)) Raise(Tree().Copy, selected);
+    if (TakesInput() && !Refuses() && nodes.Exists(selected)) Raise(form, Tree().Copy, selected);
     return 0;
   }
   // The key that opens all there is below a node opens one level: below the root there may be
@@ -108,7 +108,7 @@ LRESULT TreeViewPeer::Character(const Message& message) {
 std::wstring TreeViewPeer::AskTip(int node) const {
   std::wstring tip;
   if (!Tree().Tip || !window || Refuses() || !nodes.Exists(node)) return tip;
-  Guarded(Surroundings(), [&] { tip = Tree().Tip(node); });
+  RunEventProcedure(Surroundings(), [&] { tip = Tree().Tip(node); });
   return tip;
 }
 

@@ -55,7 +55,7 @@ void TreeViewPeer::SetExpanded(int node, bool expanded) {
   items.Expanded(node);
   if (!expanded) LeaveBelow(node);
   EndChange();
-  Raise(expanded ? Tree().Expand : Tree().Collapse, node);
+  Raise(form, expanded ? Tree().Expand : Tree().Collapse, node);
 }
 
 void TreeViewPeer::OpenWay(int node) {
@@ -196,7 +196,7 @@ void TreeViewPeer::Chosen(int node) {
   if (node == selected) return;
   selected = node;
   tips_.DescribeSoon();
-  if (nodes.Exists(node)) Raise(Tree().NodeClick, node);
+  if (nodes.Exists(node)) Raise(form, Tree().NodeClick, node);
 }
 
 }  // namespace controls

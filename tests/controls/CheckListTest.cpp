@@ -27,6 +27,45 @@ TEST_F(CheckList, ChecksNothingByItself) {
   EXPECT_EQ(events, Events{});
 }
 
+TEST_F(CheckList, PutsItselfOnItsFirstItemWhenItGetsTheFocus) {
+  form.multiList.SetFocus();
+  user.PressKey(form, test_support::kKeyTab);
+  ASSERT_TRUE(list.HasFocus());
+  EXPECT_EQ(list.ListIndex(), 0);
+  EXPECT_EQ(events, Events{});
+  user.PressKey(form, kKeySpace);
+  EXPECT_TRUE(list.Selected(0));
+  EXPECT_EQ(events, (Events{L"check 0 on", L"click"}));
+}
+
+TEST_F(CheckList, StaysOnItsItemWhenItGetsTheFocus) {
+  list.SetListIndex(2);
+  list.SetFocus();
+  EXPECT_EQ(list.ListIndex(), 2);
+}
+
+TEST_F(CheckList, HasNoItemToPutItselfOnWhileItIsEmpty) {
+  list.Clear();
+  list.SetFocus();
+  EXPECT_EQ(list.ListIndex(), -1);
+  user.PressKey(form, kKeySpace);
+  EXPECT_EQ(events, Events{});
+}
+
+TEST_F(CheckList, MovesToTheItemWhoseTextIsTyped) {
+  list.AddItem(L"Modifier la base");
+  list.AddItem(L"Modifier les comptes");
+  user.Type(list, L"modifier les");
+  EXPECT_EQ(list.ListIndex(), 4);
+  EXPECT_EQ(list.SelCount(), 0);
+}
+
+TEST_F(CheckList, FindsTypedLettersWhateverTheirAccents) {
+  list.AddItem(L"Équipe");
+  user.Type(list, L"eq");
+  EXPECT_EQ(list.ListIndex(), 3);
+}
+
 TEST_F(CheckList, ReportsTheProgramsChangesAndAClickAfterEach) {
   list.SetSelected(1, true);
   EXPECT_TRUE(list.Selected(1));

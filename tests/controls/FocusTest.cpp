@@ -95,6 +95,20 @@ TEST_F(Focus, LeavesAControlThatIsDisabled) {
   EXPECT_EQ(events, (Events{L"-name", L"+password"}));
 }
 
+TEST_F(Focus, GoesWhereAButtonThatSwitchesItselfOffHasSentIt) {
+  form.checkList.AddItem(L"Direction");
+  form.more.Click = [this] {
+    form.checkList.SetFocus();
+    form.more.SetEnabled(false);
+  };
+  form.more.SetFocus();
+  user.PressKey(form, test_support::kKeySpace);
+  EXPECT_FALSE(form.more.Enabled());
+  EXPECT_TRUE(form.checkList.HasFocus());
+  user.PressKey(form, test_support::kKeySpace);
+  EXPECT_TRUE(form.checkList.Selected(0));
+}
+
 TEST_F(Focus, LeavesAControlThatIsHidden) {
   form.name.SetVisible(false);
   EXPECT_TRUE(form.password.HasFocus());

@@ -174,6 +174,18 @@ TEST_F(FormLife, TakesFonts) {
   EXPECT_EQ(user.FontOf(form.ok).size, 11);
 }
 
+TEST_F(FormLife, HasNoFontOfAnEarlierLoad) {
+  form.Show();
+  const controls::Font first = user.FontOf(form);
+  form.SetFont({L"MS Shell Dlg", 19, 0});
+  form.more.SetFont({L"MS Shell Dlg", 23, 0});
+  form.Unload();
+  form.Show();
+  EXPECT_EQ(user.FontOf(form).size, first.size);
+  EXPECT_EQ(user.FontOf(form).face, first.face);
+  EXPECT_EQ(user.FontOf(form.more).size, first.size);
+}
+
 TEST_F(FormLife, TakesAnchorsAndSizes) {
   form.OnLoad = [this] {
     form.SetResizable(true);

@@ -192,5 +192,21 @@ TEST_F(TextBox, MayUnloadItsFormFromChange) {
   EXPECT_FALSE(form.IsLoaded());
 }
 
+TEST_F(TextBox, ShowsItsTextToAReader) {
+  form.password.SetText(L"secret");
+  std::wstring read;
+  form.password.ReadText([&read](std::wstring_view text) { read = text; });
+  EXPECT_EQ(read, L"secret");
+}
+
+TEST_F(TextBox, HoldsNothingOfAnEarlierLoad) {
+  form.password.SetText(L"secret");
+  form.Unload();
+  form.Show();
+  EXPECT_EQ(form.password.Text(), L"");
+  user.Type(form.password, L"other");
+  EXPECT_EQ(form.password.Text(), L"other");
+}
+
 }  // namespace
 }  // namespace controls_test

@@ -137,12 +137,12 @@ TEST_F(NativeDriving, HelpWithoutItsLibraryIsReportedAsMissing) {
   EXPECT_EQ(desktop.HtmlHelp(form, L"C:\\nowhere\\ORMEX.chm", 109), HelpOutcome::kLibraryMissing);
 }
 
-TEST_F(NativeDriving, AListThatGetsTheFocusHasNoItemChosen) {
+TEST_F(NativeDriving, ACheckListThatGetsTheFocusIsOnItsFirstItemAndReportsNothing) {
   form.checkList.AddItem(L"Direction");
   form.checkList.AddItem(L"Ventes");
   form.checkList.Click = [this] { events.push_back(L"click"); };
   form.checkList.SetFocus();
-  EXPECT_EQ(form.checkList.ListIndex(), -1);
+  EXPECT_EQ(form.checkList.ListIndex(), 0);
   EXPECT_EQ(events, Events{});
 }
 

@@ -36,6 +36,8 @@ class Hands {
   bool Click(controls::CommandButton& button);
   bool Focus(controls::Control& control);
   bool Type(controls::TextBox& box, const std::wstring& text);
+  // Letters in a list move to the item whose text begins with them.
+  bool Type(controls::ListBox& list, const std::wstring& text);
   bool Paste(controls::TextBox& box, const std::wstring& text);
   bool Choose(controls::ListBox& list, int item);
   bool Toggle(controls::ListBox& list, int item);
@@ -51,7 +53,7 @@ class Hands {
   // A key with the Control key held.
   bool PressCtrl(controls::Form& form, int keyCode);
   // Without a focused control the key goes to the form alone. False where the form takes no input.
-  bool PressKey(controls::Form& form, int keyCode, bool shift);
+  bool PressKey(controls::Form& form, int keyCode, bool shift = false);
   // False also where nothing answers to the letter.
   bool Mnemonic(controls::Form& form, wchar_t letter);
   bool Close(controls::Form& form);

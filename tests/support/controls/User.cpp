@@ -76,6 +76,10 @@ bool User::TryType(controls::TextBox& box, const std::wstring& text) {
   return hands_->Type(box, text);
 }
 
+void User::Type(controls::ListBox& list, const std::wstring& text, Where where) {
+  Require(hands_->Type(list, text), "Type", list.Id(), where);
+}
+
 void User::Paste(controls::TextBox& box, const std::wstring& text, Where where) {
   Require(TryPaste(box, text), "Paste", box.Id(), where);
 }

@@ -34,7 +34,8 @@ struct HelpCall {
 // person would do. Every gesture has run to its end, events and modal forms included, when it
 // returns: announce what it will bring up (ExpectMsgBox, ExpectMenu, ExpectModal) before it. A
 // gesture that a person could not make, on a disabled or hidden control or behind a modal form,
-// fails the test; the Try form answers instead, and leaves everything as it was when it says false.
+// fails the test; by way of Try() it answers instead, and leaves everything as it was when it says
+// false.
 //
 // What is the same for both back ends stands in User.cpp and Script.cpp, what differs in Hands.
 class User {
@@ -47,6 +48,9 @@ class User {
 
   // --- Gestures ---
 
+  // The gestures as attempts: user.Try().Click(button) says whether a person could do that.
+  Hands& Try() { return *hands_; }
+
   void Click(controls::CommandButton& button, Where where = Where::current());
   bool TryClick(controls::CommandButton& button);
   void Focus(controls::Control& control, Where where = Where::current());
@@ -56,7 +60,9 @@ class User {
   // gets the focus by this. '\b' is the backspace key.
   void Type(controls::TextBox& box, const std::wstring& text, Where where = Where::current());
   bool TryType(controls::TextBox& box, const std::wstring& text);
-  // The same at once from the clipboard, past KeyPress.
+  // Letters typed in a list, quickly one after the other.
+  void Type(controls::ListBox& list, const std::wstring& text, Where where = Where::current());
+  // A text at once from the clipboard, past KeyPress.
   void Paste(controls::TextBox& box, const std::wstring& text, Where where = Where::current());
   bool TryPaste(controls::TextBox& box, const std::wstring& text);
 

@@ -1,6 +1,6 @@
 #include "tests/support/controls/Eyes.h"
 
-#include "controls/memory/ListBoxPeer.h"
+#include "controls/ListModel.h"
 #include "controls/memory/TreeViewPeer.h"
 
 namespace test_support {
@@ -26,11 +26,11 @@ std::vector<ShownNode> ShownNodes(const controls::TreeView& tree) {
 }
 
 std::vector<ShownItem> ShownItems(const controls::ListBox& list) {
-  const auto& peer = controls::PeerOf<controls::ListBoxPeer>(list);
-  const bool several = peer.kind == controls::ListBox::Kind::kMultiSelect;
+  const controls::ListModel& model = controls::ModelOf(list);
+  const bool several = model.Kind() == controls::ListBox::Kind::kMultiSelect;
   std::vector<ShownItem> shown;
-  for (int i = 0; i < static_cast<int>(peer.items.size()); ++i) {
-    shown.push_back({peer.items[i].text, peer.Selected(i), !several && i == peer.index});
+  for (int i = 0; i < model.Count(); ++i) {
+    shown.push_back({model.Text(i), model.Selected(i), !several && i == model.Index()});
   }
   return shown;
 }

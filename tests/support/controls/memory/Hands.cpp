@@ -1,9 +1,9 @@
 #include "tests/support/controls/Hands.h"
 
 #include "controls/CommandButton.h"
+#include "controls/Events.h"
 #include "controls/TabStrip.h"
 #include "controls/memory/DesktopPeer.h"
-#include "controls/memory/Events.h"
 #include "controls/memory/FormPeer.h"
 #include "controls/memory/ListBoxPeer.h"
 #include "controls/memory/TabStripPeer.h"
@@ -28,10 +28,10 @@ bool Hands::CanUse(const Control& control) const {
 }
 
 Font Hands::FontOf(const Control& control) const {
-  return control.BackEnd().font;
+  return control.Owner().BackEnd().FontOf(control.BackEnd());
 }
 Font Hands::FontOf(const Form& form) const {
-  return form.BackEnd().font;
+  return form.BackEnd().life.font;
 }
 
 bool Hands::Focus(Control& control) {
@@ -45,7 +45,7 @@ bool Hands::Focus(Control& control) {
 
 bool Hands::Click(CommandButton& button) {
   if (!Focus(button)) return false;
-  if (CanUse(button)) button.BackEnd().PressEnter(button);
+  if (CanUse(button)) button.BackEnd().PressEnter();
   return true;
 }
 
@@ -58,6 +58,14 @@ bool Hands::Type(TextBox& box, const std::wstring& text) {
   return true;
 }
 
+bool Hands::Type(ListBox& list, const std::wstring& text) {
+  if (!Focus(list)) return false;
+  for (const wchar_t character : text) {
+    if (CanUse(list) && list.HasFocus()) PeerOf<ListBoxPeer>(list).Type(character);
+  }
+  return true;
+}
+
 bool Hands::Paste(TextBox& box, const std::wstring& text) {
   if (!Focus(box)) return false;
   if (CanUse(box)) PeerOf<TextBoxPeer>(box).ReplaceSelection(box, text);
@@ -65,22 +73,22 @@ bool Hands::Paste(TextBox& box, const std::wstring& text) {
 }
 
 bool Hands::Choose(ListBox& list, int item) {
-  auto& peer = PeerOf<ListBoxPeer>(list);
-  if (!peer.Has(item) || !Focus(list)) return false;
-  if (CanUse(list) && peer.Has(item)) peer.Choose(list, item);
+  ListModel& model = ModelOf(list);
+  if (!model.Has(item) || !Focus(list)) return false;
+  if (CanUse(list) && model.Has(item)) model.Choose(item);
   return true;
 }
 
 bool Hands::Toggle(ListBox& list, int item) {
-  auto& peer = PeerOf<ListBoxPeer>(list);
-  if (peer.kind == ListBox::Kind::kPlain || !peer.Has(item) || !Focus(list)) return false;
-  if (CanUse(list) && peer.Has(item)) peer.Toggle(list, item);
+  ListModel& model = ModelOf(list);
+  if (model.Kind() == ListBox::Kind::kPlain || !model.Has(item) || !Focus(list)) return false;
+  if (CanUse(list) && model.Has(item)) model.Toggle(item);
   return true;
 }
 
 bool Hands::DoubleClick(ListBox& list, int item) {
   if (!Choose(list, item)) return false;
-  if (CanUse(list) && PeerOf<ListBoxPeer>(list).Has(item)) Raise(list.Owner(), list.DblClick);
+  if (CanUse(list) && ModelOf(list).Has(item)) Raise(list.Owner(), list.DblClick);
   return true;
 }
 
@@ -116,7 +124,7 @@ bool Hands::PressMenuKey(TreeView& tree) {
 std::wstring Hands::TipOf(TreeView& tree, int node) const {
   std::wstring tip;
   if (!tree.Tip || !PeerOf<TreeViewPeer>(tree).nodes.Exists(node)) return tip;
-  RunGuarded(tree.Owner().OwnerDesktop(), [&] { tip = tree.Tip(node); });
+  RunEventProcedure(tree.Owner().OwnerDesktop(), [&] { tip = tree.Tip(node); });
   return tip;
 }
 
@@ -140,19 +148,19 @@ bool Hands::Collapse(TreeView& tree, int node) {
 
 bool Hands::PressKey(Form& form, int keyCode, bool shift) {
   if (!form.BackEnd().TakesInput()) return false;
-  RunGuarded(form.OwnerDesktop(), [&] { form.Form_KeyDown(keyCode); });
+  RunEventProcedure(form.OwnerDesktop(), [&] { form.Form_KeyDown(keyCode); });
   if (form.BackEnd().TakesInput()) PressOnControls(form.BackEnd(), keyCode, shift);
   if (!form.BackEnd().TakesInput()) return true;
-  RunGuarded(form.OwnerDesktop(), [&] { form.Form_KeyUp(keyCode); });
+  RunEventProcedure(form.OwnerDesktop(), [&] { form.Form_KeyUp(keyCode); });
   return true;
 }
 
 bool Hands::PressCtrl(Form& form, int keyCode) {
   if (!form.BackEnd().TakesInput()) return false;
-  RunGuarded(form.OwnerDesktop(), [&] { form.Form_KeyDown(keyCode); });
+  RunEventProcedure(form.OwnerDesktop(), [&] { form.Form_KeyDown(keyCode); });
   if (form.BackEnd().TakesInput()) PressCtrlOnControls(form.BackEnd(), keyCode);
   if (!form.BackEnd().TakesInput()) return true;
-  RunGuarded(form.OwnerDesktop(), [&] { form.Form_KeyUp(keyCode); });
+  RunEventProcedure(form.OwnerDesktop(), [&] { form.Form_KeyUp(keyCode); });
   return true;
 }
 

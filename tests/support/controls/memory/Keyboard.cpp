@@ -2,7 +2,6 @@
 
 #include <cwctype>
 
-#include "controls/CommandButton.h"
 #include "controls/memory/ControlPeer.h"
 #include "controls/memory/TreeViewPeer.h"
 #include "tests/support/controls/User.h"
@@ -10,27 +9,23 @@
 namespace test_support {
 namespace {
 
-using controls::CommandButton;
 using controls::Control;
+using controls::ControlModel;
 using controls::Form;
 using controls::TreeView;
 using controls::TreeViewPeer;
 
-void PressIfUsable(CommandButton* button) {
-  if (button != nullptr && button->BackEnd().Usable()) button->BackEnd().PressEnter(*button);
+// Null where nothing is meant.
+Control* ControlOf(const ControlModel* model) {
+  return model == nullptr ? nullptr : model->control;
 }
 
-void PressEnter(Form::Peer& form) {
-  Control* const focused = form.Focused();
-  if (focused != nullptr && focused->BackEnd().TakesEnter()) {
-    focused->BackEnd().PressEnter(*focused);
-  } else {
-    PressIfUsable(form.defaultButton);
-  }
+void PressIfUsable(Control* button) {
+  if (button != nullptr && button->BackEnd().Usable()) button->BackEnd().PressEnter();
 }
 
 void PressTab(Form::Peer& form, bool backwards) {
-  Control* const next = form.NextInTabOrder(form.Focused(), backwards);
+  Control* const next = ControlOf(form.order.Next(form.order.Holder(), backwards));
   if (next != nullptr) next->SetFocus();
 }
 
@@ -47,36 +42,40 @@ bool HasMnemonic(const std::wstring& caption, wchar_t letter) {
 // stands before what it names.
 void Answer(Form::Peer& form, Control& control) {
   Control* target = &control;
-  if (!control.BackEnd().TakesFocus()) target = form.NextInTabOrder(&control, false);
+  if (!control.BackEnd().TakesFocus()) {
+    target = ControlOf(form.order.Next(&control.BackEnd(), false));
+  }
   if (target == nullptr) return;
   target->SetFocus();
-  if (target == &control && control.BackEnd().Usable()) control.BackEnd().PressEnter(control);
+  if (target == &control && control.BackEnd().Usable()) control.BackEnd().PressEnter();
 }
 
 }  // namespace
 
 void PressOnControls(Form::Peer& form, int keyCode, bool shift) {
-  if (keyCode == kKeyEnter) PressEnter(form);
-  if (keyCode == kKeyEscape) PressIfUsable(form.cancelButton);
+  if (keyCode == kKeyEnter) PressIfUsable(ControlOf(form.order.EnterButton()));
+  if (keyCode == kKeyEscape) PressIfUsable(ControlOf(form.order.EscapeButton()));
   if (keyCode == kKeyTab) PressTab(form, shift);
-  Control* const focused = form.Focused();
-  if (keyCode == kKeySpace && focused != nullptr) focused->BackEnd().PressSpace(*focused);
+  Control* const focused = ControlOf(form.order.Holder());
+  if (keyCode == kKeySpace && focused != nullptr) focused->BackEnd().PressSpace();
 }
 
 void PressCtrlOnControls(Form::Peer& form, int keyCode) {
   if (keyCode != kKeyC && keyCode != kKeyInsert) return;
-  if (auto* tree = dynamic_cast<TreeViewPeer*>(
-          form.Focused() == nullptr ? nullptr : &form.Focused()->BackEnd())) {
-    tree->AskForCopy(static_cast<TreeView&>(*form.Focused()));
+  Control* const focused = ControlOf(form.order.Holder());
+  if (focused == nullptr) return;
+  if (auto* tree = dynamic_cast<TreeViewPeer*>(&focused->BackEnd())) {
+    tree->AskForCopy(static_cast<TreeView&>(*focused));
   }
 }
 
 bool PressMnemonic(Form::Peer& form, wchar_t letter) {
-  const std::vector<Control*>& order = form.TabOrder();
+  const std::vector<ControlModel*>& order = form.order.Order();
+  const ControlModel* const holder = form.order.Holder();
   const std::size_t count = order.size();
-  const std::size_t first = form.Focused() == nullptr ? 0 : form.TabIndexOf(*form.Focused()) + 1;
+  const std::size_t first = holder == nullptr ? 0 : form.order.IndexOf(*holder) + 1;
   for (std::size_t i = 0; i < count; ++i) {
-    Control& control = *order[(first + i) % count];
+    Control& control = *order[(first + i) % count]->control;
     const Control::Peer& peer = control.BackEnd();
     if (!peer.Usable() || !HasMnemonic(peer.MarkedCaption(), letter)) continue;
     Answer(form, control);

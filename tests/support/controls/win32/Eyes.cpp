@@ -57,7 +57,7 @@ ShownItem PlainItem(const controls::ListBoxPeer& list, int item) {
   std::wstring text(static_cast<std::size_t>(list.Send(LB_GETTEXTLEN, number)) + 1, L'\0');
   list.Send(LB_GETTEXT, number, reinterpret_cast<LPARAM>(text.data()));
   text.pop_back();
-  const bool several = list.kind == controls::ListBox::Kind::kMultiSelect;
+  const bool several = list.model.Kind() == controls::ListBox::Kind::kMultiSelect;
   const bool focused = !several && list.Send(LB_GETCURSEL) == item;
   return {text, list.Send(LB_GETSEL, number) > 0, focused};
 }
@@ -73,7 +73,8 @@ std::vector<ShownNode> ShownNodes(const controls::TreeView& tree) {
 
 std::vector<ShownItem> ShownItems(const controls::ListBox& list) {
   const auto& peer = static_cast<controls::ListBoxPeer&>(list.BackEnd());
-  const bool checks = list.BackEnd().window && peer.kind == controls::ListBox::Kind::kChecked;
+  const bool checks =
+      list.BackEnd().window && peer.model.Kind() == controls::ListBox::Kind::kChecked;
   std::vector<ShownItem> shown;
   const int count = static_cast<int>(peer.Send(checks ? LVM_GETITEMCOUNT : LB_GETCOUNT));
   for (int i = 0; i < count; ++i) shown.push_back(checks ? CheckItem(peer, i) : PlainItem(peer, i));

@@ -118,6 +118,22 @@ bool Hands::Type(TextBox& box, const std::wstring& text) {
   return true;
 }
 
+bool Hands::Type(ListBox& list, const std::wstring& text) {
+  if (!Focus(list)) return false;
+  for (const wchar_t character : text) {
+    if (!CanUse(list) || !list.HasFocus()) break;
+    HWND window = list.BackEnd().window;
+    // The key of a blank means something to some lists, and brings the character itself.
+    if (character == L' ') {
+      parts_->input.KeyDown(window, VK_SPACE);
+    } else {
+      parts_->input.Character(window, character);
+    }
+    parts_->input.Drain();
+  }
+  return true;
+}
+
 // What the control itself does with a text from the clipboard, which tests that run side by side
 // would have to share.
 bool Hands::Paste(TextBox& box, const std::wstring& text) {
@@ -128,24 +144,24 @@ bool Hands::Paste(TextBox& box, const std::wstring& text) {
 }
 
 bool Hands::Choose(ListBox& list, int item) {
-  if (!PeerOfList(list).Has(item) || !Focus(list)) return false;
+  if (!ModelOf(list).Has(item) || !Focus(list)) return false;
   ListMouse mouse(PeerOfList(list), parts_->input);
-  if (CanUse(list) && PeerOfList(list).Has(item)) mouse.ClickText(item);
+  if (CanUse(list) && ModelOf(list).Has(item)) mouse.ClickText(item);
   return true;
 }
 
 bool Hands::Toggle(ListBox& list, int item) {
-  ListBoxPeer& peer = PeerOfList(list);
-  if (peer.kind == ListBox::Kind::kPlain || !peer.Has(item) || !Focus(list)) return false;
-  ListMouse mouse(peer, parts_->input);
-  if (CanUse(list) && peer.Has(item)) mouse.Toggle(item);
+  const ListModel& model = ModelOf(list);
+  if (model.Kind() == ListBox::Kind::kPlain || !model.Has(item) || !Focus(list)) return false;
+  ListMouse mouse(PeerOfList(list), parts_->input);
+  if (CanUse(list) && model.Has(item)) mouse.Toggle(item);
   return true;
 }
 
 bool Hands::DoubleClick(ListBox& list, int item) {
   if (!Choose(list, item)) return false;
   ListMouse mouse(PeerOfList(list), parts_->input);
-  if (CanUse(list) && PeerOfList(list).Has(item)) mouse.ClickTextAgain(item);
+  if (CanUse(list) && ModelOf(list).Has(item)) mouse.ClickTextAgain(item);
   return true;
 }
 

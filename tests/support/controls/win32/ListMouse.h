@@ -17,7 +17,7 @@ class ListMouse {
   void Toggle(int item);
 
  private:
-  bool Checks() const { return list_.kind == controls::ListBox::Kind::kChecked; }
+  bool Checks() const { return list_.model.Kind() == controls::ListBox::Kind::kChecked; }
   RECT Line(int item) const;
   POINT TextPlace(int item) const;
   POINT CheckPlace(int item) const;

@@ -1,24 +1,24 @@
-#include "controls/win32/StillScrollBars.h"
+#include "controls/win32/ScrollBarFreeze.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace controls {
 
-StillScrollBars::StillScrollBars(HWND window)
+ScrollBarFreeze::ScrollBarFreeze(HWND window)
     : window_(window), shown_((GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0) {
   if (!shown_) return;
   before_ = Read();
   DefWindowProcW(window_, WM_SETREDRAW, FALSE, 0);
 }
 
-bool StillScrollBars::End() {
+bool ScrollBarFreeze::End() {
   if (!shown_ || std::exchange(ended_, true)) return false;
   DefWindowProcW(window_, WM_SETREDRAW, TRUE, 0);
   return !Same(before_, Read());
 }
 
-StillScrollBars::Bars StillScrollBars::Read() const {
+ScrollBarFreeze::Bars ScrollBarFreeze::Read() const {
   Bars bars;
   const LONG_PTR style = GetWindowLongPtrW(window_, GWL_STYLE);
   bars[0].there = (style & WS_HSCROLL) != 0;
@@ -32,7 +32,7 @@ StillScrollBars::Bars StillScrollBars::Read() const {
   return bars;
 }
 
-bool StillScrollBars::Same(const Bars& a, const Bars& b) {
+bool ScrollBarFreeze::Same(const Bars& a, const Bars& b) {
   return std::equal(a.begin(), a.end(), b.begin(), [](const Bar& left, const Bar& right) {
     if (left.there != right.there) return false;
     const SCROLLINFO& x = left.values;

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <exception>
-
-#include "controls/Desktop.h"
 #include "controls/win32/Handles.h"
 
 // The border between the system and the forms. What the system calls arrives in one of the two
@@ -16,28 +13,16 @@ struct Message {
   LPARAM lParam;
 };
 
-// Calls what may run an event procedure. An exception that escapes is given to the desktop's
-// handler; where there is none, or it fails itself, the program ends.
-template <typename Call>
-void Guarded(const Desktop& desktop, Call&& call) noexcept {
-  try {
-    call();
-  } catch (...) {
-    if (!desktop.EscapedError) std::terminate();
-    desktop.EscapedError();
-  }
-}
-
 // Ends the program where a form and its template do not fit together: no user could go on.
 void Require(bool condition, const char* broken);
 
 // The dialog procedure of every form. The form's peer comes with WM_INITDIALOG and lies in
 // DWLP_USER until the form is unloaded.
-INT_PTR CALLBACK FormThunk(HWND window, UINT number, WPARAM wParam, LPARAM lParam);
+INT_PTR CALLBACK FormProcedure(HWND window, UINT number, WPARAM wParam, LPARAM lParam);
 
 // The window procedure of every control, in front of its own. The control's peer lies in
 // GWLP_USERDATA. The common controls' subclassing helper would do the same, but looks up a window
 // property for each message, and a tree is told of ten thousand nodes in as many messages.
-LRESULT CALLBACK ControlThunk(HWND window, UINT number, WPARAM wParam, LPARAM lParam);
+LRESULT CALLBACK ControlProcedure(HWND window, UINT number, WPARAM wParam, LPARAM lParam);
 
 }  // namespace controls

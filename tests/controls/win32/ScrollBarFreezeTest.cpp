@@ -1,15 +1,15 @@
-#include "controls/win32/StillScrollBars.h"
+#include "controls/win32/ScrollBarFreeze.h"
 
 #include <gtest/gtest.h>
 
 namespace controls_test {
 namespace {
 
-using controls::StillScrollBars;
+using controls::ScrollBarFreeze;
 
-class StillScrollBarsOf : public testing::Test {
+class FrozenScrollBars : public testing::Test {
  protected:
-  StillScrollBarsOf() { Set(SB_VERT, 100, 0); }
+  FrozenScrollBars() { Set(SB_VERT, 100, 0); }
 
   void Set(int bar, int most, int place) const {
     SCROLLINFO values = {sizeof values, SIF_RANGE | SIF_PAGE | SIF_POS, 0, most, 10, place, 0};
@@ -22,16 +22,16 @@ class StillScrollBarsOf : public testing::Test {
                                                 nullptr, nullptr, nullptr, nullptr)};
 };
 
-TEST_F(StillScrollBarsOf, AWindowAreNotToBePaintedWhereTheyAreWhatTheyWere) {
-  StillScrollBars bars(window.Get());
+TEST_F(FrozenScrollBars, AWindowAreNotToBePaintedWhereTheyAreWhatTheyWere) {
+  ScrollBarFreeze bars(window.Get());
   Set(SB_VERT, 0, 0);
   Set(SB_VERT, 100, 0);
   EXPECT_FALSE(bars.End());
 }
 
-TEST_F(StillScrollBarsOf, AWindowAreToBePaintedWhereTheyHaveChanged) {
+TEST_F(FrozenScrollBars, AWindowAreToBePaintedWhereTheyHaveChanged) {
   const auto changes = [&](const auto& change) {
-    StillScrollBars bars(window.Get());
+    ScrollBarFreeze bars(window.Get());
     change();
     return bars.End();
   };
@@ -42,28 +42,28 @@ TEST_F(StillScrollBarsOf, AWindowAreToBePaintedWhereTheyHaveChanged) {
   EXPECT_FALSE(changes([] {}));
 }
 
-TEST_F(StillScrollBarsOf, AWindowHideItOnlyWhileTheyStand) {
+TEST_F(FrozenScrollBars, AWindowHideItOnlyWhileTheyStand) {
   {
-    const StillScrollBars bars(window.Get());
+    const ScrollBarFreeze bars(window.Get());
     EXPECT_TRUE(bars.Shown());
     EXPECT_FALSE(IsShown());
   }
   EXPECT_TRUE(IsShown());
 }
 
-TEST_F(StillScrollBarsOf, AHiddenWindowLeaveItHidden) {
+TEST_F(FrozenScrollBars, AHiddenWindowLeaveItHidden) {
   ShowWindow(window.Get(), SW_HIDE);
-  StillScrollBars bars(window.Get());
+  ScrollBarFreeze bars(window.Get());
   Set(SB_VERT, 200, 0);
   EXPECT_FALSE(bars.Shown());
   EXPECT_FALSE(bars.End());
   EXPECT_FALSE(IsShown());
 }
 
-TEST_F(StillScrollBarsOf, AWindowMayBeKeptStillWithinAnotherTime) {
-  StillScrollBars outer(window.Get());
+TEST_F(FrozenScrollBars, AWindowMayBeKeptStillWithinAnotherTime) {
+  ScrollBarFreeze outer(window.Get());
   {
-    const StillScrollBars inner(window.Get());
+    const ScrollBarFreeze inner(window.Get());
     EXPECT_FALSE(inner.Shown());
   }
   EXPECT_FALSE(IsShown());

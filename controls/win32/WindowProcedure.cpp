@@ -1,7 +1,9 @@
-#include "controls/win32/Thunk.h"
+#include "controls/win32/WindowProcedure.h"
 
 #include <cstdio>
+#include <exception>
 
+#include "controls/Events.h"
 #include "controls/win32/ControlPeer.h"
 #include "controls/win32/DesktopPeer.h"
 #include "controls/win32/FormPeer.h"
@@ -15,7 +17,7 @@ void Require(bool condition, const char* broken) {
   std::terminate();
 }
 
-INT_PTR CALLBACK FormThunk(HWND window, UINT number, WPARAM wParam, LPARAM lParam) {
+INT_PTR CALLBACK FormProcedure(HWND window, UINT number, WPARAM wParam, LPARAM lParam) {
   if (number == WM_INITDIALOG) {
     SetWindowLongPtrW(window, DWLP_USER, lParam);
     return FALSE;
@@ -23,8 +25,8 @@ INT_PTR CALLBACK FormThunk(HWND window, UINT number, WPARAM wParam, LPARAM lPara
   auto* peer = reinterpret_cast<Form::Peer*>(GetWindowLongPtrW(window, DWLP_USER));
   if (!peer) return FALSE;  // unloaded; its window ends when no message of it is being handled
   INT_PTR result = FALSE;
-  const Form::Peer::Frame frame(*peer);
-  Guarded(peer->desktop, [&] { result = peer->Handle({number, wParam, lParam}); });
+  const Form::Peer::MessageScope scope(*peer);
+  RunEventProcedure(peer->desktop, [&] { result = peer->Handle({number, wParam, lParam}); });
   return result;
 }
 
@@ -38,13 +40,13 @@ bool IsInput(UINT number) {
 
 }  // namespace
 
-LRESULT CALLBACK ControlThunk(HWND window, UINT number, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK ControlProcedure(HWND window, UINT number, WPARAM wParam, LPARAM lParam) {
   auto& peer = *reinterpret_cast<Control::Peer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (number == WM_NCDESTROY) return peer.Native({number, wParam, lParam});
   if (IsInput(number) && peer.Surroundings().BackEnd().inputHolds > 0) return 0;
   LRESULT result = 0;
-  const Form::Peer::Frame frame(peer.form.BackEnd());
-  Guarded(peer.Surroundings(), [&] { result = peer.Handle({number, wParam, lParam}); });
+  const Form::Peer::MessageScope scope(peer.form.BackEnd());
+  RunEventProcedure(peer.Surroundings(), [&] { result = peer.Handle({number, wParam, lParam}); });
   return result;
 }
 

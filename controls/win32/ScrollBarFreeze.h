@@ -8,12 +8,12 @@ namespace controls {
 
 // While it stands the system takes a window for hidden, so that its scroll bars may be set without
 // being painted each time. A window that is hidden already is left alone.
-class StillScrollBars {
+class ScrollBarFreeze {
  public:
-  explicit StillScrollBars(HWND window);
-  ~StillScrollBars() { End(); }
-  StillScrollBars(const StillScrollBars&) = delete;
-  StillScrollBars& operator=(const StillScrollBars&) = delete;
+  explicit ScrollBarFreeze(HWND window);
+  ~ScrollBarFreeze() { End(); }
+  ScrollBarFreeze(const ScrollBarFreeze&) = delete;
+  ScrollBarFreeze& operator=(const ScrollBarFreeze&) = delete;
 
   // Shows the window again, as the end of the object does too. True when its scroll bars are no
   // longer what they were and have to be painted.
