@@ -12,9 +12,7 @@ struct TextBoxPeer : Control::Peer {
   explicit TextBoxPeer(TextBox::Masking masks) : masking(masks) {}
 
   void FocusGained() override;
-  void PressSpace() override {
-    TypeCharacter(static_cast<TextBox&>(*control), L' ');
-  }
+  void PressSpace() override { TypeCharacter(static_cast<TextBox&>(*control), L' '); }
 
   // What the keyboard does: a character, or 8 for backspace, passes KeyPress and goes in.
   void TypeCharacter(TextBox& box, wchar_t character);

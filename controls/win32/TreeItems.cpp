@@ -14,13 +14,13 @@ void TreeItems::Detach() {
   Forget();
 }
 
-void TreeItems::Added(int parent) {
+void TreeItems::Added(NodeId parent) {
   if (parent == kNoNode || items_.contains(parent)) changedParents_.insert(parent);
 }
 
-void TreeItems::Removing(int node) {
+void TreeItems::Removing(NodeId node) {
   const auto found = items_.find(node);
-  const int parent = nodes_.Parent(node);
+  const NodeId parent = nodes_.Parent(node);
   if (found != items_.end()) removals_.push_back({found->second, false});
   if (parent == kNoNode || items_.contains(parent)) changedParents_.insert(parent);
   Forget(node);
@@ -28,7 +28,7 @@ void TreeItems::Removing(int node) {
 
 // All at once, for each item alone would cost the control a search among all it has. What comes in
 // their place is told of when it is shown.
-void TreeItems::RemovingChildren(int node) {
+void TreeItems::RemovingChildren(NodeId node) {
   const auto found = items_.find(node);
   if (found == items_.end()) return;
   changedParents_.insert(node);
@@ -38,26 +38,26 @@ void TreeItems::RemovingChildren(int node) {
 }
 
 // The index of a node that goes may be given to another one before the native control follows.
-void TreeItems::Forget(int node) {
+void TreeItems::Forget(NodeId node) {
   items_.erase(node);
   ForgetBelow(node);
 }
 
-void TreeItems::ForgetBelow(int node) {
+void TreeItems::ForgetBelow(NodeId node) {
   const auto found = filled_.find(node);
   if (found == filled_.end()) return;
-  const std::vector<int> children = std::move(found->second);
+  const std::vector<NodeId> children = std::move(found->second);
   filled_.erase(found);
-  for (const int child : children) {
+  for (const NodeId child : children) {
     if (nodes_.Exists(child) && nodes_.Parent(child) == node) Forget(child);
   }
 }
 
 void TreeItems::Clearing() {
-  if (!cleared_) KeepSpares();
-  std::vector<Spare> spares = std::move(spares_);
+  if (!cleared_) KeepReusable();
+  std::vector<ReusableItem> reusable = std::move(reusable_);
   Forget();
-  spares_ = std::move(spares);
+  reusable_ = std::move(reusable);
   cleared_ = true;
 }
 
@@ -69,20 +69,20 @@ void TreeItems::Forget() {
   changedParents_.clear();
   changedNodes_.clear();
   changedExpansions_.clear();
-  spares_.clear();
+  reusable_.clear();
   cleared_ = false;
 }
 
-void TreeItems::Changed(int node) {
+void TreeItems::Changed(NodeId node) {
   if (items_.contains(node)) changedNodes_.insert(node);
 }
 
-void TreeItems::Expanded(int node) {
+void TreeItems::ExpansionChanged(NodeId node) {
   if (items_.contains(node)) changedExpansions_.insert(node);
 }
 
-void TreeItems::Reordered(const std::vector<int>& parents) {
-  for (const int parent : parents) {
+void TreeItems::Reordered(const std::vector<NodeId>& parents) {
+  for (const NodeId parent : parents) {
     if (filled_.contains(parent)) changedParents_.insert(parent);
   }
 }
@@ -91,28 +91,28 @@ bool TreeItems::Pending() const {
   return cleared_ || !removals_.empty() || !changedParents_.empty() || !changedExpansions_.empty();
 }
 
-HTREEITEM TreeItems::ItemOf(int node) const {
+HTREEITEM TreeItems::ItemOf(NodeId node) const {
   const auto found = items_.find(node);
   return found == items_.end() ? nullptr : found->second;
 }
 
-int TreeItems::FirstChild(int parent) const {
+NodeId TreeItems::FirstChild(NodeId parent) const {
   return parent == kNoNode ? nodes_.Root() : nodes_.FirstChild(parent);
 }
 
-int TreeItems::NodeOf(HTREEITEM item) const {
+NodeId TreeItems::NodeOf(HTREEITEM item) const {
   TVITEMW native = {};
   native.mask = TVIF_PARAM | TVIF_HANDLE;
   native.hItem = item;
   if (!item || !Send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&native))) return kNoNode;
-  return static_cast<int>(native.lParam);
+  return NodeIn(native);
 }
 
 HTREEITEM TreeItems::SelectedItem() const {
   return reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_CARET, 0));
 }
 
-bool TreeItems::IsOpen(int node) const {
+bool TreeItems::IsOpen(NodeId node) const {
   const auto item = reinterpret_cast<WPARAM>(ItemOf(node));
   return item && (Send(TVM_GETITEMSTATE, item, TVIS_EXPANDED) & TVIS_EXPANDED);
 }

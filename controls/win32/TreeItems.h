@@ -21,41 +21,43 @@ class TreeItems {
 
   // --- What happens to the nodes ---
   // A child of this parent, kNoNode for a root, has been added.
-  void Added(int parent);
+  void Added(NodeId parent);
   // The node, or all below it, is about to be removed.
-  void Removing(int node);
-  void RemovingChildren(int node);
+  void Removing(NodeId node);
+  void RemovingChildren(NodeId node);
   // All nodes are about to be removed.
   void Clearing();
   // Its text or image.
-  void Changed(int node);
-  void Expanded(int node);
-  void Reordered(const std::vector<int>& parents);
+  void Changed(NodeId node);
+  void ExpansionChanged(NodeId node);
+  void Reordered(const std::vector<NodeId>& parents);
 
   // Brings all of that to the native control, keeping its scroll position, and its selection to the
-  // node given. show brings that node into view.
-  void Follow(int selected, bool show);
+  // node given. reveal brings that node into view.
+  void Synchronise(NodeId selected, bool reveal);
   // Tells of the node's children, unless that has been done.
-  void Fill(int node);
+  void Fill(NodeId node);
 
   // Whether the native control is being changed from here: what it then reports is no user's doing.
   bool Busy() const { return busy_ > 0; }
-  int NodeOf(HTREEITEM item) const;
+  NodeId NodeOf(HTREEITEM item) const;
+  // The node that an item stands for, which the item has as its parameter.
+  static NodeId NodeIn(const TVITEMW& item) { return static_cast<NodeId>(item.lParam); }
   // Null where the native control has not been told of the node.
-  HTREEITEM ItemOf(int node) const;
+  HTREEITEM ItemOf(NodeId node) const;
   HTREEITEM SelectedItem() const;
-  bool IsOpen(int node) const;
+  bool IsOpen(NodeId node) const;
   // Gives back a selection that the native control has made by itself.
-  void Reselect(int selected);
+  void Reselect(NodeId selected);
 
  private:
-  class Quiet;
+  class RedrawOff;
 
   // An item whose node is gone and which may stand for another one. The node, the text and the rest
   // are what it shows.
-  struct Spare {
+  struct ReusableItem {
     HTREEITEM item = nullptr;
-    int node = kNoNode;
+    NodeId node = kNoNode;
     TextRef text = 0;
     int image = 0;
     bool hasChildren = false;
@@ -68,29 +70,29 @@ class TreeItems {
     bool childrenOnly;
   };
 
-  int FirstChild(int parent) const;
+  NodeId FirstChild(NodeId parent) const;
   bool Pending() const;
-  void Forget(int node);
-  void ForgetBelow(int node);
+  void Forget(NodeId node);
+  void ForgetBelow(NodeId node);
   void Forget();
-  void KeepSpares();
-  Spare ShownAs(int node) const;
-  bool UseSpares();
-  HTREEITEM TakeSpare(int node);
-  void DeleteSpares();
+  void KeepReusable();
+  ReusableItem ShownAs(NodeId node) const;
+  bool UseReusable();
+  HTREEITEM TakeReusable(NodeId node);
+  void DeleteReusable();
   void ShowFromTheStart() const;
   void DeleteRemoved();
   void DeleteChildren(HTREEITEM item) const;
   HTREEITEM TopThatStays() const;
   HTREEITEM ShownLine(HTREEITEM item) const;
-  void FollowChildren(int parent);
-  bool InOrder(const std::vector<int>& told, const std::vector<int>& wanted) const;
-  void InsertInPlace(const std::vector<int>& wanted);
-  void Insert(int node, HTREEITEM after);
-  TVITEMW Shown(int node, HTREEITEM item, UINT parts) const;
-  void Refresh(int node) const;
-  void ShowExpansion(int node);
-  void Sort(int parent, const std::vector<int>& wanted) const;
+  void SynchroniseChildren(NodeId parent);
+  bool InOrder(const std::vector<NodeId>& told, const std::vector<NodeId>& wanted) const;
+  void InsertInPlace(const std::vector<NodeId>& wanted);
+  void Insert(NodeId node, HTREEITEM after);
+  TVITEMW Shown(NodeId node, HTREEITEM item, UINT parts) const;
+  void Refresh(NodeId node) const;
+  void ShowExpansion(NodeId node);
+  void Sort(NodeId parent, const std::vector<NodeId>& wanted) const;
   LRESULT Send(UINT number, WPARAM wParam, LPARAM lParam) const {
     return SendMessageW(window_, number, wParam, lParam);
   }
@@ -98,17 +100,17 @@ class TreeItems {
   const TreeNodes& nodes_;
   HWND window_ = nullptr;
   int busy_ = 0;
-  std::unordered_map<int, HTREEITEM> items_;
-  std::unordered_map<int, std::vector<int>> filled_;  // the children told of, in native order
+  std::unordered_map<NodeId, HTREEITEM> items_;
+  std::unordered_map<NodeId, std::vector<NodeId>> filled_;  // the children told of, in native order
   // In the order in which they happened: what is above a removed item may be removed after it.
   std::vector<Removal> removals_;
   bool cleared_ = false;
   // The root and its children as they stood before all nodes were removed, the next to be used
   // last.
-  std::vector<Spare> spares_;
-  std::unordered_set<int> changedParents_;
-  std::unordered_set<int> changedNodes_;
-  std::unordered_set<int> changedExpansions_;
+  std::vector<ReusableItem> reusable_;
+  std::unordered_set<NodeId> changedParents_;
+  std::unordered_set<NodeId> changedNodes_;
+  std::unordered_set<NodeId> changedExpansions_;
 };
 
 }  // namespace controls

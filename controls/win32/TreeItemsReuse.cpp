@@ -1,4 +1,4 @@
-// A tree that is built anew looks much as it did, and an item that stays as it is costs nothing,
+// A tree that is rebuilt looks much as it did, and an item that stays as it is costs nothing,
 // while one that is deleted and inserted again is told of, measured and sorted in. So the root and
 // its children keep their items, each of which then stands for the node in its place.
 
@@ -9,19 +9,19 @@
 namespace controls {
 
 // Only where the control shows exactly what the nodes say, for that is what is compared later.
-void TreeItems::KeepSpares() {
+void TreeItems::KeepReusable() {
   if (!window_ || Pending() || !changedNodes_.empty()) return;
-  const std::vector<int>& roots = filled_[kNoNode];
+  const std::vector<NodeId>& roots = filled_[kNoNode];
   if (roots.size() != 1 || !IsOpen(roots.front())) return;
   const auto children = filled_.find(roots.front());
   if (children == filled_.end()) return;
-  for (const int child : children->second) spares_.push_back(ShownAs(child));
-  std::reverse(spares_.begin(), spares_.end());
-  spares_.push_back(ShownAs(roots.front()));
-  spares_.back().opened = false;  // what is below it is here as well
+  for (const NodeId child : children->second) reusable_.push_back(ShownAs(child));
+  std::reverse(reusable_.begin(), reusable_.end());
+  reusable_.push_back(ShownAs(roots.front()));
+  reusable_.back().opened = false;  // what is below it is here as well
 }
 
-TreeItems::Spare TreeItems::ShownAs(int node) const {
+TreeItems::ReusableItem TreeItems::ShownAs(NodeId node) const {
   return {ItemOf(node),
           node,
           nodes_.TextOf(node),
@@ -31,43 +31,43 @@ TreeItems::Spare TreeItems::ShownAs(int node) const {
 }
 
 // False where all items are to go. What had been opened goes in any case.
-bool TreeItems::UseSpares() {
+bool TreeItems::UseReusable() {
   const int root = nodes_.Root();
-  if (spares_.empty() || root == kNoNode || nodes_.Next(root) != kNoNode ||
+  if (reusable_.empty() || root == kNoNode || nodes_.Next(root) != kNoNode ||
       !nodes_.Expanded(root) || !nodes_.HasChildren(root)) {
-    spares_.clear();
+    reusable_.clear();
     return false;
   }
-  for (const Spare& spare : spares_) {
-    if (spare.opened) Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(spare.item));
+  for (const ReusableItem& old : reusable_) {
+    if (old.opened) Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(old.item));
   }
-  std::erase_if(spares_, [](const Spare& spare) { return spare.opened; });
+  std::erase_if(reusable_, [](const ReusableItem& old) { return old.opened; });
   return true;
 }
 
 // The item that stands in the node's place, which shows the node now; null where there is none.
-HTREEITEM TreeItems::TakeSpare(int node) {
-  if (spares_.empty()) return nullptr;
-  const int parent = nodes_.Parent(node);
+HTREEITEM TreeItems::TakeReusable(NodeId node) {
+  if (reusable_.empty()) return nullptr;
+  const NodeId parent = nodes_.Parent(node);
   if (parent != kNoNode && parent != nodes_.Root()) return nullptr;
-  const Spare spare = spares_.back();
-  spares_.pop_back();
+  const ReusableItem old = reusable_.back();
+  reusable_.pop_back();
   UINT parts = 0;
-  if (spare.node != node) parts |= TVIF_PARAM;
-  if (spare.text != nodes_.TextOf(node)) parts |= TVIF_TEXT;
-  if (spare.image != nodes_.Image(node)) parts |= TVIF_IMAGE | TVIF_SELECTEDIMAGE;
-  if (spare.hasChildren != nodes_.HasChildren(node)) parts |= TVIF_CHILDREN;
-  if (parts == 0) return spare.item;
-  const TVITEMW native = Shown(node, spare.item, parts);
+  if (old.node != node) parts |= TVIF_PARAM;
+  if (old.text != nodes_.TextOf(node)) parts |= TVIF_TEXT;
+  if (old.image != nodes_.Image(node)) parts |= TVIF_IMAGE | TVIF_SELECTEDIMAGE;
+  if (old.hasChildren != nodes_.HasChildren(node)) parts |= TVIF_CHILDREN;
+  if (parts == 0) return old.item;
+  const TVITEMW native = Shown(node, old.item, parts);
   Send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&native));
-  return spare.item;
+  return old.item;
 }
 
-void TreeItems::DeleteSpares() {
-  for (const Spare& spare : spares_) {
-    Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(spare.item));
+void TreeItems::DeleteReusable() {
+  for (const ReusableItem& old : reusable_) {
+    Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(old.item));
   }
-  spares_.clear();
+  reusable_.clear();
 }
 
 // As a tree does whose items have all been inserted.

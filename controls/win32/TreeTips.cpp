@@ -59,11 +59,11 @@ void TreeTips::SetWidth() const {
 }
 
 void TreeTips::Answer(NMTVGETINFOTIPW& question) const {
-  const int node = static_cast<int>(question.lParam);
+  const auto node = static_cast<NodeId>(question.lParam);
   std::wstring text = tree_.AskTip(node);
   // A tree view that asks leaves its own tips, over texts that have no room, to who answers.
-  if (text.empty() && tree_.nodes.Exists(node) && IsClipped(question.hItem)) {
-    text = tree_.nodes.Text(node);
+  if (text.empty() && tree_.model.Nodes().Exists(node) && IsClipped(question.hItem)) {
+    text = tree_.model.Nodes().Text(node);
   }
   CopyInto(question.pszText, question.cchTextMax, std::move(text));
 }

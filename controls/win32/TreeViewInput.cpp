@@ -42,7 +42,7 @@ std::optional<RECT> TreeViewPeer::TextPlace(HTREEITEM item) const {
   return place;
 }
 
-RECT TreeViewPeer::ScreenPlace(int node) const {
+RECT TreeViewPeer::ScreenPlace(NodeId node) const {
   HTREEITEM item = items.ItemOf(node);
   if (item) Send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
   RECT place = TextPlace(item).value_or(RECT{});
@@ -66,7 +66,7 @@ void TreeViewPeer::Select(HTREEITEM item) const {
 
 LRESULT TreeViewPeer::AskForMenu(const Message& message) {
   if (!TakesInput() || Refuses()) return 0;
-  int node = selected;
+  NodeId node = model.Selected();
   if (message.lParam != kByKeyboard) {
     POINT place = {GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)};
     menuPlace = place;
@@ -76,7 +76,7 @@ LRESULT TreeViewPeer::AskForMenu(const Message& message) {
     Select(item);
   }
   // The selection's own procedure may have taken the node away.
-  if (nodes.Exists(node) && node == selected) Raise(form, Tree().ContextMenu, node);
+  model.AskForMenu(node);
   menuPlace.reset();
   return 0;
 }
@@ -91,7 +91,7 @@ LRESULT TreeViewPeer::SystemKey(const Message& message) {
 
 LRESULT TreeViewPeer::Key(const Message& message) {
   if (IsCopy(message.wParam)) {
-    if (TakesInput() && !Refuses() && nodes.Exists(selected)) Raise(form, Tree().Copy, selected);
+    if (TakesInput() && !Refuses()) model.AskForCopy();
     return 0;
   }
   // The key that opens all there is below a node opens one level: below the root there may be
@@ -105,11 +105,8 @@ LRESULT TreeViewPeer::Character(const Message& message) {
   return message.wParam == kCopyCharacter ? 0 : Peer::Handle(message);
 }
 
-std::wstring TreeViewPeer::AskTip(int node) const {
-  std::wstring tip;
-  if (!Tree().Tip || !window || Refuses() || !nodes.Exists(node)) return tip;
-  RunEventProcedure(Surroundings(), [&] { tip = Tree().Tip(node); });
-  return tip;
+std::wstring TreeViewPeer::AskTip(NodeId node) const {
+  return window && !Refuses() ? model.AskTip(node) : std::wstring();
 }
 
 }  // namespace controls

@@ -1,16 +1,12 @@
 #include "controls/win32/TreeViewPeer.h"
 
-#include "controls/SortKey.h"
 #include "controls/win32/DesktopPeer.h"
 #include "controls/win32/FormPeer.h"
 #include "controls/win32/ImageListPeer.h"
 
 namespace controls {
 
-TreeViewPeer::TreeViewPeer(Form& owner, int controlId)
-    : Peer(owner, controlId),
-      nodes([](std::wstring_view text) { return SortKey(text); }),
-      items(nodes) {}
+TreeViewPeer::TreeViewPeer(Form& owner, int controlId) : Peer(owner, controlId) {}
 
 void TreeViewPeer::Attached() {
   Send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
@@ -21,10 +17,9 @@ void TreeViewPeer::Attached() {
 void TreeViewPeer::Detached() {
   tips_.Detach();
   items.Detach();
-  nodes.Clear();
-  selected = kNoNode;
-  show = false;
+  model.Restart();
   images = nullptr;
+  menuPlace.reset();
 }
 
 void TreeViewPeer::DpiChanged() {
@@ -38,63 +33,29 @@ void TreeViewPeer::ShowImages() const {
   Send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(list));
 }
 
-void TreeViewPeer::LeaveNode(int node) {
-  if (selected == kNoNode || (selected != node && !nodes.IsBelow(selected, node))) return;
-  selected = nodes.Next(node);
-  if (selected == kNoNode) selected = nodes.Previous(node);
-  if (selected == kNoNode) selected = nodes.Parent(node);
-}
-
-// Before the control moves its own selection there, which it reports as if a user had.
-void TreeViewPeer::LeaveBelow(int node) {
-  if (selected != kNoNode && nodes.IsBelow(selected, node)) selected = node;
-}
-
-void TreeViewPeer::SetExpanded(int node, bool expanded) {
-  nodes.SetExpanded(node, expanded);
-  items.Expanded(node);
-  if (!expanded) LeaveBelow(node);
-  EndChange();
-  Raise(form, expanded ? Tree().Expand : Tree().Collapse, node);
-}
-
-void TreeViewPeer::OpenWay(int node) {
-  const int above = nodes.Parent(node);
-  if (above == kNoNode) return;
-  OpenWay(above);
-  // A procedure that was told of an expansion may have taken the rest away.
-  if (nodes.Exists(above) && !nodes.Expanded(above)) SetExpanded(above, true);
-}
-
-void TreeViewPeer::EndChange() {
-  if (updates > 0) return;
-  Follow();
-  nodes.Sweep();
-}
-
-void TreeViewPeer::Follow() {
-  items.Reordered(nodes.TakeReordered());
-  items.Follow(selected, std::exchange(show, false));
+void TreeViewPeer::Show(NodeId selected, bool reveal) {
+  items.Synchronise(selected, reveal);
   tips_.Changed();
 }
 
 // In the middle of a change or of long work the native control shows what was; a user who acts on
 // that would act on nodes that are no more.
 bool TreeViewPeer::Refuses() const {
-  return updates > 0 || form.OwnerDesktop().BackEnd().inputHeld;
+  return model.Updating() || takingFocus_ || form.OwnerDesktop().BackEnd().inputHeld;
 }
 
 LRESULT TreeViewPeer::Notify(NMHDR& header) {
   if (items.Busy()) return 0;
   const auto& change = reinterpret_cast<const NMTREEVIEWW&>(header);
-  const int node = static_cast<int>(change.itemNew.lParam);
+  const NodeId node = TreeItems::NodeIn(change.itemNew);
   switch (header.code) {
     case TVN_ITEMEXPANDINGW:
       if (Refuses()) return TRUE;
       if (change.action & TVE_EXPAND) {
         items.Fill(node);
       } else {
-        LeaveBelow(node);
+        // Before the control moves its own selection there, which it reports as if a user had.
+        model.LeaveBelow(node);
       }
       return FALSE;
     case TVN_ITEMEXPANDEDW:
@@ -103,7 +64,8 @@ LRESULT TreeViewPeer::Notify(NMHDR& header) {
     case TVN_SELCHANGINGW:
       return Refuses();
     case TVN_SELCHANGEDW:
-      Chosen(change.itemNew.hItem ? node : kNoNode);
+      tips_.DescribeSoon();
+      model.Choose(change.itemNew.hItem ? node : kNoNode);
       return 0;
     case TVN_GETINFOTIPW:
       tips_.Answer(reinterpret_cast<NMTVGETINFOTIPW&>(header));
@@ -157,11 +119,11 @@ LRESULT TreeViewPeer::Handle(const Message& message) {
 
 LRESULT TreeViewPeer::FocusMessage(const Message& message) {
   tips_.DescribeSoon();
-  if (selected != kNoNode) return Peer::Handle(message);
+  if (model.Selected() != kNoNode) return Peer::Handle(message);
   // A tree view without a selection makes one when it gets the focus; no user has.
-  const int before = std::exchange(updates, 1);
+  takingFocus_ = true;
   Native(message);
-  updates = before;
+  takingFocus_ = false;
   return FocusArrived();
 }
 
@@ -169,34 +131,27 @@ LRESULT TreeViewPeer::FocusMessage(const Message& message) {
 // open before.
 LRESULT TreeViewPeer::Expand(const Message& message) {
   if (Refuses()) return FALSE;
-  const int node = items.NodeOf(reinterpret_cast<HTREEITEM>(message.lParam));
-  if (!nodes.Exists(node)) return FALSE;
+  const NodeId node = items.NodeOf(reinterpret_cast<HTREEITEM>(message.lParam));
+  if (!model.Nodes().Exists(node)) return FALSE;
   items.Fill(node);
-  if (items.IsOpen(node)) LeaveBelow(node);
+  if (items.IsOpen(node)) model.LeaveBelow(node);
   // Children that the control forgot would have to be told of again.
   const WPARAM action = message.wParam & ~static_cast<WPARAM>(TVE_COLLAPSERESET);
   const LRESULT result = Native({message.number, action, message.lParam});
-  if (window && nodes.Exists(node)) Opened(node, items.IsOpen(node));
+  if (window && model.Nodes().Exists(node)) Opened(node, items.IsOpen(node));
   return result;
 }
 
 // Another program selects or looks for a node. The control would open what stands above it, and not
 // always tell.
 LRESULT TreeViewPeer::Reach(const Message& message) {
-  const int node = items.NodeOf(reinterpret_cast<HTREEITEM>(message.lParam));
-  if (nodes.Exists(node)) OpenWay(node);
+  const NodeId node = items.NodeOf(reinterpret_cast<HTREEITEM>(message.lParam));
+  if (model.Nodes().Exists(node)) model.OpenWay(node);
   return Native(message);
 }
 
-void TreeViewPeer::Opened(int node, bool expanded) {
-  if (nodes.Exists(node) && nodes.Expanded(node) != expanded) SetExpanded(node, expanded);
-}
-
-void TreeViewPeer::Chosen(int node) {
-  if (node == selected) return;
-  selected = node;
-  tips_.DescribeSoon();
-  if (nodes.Exists(node)) Raise(form, Tree().NodeClick, node);
+void TreeViewPeer::Opened(NodeId node, bool expanded) {
+  if (model.Nodes().Exists(node)) model.SetExpanded(node, expanded);
 }
 
 }  // namespace controls

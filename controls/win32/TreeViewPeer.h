@@ -2,14 +2,15 @@
 
 #include <optional>
 
-#include "controls/TreeView.h"
+#include "controls/TreeModel.h"
 #include "controls/win32/ControlPeer.h"
 #include "controls/win32/TreeItems.h"
 #include "controls/win32/TreeTips.h"
 
 namespace controls {
 
-struct TreeViewPeer : Control::Peer {
+// A native tree view beside its model.
+struct TreeViewPeer : Control::Peer, TreeModel::View {
   TreeViewPeer(Form& owner, int controlId);
 
   void Attached() override;
@@ -22,18 +23,16 @@ struct TreeViewPeer : Control::Peer {
   static constexpr UINT kDescribe = WM_APP;
 
   void ShowImages() const;
-  // Passes the selection on before the node and what is below it are removed.
-  void LeaveNode(int node);
-  // Passes a selection below a node that is closed on to it.
-  void LeaveBelow(int node);
-  // Notes that a node is open or closed now, and tells the form.
-  void SetExpanded(int node, bool expanded);
-  // Expands what stands above the node, the topmost first.
-  void OpenWay(int node);
-  // Once for a batch of changes: outside of one, after every change.
-  void EndChange();
-  // The same, but keeps texts that no node shows.
-  void Follow();
+
+  // --- What the model tells ---
+  void Added(NodeId parent) override { items.Added(parent); }
+  void Removing(NodeId node) override { items.Removing(node); }
+  void RemovingChildren(NodeId node) override { items.RemovingChildren(node); }
+  void Clearing() override { items.Clearing(); }
+  void Changed(NodeId node) override { items.Changed(node); }
+  void ExpansionChanged(NodeId node) override { items.ExpansionChanged(node); }
+  void Reordered(const std::vector<NodeId>& parents) override { items.Reordered(parents); }
+  void Show(NodeId selected, bool reveal) override;
 
   // --- What a user asks for (TreeViewInput.cpp) ---
   // The item at a point of the window, null where there is none.
@@ -41,15 +40,12 @@ struct TreeViewPeer : Control::Peer {
   // Where an item's text stands in the window; nothing where the item is not on view.
   std::optional<RECT> TextPlace(HTREEITEM item) const;
   // Brings the node into view and says where on the screen that is.
-  RECT ScreenPlace(int node) const;
-  std::wstring AskTip(int node) const;
+  RECT ScreenPlace(NodeId node) const;
+  std::wstring AskTip(NodeId node) const;
   TreeView& Tree() const { return static_cast<TreeView&>(*control); }
 
-  TreeNodes nodes;
-  TreeItems items;
-  int selected = kNoNode;
-  bool show = false;  // the selected node is to be brought into view
-  int updates = 0;
+  TreeModel model{this};
+  TreeItems items{model.Nodes()};
   const ImageList* images = nullptr;
   std::optional<POINT> menuPlace;  // where on the screen the mouse has asked for a menu
 
@@ -64,13 +60,13 @@ struct TreeViewPeer : Control::Peer {
   LRESULT FocusMessage(const Message& message);
   LRESULT Expand(const Message& message);
   LRESULT Reach(const Message& message);
-  void Chosen(int node);
-  void Opened(int node, bool expanded);
+  void Opened(NodeId node, bool expanded);
   // --- How it is painted (TreeViewPaint.cpp) ---
   void Paint() const;
   bool IsFrameConcerned(WPARAM part) const;
 
   TreeTips tips_{*this};
+  bool takingFocus_ = false;
 };
 
 }  // namespace controls

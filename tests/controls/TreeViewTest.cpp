@@ -164,6 +164,14 @@ TEST_F(TreeView, ForgetsTextsThatNoNodeShowsAtTheEndOfAnUpdate) {
   EXPECT_EQ(Text(zoe), L"Zoé 9");
 }
 
+TEST_F(TreeView, KeepsASharedTextThroughChangesOutsideOfAnUpdate) {
+  const controls::TextRef shared = tree.Share(L"Direction");
+  tree.SetText(zoe, L"Nadine");
+  tree.Remove(martin);
+  const int node = tree.AddUnique(root, kUserForm, 40, shared, 1);
+  EXPECT_EQ(Text(node), L"Direction");
+}
+
 TEST_F(TreeView, SurvivesTheEndOfAnUpdateAfterItsFormHasGone) {
   {
     controls::TreeView::Update update(tree);

@@ -10,7 +10,7 @@ HTREEITEM NativeTree::Next(UINT relation, HTREEITEM item) const {
 }
 
 HTREEITEM NativeTree::Find(int node) const {
-  const int parent = peer_.nodes.Parent(node);
+  const int parent = peer_.model.Nodes().Parent(node);
   HTREEITEM above = parent == kNoNode ? nullptr : Find(parent);
   if (parent != kNoNode && !above) return nullptr;
   HTREEITEM item = above ? Next(TVGN_CHILD, above) : Next(TVGN_ROOT);
@@ -48,8 +48,8 @@ int NativeTree::Selected() const {
 }
 
 std::string NativeTree::Difference() const {
-  if (Selected() != peer_.selected) return "another node is selected";
-  return CompareChildren(Next(TVGN_ROOT), peer_.nodes.Root());
+  if (Selected() != peer_.model.Selected()) return "another node is selected";
+  return CompareChildren(Next(TVGN_ROOT), peer_.model.Nodes().Root());
 }
 
 std::string NativeTree::CompareChildren(HTREEITEM first, int firstNode) const {
@@ -59,7 +59,7 @@ std::string NativeTree::CompareChildren(HTREEITEM first, int firstNode) const {
     if (node == kNoNode) return "a child too many";
     const std::string found = Compare(item, node);
     if (!found.empty()) return found;
-    node = peer_.nodes.Next(node);
+    node = peer_.model.Nodes().Next(node);
   }
   return {};
 }
@@ -68,14 +68,14 @@ std::string NativeTree::Compare(HTREEITEM item, int node) const {
   const TVITEMW native = Read(item);
   const std::string name = "node " + std::to_string(node) + ": ";
   if (native.lParam != node) return name + "another one stands there";
-  if (Text(item) != peer_.nodes.Text(node)) return name + "text";
-  const int image = peer_.nodes.Image(node);
+  if (Text(item) != peer_.model.Nodes().Text(node)) return name + "text";
+  const int image = peer_.model.Nodes().Image(node);
   if (native.iImage != image || native.iSelectedImage != image) return name + "image";
-  if ((native.cChildren != 0) != peer_.nodes.HasChildren(node)) return name + "button";
-  const bool open = peer_.nodes.Expanded(node) && peer_.nodes.HasChildren(node);
+  if ((native.cChildren != 0) != peer_.model.Nodes().HasChildren(node)) return name + "button";
+  const bool open = peer_.model.Nodes().Expanded(node) && peer_.model.Nodes().HasChildren(node);
   if (((native.state & TVIS_EXPANDED) != 0) != open) return name + "open or closed";
   HTREEITEM child = Next(TVGN_CHILD, item);
-  return child ? CompareChildren(child, peer_.nodes.FirstChild(node)) : std::string();
+  return child ? CompareChildren(child, peer_.model.Nodes().FirstChild(node)) : std::string();
 }
 
 }  // namespace controls_test

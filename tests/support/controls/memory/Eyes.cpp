@@ -1,16 +1,16 @@
 #include "tests/support/controls/Eyes.h"
 
 #include "controls/ListModel.h"
-#include "controls/memory/TreeViewPeer.h"
+#include "controls/TreeModel.h"
 
 namespace test_support {
 namespace {
 
-void Look(const controls::TreeViewPeer& tree, int first, int level, std::vector<ShownNode>& shown) {
-  const controls::TreeNodes& nodes = tree.nodes;
+void Look(const controls::TreeModel& tree, int first, int level, std::vector<ShownNode>& shown) {
+  const controls::TreeNodes& nodes = tree.Nodes();
   for (int node = first; node != controls::kNoNode; node = nodes.Next(node)) {
     const bool open = nodes.HasChildren(node) && nodes.Expanded(node);
-    shown.push_back({level, nodes.Text(node), nodes.Image(node), node == tree.selected,
+    shown.push_back({level, nodes.Text(node), nodes.Image(node), node == tree.Selected(),
                      nodes.HasChildren(node), open});
     if (open) Look(tree, nodes.FirstChild(node), level + 1, shown);
   }
@@ -19,9 +19,9 @@ void Look(const controls::TreeViewPeer& tree, int first, int level, std::vector<
 }  // namespace
 
 std::vector<ShownNode> ShownNodes(const controls::TreeView& tree) {
-  const auto& peer = controls::PeerOf<controls::TreeViewPeer>(tree);
+  const controls::TreeModel& model = controls::ModelOf(tree);
   std::vector<ShownNode> shown;
-  Look(peer, peer.nodes.Root(), 0, shown);
+  Look(model, model.Nodes().Root(), 0, shown);
   return shown;
 }
 

@@ -99,50 +99,44 @@ bool Hands::ChooseTab(TabStrip& tabs, int tab) {
 }
 
 bool Hands::Select(TreeView& tree, int node) {
-  auto& peer = PeerOf<TreeViewPeer>(tree);
-  if (!peer.nodes.Exists(node) || !Focus(tree)) return false;
-  peer.OpenWay(tree, node);
-  if (!CanUse(tree) || !peer.nodes.Exists(node) || peer.selected == node) return true;
-  peer.selected = node;
-  Raise(tree.Owner(), tree.NodeClick, node);
+  TreeModel& model = ModelOf(tree);
+  if (!model.Nodes().Exists(node) || !Focus(tree)) return false;
+  model.OpenWay(node);
+  if (CanUse(tree) && model.Nodes().Exists(node)) model.Choose(node);
   return true;
 }
 
 bool Hands::RightClick(TreeView& tree, int node) {
   if (!Select(tree, node)) return false;
-  const auto& peer = PeerOf<TreeViewPeer>(tree);
-  if (CanUse(tree) && peer.nodes.Exists(node) && peer.selected == node) peer.AskForMenu(tree);
+  if (CanUse(tree)) ModelOf(tree).AskForMenu(node);
   return true;
 }
 
 bool Hands::PressMenuKey(TreeView& tree) {
   if (!CanUse(tree) || !tree.HasFocus()) return false;
-  PeerOf<TreeViewPeer>(tree).AskForMenu(tree);
+  ModelOf(tree).AskForMenu(ModelOf(tree).Selected());
   return true;
 }
 
 std::wstring Hands::TipOf(TreeView& tree, int node) const {
-  std::wstring tip;
-  if (!tree.Tip || !PeerOf<TreeViewPeer>(tree).nodes.Exists(node)) return tip;
-  RunEventProcedure(tree.Owner().OwnerDesktop(), [&] { tip = tree.Tip(node); });
-  return tip;
+  return ModelOf(tree).AskTip(node);
 }
 
 bool Hands::Expand(TreeView& tree, int node) {
-  auto& peer = PeerOf<TreeViewPeer>(tree);
-  if (!peer.nodes.Exists(node) || peer.nodes.Expanded(node)) return false;
-  if (!peer.nodes.HasChildren(node) || !Focus(tree)) return false;
-  peer.OpenWay(tree, node);
-  if (CanUse(tree) && peer.nodes.Exists(node)) tree.SetExpanded(node, true);
+  TreeModel& model = ModelOf(tree);
+  if (!model.Nodes().Exists(node) || model.Nodes().Expanded(node)) return false;
+  if (!model.Nodes().HasChildren(node) || !Focus(tree)) return false;
+  model.OpenWay(node);
+  if (CanUse(tree) && model.Nodes().Exists(node)) model.SetExpanded(node, true);
   return true;
 }
 
 bool Hands::Collapse(TreeView& tree, int node) {
-  auto& peer = PeerOf<TreeViewPeer>(tree);
-  if (!peer.nodes.Exists(node) || !peer.nodes.Expanded(node)) return false;
-  if (!peer.nodes.HasChildren(node) || !Focus(tree)) return false;
-  peer.OpenWay(tree, node);
-  if (CanUse(tree) && peer.nodes.Exists(node)) tree.SetExpanded(node, false);
+  TreeModel& model = ModelOf(tree);
+  if (!model.Nodes().Exists(node) || !model.Nodes().Expanded(node)) return false;
+  if (!model.Nodes().HasChildren(node) || !Focus(tree)) return false;
+  model.OpenWay(node);
+  if (CanUse(tree) && model.Nodes().Exists(node)) model.SetExpanded(node, false);
   return true;
 }
 

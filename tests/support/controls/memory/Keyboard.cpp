@@ -12,7 +12,6 @@ namespace {
 using controls::Control;
 using controls::ControlModel;
 using controls::Form;
-using controls::TreeView;
 using controls::TreeViewPeer;
 
 // Null where nothing is meant.
@@ -64,9 +63,7 @@ void PressCtrlOnControls(Form::Peer& form, int keyCode) {
   if (keyCode != kKeyC && keyCode != kKeyInsert) return;
   Control* const focused = ControlOf(form.order.Holder());
   if (focused == nullptr) return;
-  if (auto* tree = dynamic_cast<TreeViewPeer*>(&focused->BackEnd())) {
-    tree->AskForCopy(static_cast<TreeView&>(*focused));
-  }
+  if (auto* tree = dynamic_cast<TreeViewPeer*>(&focused->BackEnd())) tree->model.AskForCopy();
 }
 
 bool PressMnemonic(Form::Peer& form, wchar_t letter) {

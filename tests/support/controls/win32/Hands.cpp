@@ -177,19 +177,19 @@ bool Hands::ChooseTab(TabStrip& tabs, int tab) {
 
 bool Hands::Select(TreeView& tree, int node) {
   TreeViewPeer& peer = PeerOfTree(tree);
-  if (!peer.nodes.Exists(node) || !Focus(tree)) return false;
+  if (!peer.model.Nodes().Exists(node) || !Focus(tree)) return false;
   TreeMouse mouse(peer, parts_->input);
   mouse.OpenWay(node);
-  if (CanUse(tree) && peer.nodes.Exists(node)) mouse.ClickText(node);
+  if (CanUse(tree) && peer.model.Nodes().Exists(node)) mouse.ClickText(node);
   return true;
 }
 
 bool Hands::RightClick(TreeView& tree, int node) {
   TreeViewPeer& peer = PeerOfTree(tree);
-  if (!peer.nodes.Exists(node) || !Focus(tree)) return false;
+  if (!peer.model.Nodes().Exists(node) || !Focus(tree)) return false;
   TreeMouse mouse(peer, parts_->input);
   mouse.OpenWay(node);
-  if (CanUse(tree) && peer.nodes.Exists(node)) mouse.RightClickText(node);
+  if (CanUse(tree) && peer.model.Nodes().Exists(node)) mouse.RightClickText(node);
   return true;
 }
 
@@ -202,28 +202,28 @@ bool Hands::PressMenuKey(TreeView& tree) {
 
 std::wstring Hands::TipOf(TreeView& tree, int node) const {
   TreeViewPeer& peer = PeerOfTree(tree);
-  if (!peer.window || !peer.nodes.Exists(node)) return {};
+  if (!peer.window || !peer.model.Nodes().Exists(node)) return {};
   const std::wstring tip = TreeMouse(peer, parts_->input).AskTip(node);
-  return tip == peer.nodes.Text(node) ? std::wstring() : tip;
+  return tip == peer.model.Nodes().Text(node) ? std::wstring() : tip;
 }
 
 bool Hands::Expand(TreeView& tree, int node) {
   TreeViewPeer& peer = PeerOfTree(tree);
-  if (!peer.nodes.Exists(node) || peer.nodes.Expanded(node)) return false;
-  if (!peer.nodes.HasChildren(node) || !Focus(tree)) return false;
+  if (!peer.model.Nodes().Exists(node) || peer.model.Nodes().Expanded(node)) return false;
+  if (!peer.model.Nodes().HasChildren(node) || !Focus(tree)) return false;
   TreeMouse mouse(peer, parts_->input);
   mouse.OpenWay(node);
-  if (CanUse(tree) && peer.nodes.Exists(node)) mouse.ClickButton(node);
+  if (CanUse(tree) && peer.model.Nodes().Exists(node)) mouse.ClickButton(node);
   return true;
 }
 
 bool Hands::Collapse(TreeView& tree, int node) {
   TreeViewPeer& peer = PeerOfTree(tree);
-  if (!peer.nodes.Exists(node) || !peer.nodes.Expanded(node)) return false;
-  if (!peer.nodes.HasChildren(node) || !Focus(tree)) return false;
+  if (!peer.model.Nodes().Exists(node) || !peer.model.Nodes().Expanded(node)) return false;
+  if (!peer.model.Nodes().HasChildren(node) || !Focus(tree)) return false;
   TreeMouse mouse(peer, parts_->input);
   mouse.OpenWay(node);
-  if (CanUse(tree) && peer.nodes.Exists(node)) mouse.ClickButton(node);
+  if (CanUse(tree) && peer.model.Nodes().Exists(node)) mouse.ClickButton(node);
   return true;
 }
 

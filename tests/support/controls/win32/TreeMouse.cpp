@@ -7,11 +7,11 @@
 namespace test_support {
 
 void TreeMouse::OpenWay(int node) {
-  const int above = tree_.nodes.Parent(node);
+  const int above = tree_.model.Nodes().Parent(node);
   if (above == controls::kNoNode) return;
   OpenWay(above);
   // A procedure that was told of an expansion may have taken the rest away.
-  if (tree_.nodes.Exists(above) && !tree_.nodes.Expanded(above)) ClickButton(above);
+  if (tree_.model.Nodes().Exists(above) && !tree_.model.Nodes().Expanded(above)) ClickButton(above);
 }
 
 void TreeMouse::ClickText(int node) {
@@ -47,7 +47,7 @@ HTREEITEM TreeMouse::Next(UINT relation, HTREEITEM item) const {
 
 // Walks what the control itself holds, as its user sees it.
 HTREEITEM TreeMouse::Find(int node) const {
-  const int parent = tree_.nodes.Parent(node);
+  const int parent = tree_.model.Nodes().Parent(node);
   HTREEITEM item = nullptr;
   if (parent == controls::kNoNode) {
     item = Next(TVGN_ROOT, nullptr);

@@ -18,11 +18,11 @@ constexpr UINT kLook = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDR
 // How far down the window a line is looked for that stays.
 constexpr int kMostLines = 500;
 
-using Ranks = std::unordered_map<int, int>;
+using Ranks = std::unordered_map<NodeId, int>;
 
 int CALLBACK CompareRanks(LPARAM a, LPARAM b, LPARAM ranks) {
   const auto& places = *reinterpret_cast<const Ranks*>(ranks);
-  return places.at(static_cast<int>(a)) - places.at(static_cast<int>(b));
+  return places.at(static_cast<NodeId>(a)) - places.at(static_cast<NodeId>(b));
 }
 
 }  // namespace
@@ -30,15 +30,15 @@ int CALLBACK CompareRanks(LPARAM a, LPARAM b, LPARAM ranks) {
 // While it stands the native control does not paint: each change of its structure would otherwise
 // cost a walk over all that stands below. Told so itself, it still has its scroll bars painted as
 // they change; those are kept still as well, and painted at the end only if they are others then.
-class TreeItems::Quiet {
+class TreeItems::RedrawOff {
  public:
-  Quiet(TreeItems& items, bool structural) : items_(items) {
+  RedrawOff(TreeItems& items, bool structural) : items_(items) {
     if (items_.busy_++ > 0 || !structural) return;
     structural_ = true;
     bars_.emplace(items_.window_);
     items_.Send(WM_SETREDRAW, FALSE, 0);
   }
-  ~Quiet() {
+  ~RedrawOff() {
     --items_.busy_;
     if (!structural_) return;
     items_.Send(WM_SETREDRAW, TRUE, 0);
@@ -46,8 +46,8 @@ class TreeItems::Quiet {
     if (!bars_->Shown()) return;
     RedrawWindow(items_.window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | frame);
   }
-  Quiet(const Quiet&) = delete;
-  Quiet& operator=(const Quiet&) = delete;
+  RedrawOff(const RedrawOff&) = delete;
+  RedrawOff& operator=(const RedrawOff&) = delete;
 
  private:
   TreeItems& items_;
@@ -55,39 +55,40 @@ class TreeItems::Quiet {
   std::optional<ScrollBarFreeze> bars_;
 };
 
-void TreeItems::Follow(int selected, bool show) {
+void TreeItems::Synchronise(NodeId selected, bool reveal) {
   if (!window_) return;
   if (busy_ > 0) {
-    // Texts may be swept before the next time, and what spares show could not be told any more.
-    if (cleared_) spares_.clear();
+    // Texts may be swept before the next time, and what the reusable items show could not be told
+    // any more.
+    if (cleared_) reusable_.clear();
     return;
   }
   HTREEITEM top = nullptr;
-  const bool anew = cleared_;
+  const bool rebuilt = cleared_;
   {
-    const Quiet quiet(*this, Pending());
+    const RedrawOff redrawOff(*this, Pending());
     top = TopThatStays();
     DeleteRemoved();
     const auto parents = std::exchange(changedParents_, {});
-    for (const int parent : parents) FollowChildren(parent);
-    for (const int node : std::exchange(changedNodes_, {})) Refresh(node);
-    for (const int node : parents) ShowExpansion(node);
-    for (const int node : std::exchange(changedExpansions_, {})) ShowExpansion(node);
-    DeleteSpares();
+    for (const NodeId parent : parents) SynchroniseChildren(parent);
+    for (const NodeId node : std::exchange(changedNodes_, {})) Refresh(node);
+    for (const NodeId node : parents) ShowExpansion(node);
+    for (const NodeId node : std::exchange(changedExpansions_, {})) ShowExpansion(node);
+    DeleteReusable();
     Reselect(selected);
   }
   ++busy_;
-  if (anew) ShowFromTheStart();
+  if (rebuilt) ShowFromTheStart();
   top = ShownLine(top);
   if (top && reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE, 0)) != top) {
     Send(TVM_SELECTITEM, TVGN_FIRSTVISIBLE, reinterpret_cast<LPARAM>(top));
   }
   HTREEITEM item = ItemOf(selected);
-  if (show && item) Send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
+  if (reveal && item) Send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
   --busy_;
 }
 
-void TreeItems::Reselect(int selected) {
+void TreeItems::Reselect(NodeId selected) {
   HTREEITEM item = ItemOf(selected);
   if (reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_CARET, 0)) == item) return;
   ++busy_;
@@ -110,15 +111,15 @@ HTREEITEM TreeItems::TopThatStays() const {
 // The item, or the closed one above it that stands in its place.
 HTREEITEM TreeItems::ShownLine(HTREEITEM item) const {
   if (!item) return nullptr;
-  int shown = NodeOf(item);
-  for (int above = shown; above != kNoNode; above = nodes_.Parent(above)) {
+  NodeId shown = NodeOf(item);
+  for (NodeId above = shown; above != kNoNode; above = nodes_.Parent(above)) {
     if (above != shown && !nodes_.Expanded(above)) shown = above;
   }
   return ItemOf(shown);
 }
 
 void TreeItems::DeleteRemoved() {
-  if (std::exchange(cleared_, false) && !UseSpares()) {
+  if (std::exchange(cleared_, false) && !UseReusable()) {
     Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
   }
   for (const Removal& removal : std::exchange(removals_, {})) {
@@ -129,10 +130,10 @@ void TreeItems::DeleteRemoved() {
     }
   }
   // Before anything is inserted, for a new child may have the index of one that has gone.
-  for (const int parent : changedParents_) {
+  for (const NodeId parent : changedParents_) {
     const auto found = filled_.find(parent);
     if (found == filled_.end()) continue;
-    std::erase_if(found->second, [&](int child) {
+    std::erase_if(found->second, [&](NodeId child) {
       return !items_.contains(child) || nodes_.Parent(child) != parent;
     });
   }
@@ -149,41 +150,41 @@ void TreeItems::DeleteChildren(HTREEITEM item) const {
   }
 }
 
-void TreeItems::FollowChildren(int parent) {
+void TreeItems::SynchroniseChildren(NodeId parent) {
   if (parent != kNoNode && !items_.contains(parent)) return;
   const auto found = filled_.find(parent);
   if (found != filled_.end()) {
-    std::vector<int> wanted;
-    for (int child = FirstChild(parent); child != kNoNode; child = nodes_.Next(child)) {
+    std::vector<NodeId> wanted;
+    for (NodeId child = FirstChild(parent); child != kNoNode; child = nodes_.Next(child)) {
       wanted.push_back(child);
     }
-    const std::vector<int> told = std::move(found->second);
+    const std::vector<NodeId> told = std::move(found->second);
     const bool many = wanted.size() - told.size() >= kSortFrom && !told.empty();
     if (!many && InOrder(told, wanted)) {
       InsertInPlace(wanted);
     } else {
-      for (const int child : wanted) {
+      for (const NodeId child : wanted) {
         if (!items_.contains(child)) Insert(child, TVI_LAST);
       }
       Sort(parent, wanted);
     }
-    // Looked up anew: an inserted child that is expanded has brought its own children.
+    // Looked up again: an inserted child that is expanded has brought its own children.
     filled_[parent] = std::move(wanted);
   }
   if (parent != kNoNode) Refresh(parent);
 }
 
 // Whether the children told of stand as they should, but for new ones between them.
-bool TreeItems::InOrder(const std::vector<int>& told, const std::vector<int>& wanted) const {
+bool TreeItems::InOrder(const std::vector<NodeId>& told, const std::vector<NodeId>& wanted) const {
   auto next = told.begin();
-  for (const int child : wanted) {
+  for (const NodeId child : wanted) {
     if (!items_.contains(child)) continue;
     if (next == told.end() || *next++ != child) return false;
   }
   return true;
 }
 
-void TreeItems::InsertInPlace(const std::vector<int>& wanted) {
+void TreeItems::InsertInPlace(const std::vector<NodeId>& wanted) {
   // What follows the last child that the control knows is simply put at the end, which is cheap.
   std::size_t tail = wanted.size();
   while (tail > 0 && !items_.contains(wanted[tail - 1])) --tail;
@@ -194,13 +195,13 @@ void TreeItems::InsertInPlace(const std::vector<int>& wanted) {
   }
 }
 
-void TreeItems::Insert(int node, HTREEITEM after) {
-  if (HTREEITEM spare = TakeSpare(node)) {
-    items_[node] = spare;
+void TreeItems::Insert(NodeId node, HTREEITEM after) {
+  if (HTREEITEM reused = TakeReusable(node)) {
+    items_[node] = reused;
     if (nodes_.Expanded(node)) ShowExpansion(node);
     return;
   }
-  const int parent = nodes_.Parent(node);
+  const NodeId parent = nodes_.Parent(node);
   TVINSERTSTRUCTW native = {};
   native.hParent = parent == kNoNode ? TVI_ROOT : ItemOf(parent);
   native.hInsertAfter = after;
@@ -211,7 +212,7 @@ void TreeItems::Insert(int node, HTREEITEM after) {
 }
 
 // What the control is to be told of a node: the parts that the mask names.
-TVITEMW TreeItems::Shown(int node, HTREEITEM item, UINT parts) const {
+TVITEMW TreeItems::Shown(NodeId node, HTREEITEM item, UINT parts) const {
   TVITEMW native = {};
   native.mask = parts | (item ? TVIF_HANDLE : 0);
   native.hItem = item;
@@ -222,20 +223,20 @@ TVITEMW TreeItems::Shown(int node, HTREEITEM item, UINT parts) const {
   return native;
 }
 
-void TreeItems::Refresh(int node) const {
+void TreeItems::Refresh(NodeId node) const {
   HTREEITEM item = ItemOf(node);
   if (!item) return;
   const TVITEMW native = Shown(node, item, kLook);
   Send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&native));
 }
 
-void TreeItems::ShowExpansion(int node) {
+void TreeItems::ShowExpansion(NodeId node) {
   HTREEITEM item = ItemOf(node);
   if (!item) return;
   const bool open = nodes_.Expanded(node) && nodes_.HasChildren(node);
   if (open) Fill(node);
   if (open == IsOpen(node)) return;
-  const Quiet quiet(*this, true);
+  const RedrawOff redrawOff(*this, true);
   if (nodes_.HasChildren(node)) {
     Send(TVM_EXPAND, open ? TVE_EXPAND : TVE_COLLAPSE, reinterpret_cast<LPARAM>(item));
     return;
@@ -248,21 +249,21 @@ void TreeItems::ShowExpansion(int node) {
   Send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&native));
 }
 
-void TreeItems::Fill(int node) {
+void TreeItems::Fill(NodeId node) {
   if (!items_.contains(node) || filled_.contains(node)) return;
-  const Quiet quiet(*this, true);
-  std::vector<int> children;
-  for (int child = nodes_.FirstChild(node); child != kNoNode; child = nodes_.Next(child)) {
+  const RedrawOff redrawOff(*this, true);
+  std::vector<NodeId> children;
+  for (NodeId child = nodes_.FirstChild(node); child != kNoNode; child = nodes_.Next(child)) {
     Insert(child, TVI_LAST);
     children.push_back(child);
   }
   filled_[node] = std::move(children);
 }
 
-void TreeItems::Sort(int parent, const std::vector<int>& wanted) const {
+void TreeItems::Sort(NodeId parent, const std::vector<NodeId>& wanted) const {
   Ranks ranks;
   ranks.reserve(wanted.size());
-  for (const int child : wanted) ranks.emplace(child, static_cast<int>(ranks.size()));
+  for (const NodeId child : wanted) ranks.emplace(child, static_cast<int>(ranks.size()));
   TVSORTCB sort = {};
   sort.hParent = parent == kNoNode ? TVI_ROOT : ItemOf(parent);
   sort.lpfnCompare = CompareRanks;
