@@ -7,11 +7,13 @@
 #include "dialogs/frmNewGroup.h"
 #include "dialogs/frmNewUser.h"
 #include "tests/browser/CommandTest.h"
+#include "tests/support/keys/Keys.h"
 
 namespace browser {
 namespace {
 
 using controls::TreeView;
+using test_support::Keys;
 
 std::wstring U(const char* utf8) {
   return data::FromUtf8(utf8);
@@ -24,10 +26,10 @@ TEST_F(AccountCommands, EditingWithoutAUserOnlyWarns) {
     const Strings before = Look(window);
     ExpectWarning(L"Sélectionnez l'utilisateur à modifier puis cliquez sur le bouton Editer.",
                   controls::kExclamation);
-    window.Users.cmdUser_Click(0);
+    window.Users.cmdUser_Click(kEditButton);
     ExpectWarning(L"Sélectionnez l'utilisateur à supprimer puis cliquez sur le bouton Editer.",
                   controls::kExclamation);
-    window.Users.cmdUser_Click(1);
+    window.Users.cmdUser_Click(kDeleteButton);
     EXPECT_EQ(Look(window), before);
   });
 }
@@ -38,10 +40,10 @@ TEST_F(AccountCommands, EditingWithoutAGroupWarnsWithoutAnIconAndDeletingWithOne
     const Strings before = Look(window);
     ExpectWarning(L"Sélectionnez le groupe à modifier puis cliquez sur le bouton Supprimer.",
                   controls::kOkOnly);
-    window.Groups.cmdGroup_Click(0);
+    window.Groups.cmdGroup_Click(kEditButton);
     ExpectWarning(L"Sélectionnez le groupe à supprimer puis cliquez sur le bouton Supprimer.",
                   controls::kExclamation);
-    window.Groups.cmdGroup_Click(1);
+    window.Groups.cmdGroup_Click(kDeleteButton);
     EXPECT_EQ(Look(window), before);
   });
 }
@@ -55,16 +57,16 @@ TEST_F(AccountCommands, ANewUserIsSelectedAndStandsInBothTrees) {
       user.Type(dialog.txtPassword, L"secret1");
       user.Type(dialog.txtVerify, L"secret1");
     });
-    user.Click(window.Users.cmdUser[2]);
+    user.Click(window.Users.cmdUser[kNewButton]);
     const std::int32_t id =
         static_cast<std::int32_t>(Raw().Number("SELECT USERID FROM QRUSER WHERE NAME = 'Lambert'"));
     EXPECT_EQ(log.statements, Joined({data::SqlSelectUser(id), data::SqlSelectUserGroups(id),
                                       data::SqlSelectUserPermissionNames(id),
                                       data::SqlSelectInheritedPermissions(id)},
                                      GroupRebuild(window)));
-    EXPECT_EQ(Selected(window, 0), L"\\TUS \\U" + std::to_wstring(id));
+    EXPECT_EQ(Selected(window, 0), Keys::User(id));
     EXPECT_EQ(window.exchange.UserID, id);
-    EXPECT_TRUE(window.Users.cmdUser[1].Enabled());
+    EXPECT_TRUE(window.Users.cmdUser[kDeleteButton].Enabled());
     EXPECT_EQ(window.Users.accountCount, 40);
     ExpectInStep(window);
   });
@@ -80,7 +82,7 @@ TEST_F(AccountCommands, AnAccountThatCannotBeCountedIsReportedAndShownAllTheSame
       user.ExpectMsgBox({.answer = controls::kResultOk,
                          .prompt = L"cmdUser_Click Error [6]\r\n" + desktop.LoadResString(10006)});
     });
-    user.Click(window.Users.cmdUser[2]);
+    user.Click(window.Users.cmdUser[kNewButton]);
     NodeAt(window.Users.TreeView1, {L"Lambert"});
     ExpectInStep(window);
   });
@@ -94,13 +96,13 @@ TEST_F(AccountCommands, ANewGroupIsSelectedAndStandsInBothTrees) {
       user.Type(dialog.txtDesc, U("Quai et dépôt"));
       user.Toggle(dialog.List1[2], 0);
     });
-    user.Click(window.Groups.cmdGroup[2]);
+    user.Click(window.Groups.cmdGroup[kNewButton]);
     const std::int32_t id = static_cast<std::int32_t>(
         Raw().Number("SELECT GROUPID FROM QRGROUP WHERE NAME = 'Logistique'"));
     EXPECT_EQ(log.statements, Joined({data::SqlSelectGroup(id), data::SqlSelectGroupUsers(id),
                                       data::SqlSelectGroupPermissionNames(id)},
                                      UserRebuild(window)));
-    EXPECT_EQ(Selected(window, 1), L"\\TGR \\G" + std::to_wstring(id));
+    EXPECT_EQ(Selected(window, 1), Keys::Group(id));
     EXPECT_EQ(window.Groups.accountCount, 13);
     ExpectInStep(window);
   });
@@ -109,8 +111,8 @@ TEST_F(AccountCommands, ANewGroupIsSelectedAndStandsInBothTrees) {
 TEST_F(AccountCommands, AnEditedUserIsRenamedAndMovedInBothTrees) {
   Run([this](frmUserGroupPerm& window) {
     TreeView& users = window.Users.TreeView1;
-    Select(window, 0, L"\\TUP \\U9 \\P");
-    const int martin = users.Nodes().Find(L"\\TUS \\U9");
+    Select(window, 0, Keys::OwnPermissions(9));
+    const int martin = users.Nodes().Find(Keys::User(9));
     ExpectDialog<dialogs::frmEditUser>([this](dialogs::frmEditUser& dialog) {
       EXPECT_EQ(dialog.UserID, 9);
       EXPECT_EQ(dialog.AdminGroupID, 1);
@@ -121,7 +123,7 @@ TEST_F(AccountCommands, AnEditedUserIsRenamedAndMovedInBothTrees) {
       user.Type(dialog.txtPassword, L"secret1");
       user.Type(dialog.txtVerify, L"secret1");
     });
-    user.Click(window.Users.cmdUser[0]);
+    user.Click(window.Users.cmdUser[kEditButton]);
     EXPECT_EQ(log.statements,
               Joined({data::SqlSelectUserGroups(9), data::SqlSelectUserPermissionNames(9),
                       data::SqlSelectInheritedPermissions(9)},
@@ -129,23 +131,23 @@ TEST_F(AccountCommands, AnEditedUserIsRenamedAndMovedInBothTrees) {
     EXPECT_EQ(users.Nodes().Text(martin), U("Zola (Émile Zola)"));
     EXPECT_EQ(users.Nodes().StoredName(martin), L"Zola");
     EXPECT_TRUE(users.Nodes().Expanded(martin));
-    EXPECT_EQ(Selected(window, 0), L"\\TUP \\U9 \\P");
+    EXPECT_EQ(Selected(window, 0), Keys::OwnPermissions(9));
     ExpectInStep(window);
   });
 }
 
 TEST_F(AccountCommands, AnEditedGroupIsRenamedInBothTrees) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, L"\\TGR \\G12");
+    Select(window, 1, Keys::Group(12));
     ExpectDialog<dialogs::frmEditGroup>([this](dialogs::frmEditGroup& dialog) {
       EXPECT_EQ(dialog.GroupID, 12);
       user.Type(dialog.txtGroupName, L"Labo");
     });
-    user.Click(window.Groups.cmdGroup[0]);
+    user.Click(window.Groups.cmdGroup[kEditButton]);
     EXPECT_EQ(log.statements,
               Joined({data::SqlSelectGroupUsers(12), data::SqlSelectGroupPermissionNames(12)},
                      UserRebuild(window)));
-    EXPECT_TRUE(Has(window, 0, L"\\TGU \\U9 \\G12"));
+    EXPECT_TRUE(Has(window, 0, Keys::GroupOfUser(9, 12)));
     NodeAt(window.Users.TreeView1,
            {L"Martin (Jean Martin)", L"Membre du Groupe", L"Labo (Mesures et essais)"});
     NodeAt(window.Groups.TreeView1, {L"Labo (Mesures et essais)"});
@@ -157,24 +159,24 @@ TEST_F(AccountCommands, AnAccountIsRenamedAlsoWhereAFolderThatWasOpenAndEmptyIsF
   Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 9");
   Raw().Execute("DELETE FROM QRGPRM WHERE GROUPID = 6");
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TUS \\U9");
-    window.Users.TreeView1.SetExpanded(At(window, 0, L"\\TUP \\U9 \\P"), true);
+    Select(window, 0, Keys::User(9));
+    window.Users.TreeView1.SetExpanded(At(window, 0, Keys::OwnPermissions(9)), true);
     ExpectDialog<dialogs::frmEditUser>([this](dialogs::frmEditUser& dialog) {
       user.Type(dialog.txtUserName, L"Zola");
       user.Type(dialog.txtPassword, L"secret1");
       user.Type(dialog.txtVerify, L"secret1");
       user.Toggle(dialog.List1[2], 0);
     });
-    user.Click(window.Users.cmdUser[0]);
-    EXPECT_EQ(window.Users.TreeView1.Nodes().Text(At(window, 0, L"\\TUS \\U9")),
+    user.Click(window.Users.cmdUser[kEditButton]);
+    EXPECT_EQ(window.Users.TreeView1.Nodes().Text(At(window, 0, Keys::User(9))),
               L"Zola (Jean Martin)");
-    Select(window, 1, L"\\TGR \\G6");
-    window.Groups.TreeView1.SetExpanded(At(window, 1, L"\\TGP \\G6 \\P"), true);
+    Select(window, 1, Keys::Group(6));
+    window.Groups.TreeView1.SetExpanded(At(window, 1, Keys::GroupPermissions(6)), true);
     ExpectDialog<dialogs::frmEditGroup>([this](dialogs::frmEditGroup& dialog) {
       user.Type(dialog.txtGroupName, L"Labo");
       user.Toggle(dialog.List1[2], 0);
     });
-    user.Click(window.Groups.cmdGroup[0]);
+    user.Click(window.Groups.cmdGroup[kEditButton]);
     ExpectInStep(window);
   });
 }
@@ -182,7 +184,7 @@ TEST_F(AccountCommands, AnAccountIsRenamedAlsoWhereAFolderThatWasOpenAndEmptyIsF
 TEST_F(AccountCommands, EditingAdminRefreshesHisFoldersButNeitherHisTextNorTheGroups) {
   Run([this](frmUserGroupPerm& window) {
     Raw().Execute("UPDATE QRUSER SET FULLNAME = 'Somebody else wrote this' WHERE USERID = 1");
-    Select(window, 0, L"\\TUS \\U1");
+    Select(window, 0, Keys::User(1));
     ExpectDialog<dialogs::frmEditUser>([this](dialogs::frmEditUser& dialog) {
       EXPECT_FALSE(dialog.IsRemoveAdministrator);
       user.Type(dialog.txtPassword, L"secret1");
@@ -191,12 +193,12 @@ TEST_F(AccountCommands, EditingAdminRefreshesHisFoldersButNeitherHisTextNorTheGr
         if (dialog.List1[1].ItemData(i) == 6) user.Toggle(dialog.List1[1], i);
       }
     });
-    user.Click(window.Users.cmdUser[0]);
+    user.Click(window.Users.cmdUser[kEditButton]);
     EXPECT_EQ(log.statements,
               (Strings{data::SqlSelectUserGroups(1), data::SqlSelectUserPermissionNames(1),
                        data::SqlSelectInheritedPermissions(1)}));
-    EXPECT_TRUE(Has(window, 0, L"\\TGU \\U1 \\G6"));
-    EXPECT_FALSE(Has(window, 1, L"\\TUG \\G6 \\U1"));
+    EXPECT_TRUE(Has(window, 0, Keys::GroupOfUser(1, 6)));
+    EXPECT_FALSE(Has(window, 1, Keys::MemberOfGroup(6, 1)));
     NodeAt(window.Users.TreeView1, {L"Admin (Administrateur principal)"});
   });
 }
@@ -208,13 +210,13 @@ TEST_F(AccountCommands, CancellingADialogChangesNoNode) {
       user.PressKey(form, test_support::kKeyEscape);
       log.statements.clear();
     };
-    Select(window, 0, L"\\TUS \\U9");
+    Select(window, 0, Keys::User(9));
     for (const int Index : {0, 2}) {
       user.ExpectModal(cancel);
       user.Click(window.Users.cmdUser[Index]);
       EXPECT_TRUE(log.statements.empty());
     }
-    Select(window, 1, L"\\TGR \\G6");
+    Select(window, 1, Keys::Group(6));
     for (const int Index : {0, 2}) {
       user.ExpectModal(cancel);
       user.Click(window.Groups.cmdGroup[Index]);
@@ -227,7 +229,7 @@ TEST_F(AccountCommands, CancellingADialogChangesNoNode) {
 
 TEST_F(AccountCommands, AUserWhomSomebodyDeletedMeanwhileGoesFromTheTreesAndTheUserIsTold) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TUS \\U9");
+    Select(window, 0, Keys::User(9));
     user.ExpectModal([this](controls::Form& form) {
       auto& dialog = dynamic_cast<dialogs::frmEditUser&>(form);
       user.Type(dialog.txtPassword, L"secret1");
@@ -236,9 +238,9 @@ TEST_F(AccountCommands, AUserWhomSomebodyDeletedMeanwhileGoesFromTheTreesAndTheU
       user.ExpectMsgBox({.answer = controls::kResultOk, .style = controls::kInformation});
       user.Click(dialog.cmdOK);
     });
-    user.Click(window.Users.cmdUser[0]);
+    user.Click(window.Users.cmdUser[kEditButton]);
     EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"Un autre administrateur"));
-    EXPECT_FALSE(Has(window, 0, L"\\TUS \\U9"));
+    EXPECT_FALSE(Has(window, 0, Keys::User(9)));
     EXPECT_EQ(Raw().Text("SELECT NAME FROM QRUSER WHERE USERID = 9"), "Martin(9)");
     ExpectInStep(window);
   });
@@ -246,10 +248,10 @@ TEST_F(AccountCommands, AUserWhomSomebodyDeletedMeanwhileGoesFromTheTreesAndTheU
 
 TEST_F(AccountCommands, AGroupWhomSomebodyDeletedBeforeGoesFromTheTreesInsteadOfBeingEdited) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, L"\\TGR \\G6");
+    Select(window, 1, Keys::Group(6));
     Raw().Execute("UPDATE QRGROUP SET NAME = 'Qualité(6)', VFLG = 'D' WHERE GROUPID = 6");
     user.ExpectMsgBox({.answer = controls::kResultOk, .style = controls::kInformation});
-    user.Click(window.Groups.cmdGroup[0]);
+    user.Click(window.Groups.cmdGroup[kEditButton]);
     EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"Un autre administrateur"));
     EXPECT_EQ(window.Groups.accountCount, 11);
     ExpectInStep(window);
@@ -263,7 +265,7 @@ TEST_F(AccountCommands, ANewUserIsSelectedAlsoWhereAnotherShowsTheSameText) {
       user.Type(dialog.txtPassword, L"secret1");
       user.Type(dialog.txtVerify, L"secret1");
     });
-    user.Click(window.Users.cmdUser[2]);
+    user.Click(window.Users.cmdUser[kNewButton]);
     EXPECT_EQ(Selected(window, 0),
               L"\\TUS \\U" + std::to_wstring(Raw().Number("SELECT MAX(USERID) FROM QRUSER")));
     ExpectInStep(window);

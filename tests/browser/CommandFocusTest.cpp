@@ -3,10 +3,12 @@
 #include "dialogs/frmListItem.h"
 #include "dialogs/frmNewUser.h"
 #include "tests/browser/CommandTest.h"
+#include "tests/support/keys/Keys.h"
 
 namespace browser {
 namespace {
 
+using test_support::Keys;
 // Where the keys go after a command that was given by mouse or menu.
 class CommandFocus : public CommandTest {
  protected:
@@ -18,7 +20,7 @@ class CommandFocus : public CommandTest {
 
 TEST_F(CommandFocus, GoesBackToTheTreeSoThatKeysWork) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TGU \\U9 \\G12");
+    Select(window, 0, Keys::GroupOfUser(9, 12));
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer ce membre du groupe ?");
     user.Click(window.Users.cmdMemberOf[kRemoveButton]);
     EXPECT_TRUE(window.Users.TreeView1.HasFocus());
@@ -34,7 +36,7 @@ TEST_F(CommandFocus, GoesBackToTheTreeSoThatKeysWork) {
 
 TEST_F(CommandFocus, IsOnTheNodeThatTheCommandLeftSelected) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, L"\\TUG \\G6 \\U15");
+    Select(window, 1, Keys::MemberOfGroup(6, 15));
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce membre ?");
     user.Click(window.Groups.cmdMember[kRemoveButton]);
     EXPECT_TRUE(window.Groups.TreeView1.HasFocus());
@@ -42,7 +44,7 @@ TEST_F(CommandFocus, IsOnTheNodeThatTheCommandLeftSelected) {
     EXPECT_TRUE(next.starts_with(L"\\TUG \\G6 \\U"));
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce membre ?");
     user.PressKey(window, controls::kKeyDelete);
-    EXPECT_FALSE(Has(window, 1, next.c_str()));
+    EXPECT_FALSE(Has(window, 1, next));
   });
 }
 

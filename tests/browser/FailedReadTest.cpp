@@ -3,10 +3,12 @@
 #include "data/MSQLStatement.h"
 #include "dialogs/frmNewGroup.h"
 #include "tests/browser/CommandTest.h"
+#include "tests/support/keys/Keys.h"
 
 namespace browser {
 namespace {
 
+using test_support::Keys;
 // The database fails while trees are read or brought up to date.
 class FailedReads : public CommandTest {
  protected:
@@ -50,12 +52,12 @@ TEST_F(FailedReads, OfARefreshSwitchEditAndNewOffOnBothTabsUntilOneSucceeds) {
     FailToRefresh(window, data::SqlSelectAllUsers());
     EXPECT_EQ(window.Users.TreeView1.Nodes().Count(), 1);
     EXPECT_EQ(window.lblStatus.Caption(), Text(408));
-    Select(window, 1, L"\\TGR \\G6");
+    Select(window, 1, Keys::Group(6));
     ExpectAccountButtons(window, false, false);
     EXPECT_TRUE(window.Groups.cmdGroup[kDeleteButton].Enabled());
     user.Click(window.cmdBtn[0]);
     ExpectAccountButtons(window, false, true);
-    Select(window, 0, L"\\TUS \\U9");
+    Select(window, 0, Keys::User(9));
     EXPECT_TRUE(window.Users.cmdUser[kEditButton].Enabled());
     EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 12 groupes, 30 permissions");
   });
@@ -64,17 +66,17 @@ TEST_F(FailedReads, OfARefreshSwitchEditAndNewOffOnBothTabsUntilOneSucceeds) {
 TEST_F(FailedReads, OfARefreshKeepAccountsFromBeingEditedOrMadePastTheButtonsToo) {
   Run([this](frmUserGroupPerm& window) {
     FailToRefresh(window, data::SqlSelectGroupUsers(6));
-    Select(window, 0, L"\\TUS \\U9");
+    Select(window, 0, Keys::User(9));
     user.PressKey(window, controls::kKeyF2);
     for (const int Index : {kEditButton, kNewButton}) window.Users.cmdUser_Click(Index);
-    Select(window, 1, L"\\TGR \\G1");
+    Select(window, 1, Keys::Group(1));
     for (const int Index : {kEditButton, kNewButton}) window.Groups.cmdGroup_Click(Index);
   });
 }
 
 TEST_F(FailedReads, OfAFolderLeaveEditAndNewOn) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TGU \\U9 \\G12");
+    Select(window, 0, Keys::GroupOfUser(9, 12));
     FailFrom(data::SqlSelectInheritedPermissions(9));
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce membre du groupe ?");
     user.ExpectMsgBox(controls::kResultOk);
@@ -130,7 +132,7 @@ TEST_F(FailedReads, OfARefreshAreReportedOnceTheTransactionIsOver) {
 
 TEST_F(FailedReads, OfAllAccountsAreReportedOnceTheTransactionIsOver) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, L"\\TUG \\G6 \\U15");
+    Select(window, 1, Keys::MemberOfGroup(6, 15));
     WatchBoxes();
     FailFrom(data::SqlSelectUserGroups(9));
     user.Click(window.Groups.cmdMember[kRemoveButton]);

@@ -7,6 +7,7 @@
 #include "browser/trees/UsersTree.h"
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
+#include "tests/support/keys/Keys.h"
 #include "tests/support/window/MainWindowFixture.h"
 
 namespace browser {
@@ -14,6 +15,7 @@ namespace {
 
 using controls::TreeNodes;
 using controls::TreeView;
+using test_support::Keys;
 using Strings = std::vector<std::wstring>;
 
 std::wstring Wide(const char* utf8) {
@@ -25,7 +27,7 @@ class Folders : public test_support::MainWindowFixture {
  protected:
   static TreeView& Users(frmUserGroupPerm& window) { return window.Users.TreeView1; }
   static TreeView& Groups(frmUserGroupPerm& window) { return window.Groups.TreeView1; }
-  static controls::NodeId At(const TreeView& tree, const wchar_t* key) {
+  static controls::NodeId At(const TreeView& tree, const std::wstring& key) {
     return tree.Nodes().Find(key);
   }
   // Runs the script with builders over the two trees of the started window.
@@ -50,8 +52,8 @@ class Folders : public test_support::MainWindowFixture {
 
 TEST_F(Folders, ARebuiltFolderIsReadWithTheStatementOfItsKindAlone) {
   RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree& groupsTree) {
-    const int martin = At(Users(window), L"\\TUS \\U9");
-    const int quality = At(Groups(window), L"\\TGR \\G6");
+    const int martin = At(Users(window), Keys::User(9));
+    const int quality = At(Groups(window), Keys::Group(6));
     log.statements.clear();
     EXPECT_EQ(usersTree.EditMemberOfNode(martin), app::Outcome::kDone);
     EXPECT_EQ(usersTree.EditUserPermissionsNode(martin), app::Outcome::kDone);
@@ -70,8 +72,8 @@ TEST_F(Folders, ARebuiltFolderShowsWhatTheDatabaseHoldsInOrder) {
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
     Raw().Execute("DELETE FROM QRUSGP WHERE USERID = 9 AND GROUPID = 7");
     Raw().Execute("UPDATE QRGROUP SET DESCR = NULL WHERE GROUPID = 12");
-    EXPECT_EQ(usersTree.EditMemberOfNode(At(Users(window), L"\\TUS \\U9")), app::Outcome::kDone);
-    EXPECT_EQ(ChildTexts(Users(window), At(Users(window), L"\\TMO \\U9 \\G")),
+    EXPECT_EQ(usersTree.EditMemberOfNode(At(Users(window), Keys::User(9))), app::Outcome::kDone);
+    EXPECT_EQ(ChildTexts(Users(window), At(Users(window), Keys::GroupsOfUser(9))),
               (Strings{L"Laboratoire", Wide("Qualité (Contrôle final et réclamations)"),
                        L"Tout le monde (Tous les utilisateurs)"}));
   });
@@ -84,7 +86,7 @@ TEST_F(Folders, AFolderIsTheSameAfterItsRebuildAsAfterARefresh) {
     const auto look = [&] {
       Strings shown;
       const TreeNodes& nodes = Users(window).Nodes();
-      const int folder = nodes.Find(L"\\TAP \\U9 \\P");
+      const int folder = nodes.Find(Keys::AllPermissions(9));
       for (int leaf = nodes.FirstChild(folder); leaf != controls::kNoNode;
            leaf = nodes.Next(leaf)) {
         shown.push_back(nodes.Key(leaf) + nodes.Text(leaf) + std::to_wstring(nodes.Image(leaf)));
@@ -92,7 +94,7 @@ TEST_F(Folders, AFolderIsTheSameAfterItsRebuildAsAfterARefresh) {
       return shown;
     };
     const Strings before = look();
-    const int martin = At(Users(window), L"\\TUS \\U9");
+    const int martin = At(Users(window), Keys::User(9));
     EXPECT_EQ(usersTree.EditUserPermissionsNode(martin), app::Outcome::kDone);
     EXPECT_EQ(usersTree.EditAllPermissionsNode(martin), app::Outcome::kDone);
     const Strings rebuilt = look();
@@ -105,9 +107,9 @@ TEST_F(Folders, AFolderIsTheSameAfterItsRebuildAsAfterARefresh) {
 TEST_F(Folders, ARebuiltFolderStaysOpenOrClosed) {
   RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree&) {
     TreeView& users = Users(window);
-    const int martin = At(users, L"\\TUS \\U9");
-    const int open = At(users, L"\\TMO \\U9 \\G");
-    const int closed = At(users, L"\\TAP \\U9 \\P");
+    const int martin = At(users, Keys::User(9));
+    const int open = At(users, Keys::GroupsOfUser(9));
+    const int closed = At(users, Keys::AllPermissions(9));
     user.Expand(users, open);
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
     EXPECT_EQ(usersTree.EditMemberOfNode(martin), app::Outcome::kDone);
@@ -123,10 +125,10 @@ TEST_F(Folders, AnEmptyFolderIsClosedAfterItsRebuild) {
   Raw().Execute("DELETE FROM QRUSGP WHERE GROUPID = 6");
   RunWithTrees([this](frmUserGroupPerm& window, UsersTree&, GroupsTree& groupsTree) {
     TreeView& groups = Groups(window);
-    const int folder = At(groups, L"\\TMS \\G6 \\U");
+    const int folder = At(groups, Keys::MembersOfGroup(6));
     groups.SetExpanded(folder, true);
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
-    EXPECT_EQ(groupsTree.EditMembersNode(At(groups, L"\\TGR \\G6")), app::Outcome::kDone);
+    EXPECT_EQ(groupsTree.EditMembersNode(At(groups, Keys::Group(6))), app::Outcome::kDone);
     EXPECT_EQ(ChildTexts(groups, folder), Strings{L"Martin (Jean Martin)"});
     EXPECT_FALSE(groups.Nodes().Expanded(folder));
   });
@@ -135,26 +137,26 @@ TEST_F(Folders, AnEmptyFolderIsClosedAfterItsRebuild) {
 TEST_F(Folders, TheSelectionInARebuiltFolderStaysOnWhatIsStillThere) {
   RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree&) {
     TreeView& users = Users(window);
-    user.Select(users, At(users, L"\\TGU \\U9 \\G12"));
+    user.Select(users, At(users, Keys::GroupOfUser(9, 12)));
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
-    EXPECT_EQ(usersTree.EditMemberOfNode(At(users, L"\\TUS \\U9")), app::Outcome::kDone);
-    EXPECT_EQ(users.Nodes().Key(users.SelectedNode()), L"\\TGU \\U9 \\G12");
+    EXPECT_EQ(usersTree.EditMemberOfNode(At(users, Keys::User(9))), app::Outcome::kDone);
+    EXPECT_EQ(users.Nodes().Key(users.SelectedNode()), Keys::GroupOfUser(9, 12));
     Raw().Execute("DELETE FROM QRUSGP WHERE USERID = 9");
-    EXPECT_EQ(usersTree.EditMemberOfNode(At(users, L"\\TUS \\U9")), app::Outcome::kDone);
-    EXPECT_EQ(users.Nodes().Key(users.SelectedNode()), L"\\TMO \\U9 \\G");
+    EXPECT_EQ(usersTree.EditMemberOfNode(At(users, Keys::User(9))), app::Outcome::kDone);
+    EXPECT_EQ(users.Nodes().Key(users.SelectedNode()), Keys::GroupsOfUser(9));
   });
 }
 
 TEST_F(Folders, AFolderThatCannotBeReadKeepsWhatItShowedAndTheBuilderIsNamed) {
   RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree&) {
     TreeView& users = Users(window);
-    const int folder = At(users, L"\\TMO \\U9 \\G");
+    const int folder = At(users, Keys::GroupsOfUser(9));
     const Strings before = ChildTexts(users, folder);
     log.FailAt = [](const std::wstring&) { return 3021L; };
     user.ExpectMsgBox(
         {.answer = controls::kResultOk,
          .prompt = L"UserNode Error [3021]\r\ninjected: " + data::SqlSelectUserGroups(9)});
-    EXPECT_EQ(usersTree.EditMemberOfNode(At(users, L"\\TUS \\U9")), app::Outcome::kFailed);
+    EXPECT_EQ(usersTree.EditMemberOfNode(At(users, Keys::User(9))), app::Outcome::kFailed);
     EXPECT_EQ(ChildTexts(users, folder), before);
     log.FailAt = nullptr;
   });
@@ -162,7 +164,7 @@ TEST_F(Folders, AFolderThatCannotBeReadKeepsWhatItShowedAndTheBuilderIsNamed) {
 
 TEST_F(Folders, AnAccountWithoutFoldersIsLeftAlone) {
   RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree&) {
-    const int martin = At(Users(window), L"\\TUS \\U9");
+    const int martin = At(Users(window), Keys::User(9));
     Users(window).RemoveChildren(martin);
     EXPECT_FALSE(Users(window).Nodes().HasChildren(martin));
     log.statements.clear();

@@ -5,10 +5,12 @@
 #include "dialogs/frmAddUserInGroup.h"
 #include "dialogs/frmListItem.h"
 #include "tests/browser/CommandTest.h"
+#include "tests/support/keys/Keys.h"
 
 namespace browser {
 namespace {
 
+using test_support::Keys;
 using Rows = std::vector<std::vector<std::string>>;
 using controls::ListBox;
 
@@ -63,10 +65,10 @@ class LinkAssignment : public CommandTest {
 
 TEST_F(LinkAssignment, OfGroupsToAUserWritesThemAndUpdatesHimAndEveryGroup) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TMO \\U9 \\G");
+    Select(window, 0, Keys::GroupsOfUser(9));
     log.statements.clear();
     ExpectChooser(L"Groupes", L"Membre du Groupe", 9, {6, 3});
-    user.Click(window.Users.cmdMemberOf[0]);
+    user.Click(window.Users.cmdMemberOf[kAssignButton]);
     EXPECT_EQ(log.statements,
               Joined({data::SqlSelectAllGroups(), data::SqlSelectUserGroupIds(9),
                       data::SqlSelectMembership(9, 3), data::SqlSelectMembership(9, 6),
@@ -74,19 +76,19 @@ TEST_F(LinkAssignment, OfGroupsToAUserWritesThemAndUpdatesHimAndEveryGroup) {
                      GroupRebuild(window)));
     EXPECT_EQ(Raw().Rows("SELECT GROUPID FROM QRUSGP WHERE USERID = 9 ORDER BY 1"),
               (Rows{{"2"}, {"3"}, {"6"}, {"7"}, {"12"}}));
-    EXPECT_TRUE(Has(window, 0, L"\\TGU \\U9 \\G6"));
-    EXPECT_TRUE(Has(window, 0, L"\\TPA \\U9 \\P23"));
-    EXPECT_TRUE(Has(window, 1, L"\\TUG \\G6 \\U9"));
+    EXPECT_TRUE(Has(window, 0, Keys::GroupOfUser(9, 6)));
+    EXPECT_TRUE(Has(window, 0, Keys::AnyPermission(9, 23)));
+    EXPECT_TRUE(Has(window, 1, Keys::MemberOfGroup(6, 9)));
     ExpectInStep(window);
   });
 }
 
 TEST_F(LinkAssignment, OfPermissionsToAUserWritesThemAndUpdatesHisFolders) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TUP \\U9 \\P");
+    Select(window, 0, Keys::OwnPermissions(9));
     log.statements.clear();
     ExpectChooser(L"Permissions", L"Droits Utilisateur", 9, {16, 30});
-    user.Click(window.Users.cmdUserPermission[0]);
+    user.Click(window.Users.cmdUserPermission[kAssignButton]);
     EXPECT_EQ(
         log.statements,
         (Strings{data::SqlSelectAllPermissions(), data::SqlSelectUserPermIds(9),
@@ -94,14 +96,14 @@ TEST_F(LinkAssignment, OfPermissionsToAUserWritesThemAndUpdatesHisFolders) {
                  data::SqlSelectUserPermissionNames(9), data::SqlSelectInheritedPermissions(9)}));
     EXPECT_EQ(Raw().Rows("SELECT PERMID FROM QRUPRM WHERE USERID = 9 ORDER BY 1"),
               (Rows{{"14"}, {"16"}, {"20"}, {"30"}}));
-    EXPECT_TRUE(Has(window, 0, L"\\TPA \\U9 \\P30"));
+    EXPECT_TRUE(Has(window, 0, Keys::AnyPermission(9, 30)));
     ExpectInStep(window);
   });
 }
 
 TEST_F(LinkAssignment, OfMembersToAGroupAddsThemAndUpdatesItAndEveryUser) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, L"\\TMS \\G6 \\U");
+    Select(window, 1, Keys::MembersOfGroup(6));
     log.statements.clear();
     ExpectMembersChooser({9, 40}, [](dialogs::frmAddUserInGroup& dialog) {
       EXPECT_TRUE(dialog.IsRemoveAdmin);
@@ -112,32 +114,33 @@ TEST_F(LinkAssignment, OfMembersToAGroupAddsThemAndUpdatesItAndEveryUser) {
       EXPECT_EQ(dialog.Caption(),
                 L"Ajouter des Utilisateurs : Qualité (Contrôle final et réclamations)");
     });
-    user.Click(window.Groups.cmdMember[0]);
+    user.Click(window.Groups.cmdMember[kAssignButton]);
     EXPECT_EQ(log.statements,
               Joined(Joined({data::SqlSelectAllUsers(), data::SqlSelectGroupUsers(6)},
                             MembershipLookups()),
                      Joined({data::SqlSelectGroupUsers(6)}, UserRebuild(window))));
     EXPECT_EQ(Raw().Rows("SELECT USERID FROM QRUSGP WHERE GROUPID = 6 ORDER BY 1"),
               (Rows{{"9"}, {"15"}, {"21"}, {"34"}, {"38"}, {"40"}}));
-    EXPECT_TRUE(Has(window, 1, L"\\TUG \\G6 \\U9"));
-    EXPECT_TRUE(Has(window, 0, L"\\TPA \\U40 \\P23"));
+    EXPECT_TRUE(Has(window, 1, Keys::MemberOfGroup(6, 9)));
+    EXPECT_TRUE(Has(window, 0, Keys::AnyPermission(40, 23)));
     ExpectInStep(window);
   });
 }
 
 TEST_F(LinkAssignment, OfPermissionsToAGroupAddsThemAndUpdatesEveryUsersPermissions) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, L"\\TGP \\G6 \\P");
+    Select(window, 1, Keys::GroupPermissions(6));
     log.statements.clear();
     ExpectChooser(L"Permissions", L"Droits du Groupe", 6, {30});
-    user.Click(window.Groups.cmdGroupPermission[0]);
+    user.Click(window.Groups.cmdGroupPermission[kAssignButton]);
     EXPECT_EQ(
         log.statements,
         Joined({data::SqlSelectAllPermissions(), data::SqlSelectGroupPermIds(6),
                 data::SqlSelectGroupPermission(6, 30), data::SqlSelectGroupPermissionNames(6)},
                AllPermissionsRebuild(window)));
     EXPECT_EQ(Raw().Number("SELECT COUNT(*) FROM QRGPRM WHERE GROUPID = 6 AND PERMID = 30"), 1);
-    for (const wchar_t* key : {L"\\TPA \\U15 \\P30", L"\\TPA \\U21 \\P30", L"\\TPA \\U38 \\P30"}) {
+    for (const std::wstring& key :
+         {Keys::AnyPermission(15, 30), Keys::AnyPermission(21, 30), Keys::AnyPermission(38, 30)}) {
       EXPECT_TRUE(Has(window, 0, key));
     }
     ExpectInStep(window);
@@ -146,7 +149,7 @@ TEST_F(LinkAssignment, OfPermissionsToAGroupAddsThemAndUpdatesEveryUsersPermissi
 
 TEST_F(LinkAssignment, TellsTheMembersDialogThatAdminStaysInAdministrators) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, L"\\TGR \\G1");
+    Select(window, 1, Keys::Group(1));
     ExpectMembersChooser({9}, [this](dialogs::frmAddUserInGroup& dialog) {
       EXPECT_FALSE(dialog.IsRemoveAdmin);
       EXPECT_EQ(dialog.adminUserId, 1);
@@ -154,7 +157,7 @@ TEST_F(LinkAssignment, TellsTheMembersDialogThatAdminStaysInAdministrators) {
       user.ExpectMsgBox({.answer = controls::kResultOk, .style = controls::kInformation});
       user.Click(dialog.cmdBtn[4]);
     });
-    user.Click(window.Groups.cmdMember[0]);
+    user.Click(window.Groups.cmdMember[kAssignButton]);
     EXPECT_EQ(Raw().Rows("SELECT USERID FROM QRUSGP WHERE GROUPID = 1 ORDER BY 1"),
               (Rows{{"1"}, {"2"}, {"9"}}));
     ExpectInStep(window);
@@ -163,17 +166,17 @@ TEST_F(LinkAssignment, TellsTheMembersDialogThatAdminStaysInAdministrators) {
 
 TEST_F(LinkAssignment, ThatEmptiesAGroupTakesEveryMembershipOfIt) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, L"\\TUG \\G6 \\U15");
+    Select(window, 1, Keys::MemberOfGroup(6, 15));
     ExpectMembersChooser({}, [this](dialogs::frmAddUserInGroup& dialog) {
       user.Click(dialog.cmdBtn[4]);
       log.statements.clear();
     });
-    user.Click(window.Groups.cmdMember[0]);
+    user.Click(window.Groups.cmdMember[kAssignButton]);
     EXPECT_EQ(log.statements, Joined({L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID =  6",
                                       data::SqlSelectGroupUsers(6)},
                                      UserRebuild(window)));
-    EXPECT_EQ(Selected(window, 1), L"\\TMS \\G6 \\U");
-    EXPECT_FALSE(window.Groups.cmdMember[1].Enabled());
+    EXPECT_EQ(Selected(window, 1), Keys::MembersOfGroup(6));
+    EXPECT_FALSE(window.Groups.cmdMember[kRemoveButton].Enabled());
     ExpectInStep(window);
   });
 }
@@ -181,18 +184,24 @@ TEST_F(LinkAssignment, ThatEmptiesAGroupTakesEveryMembershipOfIt) {
 TEST_F(LinkAssignment, KeepsSelectionAndExpansion) {
   struct Case {
     int tree;
-    const wchar_t* key;
+    std::wstring key;
     controls::CommandButton* (*button)(frmUserGroupPerm& window);
   };
   const Case cases[] = {
-      {0, L"\\TGU \\U9 \\G7", [](frmUserGroupPerm& w) { return &w.Users.cmdMemberOf[0]; }},
-      {0, L"\\TPU \\U9 \\P14", [](frmUserGroupPerm& w) { return &w.Users.cmdUserPermission[0]; }},
-      {1, L"\\TPG \\G6 \\P21", [](frmUserGroupPerm& w) { return &w.Groups.cmdGroupPermission[0]; }},
-      {0, L"\\TUS \\U3", [](frmUserGroupPerm& w) { return &w.Users.cmdMemberOf[0]; }},
-      {0, L"\\TUS \\U3", [](frmUserGroupPerm& w) { return &w.Users.cmdUserPermission[0]; }},
-      {1, L"\\TGR \\G12", [](frmUserGroupPerm& w) { return &w.Groups.cmdGroupPermission[0]; }},
-      {1, L"\\TUG \\G6 \\U34", [](frmUserGroupPerm& w) { return &w.Groups.cmdMember[0]; }},
-      {1, L"\\TGR \\G12", [](frmUserGroupPerm& w) { return &w.Groups.cmdMember[0]; }},
+      {0, Keys::GroupOfUser(9, 7),
+       [](frmUserGroupPerm& w) { return &w.Users.cmdMemberOf[kAssignButton]; }},
+      {0, Keys::OwnPermission(9, 14),
+       [](frmUserGroupPerm& w) { return &w.Users.cmdUserPermission[kAssignButton]; }},
+      {1, Keys::GroupPermission(6, 21),
+       [](frmUserGroupPerm& w) { return &w.Groups.cmdGroupPermission[kAssignButton]; }},
+      {0, Keys::User(3), [](frmUserGroupPerm& w) { return &w.Users.cmdMemberOf[kAssignButton]; }},
+      {0, Keys::User(3),
+       [](frmUserGroupPerm& w) { return &w.Users.cmdUserPermission[kAssignButton]; }},
+      {1, Keys::Group(12),
+       [](frmUserGroupPerm& w) { return &w.Groups.cmdGroupPermission[kAssignButton]; }},
+      {1, Keys::MemberOfGroup(6, 34),
+       [](frmUserGroupPerm& w) { return &w.Groups.cmdMember[kAssignButton]; }},
+      {1, Keys::Group(12), [](frmUserGroupPerm& w) { return &w.Groups.cmdMember[kAssignButton]; }},
   };
   for (const Case& test : cases) {
     UseSample();
@@ -229,7 +238,7 @@ TEST_F(LinkAssignment, KeepsSelectionAndExpansion) {
 TEST_F(LinkAssignment, OfNothingTickedOrCancelledChangesNoNode) {
   Run([this](frmUserGroupPerm& window) {
     const Strings before = Look(window);
-    const auto nothing = [&](int tree, const wchar_t* key, controls::CommandButton& button) {
+    const auto nothing = [&](int tree, const std::wstring& key, controls::CommandButton& button) {
       Select(window, tree, key);
       user.ExpectModal([this](controls::Form& form) {
         user.Click(dynamic_cast<dialogs::frmListItem&>(form).cmdOK);
@@ -247,15 +256,15 @@ TEST_F(LinkAssignment, OfNothingTickedOrCancelledChangesNoNode) {
       user.Click(button);
       EXPECT_TRUE(log.statements.empty());
     };
-    nothing(0, L"\\TMO \\U9 \\G", window.Users.cmdMemberOf[0]);
-    nothing(0, L"\\TUP \\U9 \\P", window.Users.cmdUserPermission[0]);
-    nothing(1, L"\\TGP \\G6 \\P", window.Groups.cmdGroupPermission[0]);
-    Select(window, 1, L"\\TMS \\G6 \\U");
+    nothing(0, Keys::GroupsOfUser(9), window.Users.cmdMemberOf[kAssignButton]);
+    nothing(0, Keys::OwnPermissions(9), window.Users.cmdUserPermission[kAssignButton]);
+    nothing(1, Keys::GroupPermissions(6), window.Groups.cmdGroupPermission[kAssignButton]);
+    Select(window, 1, Keys::MembersOfGroup(6));
     user.ExpectModal([this](controls::Form& form) {
       user.PressKey(form, test_support::kKeyEscape);
       log.statements.clear();
     });
-    user.Click(window.Groups.cmdMember[0]);
+    user.Click(window.Groups.cmdMember[kAssignButton]);
     EXPECT_TRUE(log.statements.empty());
     EXPECT_EQ(Look(window), before);
   });
@@ -264,51 +273,51 @@ TEST_F(LinkAssignment, OfNothingTickedOrCancelledChangesNoNode) {
 TEST_F(LinkAssignment, WithoutAnAccountOpensNothing) {
   Run([this](frmUserGroupPerm& window) {
     log.statements.clear();
-    window.Users.cmdMemberOf_Click(0);
-    window.Users.cmdUserPermission_Click(0);
+    window.Users.cmdMemberOf_Click(kAssignButton);
+    window.Users.cmdUserPermission_Click(kAssignButton);
     user.ChooseTab(window.TabStrip1, 1);
-    window.Groups.cmdMember_Click(0);
-    window.Groups.cmdGroupPermission_Click(0);
+    window.Groups.cmdMember_Click(kAssignButton);
+    window.Groups.cmdGroupPermission_Click(kAssignButton);
     EXPECT_TRUE(log.statements.empty());
   });
 }
 
 TEST_F(LinkAssignment, ForgetsWhatAnEarlierDialogHasHandedBack) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TUS \\U9");
+    Select(window, 0, Keys::User(9));
     window.exchange.AddNode = true;
     user.ExpectModal([](controls::Form& form) { form.Unload(); });
-    user.Click(window.Users.cmdMemberOf[0]);
+    user.Click(window.Users.cmdMemberOf[kAssignButton]);
     EXPECT_FALSE(window.exchange.AddNode);
   });
 }
 
 TEST_F(LinkAssignment, OnTheUsersTabBringsBackInStepWhatARemovalThereHadLeft) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TGU \\U9 \\G12");
+    Select(window, 0, Keys::GroupOfUser(9, 12));
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce membre du groupe ?");
-    user.Click(window.Users.cmdMemberOf[1]);
-    EXPECT_TRUE(Has(window, 1, L"\\TUG \\G12 \\U9"));
+    user.Click(window.Users.cmdMemberOf[kRemoveButton]);
+    EXPECT_TRUE(Has(window, 1, Keys::MemberOfGroup(12, 9)));
     ExpectChooser(L"Groupes", L"Membre du Groupe", 9, {6});
-    user.Click(window.Users.cmdMemberOf[0]);
-    EXPECT_FALSE(Has(window, 1, L"\\TUG \\G12 \\U9"));
+    user.Click(window.Users.cmdMemberOf[kAssignButton]);
+    EXPECT_FALSE(Has(window, 1, Keys::MemberOfGroup(12, 9)));
     ExpectInStep(window);
   });
 }
 
 TEST_F(LinkAssignment, OfAGroupToAdminIsNoEditOfHimAndShowsInBothTrees) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TUS \\U1");
+    Select(window, 0, Keys::User(1));
     ExpectChooser(L"Groupes", L"Membre du Groupe", 1, {6});
-    user.Click(window.Users.cmdMemberOf[0]);
-    EXPECT_TRUE(Has(window, 1, L"\\TUG \\G6 \\U1"));
+    user.Click(window.Users.cmdMemberOf[kAssignButton]);
+    EXPECT_TRUE(Has(window, 1, Keys::MemberOfGroup(6, 1)));
     ExpectInStep(window);
   });
 }
 
 TEST_F(LinkAssignment, OfALinkThatSomebodyElseHasMadeMeanwhileIsReportedAndKeepsWhatWasWritten) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TUS \\U9");
+    Select(window, 0, Keys::User(9));
     const Strings before = Look(window);
     user.ExpectModal([this](controls::Form& form) {
       auto& dialog = dynamic_cast<dialogs::frmListItem&>(form);
@@ -317,13 +326,13 @@ TEST_F(LinkAssignment, OfALinkThatSomebodyElseHasMadeMeanwhileIsReportedAndKeeps
       user.ExpectMsgBox({.answer = controls::kResultOk, .style = controls::kExclamation});
       user.Click(dialog.cmdOK);
     });
-    user.Click(window.Users.cmdMemberOf[0]);
+    user.Click(window.Users.cmdMemberOf[kAssignButton]);
     EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"UpdateData Error ["));
     EXPECT_FALSE(window.exchange.AddNode);
     EXPECT_EQ(Look(window), before);
     EXPECT_EQ(Raw().Number("SELECT COUNT(*) FROM QRUSGP WHERE USERID = 9 AND GROUPID = 3"), 1);
     EXPECT_EQ(window.RefreshTree(), app::Outcome::kDone);
-    EXPECT_TRUE(Has(window, 0, L"\\TGU \\U9 \\G3"));
+    EXPECT_TRUE(Has(window, 0, Keys::GroupOfUser(9, 3)));
   });
 }
 

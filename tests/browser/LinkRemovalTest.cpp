@@ -2,10 +2,12 @@
 
 #include "data/MSQLStatement.h"
 #include "tests/browser/CommandTest.h"
+#include "tests/support/keys/Keys.h"
 
 namespace browser {
 namespace {
 
+using test_support::Keys;
 using Rows = std::vector<std::vector<std::string>>;
 using controls::kExclamation;
 using controls::kInformation;
@@ -24,8 +26,8 @@ struct Removal {
   int tree;
   controls::CommandButton* (*button)(frmUserGroupPerm& window);
   void (*handler)(frmUserGroupPerm& window, int Index);
-  const wchar_t* leaf;
-  const wchar_t* folder;
+  std::wstring leaf;
+  std::wstring folder;
   const wchar_t* question;
   std::wstring statement;
   std::wstring reread;  // of the leaf's folder
@@ -35,25 +37,25 @@ struct Removal {
 // Martin (9) is in Laboratoire (12) and holds 14; L'Hermitte (15) is in Qualité (6), which
 // gives 21.
 const Removal kRemovals[] = {
-    {0, [](frmUserGroupPerm& window) { return &window.Users.cmdMemberOf[1]; },
+    {0, [](frmUserGroupPerm& window) { return &window.Users.cmdMemberOf[kRemoveButton]; },
      [](frmUserGroupPerm& window, int Index) { window.Users.cmdMemberOf_Click(Index); },
-     L"\\TGU \\U9 \\G12", L"\\TMO \\U9 \\G", kAskMembership,
+     Keys::GroupOfUser(9, 12), Keys::GroupsOfUser(9), kAskMembership,
      L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID = 12 and QRUSGP.USERID =9",
      data::SqlSelectUserGroups(9), "SELECT COUNT(*) FROM QRUSGP WHERE USERID = 9 AND GROUPID = 12"},
-    {0, [](frmUserGroupPerm& window) { return &window.Users.cmdUserPermission[1]; },
+    {0, [](frmUserGroupPerm& window) { return &window.Users.cmdUserPermission[kRemoveButton]; },
      [](frmUserGroupPerm& window, int Index) { window.Users.cmdUserPermission_Click(Index); },
-     L"\\TPU \\U9 \\P14", L"\\TUP \\U9 \\P", kAskUserPermission,
+     Keys::OwnPermission(9, 14), Keys::OwnPermissions(9), kAskUserPermission,
      L"DELETE FROM QRUPRM WHERE QRUPRM.PERMID = 14 and QRUPRM.USERID =9",
      data::SqlSelectUserPermissionNames(9),
      "SELECT COUNT(*) FROM QRUPRM WHERE USERID = 9 AND PERMID = 14"},
-    {1, [](frmUserGroupPerm& window) { return &window.Groups.cmdMember[1]; },
+    {1, [](frmUserGroupPerm& window) { return &window.Groups.cmdMember[kRemoveButton]; },
      [](frmUserGroupPerm& window, int Index) { window.Groups.cmdMember_Click(Index); },
-     L"\\TUG \\G6 \\U15", L"\\TMS \\G6 \\U", kAskMember,
+     Keys::MemberOfGroup(6, 15), Keys::MembersOfGroup(6), kAskMember,
      L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID = 6 and QRUSGP.USERID =15",
      data::SqlSelectGroupUsers(6), "SELECT COUNT(*) FROM QRUSGP WHERE USERID = 15 AND GROUPID = 6"},
-    {1, [](frmUserGroupPerm& window) { return &window.Groups.cmdGroupPermission[1]; },
+    {1, [](frmUserGroupPerm& window) { return &window.Groups.cmdGroupPermission[kRemoveButton]; },
      [](frmUserGroupPerm& window, int Index) { window.Groups.cmdGroupPermission_Click(Index); },
-     L"\\TPG \\G6 \\P21", L"\\TGP \\G6 \\P", kAskGroupPermission,
+     Keys::GroupPermission(6, 21), Keys::GroupPermissions(6), kAskGroupPermission,
      L"DELETE FROM QRGPRM WHERE QRGPRM.PERMID = 21 and QRGPRM.GROUPID =6",
      data::SqlSelectGroupPermissionNames(6),
      "SELECT COUNT(*) FROM QRGPRM WHERE GROUPID = 6 AND PERMID = 21"},
@@ -83,7 +85,7 @@ class LinkRemoval : public CommandTest {
     Raw().Execute("DELETE" + sql.substr(sql.find(" FROM")));
   }
   static Strings Stale(const Removal& removal) {
-    return removal.question == kAskMembership ? Strings{L"\\TUG \\G12 \\U9"} : Strings{};
+    return removal.question == kAskMembership ? Strings{Keys::MemberOfGroup(12, 9)} : Strings{};
   }
 };
 
@@ -112,53 +114,55 @@ TEST_F(LinkRemoval, LeavesTheTreesAsARefreshShowsThemButForWhatTheUsersTabLeaves
 TEST_F(LinkRemoval, OfAMembershipOnTheUsersTabUpdatesThatUsersPermissionsAndNotTheGroups) {
   Run([this](frmUserGroupPerm& window) {
     const Removal& membership = kRemovals[0];
-    const Strings groups = ChildTexts(window.Groups.TreeView1, At(window, 1, L"\\TMS \\G12 \\U"));
+    const Strings groups =
+        ChildTexts(window.Groups.TreeView1, At(window, 1, Keys::MembersOfGroup(12)));
     // 20 is Martin's own, too; without that it would come from the group alone.
     Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 9 AND PERMID = 20");
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (8, 12)");
     EXPECT_EQ(window.RefreshTree(), app::Outcome::kDone);
-    EXPECT_TRUE(Has(window, 0, L"\\TPA \\U9 \\P20"));
+    EXPECT_TRUE(Has(window, 0, Keys::AnyPermission(9, 20)));
     Remove(window, membership);
-    EXPECT_FALSE(Has(window, 0, L"\\TPA \\U9 \\P20"));
-    EXPECT_TRUE(Has(window, 0, L"\\TPA \\U8 \\P20"));
-    EXPECT_TRUE(Has(window, 1, L"\\TUG \\G12 \\U9"));
-    EXPECT_EQ(ChildTexts(window.Groups.TreeView1, At(window, 1, L"\\TMS \\G12 \\U")).size(),
+    EXPECT_FALSE(Has(window, 0, Keys::AnyPermission(9, 20)));
+    EXPECT_TRUE(Has(window, 0, Keys::AnyPermission(8, 20)));
+    EXPECT_TRUE(Has(window, 1, Keys::MemberOfGroup(12, 9)));
+    EXPECT_EQ(ChildTexts(window.Groups.TreeView1, At(window, 1, Keys::MembersOfGroup(12))).size(),
               groups.size() + 1);
     user.Click(window.cmdBtn[0]);
-    EXPECT_FALSE(Has(window, 1, L"\\TUG \\G12 \\U9"));
+    EXPECT_FALSE(Has(window, 1, Keys::MemberOfGroup(12, 9)));
   });
 }
 
 TEST_F(LinkRemoval, OfThatSameMembershipOnTheGroupsTabUpdatesTheUsersAtOnce) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, L"\\TUG \\G12 \\U9");
+    Select(window, 1, Keys::MemberOfGroup(12, 9));
     ExpectQuestion(kResultYes, kAskMember);
-    user.Click(window.Groups.cmdMember[1]);
-    EXPECT_FALSE(Has(window, 0, L"\\TGU \\U9 \\G12"));
+    user.Click(window.Groups.cmdMember[kRemoveButton]);
+    EXPECT_FALSE(Has(window, 0, Keys::GroupOfUser(9, 12)));
     ExpectInStep(window);
   });
 }
 
 TEST_F(LinkRemoval, OfAGroupsPermissionTakesItFromEveryUserWhoHadItThroughThatGroup) {
   Run([this](frmUserGroupPerm& window) {
-    for (const wchar_t* key :
-         {L"\\TPA \\U15 \\P21", L"\\TPA \\U34 \\P21", L"\\TPA \\U38 \\P21", L"\\TPA \\U21 \\P21"}) {
+    for (const std::wstring& key : {Keys::AnyPermission(15, 21), Keys::AnyPermission(34, 21),
+                                    Keys::AnyPermission(38, 21), Keys::AnyPermission(21, 21)}) {
       EXPECT_TRUE(Has(window, 0, key));
     }
     Remove(window, kRemovals[3]);
-    for (const wchar_t* key : {L"\\TPA \\U15 \\P21", L"\\TPA \\U34 \\P21", L"\\TPA \\U38 \\P21"}) {
+    for (const std::wstring& key :
+         {Keys::AnyPermission(15, 21), Keys::AnyPermission(34, 21), Keys::AnyPermission(38, 21)}) {
       EXPECT_FALSE(Has(window, 0, key));
     }
     // Guérin holds it himself as well.
-    EXPECT_TRUE(Has(window, 0, L"\\TPA \\U21 \\P21"));
+    EXPECT_TRUE(Has(window, 0, Keys::AnyPermission(21, 21)));
   });
 }
 
 TEST_F(LinkRemoval, OfAUsersPermissionLeavesItAmongAllWhereAGroupGivesIt) {
   Run([this](frmUserGroupPerm& window) {
     Remove(window, kRemovals[1]);
-    EXPECT_TRUE(Has(window, 0, L"\\TPA \\U9 \\P14"));
-    EXPECT_EQ(user.TipOf(window.Users.TreeView1, At(window, 0, L"\\TPA \\U9 \\P14")),
+    EXPECT_TRUE(Has(window, 0, Keys::AnyPermission(9, 14)));
+    EXPECT_EQ(user.TipOf(window.Users.TreeView1, At(window, 0, Keys::AnyPermission(9, 14))),
               L"Par le groupe Production");
   });
 }
@@ -166,9 +170,8 @@ TEST_F(LinkRemoval, OfAUsersPermissionLeavesItAmongAllWhereAGroupGivesIt) {
 TEST_F(LinkRemoval, OnAFolderOrAnyOtherNodeWarnsInTwoLinesAndStops) {
   Run([this](frmUserGroupPerm& window) {
     const Strings before = Look(window);
-    const auto warn = [&](const Removal& removal, const wchar_t* text,
-                          std::initializer_list<const wchar_t*> keys) {
-      for (const wchar_t* key : keys) {
+    const auto warn = [&](const Removal& removal, const wchar_t* text, const Strings& keys) {
+      for (const std::wstring& key : keys) {
         Select(window, removal.tree, key);
         log.statements.clear();
         ExpectWarning(text, kInformation);
@@ -179,23 +182,25 @@ TEST_F(LinkRemoval, OnAFolderOrAnyOtherNodeWarnsInTwoLinesAndStops) {
     warn(kRemovals[0],
          L"Sélectionnez le groupe à supprimer puis cliquez sur\r\n"
          L"le bouton Supprimer dans la section Membre du Groupe.",
-         {L"\\TRT ", L"\\TUS \\U9", L"\\TMO \\U9 \\G", L"\\TUP \\U9 \\P", L"\\TPU \\U9 \\P14",
-          L"\\TAP \\U9 \\P", L"\\TPA \\U9 \\P16"});
+         {Keys::Root(), Keys::User(9), Keys::GroupsOfUser(9), Keys::OwnPermissions(9),
+          Keys::OwnPermission(9, 14), Keys::AllPermissions(9), Keys::AnyPermission(9, 16)});
     warn(kRemovals[1],
          L"Sélectionnez la permission à supprimer puis cliquez sur \r\n"
          L"le bouton Supprimer dans la section Droits Utilisateur.",
-         {L"\\TRT ", L"\\TUS \\U9", L"\\TMO \\U9 \\G", L"\\TGU \\U9 \\G12", L"\\TUP \\U9 \\P",
-          L"\\TAP \\U9 \\P", L"\\TPA \\U9 \\P14"});
+         {Keys::Root(), Keys::User(9), Keys::GroupsOfUser(9), Keys::GroupOfUser(9, 12),
+          Keys::OwnPermissions(9), Keys::AllPermissions(9), Keys::AnyPermission(9, 14)});
     warn(kRemovals[2],
          L"Sélectionnez le groupe à supprimer puis cliquez sur\r\n"
          L"le bouton Supprimer dans la section Membres du Groupe.",
-         {L"\\TRT ", L"\\TGR \\G6", L"\\TMS \\G6 \\U", L"\\TGP \\G6 \\P", L"\\TPG \\G6 \\P21",
-          L"\\TGR \\G2", L"\\TMS \\G2 \\U", L"\\TGP \\G2 \\P"});
+         {Keys::Root(), Keys::Group(6), Keys::MembersOfGroup(6), Keys::GroupPermissions(6),
+          Keys::GroupPermission(6, 21), Keys::Group(2), Keys::MembersOfGroup(2),
+          Keys::GroupPermissions(2)});
     warn(kRemovals[3],
          L"Sélectionnez la permission à supprimer puis cliquez sur \r\n"
          L"le bouton Supprimer dans la section Droits Groupe.",
-         {L"\\TRT ", L"\\TGR \\G6", L"\\TMS \\G6 \\U", L"\\TUG \\G6 \\U15", L"\\TGP \\G6 \\P",
-          L"\\TGR \\G1", L"\\TMS \\G1 \\U", L"\\TUG \\G1 \\U1", L"\\TGP \\G1 \\P"});
+         {Keys::Root(), Keys::Group(6), Keys::MembersOfGroup(6), Keys::MemberOfGroup(6, 15),
+          Keys::GroupPermissions(6), Keys::Group(1), Keys::MembersOfGroup(1),
+          Keys::MemberOfGroup(1, 1), Keys::GroupPermissions(1)});
     EXPECT_EQ(Look(window), before);
   });
 }
@@ -206,8 +211,8 @@ TEST_F(LinkRemoval, AnsweredWithNoChangesNothingAndSetsTheButtonsAgain) {
       SelectLeaf(window, removal);
       const Strings before = Look(window);
       ExpectQuestion(kResultNo, removal.question);
-      controls::CommandButton& edit =
-          removal.tree == 0 ? window.Users.cmdUser[0] : window.Groups.cmdGroup[0];
+      controls::CommandButton& edit = removal.tree == 0 ? window.Users.cmdUser[kEditButton]
+                                                        : window.Groups.cmdGroup[kEditButton];
       edit.SetEnabled(false);
       Press(window, removal);
       EXPECT_TRUE(log.statements.empty());
@@ -264,8 +269,8 @@ TEST_F(LinkRemoval, ShowsInTheReadFolderWhatElseSomebodyHasChangedThere) {
     ExpectQuestion(kResultYes, kAskMember);
     ExpectChangedMeanwhile();
     Press(window, kRemovals[2]);
-    EXPECT_TRUE(Has(window, 1, L"\\TUG \\G6 \\U9"));
-    EXPECT_TRUE(Has(window, 0, L"\\TGU \\U9 \\G6"));
+    EXPECT_TRUE(Has(window, 1, Keys::MemberOfGroup(6, 9)));
+    EXPECT_TRUE(Has(window, 0, Keys::GroupOfUser(9, 6)));
     ExpectInStep(window);
   });
 }
@@ -273,17 +278,17 @@ TEST_F(LinkRemoval, ShowsInTheReadFolderWhatElseSomebodyHasChangedThere) {
 TEST_F(LinkRemoval, PassesTheSelectionToTheNextLinkAndKeepsTheFoldersOpen) {
   Run([this](frmUserGroupPerm& window) {
     Remove(window, kRemovals[0]);
-    EXPECT_EQ(Selected(window, 0), L"\\TGU \\U9 \\G7");
-    EXPECT_TRUE(window.Users.cmdMemberOf[1].Enabled());
-    EXPECT_TRUE(window.Users.TreeView1.Nodes().Expanded(At(window, 0, L"\\TUS \\U9")));
-    EXPECT_TRUE(window.Users.TreeView1.Nodes().Expanded(At(window, 0, L"\\TMO \\U9 \\G")));
+    EXPECT_EQ(Selected(window, 0), Keys::GroupOfUser(9, 7));
+    EXPECT_TRUE(window.Users.cmdMemberOf[kRemoveButton].Enabled());
+    EXPECT_TRUE(window.Users.TreeView1.Nodes().Expanded(At(window, 0, Keys::User(9))));
+    EXPECT_TRUE(window.Users.TreeView1.Nodes().Expanded(At(window, 0, Keys::GroupsOfUser(9))));
     EXPECT_EQ(window.exchange.UserID, 9);
     EXPECT_EQ(window.exchange.GroupID, 7);
     ExpectQuestion(kResultYes, kAskMembership);
-    user.Click(window.Users.cmdMemberOf[1]);
+    user.Click(window.Users.cmdMemberOf[kRemoveButton]);
     // Nobody leaves Everyone, which is left.
-    EXPECT_EQ(Selected(window, 0), L"\\TGU \\U9 \\G2");
-    EXPECT_FALSE(window.Users.cmdMemberOf[1].Enabled());
+    EXPECT_EQ(Selected(window, 0), Keys::GroupOfUser(9, 2));
+    EXPECT_FALSE(window.Users.cmdMemberOf[kRemoveButton].Enabled());
   });
 }
 
@@ -291,8 +296,8 @@ TEST_F(LinkRemoval, OfTheLastLinkPassesTheSelectionToTheFolder) {
   Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 9 AND PERMID = 20");
   Run([this](frmUserGroupPerm& window) {
     Remove(window, kRemovals[1]);
-    EXPECT_EQ(Selected(window, 0), L"\\TUP \\U9 \\P");
-    EXPECT_FALSE(window.Users.cmdUserPermission[1].Enabled());
+    EXPECT_EQ(Selected(window, 0), Keys::OwnPermissions(9));
+    EXPECT_FALSE(window.Users.cmdUserPermission[kRemoveButton].Enabled());
     EXPECT_EQ(window.Users.selectedPermId, -1);
     ExpectInStep(window);
   });
@@ -300,36 +305,36 @@ TEST_F(LinkRemoval, OfTheLastLinkPassesTheSelectionToTheFolder) {
 
 TEST_F(LinkRemoval, KeepsTheOtherTabsSelectionWhereItsNodeIsStillThere) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TPA \\U15 \\P20");
+    Select(window, 0, Keys::AnyPermission(15, 20));
     Remove(window, kRemovals[3]);
-    EXPECT_EQ(Selected(window, 0), L"\\TPA \\U15 \\P20");
-    EXPECT_TRUE(window.Users.TreeView1.Nodes().Expanded(At(window, 0, L"\\TAP \\U15 \\P")));
+    EXPECT_EQ(Selected(window, 0), Keys::AnyPermission(15, 20));
+    EXPECT_TRUE(window.Users.TreeView1.Nodes().Expanded(At(window, 0, Keys::AllPermissions(15))));
   });
 }
 
 TEST_F(LinkRemoval, SetsTheOtherTabsButtonsForWhatItsSelectionHasPassedTo) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TGU \\U15 \\G6");
-    EXPECT_TRUE(window.Users.cmdMemberOf[1].Enabled());
+    Select(window, 0, Keys::GroupOfUser(15, 6));
+    EXPECT_TRUE(window.Users.cmdMemberOf[kRemoveButton].Enabled());
     Remove(window, kRemovals[2]);
-    EXPECT_EQ(Selected(window, 0), L"\\TGU \\U15 \\G2");
+    EXPECT_EQ(Selected(window, 0), Keys::GroupOfUser(15, 2));
     user.ChooseTab(window.TabStrip1, 0);
-    EXPECT_FALSE(window.Users.cmdMemberOf[1].Enabled());
+    EXPECT_FALSE(window.Users.cmdMemberOf[kRemoveButton].Enabled());
   });
 }
 
 TEST_F(LinkRemoval, OfAdminFromAdministratorsIsRefusedBeforeAnythingIsAsked) {
   Run([this](frmUserGroupPerm& window) {
     const Strings before = Look(window);
-    Select(window, 1, L"\\TUG \\G1 \\U1");
+    Select(window, 1, Keys::MemberOfGroup(1, 1));
     log.statements.clear();
     ExpectWarning(
         L"Impossible de supprimer l'utilisateur de 'Admin (Administrateur principal)' le groupe.",
         kInformation);
-    user.Click(window.Groups.cmdMember[1]);
-    Select(window, 0, L"\\TGU \\U1 \\G1");
-    EXPECT_FALSE(window.Users.cmdMemberOf[1].Enabled());
-    window.Users.cmdMemberOf_Click(1);
+    user.Click(window.Groups.cmdMember[kRemoveButton]);
+    Select(window, 0, Keys::GroupOfUser(1, 1));
+    EXPECT_FALSE(window.Users.cmdMemberOf[kRemoveButton].Enabled());
+    window.Users.cmdMemberOf_Click(kRemoveButton);
     EXPECT_TRUE(log.statements.empty());
     EXPECT_EQ(Look(window), before);
     EXPECT_EQ(Raw().Number("SELECT COUNT(*) FROM QRUSGP WHERE USERID = 1 AND GROUPID = 1"), 1);
@@ -338,9 +343,9 @@ TEST_F(LinkRemoval, OfAdminFromAdministratorsIsRefusedBeforeAnythingIsAsked) {
 
 TEST_F(LinkRemoval, OfAnotherMemberOfAdministratorsIsAllowed) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, L"\\TUG \\G1 \\U2");
+    Select(window, 1, Keys::MemberOfGroup(1, 2));
     ExpectQuestion(kResultYes, kAskMember);
-    user.Click(window.Groups.cmdMember[1]);
+    user.Click(window.Groups.cmdMember[kRemoveButton]);
     EXPECT_EQ(Raw().Rows("SELECT USERID FROM QRUSGP WHERE GROUPID = 1"), (Rows{{"1"}}));
     ExpectInStep(window);
   });
@@ -349,10 +354,10 @@ TEST_F(LinkRemoval, OfAnotherMemberOfAdministratorsIsAllowed) {
 TEST_F(LinkRemoval, OfAdminFromAnOrdinaryGroupIsAllowed) {
   Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (1, 6)");
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, L"\\TUG \\G6 \\U1");
+    Select(window, 1, Keys::MemberOfGroup(6, 1));
     ExpectQuestion(kResultYes, kAskMember);
-    user.Click(window.Groups.cmdMember[1]);
-    EXPECT_FALSE(Has(window, 0, L"\\TGU \\U1 \\G6"));
+    user.Click(window.Groups.cmdMember[kRemoveButton]);
+    EXPECT_FALSE(Has(window, 0, Keys::GroupOfUser(1, 6)));
     ExpectInStep(window);
   });
 }
@@ -362,11 +367,11 @@ TEST_F(LinkRemoval, OfAdminFromAnOrdinaryGroupIsAllowed) {
 TEST_F(LinkRemoval, OfAMemberWhomTheUsersTabHasTakenOutAlreadyReadsTheFolderAgain) {
   Run([this](frmUserGroupPerm& window) {
     Remove(window, kRemovals[0]);
-    Select(window, 1, L"\\TUG \\G12 \\U9");
+    Select(window, 1, Keys::MemberOfGroup(12, 9));
     ExpectQuestion(kResultYes, kAskMember);
     ExpectChangedMeanwhile();
-    user.Click(window.Groups.cmdMember[1]);
-    EXPECT_FALSE(Has(window, 1, L"\\TUG \\G12 \\U9"));
+    user.Click(window.Groups.cmdMember[kRemoveButton]);
+    EXPECT_FALSE(Has(window, 1, Keys::MemberOfGroup(12, 9)));
     ExpectInStep(window);
   });
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "data/Text.h"
 #include "dialogs/frmAddUserInGroup.h"
 #include "dialogs/frmEditGroup.h"
 #include "dialogs/frmEditUser.h"
@@ -7,23 +8,40 @@
 #include "dialogs/frmNewGroup.h"
 #include "dialogs/frmNewUser.h"
 #include "tests/browser/CommandTest.h"
+#include "tests/support/keys/Keys.h"
 
 namespace browser {
 namespace {
 
 using controls::CommandButton;
 using controls::MenuItem;
+using test_support::Keys;
 using Menu = std::vector<MenuItem>;
 
 // A node of each kind, and of each protected account.
-constexpr const wchar_t* kUserNodes[] = {
-    L"\\TRT ",           L"\\TUS \\U9",     L"\\TMO \\U9 \\G",   L"\\TGU \\U9 \\G12",
-    L"\\TGU \\U9 \\G2",  L"\\TUP \\U9 \\P", L"\\TPU \\U9 \\P14", L"\\TAP \\U9 \\P",
-    L"\\TPA \\U9 \\P14", L"\\TUS \\U1",     L"\\TGU \\U1 \\G1",  L"\\TUS \\U2"};
-constexpr const wchar_t* kGroupNodes[] = {
-    L"\\TRT ",           L"\\TGR \\G6",       L"\\TMS \\G6 \\U", L"\\TUG \\G6 \\U15",
-    L"\\TGP \\G6 \\P",   L"\\TPG \\G6 \\P14", L"\\TGR \\G1",     L"\\TUG \\G1 \\U2",
-    L"\\TPG \\G1 \\P29", L"\\TGR \\G2",       L"\\TUG \\G2 \\U9"};
+const std::wstring kUserNodes[] = {Keys::Root(),
+                                   Keys::User(9),
+                                   Keys::GroupsOfUser(9),
+                                   Keys::GroupOfUser(9, 12),
+                                   Keys::GroupOfUser(9, 2),
+                                   Keys::OwnPermissions(9),
+                                   Keys::OwnPermission(9, 14),
+                                   Keys::AllPermissions(9),
+                                   Keys::AnyPermission(9, 14),
+                                   Keys::User(1),
+                                   Keys::GroupOfUser(1, 1),
+                                   Keys::User(2)};
+const std::wstring kGroupNodes[] = {Keys::Root(),
+                                    Keys::Group(6),
+                                    Keys::MembersOfGroup(6),
+                                    Keys::MemberOfGroup(6, 15),
+                                    Keys::GroupPermissions(6),
+                                    Keys::GroupPermission(6, 14),
+                                    Keys::Group(1),
+                                    Keys::MemberOfGroup(1, 2),
+                                    Keys::GroupPermission(1, 29),
+                                    Keys::Group(2),
+                                    Keys::MemberOfGroup(2, 9)};
 
 // What the trees offer without a button: the menu, keys and the clipboard.
 class TreeCommands : public CommandTest {
@@ -57,8 +75,8 @@ class TreeCommands : public CommandTest {
 
   template <std::size_t kNodes>
   void ExpectEnabledAsTheButtons(frmUserGroupPerm& window, int tree,
-                                 const wchar_t* const (&keys)[kNodes]) {
-    for (const wchar_t* key : keys) {
+                                 const std::wstring (&keys)[kNodes]) {
+    for (const std::wstring& key : keys) {
       Select(window, tree, key);
       const Menu menu = MenuOf(window, tree);
       ASSERT_EQ(menu.size(), 13u);
@@ -66,12 +84,12 @@ class TreeCommands : public CommandTest {
       for (const std::size_t line : {0, 1, 2, 4, 5, 7, 8}) offered.push_back(menu[line].enabled);
       std::vector<bool> on;
       for (const CommandButton* button : Buttons(window, tree)) on.push_back(button->Enabled());
-      EXPECT_EQ(offered, on) << std::string(key, key + std::wstring_view(key).size());
+      EXPECT_EQ(offered, on) << data::ToUtf8(key);
     }
   }
 
   // Chooses the line with this caption from the menu of the node.
-  void Choose(frmUserGroupPerm& window, int tree, const wchar_t* key, const wchar_t* caption) {
+  void Choose(frmUserGroupPerm& window, int tree, const std::wstring& key, const wchar_t* caption) {
     user.ChooseTab(window.TabStrip1, tree);
     user.ExpectMenu([caption](const Menu& items) {
       for (const MenuItem& item : items) {
@@ -94,7 +112,7 @@ class TreeCommands : public CommandTest {
 
 TEST_F(TreeCommands, TheMenuOfTheUsersTreeNamesItsCommandsBySection) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TUS \\U9");
+    Select(window, 0, Keys::User(9));
     const Menu menu = MenuOf(window, 0);
     EXPECT_EQ(Captions(menu),
               (Strings{L"&Editer...", L"&Supprimer...", L"&Nouveau...", L"",
@@ -107,7 +125,7 @@ TEST_F(TreeCommands, TheMenuOfTheUsersTreeNamesItsCommandsBySection) {
 
 TEST_F(TreeCommands, TheMenuOfTheGroupsTreeNamesItsCommandsBySection) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, L"\\TGR \\G6");
+    Select(window, 1, Keys::Group(6));
     EXPECT_EQ(Captions(MenuOf(window, 1)),
               (Strings{L"&Editer...", L"&Supprimer...", L"&Nouveau...", L"",
                        L"Membres : Affecter...", L"Membres : Supprimer...", L"",
@@ -135,26 +153,26 @@ TEST_F(TreeCommands, TheMenuOffersExactlyWhatTheButtonsAllowToAnotherAdministrat
 TEST_F(TreeCommands, ExpandingAndCollapsingIsOfferedWhereItChangesSomething) {
   Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 9");
   Run([this](frmUserGroupPerm& window) {
-    const auto offered = [&](const wchar_t* key) {
+    const auto offered = [&](const std::wstring& key) {
       Select(window, 0, key);
       const Menu menu = MenuOf(window, 0);
       return std::vector<bool>{menu[11].enabled, menu[12].enabled};
     };
-    EXPECT_EQ(offered(L"\\TRT "), (std::vector<bool>{false, true}));
-    EXPECT_EQ(offered(L"\\TUS \\U9"), (std::vector<bool>{true, false}));
-    EXPECT_EQ(offered(L"\\TGU \\U9 \\G12"), (std::vector<bool>{false, false}));
-    EXPECT_EQ(offered(L"\\TUP \\U9 \\P"), (std::vector<bool>{false, false}));
-    EXPECT_EQ(offered(L"\\TUS \\U9"), (std::vector<bool>{false, true}));
+    EXPECT_EQ(offered(Keys::Root()), (std::vector<bool>{false, true}));
+    EXPECT_EQ(offered(Keys::User(9)), (std::vector<bool>{true, false}));
+    EXPECT_EQ(offered(Keys::GroupOfUser(9, 12)), (std::vector<bool>{false, false}));
+    EXPECT_EQ(offered(Keys::OwnPermissions(9)), (std::vector<bool>{false, false}));
+    EXPECT_EQ(offered(Keys::User(9)), (std::vector<bool>{false, true}));
   });
 }
 
 TEST_F(TreeCommands, TheMenuExpandsAndCollapses) {
   Run([this](frmUserGroupPerm& window) {
     const controls::TreeNodes& nodes = window.Users.TreeView1.Nodes();
-    Choose(window, 0, L"\\TUS \\U9", L"&Développer");
-    EXPECT_TRUE(nodes.Expanded(At(window, 0, L"\\TUS \\U9")));
-    Choose(window, 0, L"\\TUS \\U9", L"Réd&uire");
-    EXPECT_FALSE(nodes.Expanded(At(window, 0, L"\\TUS \\U9")));
+    Choose(window, 0, Keys::User(9), L"&Développer");
+    EXPECT_TRUE(nodes.Expanded(At(window, 0, Keys::User(9))));
+    Choose(window, 0, Keys::User(9), L"Réd&uire");
+    EXPECT_FALSE(nodes.Expanded(At(window, 0, Keys::User(9))));
   });
 }
 
@@ -162,19 +180,19 @@ TEST_F(TreeCommands, EachLineOfTheMenuGivesItsCommandOnTheUsersTab) {
   Run([this](frmUserGroupPerm& window) {
     const Strings before = Look(window);
     ExpectEscape<dialogs::frmEditUser>();
-    Choose(window, 0, L"\\TUS \\U9", L"&Editer...");
+    Choose(window, 0, Keys::User(9), L"&Editer...");
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer cet utilisateur ?");
-    Choose(window, 0, L"\\TUS \\U9", L"&Supprimer...");
+    Choose(window, 0, Keys::User(9), L"&Supprimer...");
     ExpectEscape<dialogs::frmNewUser>();
-    Choose(window, 0, L"\\TUS \\U9", L"&Nouveau...");
+    Choose(window, 0, Keys::User(9), L"&Nouveau...");
     ExpectEscape<dialogs::frmListItem>();
-    Choose(window, 0, L"\\TUS \\U9", L"Membre du Groupe : Affecter...");
+    Choose(window, 0, Keys::User(9), L"Membre du Groupe : Affecter...");
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer ce membre du groupe ?");
-    Choose(window, 0, L"\\TGU \\U9 \\G12", L"Membre du Groupe : Supprimer...");
+    Choose(window, 0, Keys::GroupOfUser(9, 12), L"Membre du Groupe : Supprimer...");
     ExpectEscape<dialogs::frmListItem>();
-    Choose(window, 0, L"\\TUP \\U9 \\P", L"Droits Utilisateur : Affecter...");
+    Choose(window, 0, Keys::OwnPermissions(9), L"Droits Utilisateur : Affecter...");
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer cette permission utilisateur ?");
-    Choose(window, 0, L"\\TPU \\U9 \\P14", L"Droits Utilisateur : Supprimer...");
+    Choose(window, 0, Keys::OwnPermission(9, 14), L"Droits Utilisateur : Supprimer...");
     EXPECT_EQ(Look(window), before);
   });
 }
@@ -183,26 +201,27 @@ TEST_F(TreeCommands, EachLineOfTheMenuGivesItsCommandOnTheGroupsTab) {
   Run([this](frmUserGroupPerm& window) {
     const Strings before = Look(window);
     ExpectEscape<dialogs::frmEditGroup>();
-    Choose(window, 1, L"\\TGR \\G6", L"&Editer...");
+    Choose(window, 1, Keys::Group(6), L"&Editer...");
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer ce groupe ?");
-    Choose(window, 1, L"\\TGR \\G6", L"&Supprimer...");
+    Choose(window, 1, Keys::Group(6), L"&Supprimer...");
     ExpectEscape<dialogs::frmNewGroup>();
-    Choose(window, 1, L"\\TGR \\G6", L"&Nouveau...");
+    Choose(window, 1, Keys::Group(6), L"&Nouveau...");
     ExpectEscape<dialogs::frmAddUserInGroup>();
-    Choose(window, 1, L"\\TMS \\G6 \\U", L"Membres : Affecter...");
+    Choose(window, 1, Keys::MembersOfGroup(6), L"Membres : Affecter...");
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer ce membre ?");
-    Choose(window, 1, L"\\TUG \\G6 \\U15", L"Membres : Supprimer...");
+    Choose(window, 1, Keys::MemberOfGroup(6, 15), L"Membres : Supprimer...");
     ExpectEscape<dialogs::frmListItem>();
-    Choose(window, 1, L"\\TGP \\G6 \\P", L"Droits du Groupe : Affecter...");
+    Choose(window, 1, Keys::GroupPermissions(6), L"Droits du Groupe : Affecter...");
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer cette permission de groupe ?");
-    Choose(window, 1, L"\\TPG \\G6 \\P21", L"Droits du Groupe : Supprimer...");
+    Choose(window, 1, Keys::GroupPermission(6, 21), L"Droits du Groupe : Supprimer...");
     EXPECT_EQ(Look(window), before);
   });
 }
 
 TEST_F(TreeCommands, F2EditsTheAccountFromAnyOfItsNodes) {
   Run([this](frmUserGroupPerm& window) {
-    for (const wchar_t* key : {L"\\TUS \\U9", L"\\TMO \\U9 \\G", L"\\TPA \\U9 \\P14"}) {
+    for (const std::wstring& key :
+         {Keys::User(9), Keys::GroupsOfUser(9), Keys::AnyPermission(9, 14)}) {
       Select(window, 0, key);
       user.ExpectModal([this](controls::Form& form) {
         EXPECT_EQ(dynamic_cast<dialogs::frmEditUser&>(form).UserID, 9);
@@ -210,7 +229,7 @@ TEST_F(TreeCommands, F2EditsTheAccountFromAnyOfItsNodes) {
       });
       user.PressKey(window, controls::kKeyF2);
     }
-    Select(window, 1, L"\\TUG \\G6 \\U15");
+    Select(window, 1, Keys::MemberOfGroup(6, 15));
     user.ExpectModal([this](controls::Form& form) {
       EXPECT_EQ(dynamic_cast<dialogs::frmEditGroup&>(form).GroupID, 6);
       user.PressKey(form, test_support::kKeyEscape);
@@ -222,16 +241,16 @@ TEST_F(TreeCommands, F2EditsTheAccountFromAnyOfItsNodes) {
 TEST_F(TreeCommands, DeleteTakesTheSelectedAccountOrLink) {
   struct Case {
     int tree;
-    const wchar_t* key;
+    std::wstring key;
     const wchar_t* question;
   };
   const Case cases[] = {
-      {0, L"\\TUS \\U9", L"Souhaitez-vous supprimer cet utilisateur ?"},
-      {0, L"\\TGU \\U9 \\G12", L"Souhaitez-vous supprimer ce membre du groupe ?"},
-      {0, L"\\TPU \\U9 \\P14", L"Souhaitez-vous supprimer cette permission utilisateur ?"},
-      {1, L"\\TGR \\G6", L"Souhaitez-vous supprimer ce groupe ?"},
-      {1, L"\\TUG \\G6 \\U15", L"Souhaitez-vous supprimer ce membre ?"},
-      {1, L"\\TPG \\G6 \\P21", L"Souhaitez-vous supprimer cette permission de groupe ?"},
+      {0, Keys::User(9), L"Souhaitez-vous supprimer cet utilisateur ?"},
+      {0, Keys::GroupOfUser(9, 12), L"Souhaitez-vous supprimer ce membre du groupe ?"},
+      {0, Keys::OwnPermission(9, 14), L"Souhaitez-vous supprimer cette permission utilisateur ?"},
+      {1, Keys::Group(6), L"Souhaitez-vous supprimer ce groupe ?"},
+      {1, Keys::MemberOfGroup(6, 15), L"Souhaitez-vous supprimer ce membre ?"},
+      {1, Keys::GroupPermission(6, 21), L"Souhaitez-vous supprimer cette permission de groupe ?"},
   };
   Run([&](frmUserGroupPerm& window) {
     const Strings before = Look(window);
@@ -241,11 +260,11 @@ TEST_F(TreeCommands, DeleteTakesTheSelectedAccountOrLink) {
       user.PressKey(window, controls::kKeyDelete);
     }
     EXPECT_EQ(Look(window), before);
-    Select(window, 0, L"\\TPU \\U9 \\P14");
+    Select(window, 0, Keys::OwnPermission(9, 14));
     ExpectQuestion(controls::kResultYes,
                    L"Souhaitez-vous supprimer cette permission utilisateur ?");
     user.PressKey(window, controls::kKeyDelete);
-    EXPECT_FALSE(Has(window, 0, L"\\TPU \\U9 \\P14"));
+    EXPECT_FALSE(Has(window, 0, Keys::OwnPermission(9, 14)));
     ExpectInStep(window);
   });
 }
@@ -253,19 +272,21 @@ TEST_F(TreeCommands, DeleteTakesTheSelectedAccountOrLink) {
 TEST_F(TreeCommands, KeysDoNothingWhereTheButtonIsOffOrAFolderIsSelected) {
   Run([this](frmUserGroupPerm& window) {
     log.statements.clear();
-    const auto press = [&](int tree, const wchar_t* key) {
+    const auto press = [&](int tree, const std::wstring& key) {
       Select(window, tree, key);
       user.PressKey(window, controls::kKeyDelete);
     };
-    for (const wchar_t* key : {L"\\TRT ", L"\\TUS \\U1", L"\\TMO \\U9 \\G", L"\\TGU \\U9 \\G2",
-                               L"\\TUP \\U9 \\P", L"\\TAP \\U9 \\P", L"\\TPA \\U9 \\P14"}) {
+    for (const std::wstring& key :
+         {Keys::Root(), Keys::User(1), Keys::GroupsOfUser(9), Keys::GroupOfUser(9, 2),
+          Keys::OwnPermissions(9), Keys::AllPermissions(9), Keys::AnyPermission(9, 14)}) {
       press(0, key);
     }
-    for (const wchar_t* key : {L"\\TRT ", L"\\TGR \\G1", L"\\TGR \\G2", L"\\TMS \\G6 \\U",
-                               L"\\TUG \\G2 \\U9", L"\\TGP \\G6 \\P", L"\\TPG \\G1 \\P29"}) {
+    for (const std::wstring& key :
+         {Keys::Root(), Keys::Group(1), Keys::Group(2), Keys::MembersOfGroup(6),
+          Keys::MemberOfGroup(2, 9), Keys::GroupPermissions(6), Keys::GroupPermission(1, 29)}) {
       press(1, key);
     }
-    Select(window, 0, L"\\TRT ");
+    Select(window, 0, Keys::Root());
     user.PressKey(window, controls::kKeyF2);
     EXPECT_TRUE(log.statements.empty());
   });
@@ -273,8 +294,8 @@ TEST_F(TreeCommands, KeysDoNothingWhereTheButtonIsOffOrAFolderIsSelected) {
 
 TEST_F(TreeCommands, KeysBelongToTheTreeThatHasTheFocus) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TUS \\U9");
-    user.Focus(window.Users.cmdUser[2]);
+    Select(window, 0, Keys::User(9));
+    user.Focus(window.Users.cmdUser[kNewButton]);
     log.statements.clear();
     user.PressKey(window, controls::kKeyF2);
     user.PressKey(window, controls::kKeyDelete);
@@ -284,7 +305,7 @@ TEST_F(TreeCommands, KeysBelongToTheTreeThatHasTheFocus) {
 
 TEST_F(TreeCommands, CtrlCCopiesTheNodeAndWhatIsBelowItIndented) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, L"\\TGR \\G12");
+    Select(window, 1, Keys::Group(12));
     log.calls.clear();
     user.PressCtrl(window, test_support::kKeyC);
     EXPECT_EQ(user.Clipboard(),
@@ -301,10 +322,10 @@ TEST_F(TreeCommands, CtrlCCopiesTheNodeAndWhatIsBelowItIndented) {
 
 TEST_F(TreeCommands, CtrlCOnALeafCopiesItsTextAlone) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TPU \\U9 \\P14");
+    Select(window, 0, Keys::OwnPermission(9, 14));
     user.PressCtrl(window, test_support::kKeyC);
     EXPECT_EQ(user.Clipboard(), L"Consulter le stock");
-    Select(window, 0, L"\\TUP \\U9 \\P");
+    Select(window, 0, Keys::OwnPermissions(9));
     user.PressCtrl(window, test_support::kKeyInsert);
     EXPECT_EQ(user.Clipboard(),
               L"Droits Utilisateur\r\n\tConsulter le stock\r\n\tSaisir un relevé de contrôle");
@@ -316,7 +337,7 @@ TEST_F(TreeCommands, BreaksAndTabsWithinANameDoNotBreakTheCopiedLines) {
       "UPDATE QRGROUP SET NAME = 'a' || char(13) || char(10) || 'b' || char(9) || 'c', DESCR = "
       "NULL WHERE GROUPID = 12");
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TGU \\U9 \\G12");
+    Select(window, 0, Keys::GroupOfUser(9, 12));
     user.PressCtrl(window, test_support::kKeyC);
     EXPECT_EQ(user.Clipboard(), L"a  b c");
   });
@@ -324,14 +345,14 @@ TEST_F(TreeCommands, BreaksAndTabsWithinANameDoNotBreakTheCopiedLines) {
 
 TEST_F(TreeCommands, TheMenuCopiesToo) {
   Run([this](frmUserGroupPerm& window) {
-    Choose(window, 0, L"\\TGU \\U9 \\G12", L"&Copier");
+    Choose(window, 0, Keys::GroupOfUser(9, 12), L"&Copier");
     EXPECT_EQ(user.Clipboard(), L"Laboratoire (Mesures et essais)");
   });
 }
 
 TEST_F(TreeCommands, AClipboardThatIsOccupiedOnlyBeeps) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TUS \\U9");
+    Select(window, 0, Keys::User(9));
     user.SetClipboardOccupied(true);
     const int beeps = user.BeepCount();
     user.PressCtrl(window, test_support::kKeyC);

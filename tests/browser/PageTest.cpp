@@ -7,11 +7,13 @@
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
+#include "tests/support/keys/Keys.h"
 #include "tests/support/window/MainWindowFixture.h"
 
 namespace browser {
 namespace {
 
+using test_support::Keys;
 // What a page asks of its window, noted.
 class NotedHost final : public PageHost {
  public:
@@ -86,11 +88,11 @@ class SinglePage : public test_support::MainWindowFixture {
 TEST_F(SinglePage, OfUsersRemovesAMembershipAndLeavesTheGroupsAsTheyAre) {
   RunPage<UsersPage>(IDC_TREE_GROUPS, [this](PageForm<UsersPage>& form) {
     controls::TreeView& tree = form.page.TreeView1;
-    user.Select(tree, tree.Nodes().Find(L"\\TGU \\U9 \\G12"));
+    user.Select(tree, tree.Nodes().Find(Keys::GroupOfUser(9, 12)));
     EXPECT_TRUE(form.page.cmdMemberOf[kRemoveButton].Enabled());
     user.ExpectMsgBox(controls::kResultYes);
     user.Click(form.page.cmdMemberOf[kRemoveButton]);
-    EXPECT_EQ(tree.Nodes().Find(L"\\TGU \\U9 \\G12"), controls::kNoNode);
+    EXPECT_EQ(tree.Nodes().Find(Keys::GroupOfUser(9, 12)), controls::kNoNode);
     EXPECT_EQ(Raw().Number("SELECT COUNT(*) FROM QRUSGP WHERE USERID = 9 AND GROUPID = 12"), 0);
     EXPECT_TRUE(form.host.changes.empty());
   });
@@ -99,10 +101,10 @@ TEST_F(SinglePage, OfUsersRemovesAMembershipAndLeavesTheGroupsAsTheyAre) {
 TEST_F(SinglePage, OfGroupsTellsThatOthersAreToFollow) {
   RunPage<GroupsPage>(IDC_TREE_USERS, [this](PageForm<GroupsPage>& form) {
     controls::TreeView& tree = form.page.TreeView1;
-    user.Select(tree, tree.Nodes().Find(L"\\TPG \\G6 \\P21"));
+    user.Select(tree, tree.Nodes().Find(Keys::GroupPermission(6, 21)));
     user.ExpectMsgBox(controls::kResultYes);
     user.Click(form.page.cmdGroupPermission[kRemoveButton]);
-    user.Select(tree, tree.Nodes().Find(L"\\TUG \\G6 \\U15"));
+    user.Select(tree, tree.Nodes().Find(Keys::MemberOfGroup(6, 15)));
     user.ExpectMsgBox(controls::kResultYes);
     user.Click(form.page.cmdMember[kRemoveButton]);
     EXPECT_EQ(form.host.changes,
@@ -115,10 +117,10 @@ TEST_F(SinglePage, FollowsAChangeMadeElsewhere) {
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
     form.page.BringInStep(Change::kGroupPermissions);
     const controls::TreeNodes& nodes = form.page.TreeView1.Nodes();
-    EXPECT_EQ(nodes.Find(L"\\TGU \\U9 \\G6"), controls::kNoNode);
-    EXPECT_NE(nodes.Find(L"\\TPA \\U9 \\P23"), controls::kNoNode);
+    EXPECT_EQ(nodes.Find(Keys::GroupOfUser(9, 6)), controls::kNoNode);
+    EXPECT_NE(nodes.Find(Keys::AnyPermission(9, 23)), controls::kNoNode);
     form.page.BringInStep(Change::kAccounts);
-    EXPECT_NE(nodes.Find(L"\\TGU \\U9 \\G6"), controls::kNoNode);
+    EXPECT_NE(nodes.Find(Keys::GroupOfUser(9, 6)), controls::kNoNode);
   });
 }
 
@@ -136,7 +138,7 @@ TEST_F(SinglePage, NeitherEditsNorMakesAccountsWhileNamesAreUnknown) {
   RunPage<UsersPage>(IDC_TREE_GROUPS, [this](PageForm<UsersPage>& form) {
     form.host.known = false;
     controls::TreeView& tree = form.page.TreeView1;
-    user.Select(tree, tree.Nodes().Find(L"\\TUS \\U9"));
+    user.Select(tree, tree.Nodes().Find(Keys::User(9)));
     EXPECT_FALSE(form.page.cmdUser[kEditButton].Enabled());
     EXPECT_TRUE(form.page.cmdUser[kDeleteButton].Enabled());
     EXPECT_FALSE(form.page.cmdUser[kNewButton].Enabled());

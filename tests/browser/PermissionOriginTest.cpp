@@ -1,16 +1,18 @@
 #include <gtest/gtest.h>
 
 #include "tests/browser/CommandTest.h"
+#include "tests/support/keys/Keys.h"
 
 namespace browser {
 namespace {
 
 using controls::TreeView;
+using test_support::Keys;
 
 // Where the permissions in a user's folder of all permissions come from.
 class PermissionOrigins : public CommandTest {
  protected:
-  std::wstring Tip(frmUserGroupPerm& window, const wchar_t* key) {
+  std::wstring Tip(frmUserGroupPerm& window, const std::wstring& key) {
     const int node = At(window, 0, key);
     EXPECT_NE(node, controls::kNoNode);
     return user.TipOf(window.Users.TreeView1, node);
@@ -19,38 +21,38 @@ class PermissionOrigins : public CommandTest {
 
 TEST_F(PermissionOrigins, OneGroupIsNamed) {
   Run([this](frmUserGroupPerm& window) {
-    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P16"), L"Par le groupe Production");
+    EXPECT_EQ(Tip(window, Keys::AnyPermission(9, 16)), L"Par le groupe Production");
   });
 }
 
 TEST_F(PermissionOrigins, AGroupIsNamedByItsDisplayFormWithoutItsDescription) {
   Run([this](frmUserGroupPerm& window) {
-    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P2"), L"Par le groupe Tout le monde");
+    EXPECT_EQ(Tip(window, Keys::AnyPermission(9, 2)), L"Par le groupe Tout le monde");
   });
 }
 
 TEST_F(PermissionOrigins, SeveralGroupsAreNamedInTheirOrder) {
   Run([this](frmUserGroupPerm& window) {
-    EXPECT_EQ(Tip(window, L"\\TPA \\U16 \\P18"), L"Par les groupes Méthodes et Production");
+    EXPECT_EQ(Tip(window, Keys::AnyPermission(16, 18)), L"Par les groupes Méthodes et Production");
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (16, 6)");
     EXPECT_EQ(window.RefreshTree(), app::Outcome::kDone);
-    EXPECT_EQ(Tip(window, L"\\TPA \\U16 \\P18"),
+    EXPECT_EQ(Tip(window, Keys::AnyPermission(16, 18)),
               L"Par les groupes Méthodes, Production et Qualité");
   });
 }
 
 TEST_F(PermissionOrigins, TheUserHimselfIsNamedWhereHeHoldsItAlone) {
   Run([this](frmUserGroupPerm& window) {
-    EXPECT_EQ(Tip(window, L"\\TPA \\U3 \\P11"), L"Accordée directement");
+    EXPECT_EQ(Tip(window, Keys::AnyPermission(3, 11)), L"Accordée directement");
   });
 }
 
 TEST_F(PermissionOrigins, TheUserHimselfComesBeforeHisGroups) {
   Raw().Execute("INSERT INTO QRUPRM (USERID, PERMID) VALUES (16, 18)");
   Run([this](frmUserGroupPerm& window) {
-    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P20"),
+    EXPECT_EQ(Tip(window, Keys::AnyPermission(9, 20)),
               L"Accordée directement et par le groupe Laboratoire");
-    EXPECT_EQ(Tip(window, L"\\TPA \\U16 \\P18"),
+    EXPECT_EQ(Tip(window, Keys::AnyPermission(16, 18)),
               L"Accordée directement et par les groupes Méthodes et Production");
   });
 }
@@ -58,15 +60,15 @@ TEST_F(PermissionOrigins, TheUserHimselfComesBeforeHisGroups) {
 TEST_F(PermissionOrigins, AGroupWhoseNameHasParenthesesIsNamedWithAllThatIsShown) {
   Raw().Execute("UPDATE QRGROUP SET NAME = 'Labo (A)', DESCR = 'B' WHERE GROUPID = 7");
   Run([this](frmUserGroupPerm& window) {
-    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P16"), L"Par le groupe Labo (A) (B)");
+    EXPECT_EQ(Tip(window, Keys::AnyPermission(9, 16)), L"Par le groupe Labo (A) (B)");
   });
 }
 
 TEST_F(PermissionOrigins, AGroupWhoseNameHoldsAPlaceholderIsNamedAsItIs) {
   Raw().Execute("UPDATE QRGROUP SET NAME = '%1 & %2 \"x\"', DESCR = NULL WHERE GROUPID = 7");
   Run([this](frmUserGroupPerm& window) {
-    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P16"), L"Par le groupe %1 & %2 \"x\"");
-    Select(window, 0, L"\\TPA \\U9 \\P16");
+    EXPECT_EQ(Tip(window, Keys::AnyPermission(9, 16)), L"Par le groupe %1 & %2 \"x\"");
+    Select(window, 0, Keys::AnyPermission(9, 16));
     EXPECT_EQ(window.lblStatus.Caption(), L"Par le groupe %1 & %2 \"x\"");
   });
 }
@@ -74,15 +76,17 @@ TEST_F(PermissionOrigins, AGroupWhoseNameHoldsAPlaceholderIsNamedAsItIs) {
 // The trees may be out of step until the next refresh.
 TEST_F(PermissionOrigins, WhatTheTreesDoNotTellIsSaidToBeUnknown) {
   Run([this](frmUserGroupPerm& window) {
-    window.Groups.TreeView1.Remove(At(window, 1, L"\\TPG \\G7 \\P16"));
-    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P16"), L"Origine inconnue : cliquez sur Rafraîchir.");
+    window.Groups.TreeView1.Remove(At(window, 1, Keys::GroupPermission(7, 16)));
+    EXPECT_EQ(Tip(window, Keys::AnyPermission(9, 16)),
+              L"Origine inconnue : cliquez sur Rafraîchir.");
   });
 }
 
 TEST_F(PermissionOrigins, OtherNodesHaveNone) {
   Run([this](frmUserGroupPerm& window) {
-    for (const wchar_t* key : {L"\\TRT ", L"\\TUS \\U9", L"\\TMO \\U9 \\G", L"\\TGU \\U9 \\G12",
-                               L"\\TUP \\U9 \\P", L"\\TPU \\U9 \\P14", L"\\TAP \\U9 \\P"}) {
+    for (const std::wstring& key :
+         {Keys::Root(), Keys::User(9), Keys::GroupsOfUser(9), Keys::GroupOfUser(9, 12),
+          Keys::OwnPermissions(9), Keys::OwnPermission(9, 14), Keys::AllPermissions(9)}) {
       EXPECT_EQ(Tip(window, key), L"");
     }
     const TreeView& groups = window.Groups.TreeView1;
@@ -93,20 +97,20 @@ TEST_F(PermissionOrigins, OtherNodesHaveNone) {
 TEST_F(PermissionOrigins, AreKnownWithoutAnythingBeingSent) {
   Run([this](frmUserGroupPerm& window) {
     log.calls.clear();
-    Tip(window, L"\\TPA \\U9 \\P16");
-    Select(window, 0, L"\\TPA \\U9 \\P14");
+    Tip(window, Keys::AnyPermission(9, 16));
+    Select(window, 0, Keys::AnyPermission(9, 14));
     EXPECT_TRUE(log.calls.empty());
   });
 }
 
 TEST_F(PermissionOrigins, TheStatusLineShowsThatOfTheSelectedPermission) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, L"\\TPA \\U3 \\P11");
+    Select(window, 0, Keys::AnyPermission(3, 11));
     EXPECT_EQ(window.lblStatus.Caption(), L"Accordée directement");
-    Select(window, 0, L"\\TAP \\U3 \\P");
+    Select(window, 0, Keys::AllPermissions(3));
     EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 12 groupes, 30 permissions");
-    Select(window, 0, L"\\TPA \\U3 \\P11");
-    Select(window, 1, L"\\TGR \\G6");
+    Select(window, 0, Keys::AnyPermission(3, 11));
+    Select(window, 1, Keys::Group(6));
     EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 12 groupes, 30 permissions");
     user.ChooseTab(window.TabStrip1, 0);
     EXPECT_EQ(window.lblStatus.Caption(), L"Accordée directement");
@@ -115,12 +119,12 @@ TEST_F(PermissionOrigins, TheStatusLineShowsThatOfTheSelectedPermission) {
 
 TEST_F(PermissionOrigins, FollowACommandAtOnce) {
   Run([this](frmUserGroupPerm& window) {
-    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P20"),
+    EXPECT_EQ(Tip(window, Keys::AnyPermission(9, 20)),
               L"Accordée directement et par le groupe Laboratoire");
-    Select(window, 0, L"\\TGU \\U9 \\G12");
+    Select(window, 0, Keys::GroupOfUser(9, 12));
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce membre du groupe ?");
-    user.Click(window.Users.cmdMemberOf[1]);
-    EXPECT_EQ(Tip(window, L"\\TPA \\U9 \\P20"), L"Accordée directement");
+    user.Click(window.Users.cmdMemberOf[kRemoveButton]);
+    EXPECT_EQ(Tip(window, Keys::AnyPermission(9, 20)), L"Accordée directement");
   });
 }
 
@@ -130,7 +134,7 @@ TEST_F(PermissionOrigins, WhatAnErrorHasLeftOutComesFirstInTheStatusLine) {
     user.ExpectMsgBox(controls::kResultOk);
     EXPECT_EQ(window.RefreshTree(), app::Outcome::kFailed);
     log.FailAt = {};
-    Select(window, 0, L"\\TPA \\U3 \\P11");
+    Select(window, 0, Keys::AnyPermission(3, 11));
     EXPECT_EQ(window.lblStatus.Caption(), Text(408));
   });
 }

@@ -10,6 +10,7 @@
 #include "dialogs/frmListItem.h"
 #include "dialogs/frmNewGroup.h"
 #include "dialogs/frmNewUser.h"
+#include "tests/support/keys/Keys.h"
 #include "tests/support/window/MainWindowFixture.h"
 
 namespace browser {
@@ -17,66 +18,73 @@ namespace {
 
 using controls::CommandButton;
 using controls::TreeView;
+using test_support::Keys;
 
 // The buttons of a tab that a node leaves enabled: Edit, Delete and New, then Assign and Remove of
 // the first links, then of the second; a dash stands for one that is off.
 struct Row {
   int tree;
-  const wchar_t* key;
+  std::wstring key;
   const char* buttons;
 };
 
 // Users 1 (Admin), 2 (Moreau, another administrator) and 9 (Martin); groups 1 (Administrators),
 // 2 (Everyone) and 6 (Qualité).
-constexpr Row kForEverybody[] = {
-    {0, L"\\TRT ", "--N -- --"},
-    {0, L"\\TUS \\U1", "E-N A- A-"},
-    {0, L"\\TMO \\U1 \\G", "E-N A- --"},
-    {0, L"\\TGU \\U1 \\G1", "E-N A- --"},
-    {0, L"\\TGU \\U1 \\G2", "E-N A- --"},
-    {0, L"\\TUP \\U1 \\P", "E-N -- A-"},
-    {0, L"\\TPU \\U1 \\P30", "E-N -- AR"},
-    {0, L"\\TAP \\U1 \\P", "E-N -- --"},
-    {0, L"\\TPA \\U1 \\P30", "E-N -- --"},
-    {0, L"\\TUS \\U9", "EDN A- A-"},
-    {0, L"\\TMO \\U9 \\G", "EDN A- --"},
-    {0, L"\\TGU \\U9 \\G12", "EDN AR --"},
-    {0, L"\\TGU \\U9 \\G2", "EDN A- --"},
-    {0, L"\\TUP \\U9 \\P", "EDN -- A-"},
-    {0, L"\\TPU \\U9 \\P14", "EDN -- AR"},
-    {0, L"\\TAP \\U9 \\P", "EDN -- --"},
-    {0, L"\\TPA \\U9 \\P14", "EDN -- --"},
-    {1, L"\\TRT ", "--N -- --"},
-    {1, L"\\TGR \\G1", "E-N A- --"},
-    {1, L"\\TMS \\G1 \\U", "E-N A- --"},
+const Row kForEverybody[] = {
+    {0, Keys::Root(), "--N -- --"},
+    {0, Keys::User(1), "E-N A- A-"},
+    {0, Keys::GroupsOfUser(1), "E-N A- --"},
+    {0, Keys::GroupOfUser(1, 1), "E-N A- --"},
+    {0, Keys::GroupOfUser(1, 2), "E-N A- --"},
+    {0, Keys::OwnPermissions(1), "E-N -- A-"},
+    {0, Keys::OwnPermission(1, 30), "E-N -- AR"},
+    {0, Keys::AllPermissions(1), "E-N -- --"},
+    {0, Keys::AnyPermission(1, 30), "E-N -- --"},
+    {0, Keys::User(9), "EDN A- A-"},
+    {0, Keys::GroupsOfUser(9), "EDN A- --"},
+    {0, Keys::GroupOfUser(9, 12), "EDN AR --"},
+    {0, Keys::GroupOfUser(9, 2), "EDN A- --"},
+    {0, Keys::OwnPermissions(9), "EDN -- A-"},
+    {0, Keys::OwnPermission(9, 14), "EDN -- AR"},
+    {0, Keys::AllPermissions(9), "EDN -- --"},
+    {0, Keys::AnyPermission(9, 14), "EDN -- --"},
+    {1, Keys::Root(), "--N -- --"},
+    {1, Keys::Group(1), "E-N A- --"},
+    {1, Keys::MembersOfGroup(1), "E-N A- --"},
     // Shown as "Admin (Administrateur principal)", which is not the bare name.
-    {1, L"\\TUG \\G1 \\U1", "E-N AR --"},
-    {1, L"\\TUG \\G1 \\U2", "E-N AR --"},
-    {1, L"\\TGP \\G1 \\P", "E-N -- --"},
-    {1, L"\\TPG \\G1 \\P29", "E-N -- --"},
-    {1, L"\\TGR \\G2", "E-N A- A-"},
-    {1, L"\\TMS \\G2 \\U", "E-N A- --"},
-    {1, L"\\TUG \\G2 \\U1", "E-N A- --"},
-    {1, L"\\TUG \\G2 \\U9", "E-N A- --"},
-    {1, L"\\TGP \\G2 \\P", "E-N -- A-"},
-    {1, L"\\TPG \\G2 \\P2", "E-N -- AR"},
-    {1, L"\\TGR \\G6", "EDN A- A-"},
-    {1, L"\\TMS \\G6 \\U", "EDN A- --"},
-    {1, L"\\TUG \\G6 \\U15", "EDN AR --"},
-    {1, L"\\TGP \\G6 \\P", "EDN -- A-"},
-    {1, L"\\TPG \\G6 \\P14", "EDN -- AR"},
+    {1, Keys::MemberOfGroup(1, 1), "E-N AR --"},
+    {1, Keys::MemberOfGroup(1, 2), "E-N AR --"},
+    {1, Keys::GroupPermissions(1), "E-N -- --"},
+    {1, Keys::GroupPermission(1, 29), "E-N -- --"},
+    {1, Keys::Group(2), "E-N A- A-"},
+    {1, Keys::MembersOfGroup(2), "E-N A- --"},
+    {1, Keys::MemberOfGroup(2, 1), "E-N A- --"},
+    {1, Keys::MemberOfGroup(2, 9), "E-N A- --"},
+    {1, Keys::GroupPermissions(2), "E-N -- A-"},
+    {1, Keys::GroupPermission(2, 2), "E-N -- AR"},
+    {1, Keys::Group(6), "EDN A- A-"},
+    {1, Keys::MembersOfGroup(6), "EDN A- --"},
+    {1, Keys::MemberOfGroup(6, 15), "EDN AR --"},
+    {1, Keys::GroupPermissions(6), "EDN -- A-"},
+    {1, Keys::GroupPermission(6, 14), "EDN -- AR"},
 };
 
 // Moreau's own nodes, for Admin and for himself.
-constexpr Row kMoreauForAdmin[] = {
-    {0, L"\\TUS \\U2", "EDN A- A-"},       {0, L"\\TGU \\U2 \\G1", "EDN AR --"},
-    {0, L"\\TGU \\U2 \\G2", "EDN A- --"},  {0, L"\\TGU \\U2 \\G11", "EDN AR --"},
-    {0, L"\\TPU \\U2 \\P29", "EDN -- AR"}, {0, L"\\TAP \\U2 \\P", "EDN -- --"},
+const Row kMoreauForAdmin[] = {
+    {0, Keys::User(2), "EDN A- A-"},
+    {0, Keys::GroupOfUser(2, 1), "EDN AR --"},
+    {0, Keys::GroupOfUser(2, 2), "EDN A- --"},
+    {0, Keys::GroupOfUser(2, 11), "EDN AR --"},
+    {0, Keys::OwnPermission(2, 29), "EDN -- AR"},
+    {0, Keys::AllPermissions(2), "EDN -- --"},
 };
-constexpr Row kMoreauForHimself[] = {
-    {0, L"\\TUS \\U2", "E-N A- A-"},       {0, L"\\TGU \\U2 \\G1", "E-N AR --"},
-    {0, L"\\TGU \\U2 \\G2", "E-N A- --"},  {0, L"\\TGU \\U2 \\G11", "E-N AR --"},
-    {0, L"\\TPU \\U2 \\P29", "E-N -- AR"}, {0, L"\\TAP \\U2 \\P", "E-N -- --"},
+const Row kMoreauForHimself[] = {
+    {0, Keys::User(2), "E-N A- A-"},
+    {0, Keys::GroupOfUser(2, 1), "E-N AR --"},
+    {0, Keys::GroupOfUser(2, 2), "E-N A- --"},
+    {0, Keys::GroupOfUser(2, 11), "E-N AR --"},
+    {0, Keys::OwnPermission(2, 29), "E-N -- AR"},
+    {0, Keys::AllPermissions(2), "E-N -- --"},
 };
 
 class Protection : public test_support::MainWindowFixture {
@@ -175,7 +183,7 @@ class Protection : public test_support::MainWindowFixture {
       case 3:
         return ExpectDialog<dialogs::frmAddUserInGroup>();
       case 4:
-        if (std::wstring_view(row.key) != L"\\TUG \\G1 \\U1") {
+        if (row.key != Keys::MemberOfGroup(1, 1)) {
           return ExpectQuestion(L"Souhaitez-vous supprimer ce membre ?");
         }
         user.ExpectMsgBox({.answer = controls::kResultOk,
@@ -249,7 +257,7 @@ TEST_F(Protection, SoItIsForAnotherAdministrator) {
 TEST_F(Protection, AdminShownByHisBareNameCannotBeTakenOutOfAdministrators) {
   Raw().Execute("UPDATE QRUSER SET FULLNAME = NULL WHERE USERID = 1");
   Run([this](frmUserGroupPerm& window) {
-    const Row row{1, L"\\TUG \\G1 \\U1", "E-N A- --"};
+    const Row row{1, Keys::MemberOfGroup(1, 1), "E-N A- --"};
     Select(window, row);
     EXPECT_EQ(Enabled(window, 1), row.buttons);
   });
@@ -261,11 +269,14 @@ TEST_F(Protection, WhereTheProtectedAccountsAreMissingNothingIsProtected) {
   Raw().Execute("UPDATE QRGROUP SET NAME = 'Tous' WHERE GROUPID = 2");
   Run(
       [this](frmUserGroupPerm& window) {
-        constexpr Row kRows[] = {
-            {0, L"\\TUS \\U1", "EDN A- A-"},      {0, L"\\TGU \\U1 \\G1", "EDN AR --"},
-            {0, L"\\TGU \\U9 \\G2", "EDN AR --"}, {1, L"\\TGR \\G1", "EDN A- A-"},
-            {1, L"\\TUG \\G1 \\U1", "EDN AR --"}, {1, L"\\TPG \\G1 \\P29", "EDN -- AR"},
-            {1, L"\\TUG \\G2 \\U9", "EDN AR --"},
+        const Row kRows[] = {
+            {0, Keys::User(1), "EDN A- A-"},
+            {0, Keys::GroupOfUser(1, 1), "EDN AR --"},
+            {0, Keys::GroupOfUser(9, 2), "EDN AR --"},
+            {1, Keys::Group(1), "EDN A- A-"},
+            {1, Keys::MemberOfGroup(1, 1), "EDN AR --"},
+            {1, Keys::GroupPermission(1, 29), "EDN -- AR"},
+            {1, Keys::MemberOfGroup(2, 9), "EDN AR --"},
         };
         ExpectButtons(window, kRows);
         EXPECT_TRUE(window.Groups.IsRemoveAdmin);
@@ -276,24 +287,24 @@ TEST_F(Protection, WhereTheProtectedAccountsAreMissingNothingIsProtected) {
 
 TEST_F(Protection, TheFlagsForTheDialogsFollowTheSelection) {
   Run([this](frmUserGroupPerm& window) {
-    const auto select = [&](int tree, const wchar_t* key) { Select(window, {tree, key, ""}); };
-    select(0, L"\\TUP \\U1 \\P");
+    const auto select = [&](int tree, const std::wstring& key) { Select(window, {tree, key, ""}); };
+    select(0, Keys::OwnPermissions(1));
     EXPECT_FALSE(window.Users.IsRemoveAdministrator);
-    select(0, L"\\TGU \\U9 \\G12");
+    select(0, Keys::GroupOfUser(9, 12));
     EXPECT_TRUE(window.Users.IsRemoveAdministrator);
-    select(1, L"\\TGP \\G1 \\P");
+    select(1, Keys::GroupPermissions(1));
     EXPECT_FALSE(window.Groups.IsRemoveAdmin);
-    select(1, L"\\TGR \\G2");
+    select(1, Keys::Group(2));
     EXPECT_TRUE(window.Groups.IsRemoveAdmin);
   });
 }
 
 TEST_F(Protection, ClosingTheNodeAboveTheSelectionSetsTheButtonsForTheNodeItPassesTo) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, {0, L"\\TGU \\U9 \\G12", ""});
+    Select(window, {0, Keys::GroupOfUser(9, 12), ""});
     EXPECT_EQ(Enabled(window, 0), "EDN AR --");
     TreeView& users = window.Users.TreeView1;
-    user.Collapse(users, users.Nodes().Find(L"\\TMO \\U9 \\G"));
+    user.Collapse(users, users.Nodes().Find(Keys::GroupsOfUser(9)));
     EXPECT_EQ(Enabled(window, 0), "EDN A- --");
     user.Collapse(users, users.Nodes().Root());
     EXPECT_EQ(Enabled(window, 0), "--N -- --");
@@ -304,22 +315,22 @@ TEST_F(Protection, ClosingTheNodeAboveTheSelectionSetsTheButtonsForTheNodeItPass
 TEST_F(Protection, CommandsGivenPastTheButtonsLeaveProtectedAccountsAlone) {
   Run([this](frmUserGroupPerm& window) {
     const auto before = Stored();
-    const auto select = [&](int tree, const wchar_t* key) { Select(window, {tree, key, ""}); };
-    select(0, L"\\TUS \\U1");
-    window.Users.cmdUser_Click(1);
-    select(0, L"\\TGU \\U1 \\G1");
-    window.Users.cmdMemberOf_Click(1);
-    select(0, L"\\TGU \\U9 \\G2");
-    window.Users.cmdMemberOf_Click(1);
-    select(1, L"\\TGR \\G1");
-    window.Groups.cmdGroup_Click(1);
-    window.Groups.cmdGroupPermission_Click(0);
-    select(1, L"\\TPG \\G1 \\P29");
-    window.Groups.cmdGroupPermission_Click(1);
-    select(1, L"\\TGR \\G2");
-    window.Groups.cmdGroup_Click(1);
-    select(1, L"\\TUG \\G2 \\U9");
-    window.Groups.cmdMember_Click(1);
+    const auto select = [&](int tree, const std::wstring& key) { Select(window, {tree, key, ""}); };
+    select(0, Keys::User(1));
+    window.Users.cmdUser_Click(kDeleteButton);
+    select(0, Keys::GroupOfUser(1, 1));
+    window.Users.cmdMemberOf_Click(kRemoveButton);
+    select(0, Keys::GroupOfUser(9, 2));
+    window.Users.cmdMemberOf_Click(kRemoveButton);
+    select(1, Keys::Group(1));
+    window.Groups.cmdGroup_Click(kDeleteButton);
+    window.Groups.cmdGroupPermission_Click(kAssignButton);
+    select(1, Keys::GroupPermission(1, 29));
+    window.Groups.cmdGroupPermission_Click(kRemoveButton);
+    select(1, Keys::Group(2));
+    window.Groups.cmdGroup_Click(kDeleteButton);
+    select(1, Keys::MemberOfGroup(2, 9));
+    window.Groups.cmdMember_Click(kRemoveButton);
     EXPECT_EQ(Stored(), before);
   });
 }

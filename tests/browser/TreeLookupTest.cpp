@@ -1,19 +1,21 @@
 #include <gtest/gtest.h>
 
+#include "tests/support/keys/Keys.h"
 #include "tests/support/window/MainWindowFixture.h"
 
 namespace browser {
 namespace {
 
 using controls::TreeNodes;
+using test_support::Keys;
 
 // Martin is user 9; groups 7 and 12 are his, permission 14 is his own.
 class Lookup : public test_support::MainWindowFixture {
  protected:
-  static int User(frmUserGroupPerm& window, const wchar_t* key) {
+  static int User(frmUserGroupPerm& window, const std::wstring& key) {
     return window.Users.TreeView1.Nodes().Find(key);
   }
-  static int Group(frmUserGroupPerm& window, const wchar_t* key) {
+  static int Group(frmUserGroupPerm& window, const std::wstring& key) {
     return window.Groups.TreeView1.Nodes().Find(key);
   }
   void ExpectReport(const wchar_t* procedure, const wchar_t* number = L"35601") {
@@ -63,10 +65,10 @@ TEST_F(Lookup, APermissionsNumberThatIsNoneIsReported) {
 
 TEST_F(Lookup, EveryNodeOfAUserLeadsToHisNode) {
   Run([](frmUserGroupPerm& window) {
-    const controls::NodeId martin = User(window, L"\\TUS \\U9");
-    for (const wchar_t* key :
-         {L"\\TUS \\U9", L"\\TMO \\U9 \\G", L"\\TGU \\U9 \\G12", L"\\TUP \\U9 \\P",
-          L"\\TPU \\U9 \\P14", L"\\TAP \\U9 \\P", L"\\TPA \\U9 \\P14"}) {
+    const controls::NodeId martin = User(window, Keys::User(9));
+    for (const std::wstring& key :
+         {Keys::User(9), Keys::GroupsOfUser(9), Keys::GroupOfUser(9, 12), Keys::OwnPermissions(9),
+          Keys::OwnPermission(9, 14), Keys::AllPermissions(9), Keys::AnyPermission(9, 14)}) {
       const std::wstring tag = window.Users.lookup.GetTypeNode(key);
       EXPECT_EQ(window.Users.lookup.GetIndexUserNode(tag, User(window, key)), martin);
     }
@@ -77,9 +79,10 @@ TEST_F(Lookup, EveryNodeOfAUserLeadsToHisNode) {
 
 TEST_F(Lookup, EveryNodeOfAGroupLeadsToItsNode) {
   Run([](frmUserGroupPerm& window) {
-    const controls::NodeId quality = Group(window, L"\\TGR \\G6");
-    for (const wchar_t* key : {L"\\TGR \\G6", L"\\TMS \\G6 \\U", L"\\TUG \\G6 \\U15",
-                               L"\\TGP \\G6 \\P", L"\\TPG \\G6 \\P21"}) {
+    const controls::NodeId quality = Group(window, Keys::Group(6));
+    for (const std::wstring& key :
+         {Keys::Group(6), Keys::MembersOfGroup(6), Keys::MemberOfGroup(6, 15),
+          Keys::GroupPermissions(6), Keys::GroupPermission(6, 21)}) {
       const std::wstring tag = window.Users.lookup.GetTypeNode(key);
       EXPECT_EQ(window.Groups.lookup.GetIndexGroupNode(tag, Group(window, key)), quality);
     }
@@ -90,12 +93,12 @@ TEST_F(Lookup, EveryNodeOfAGroupLeadsToItsNode) {
 
 TEST_F(Lookup, TheUsersNameIsGivenForHisNodesAndForMembers) {
   Run([](frmUserGroupPerm& window) {
-    for (const wchar_t* key : {L"\\TUS \\U9", L"\\TMO \\U9 \\G", L"\\TGU \\U9 \\G12",
-                               L"\\TUP \\U9 \\P", L"\\TPU \\U9 \\P14"}) {
+    for (const std::wstring& key : {Keys::User(9), Keys::GroupsOfUser(9), Keys::GroupOfUser(9, 12),
+                                    Keys::OwnPermissions(9), Keys::OwnPermission(9, 14)}) {
       const std::wstring tag = window.Users.lookup.GetTypeNode(key);
       EXPECT_EQ(window.Users.lookup.GetUserName(tag, User(window, key)), L"Martin (Jean Martin)");
     }
-    const int member = Group(window, L"\\TUG \\G7 \\U9");
+    const int member = Group(window, Keys::MemberOfGroup(7, 9));
     EXPECT_EQ(window.Groups.lookup.GetUserName(L"UG", member), L"Martin (Jean Martin)");
     EXPECT_EQ(window.Users.lookup.GetUserName(L"RT", 1), L"");
     EXPECT_EQ(window.Users.lookup.GetUserName(L"GR", 2), L"");
@@ -104,8 +107,8 @@ TEST_F(Lookup, TheUsersNameIsGivenForHisNodesAndForMembers) {
 
 TEST_F(Lookup, TheFolderOfAllPermissionsGivesNoNameThoughItsUserIsFound) {
   Run([](frmUserGroupPerm& window) {
-    const int folder = User(window, L"\\TAP \\U9 \\P");
-    const int leaf = User(window, L"\\TPA \\U9 \\P14");
+    const int folder = User(window, Keys::AllPermissions(9));
+    const int leaf = User(window, Keys::AnyPermission(9, 14));
     EXPECT_EQ(window.Users.lookup.GetUserName(L"AP", folder), L"");
     EXPECT_EQ(window.Users.lookup.GetUserName(L"PA", leaf), L"");
     EXPECT_NE(window.Users.lookup.GetIndexUserNode(L"AP", folder), controls::kNoNode);
@@ -116,24 +119,26 @@ TEST_F(Lookup, TheFolderOfAllPermissionsGivesNoNameThoughItsUserIsFound) {
 TEST_F(Lookup, TheGroupsNameIsGivenForItsNodesAndForMemberships) {
   Run([](frmUserGroupPerm& window) {
     const std::wstring name = L"Laboratoire (Mesures et essais)";
-    for (const wchar_t* key :
-         {L"\\TGR \\G12", L"\\TMS \\G12 \\U", L"\\TUG \\G12 \\U9", L"\\TGP \\G12 \\P"}) {
+    for (const std::wstring& key : {Keys::Group(12), Keys::MembersOfGroup(12),
+                                    Keys::MemberOfGroup(12, 9), Keys::GroupPermissions(12)}) {
       const std::wstring tag = window.Users.lookup.GetTypeNode(key);
       EXPECT_EQ(window.Groups.lookup.GetGroupName(tag, Group(window, key)), name);
     }
-    EXPECT_EQ(window.Users.lookup.GetGroupName(L"GU", User(window, L"\\TGU \\U9 \\G12")), name);
-    EXPECT_EQ(window.Users.lookup.GetGroupName(L"MO", User(window, L"\\TMO \\U9 \\G")), L"");
+    EXPECT_EQ(window.Users.lookup.GetGroupName(L"GU", User(window, Keys::GroupOfUser(9, 12))),
+              name);
+    EXPECT_EQ(window.Users.lookup.GetGroupName(L"MO", User(window, Keys::GroupsOfUser(9))), L"");
   });
 }
 
 TEST_F(Lookup, APermissionsNameIsGivenForDirectPermissionsOnly) {
   Run([](frmUserGroupPerm& window) {
-    EXPECT_EQ(window.Users.lookup.GetPermName(L"PU", User(window, L"\\TPU \\U9 \\P14")),
+    EXPECT_EQ(window.Users.lookup.GetPermName(L"PU", User(window, Keys::OwnPermission(9, 14))),
               L"Consulter le stock");
-    EXPECT_EQ(window.Groups.lookup.GetPermName(L"PG", Group(window, L"\\TPG \\G6 \\P14")),
+    EXPECT_EQ(window.Groups.lookup.GetPermName(L"PG", Group(window, Keys::GroupPermission(6, 14))),
               L"Consulter le stock");
-    EXPECT_EQ(window.Users.lookup.GetPermName(L"PA", User(window, L"\\TPA \\U9 \\P14")), L"");
-    EXPECT_EQ(window.Users.lookup.GetPermName(L"UP", User(window, L"\\TUP \\U9 \\P")), L"");
+    EXPECT_EQ(window.Users.lookup.GetPermName(L"PA", User(window, Keys::AnyPermission(9, 14))),
+              L"");
+    EXPECT_EQ(window.Users.lookup.GetPermName(L"UP", User(window, Keys::OwnPermissions(9))), L"");
   });
 }
 

@@ -9,6 +9,7 @@
 #include "data/MSQLStatement.h"
 #include "data/NodeKey.h"
 #include "data/Text.h"
+#include "tests/support/keys/Keys.h"
 #include "tests/support/window/MainWindowFixture.h"
 
 namespace browser {
@@ -16,6 +17,7 @@ namespace {
 
 using controls::TreeNodes;
 using controls::TreeView;
+using test_support::Keys;
 using Strings = std::vector<std::wstring>;
 
 std::wstring U(const char* utf8) {
@@ -29,19 +31,20 @@ TEST_F(Trees, EveryNodeHasTheKeyOfItsKindComposedFromItsParents) {
     const TreeView& users = window.Users.TreeView1;
     const TreeNodes& nodes = users.Nodes();
     const int martin = NodeAt(users, {L"Martin (Jean Martin)"});
-    EXPECT_EQ(nodes.Key(nodes.Root()), L"\\TRT ");
-    EXPECT_EQ(nodes.Key(martin), L"\\TUS \\U9");
-    EXPECT_EQ(nodes.Key(Child(users, martin, L"Membre du Groupe")), L"\\TMO \\U9 \\G");
-    EXPECT_EQ(nodes.Key(Child(users, martin, L"Droits Utilisateur")), L"\\TUP \\U9 \\P");
-    EXPECT_EQ(nodes.Key(Child(users, martin, L"Ensemble des Droits")), L"\\TAP \\U9 \\P");
-    EXPECT_NE(nodes.Find(L"\\TGU \\U9 \\G12"), controls::kNoNode);
-    EXPECT_NE(nodes.Find(L"\\TPU \\U9 \\P14"), controls::kNoNode);
-    EXPECT_NE(nodes.Find(L"\\TPA \\U9 \\P16"), controls::kNoNode);
+    EXPECT_EQ(nodes.Key(nodes.Root()), Keys::Root());
+    EXPECT_EQ(nodes.Key(martin), Keys::User(9));
+    EXPECT_EQ(nodes.Key(Child(users, martin, L"Membre du Groupe")), Keys::GroupsOfUser(9));
+    EXPECT_EQ(nodes.Key(Child(users, martin, L"Droits Utilisateur")), Keys::OwnPermissions(9));
+    EXPECT_EQ(nodes.Key(Child(users, martin, L"Ensemble des Droits")), Keys::AllPermissions(9));
+    EXPECT_NE(nodes.Find(Keys::GroupOfUser(9, 12)), controls::kNoNode);
+    EXPECT_NE(nodes.Find(Keys::OwnPermission(9, 14)), controls::kNoNode);
+    EXPECT_NE(nodes.Find(Keys::AnyPermission(9, 16)), controls::kNoNode);
 
     const TreeNodes& groups = window.Groups.TreeView1.Nodes();
-    EXPECT_EQ(groups.Key(groups.Root()), L"\\TRT ");
-    for (const wchar_t* key : {L"\\TGR \\G6", L"\\TMS \\G6 \\U", L"\\TUG \\G6 \\U15",
-                               L"\\TGP \\G6 \\P", L"\\TPG \\G6 \\P21"}) {
+    EXPECT_EQ(groups.Key(groups.Root()), Keys::Root());
+    for (const std::wstring& key :
+         {Keys::Group(6), Keys::MembersOfGroup(6), Keys::MemberOfGroup(6, 15),
+          Keys::GroupPermissions(6), Keys::GroupPermission(6, 21)}) {
       EXPECT_NE(groups.Find(key), controls::kNoNode) << data::ToUtf8(key);
     }
   });
@@ -106,9 +109,9 @@ TEST_F(Trees, AllPermissionsHoldAnOwnOneThatNoGroupGives) {
 TEST_F(Trees, APermissionsImageTellsWhetherItIsHeldDirectly) {
   Run([](frmUserGroupPerm& window) {
     const TreeNodes& nodes = window.Users.TreeView1.Nodes();
-    EXPECT_EQ(nodes.Image(nodes.Find(L"\\TPU \\U9 \\P14")), kPermissionImage);
-    EXPECT_EQ(nodes.Image(nodes.Find(L"\\TPA \\U9 \\P14")), kPermissionImage);
-    EXPECT_EQ(nodes.Image(nodes.Find(L"\\TPA \\U9 \\P16")), kInheritedPermissionImage);
+    EXPECT_EQ(nodes.Image(nodes.Find(Keys::OwnPermission(9, 14))), kPermissionImage);
+    EXPECT_EQ(nodes.Image(nodes.Find(Keys::AnyPermission(9, 14))), kPermissionImage);
+    EXPECT_EQ(nodes.Image(nodes.Find(Keys::AnyPermission(9, 16))), kInheritedPermissionImage);
   });
 }
 
@@ -117,14 +120,14 @@ TEST_F(Trees, ProtectedAccountsHaveImagesOfTheirOwnWhereverTheyStand) {
       [](frmUserGroupPerm& window) {
         const TreeNodes& users = window.Users.TreeView1.Nodes();
         const TreeNodes& groups = window.Groups.TreeView1.Nodes();
-        EXPECT_EQ(users.Image(users.Find(L"\\TUS \\U1")), kProtectedUserImage);
-        EXPECT_EQ(users.Image(users.Find(L"\\TUS \\U2")), kProtectedUserImage);
-        EXPECT_EQ(users.Image(users.Find(L"\\TUS \\U9")), kUserImage);
-        EXPECT_EQ(users.Image(users.Find(L"\\TGU \\U9 \\G2")), kProtectedGroupImage);
-        EXPECT_EQ(users.Image(users.Find(L"\\TGU \\U9 \\G7")), kGroupImage);
-        EXPECT_EQ(groups.Image(groups.Find(L"\\TGR \\G1")), kProtectedGroupImage);
-        EXPECT_EQ(groups.Image(groups.Find(L"\\TGR \\G6")), kGroupImage);
-        EXPECT_EQ(groups.Image(groups.Find(L"\\TUG \\G1 \\U1")), kProtectedUserImage);
+        EXPECT_EQ(users.Image(users.Find(Keys::User(1))), kProtectedUserImage);
+        EXPECT_EQ(users.Image(users.Find(Keys::User(2))), kProtectedUserImage);
+        EXPECT_EQ(users.Image(users.Find(Keys::User(9))), kUserImage);
+        EXPECT_EQ(users.Image(users.Find(Keys::GroupOfUser(9, 2))), kProtectedGroupImage);
+        EXPECT_EQ(users.Image(users.Find(Keys::GroupOfUser(9, 7))), kGroupImage);
+        EXPECT_EQ(groups.Image(groups.Find(Keys::Group(1))), kProtectedGroupImage);
+        EXPECT_EQ(groups.Image(groups.Find(Keys::Group(6))), kGroupImage);
+        EXPECT_EQ(groups.Image(groups.Find(Keys::MemberOfGroup(1, 1))), kProtectedUserImage);
       },
       L"Moreau");
 }
@@ -216,9 +219,9 @@ TEST_F(Trees, TheStoredNameStaysBehindTheDisplayedText) {
   Run([](frmUserGroupPerm& window) {
     const TreeNodes& users = window.Users.TreeView1.Nodes();
     const TreeNodes& groups = window.Groups.TreeView1.Nodes();
-    EXPECT_EQ(users.StoredName(users.Find(L"\\TUS \\U9")), L"Martin");
-    EXPECT_EQ(groups.StoredName(groups.Find(L"\\TGR \\G2")), L"Everyone");
-    EXPECT_EQ(groups.Text(groups.Find(L"\\TGR \\G2")), L"Tout le monde (Tous les utilisateurs)");
+    EXPECT_EQ(users.StoredName(users.Find(Keys::User(9))), L"Martin");
+    EXPECT_EQ(groups.StoredName(groups.Find(Keys::Group(2))), L"Everyone");
+    EXPECT_EQ(groups.Text(groups.Find(Keys::Group(2))), L"Tout le monde (Tous les utilisateurs)");
   });
 }
 
