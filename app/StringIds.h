@@ -68,6 +68,7 @@ enum StringId : int {
   kServerWrongBitness = 423,
   kServerLost = 424,
   kServerMemberMissing = 425,
+  kServerForUserOnly = 426,
   kGrantedDirectly = 501,
   kByGroup = 502,
   kByGroups = 503,

@@ -25,6 +25,8 @@ constexpr DWORD kContexts = CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER;
   switch (fault) {
     case ClassFault::kNotRegistered:
       throw data::RunTimeError(data::kCannotCreateObject, texts.notRegistered);
+    case ClassFault::kForUserOnly:
+      throw data::RunTimeError(data::kCannotCreateObject, texts.forUserOnly);
     case ClassFault::kFileMissing:
       throw data::RunTimeError(data::kCannotCreateObject, texts.fileMissing);
     case ClassFault::kWrongBitness:

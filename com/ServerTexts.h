@@ -12,6 +12,7 @@ struct ServerTexts {
   std::wstring wrongBitness;        // made for programs of the other word size
   std::wstring lost = {};           // the server ended in the middle of a call
   std::wstring memberMissing = {};  // %1: the member that the server does not have
+  std::wstring forUserOnly = {};  // registered for the user, which an elevated program does not see
 };
 
 }  // namespace com

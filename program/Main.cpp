@@ -44,6 +44,7 @@ std::unique_ptr<data::SessionServer> CreateSessionServer(const controls::Desktop
   texts.wrongBitness = desktop.LoadResString(app::kServerWrongBitness);
   texts.lost = desktop.LoadResString(app::kServerLost);
   texts.memberMissing = desktop.LoadResString(app::kServerMemberMissing);
+  texts.forUserOnly = desktop.LoadResString(app::kServerForUserOnly);
   return com::CreateSessionServer(kProgId, texts, &observer);
 }
 

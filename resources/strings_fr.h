@@ -99,6 +99,8 @@ UADMIN_STRING(423, "Le serveur de session Vardex.Vardex.1 n'est enregistré que 
 UADMIN_STRING(424, "Le serveur de session Vardex.Vardex.1 ne répond plus. Quittez le programme, puis relancez-le depuis une nouvelle session.")
 // %1: the member that was asked for.
 UADMIN_STRING(425, "Le serveur de session Vardex.Vardex.1 ne connaît pas l'opération %1. Installez une version plus récente.")
+// An elevated process does not see what is registered for the user alone.
+UADMIN_STRING(426, "Le serveur de session Vardex.Vardex.1 n'est enregistré que pour votre compte, et un programme lancé en tant qu'administrateur ne le voit pas. Relancez Admin Utilisateurs sans élévation, ou faites enregistrer le serveur pour tous les utilisateurs du poste.")
 
 // Where a permission comes from. %1: a group, or several joined by 506 and, before the last, 507.
 UADMIN_STRING(501, "Accordée directement")

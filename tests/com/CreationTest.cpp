@@ -5,6 +5,7 @@
 
 #include "ClassEntry.h"
 #include "LateServer.h"
+#include "automation/RegistryKey.h"
 #include "com/Apartment.h"
 #include "com/ComSessionServer.h"
 
@@ -60,6 +61,48 @@ class ImageStub {
 
 TEST(Creation, OfAnUnknownObjectSaysSo) {
   ExpectFault(L"not registered", L"Vardex.NoSuchObject.1");
+}
+
+// A class that the user has registered, in a process that is shown no class of his: the keys of the
+// test stand in the place of the real ones.
+class UnseenClass {
+ public:
+  UnseenClass() {
+    RegistryKey::Create(user_.Get(), L"Software\\Classes\\" + ProgId() + L"\\CLSID")
+        .Write(nullptr, L"{11111111-2222-3333-4444-555555555555}");
+    RegOverridePredefKey(HKEY_CLASSES_ROOT, seen_.Get());
+    RegOverridePredefKey(HKEY_CURRENT_USER, user_.Get());
+  }
+  ~UnseenClass() {
+    RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
+    RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
+    RegDeleteTreeW(HKEY_CURRENT_USER, Scratch().c_str());
+  }
+  UnseenClass(const UnseenClass&) = delete;
+  UnseenClass& operator=(const UnseenClass&) = delete;
+
+  static std::wstring ProgId() { return L"UadminTest.Unseen.1"; }
+
+ private:
+  using RegistryKey = automation::RegistryKey;
+
+  static std::wstring Scratch() {
+    return L"Software\\UadminTestUnseen" + std::to_wstring(GetCurrentProcessId());
+  }
+
+  RegistryKey user_ = RegistryKey::Create(HKEY_CURRENT_USER, Scratch() + L"\\User");
+  RegistryKey seen_ = RegistryKey::Create(HKEY_CURRENT_USER, Scratch() + L"\\Seen");
+};
+
+TEST(Creation, OfAUsersClassThatTheProcessDoesNotSeeSaysSo) {
+  const UnseenClass unseen;
+  const ::com::Apartment apartment;
+  const data::RunTimeError error = ErrorOf([] {
+    ::com::CreateSessionServer(UnseenClass::ProgId(),
+                               {L"not registered", L"", L"", L"", L"", L"for the user only"});
+  });
+  EXPECT_EQ(data::kCannotCreateObject, error.Number());
+  EXPECT_EQ(L"for the user only", error.Text());
 }
 
 TEST(Creation, OfANameWithoutItsClassSaysSo) {
