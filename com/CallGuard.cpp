@@ -1,23 +1,38 @@
 #include "com/CallGuard.h"
 
-// GCC knows no __try, so the frame that owns the handler is written in assembler: one that calls,
-// answers 0, and can be resumed after the call with an exception code for an answer.
+// The linker puts it at the start of the image.
+extern "C" const char __ImageBase[];
+
 namespace {
 
 constexpr DWORD kUnwinding = 0x2;
 constexpr DWORD kExitUnwind = 0x4;
 constexpr DWORD kSeverityError = 3;
 
-// Only failures end a call. Warnings, debugger notes and the exceptions that C++ run-times travel
-// by are for others, and after a stack overflow nothing may go on.
-bool EndsTheCall(const EXCEPTION_RECORD& record) {
-  if ((record.ExceptionFlags & (kUnwinding | kExitUnwind)) != 0) return false;
-  return record.ExceptionCode >> 30 == kSeverityError &&
-         record.ExceptionCode != static_cast<DWORD>(STATUS_STACK_OVERFLOW);
+// Where this program's own code and data begin and end, as the linker and the headers say.
+bool IsOwnCode(const void* address) {
+  const auto start = reinterpret_cast<const IMAGE_DOS_HEADER*>(__ImageBase);
+  const auto headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(__ImageBase + start->e_lfanew);
+  const auto place = static_cast<const char*>(address);
+  return place >= __ImageBase && place < __ImageBase + headers->OptionalHeader.SizeOfImage;
 }
 
 }  // namespace
 
+namespace com {
+
+// After a stack overflow nothing may go on.
+bool IsServerFault(const EXCEPTION_RECORD& record) {
+  if ((record.ExceptionFlags & (kUnwinding | kExitUnwind)) != 0) return false;
+  return record.ExceptionCode >> 30 == kSeverityError &&
+         record.ExceptionCode != static_cast<DWORD>(STATUS_STACK_OVERFLOW) &&
+         !IsOwnCode(record.ExceptionAddress);
+}
+
+}  // namespace com
+
+// GCC knows no __try, so the frame that owns the handler is written in assembler: one that calls,
+// answers 0, and can be resumed after the call with an exception code for an answer.
 extern "C" DWORD UadminCallGuarded(void (*function)(void*), void* context);
 
 #ifdef _WIN64
@@ -26,7 +41,7 @@ extern "C" const char UadminGuardResume[];
 
 extern "C" EXCEPTION_DISPOSITION UadminGuardHandler(EXCEPTION_RECORD* record, void* frame, CONTEXT*,
                                                     DISPATCHER_CONTEXT* dispatcher) {
-  if (!EndsTheCall(*record)) return ExceptionContinueSearch;
+  if (!com::IsServerFault(*record)) return ExceptionContinueSearch;
   const auto answer = reinterpret_cast<void*>(static_cast<ULONG_PTR>(record->ExceptionCode));
   RtlUnwindEx(frame, const_cast<char*>(UadminGuardResume), record, answer,
               dispatcher->ContextRecord, dispatcher->HistoryTable);
@@ -55,8 +70,8 @@ UadminGuardResume:
 
 #else
 
-extern "C" int UadminEndsTheCall(const EXCEPTION_RECORD* record) {
-  return EndsTheCall(*record) ? 1 : 0;
+extern "C" int UadminIsServerFault(const EXCEPTION_RECORD* record) {
+  return com::IsServerFault(*record) ? 1 : 0;
 }
 
 // The handler is registered in the thread's chain. RtlUnwind may leave any register but the stack
@@ -88,7 +103,7 @@ _UadminGuardResume:
 
 _UadminGuardHandler:
   pushl 4(%esp)
-  call _UadminEndsTheCall
+  call _UadminIsServerFault
   addl $4, %esp
   testl %eax, %eax
   jnz 1f

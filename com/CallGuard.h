@@ -8,6 +8,12 @@ namespace com {
 // of the structured exception. The guard does so: it asks the frames below it first, so that a
 // server which handles its own exceptions is left alone, and takes what nobody else wants.
 //
+// Whether the guard takes an exception that nobody below it wants: a failure of the system's or of
+// the server's. Warnings, what debuggers say to each other and a fault of this program's own code,
+// which a server may call back, are left to those who handle them, and a stack overflow to the
+// system.
+bool IsServerFault(const EXCEPTION_RECORD& record);
+
 // Calls the function with the context. The answer is 0 when it came back, else the code of the
 // exception that ended it. The function must let no C++ exception out.
 DWORD CallGuarded(void (*function)(void* context), void* context);

@@ -3,6 +3,7 @@
 #include <memory>
 #include <stdexcept>
 
+#include "ForeignCode.h"
 #include "LateServer.h"
 #include "automation/Adopt.h"
 #include "automation/ComObject.h"
@@ -13,8 +14,7 @@ namespace com_test {
 namespace {
 
 HRESULT WriteNowhere(const FakeCall&) {
-  volatile int* volatile nowhere = nullptr;
-  *nowhere = 1;
+  FaultInForeignCode();
   return S_OK;
 }
 
