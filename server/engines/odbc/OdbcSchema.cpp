@@ -73,8 +73,13 @@ std::vector<std::string> OdbcSchema(const Dialect& dialect) {
 
 std::string OdbcSchemaQuestion(const Dialect& dialect) {
   std::string names;
-  for (const std::string_view view : kViews) names += "'" + std::string(view) + "', ";
-  for (const std::string_view table : kTables) names += "'" + std::string(table) + "', ";
+  // Appended piece by piece: the 32-bit compiler warns, wrongly, of a text put in front of a
+  // string.
+  const auto add = [&names](std::string_view name) {
+    names.append("'").append(name).append("', ");
+  };
+  for (const std::string_view view : kViews) add(view);
+  for (const std::string_view table : kTables) add(table);
   return "SELECT UPPER(MAX(TABLE_NAME)) FROM information_schema.tables WHERE TABLE_SCHEMA = " +
          std::string(dialect.ownSchema) + " AND UPPER(TABLE_NAME) IN (" + names + "'')";
 }
