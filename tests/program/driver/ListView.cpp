@@ -9,8 +9,8 @@
 namespace driver {
 namespace {
 
-constexpr int kLongestText = 8192;
-constexpr std::size_t kTextAt = 256;
+constexpr int kLongestRow = 8192;
+constexpr std::size_t kRowTextAt = 256;
 constexpr UINT kCheckedImage = 2;
 
 // A check box is the state image of its row, whose number stands in these bits.
@@ -21,7 +21,7 @@ UINT StateImage(UINT state) {
 }  // namespace
 
 ListView::ListView(const Window& window)
-    : window_(window), memory_(window.ProcessId(), kTextAt + kLongestText * sizeof(wchar_t)) {}
+    : window_(window), memory_(window.ProcessId(), kRowTextAt + kLongestRow * sizeof(wchar_t)) {}
 
 int ListView::Count() const {
   return static_cast<int>(window_.Send(LVM_GETITEMCOUNT));
@@ -39,14 +39,14 @@ ListRow ListView::Row(int row) {
   LVITEMW item{};
   item.mask = LVIF_TEXT | LVIF_PARAM;
   item.iItem = row;
-  item.pszText = static_cast<wchar_t*>(memory_.At(kTextAt));
-  item.cchTextMax = kLongestText;
+  item.pszText = static_cast<wchar_t*>(memory_.At(kRowTextAt));
+  item.cchTextMax = kLongestRow;
   memory_.Write(0, &item, sizeof item);
   if (window_.Send(LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(memory_.At(0))) == 0) {
     throw Failure("the list has no row " + std::to_string(row));
   }
   memory_.Read(0, &item, sizeof item);
-  return {memory_.ReadText(kTextAt, kLongestText), item.lParam, IsRowChecked(row),
+  return {memory_.ReadText(kRowTextAt, kLongestRow), item.lParam, IsRowChecked(row),
           State(row, LVIS_SELECTED) != 0};
 }
 

@@ -7,13 +7,14 @@
 namespace driver {
 namespace {
 
-constexpr int kLongestText = 512;
-constexpr std::size_t kTextAt = 256;
+constexpr int kLongestCaption = 512;
+constexpr std::size_t kCaptionAt = 256;
 
 }  // namespace
 
 TabStrip::TabStrip(const Window& window)
-    : window_(window), memory_(window.ProcessId(), kTextAt + kLongestText * sizeof(wchar_t)) {}
+    : window_(window),
+      memory_(window.ProcessId(), kCaptionAt + kLongestCaption * sizeof(wchar_t)) {}
 
 std::vector<std::wstring> TabStrip::Captions() {
   std::vector<std::wstring> captions;
@@ -21,11 +22,11 @@ std::vector<std::wstring> TabStrip::Captions() {
   for (LRESULT tab = 0; tab < count; ++tab) {
     TCITEMW item{};
     item.mask = TCIF_TEXT;
-    item.pszText = static_cast<wchar_t*>(memory_.At(kTextAt));
-    item.cchTextMax = kLongestText;
+    item.pszText = static_cast<wchar_t*>(memory_.At(kCaptionAt));
+    item.cchTextMax = kLongestCaption;
     memory_.Write(0, &item, sizeof item);
     window_.Send(TCM_GETITEMW, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(memory_.At(0)));
-    captions.push_back(memory_.ReadText(kTextAt, kLongestText));
+    captions.push_back(memory_.ReadText(kCaptionAt, kLongestCaption));
   }
   return captions;
 }

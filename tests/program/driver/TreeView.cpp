@@ -10,15 +10,15 @@
 namespace driver {
 namespace {
 
-constexpr int kLongestText = 8192;
+constexpr int kLongestNode = 8192;
 
 // What is asked for and its text lie together, so that one look brings both where the text is
-// short, as nearly all are: looking into another process is dear.
-struct Request {
+// short, as nearly all are: looking into another process is expensive.
+struct NodeRequest {
   TVITEMW item{};
   wchar_t text[128] = {};
 };
-constexpr std::size_t kTextAt = offsetof(Request, text);
+constexpr std::size_t kNodeTextAt = offsetof(NodeRequest, text);
 
 LPARAM AsParameter(const void* pointer) {
   return reinterpret_cast<LPARAM>(pointer);
@@ -27,7 +27,7 @@ LPARAM AsParameter(const void* pointer) {
 }  // namespace
 
 TreeView::TreeView(const Window& window)
-    : window_(window), memory_(window.ProcessId(), kTextAt + kLongestText * sizeof(wchar_t)) {}
+    : window_(window), memory_(window.ProcessId(), kNodeTextAt + kLongestNode * sizeof(wchar_t)) {}
 
 int TreeView::Count() const {
   return static_cast<int>(window_.Send(TVM_GETCOUNT));
@@ -55,13 +55,13 @@ HTREEITEM TreeView::Parent(HTREEITEM item) const {
 
 TreeNode TreeView::Read(HTREEITEM item) {
   if (item == nullptr) throw Failure("the tree has no such node");
-  Request request;
+  NodeRequest request;
   request.item.mask = TVIF_HANDLE | TVIF_TEXT | TVIF_PARAM | TVIF_CHILDREN | TVIF_STATE |
                       TVIF_IMAGE | TVIF_SELECTEDIMAGE;
   request.item.hItem = item;
   request.item.stateMask = TVIS_EXPANDED | TVIS_SELECTED;
-  request.item.pszText = static_cast<wchar_t*>(memory_.At(kTextAt));
-  request.item.cchTextMax = kLongestText;
+  request.item.pszText = static_cast<wchar_t*>(memory_.At(kNodeTextAt));
+  request.item.cchTextMax = kLongestNode;
   memory_.Write(0, &request.item, sizeof request.item);
   if (window_.Send(TVM_GETITEMW, 0, AsParameter(memory_.At(0))) == 0) {
     throw Failure("the tree does not give a node");
@@ -71,7 +71,7 @@ TreeNode TreeView::Read(HTREEITEM item) {
   node.item = item;
   node.text.assign(request.text, wcsnlen(request.text, std::size(request.text)));
   if (node.text.size() == std::size(request.text)) {
-    node.text = memory_.ReadText(kTextAt, kLongestText);
+    node.text = memory_.ReadText(kNodeTextAt, kLongestNode);
   }
   node.data = request.item.lParam;
   node.hasChildren = request.item.cChildren != 0;
