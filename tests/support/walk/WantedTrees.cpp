@@ -39,7 +39,7 @@ std::wstring WantedTrees::TextOf(int tree, std::int32_t id, const Tables& tables
   const AccountRecord& record = (tree == kUsersTree ? tables.users : tables.groups).at(id);
   if (tree == kUsersTree) return NodeText(record.name, record.addition);
   return NodeText(tables.Display(104, record.name),
-                  record.addition.empty() ? L"" : tables.Display(105, record.addition));
+                  record.addition.empty() ? std::wstring() : tables.Display(105, record.addition));
 }
 
 int WantedTrees::ImageOf(int tree, std::int32_t id) const {
