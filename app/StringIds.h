@@ -16,7 +16,7 @@ enum StringId : int {
   kCopy = 111,
   kExpand = 112,
   kCollapse = 113,
-  kMoveRight = 114,  // and the three behind it: all right, left, all left
+  kMoveRight = 114,  // and the three after it: all right, left, all left
   kAll = 119,
   kNone = 120,
   kAllGroups = 121,
@@ -42,7 +42,7 @@ enum StringId : int {
   kGroupPermissions = 310,
   kAvailableUsers = 311,
   kSelectedUsers = 312,
-  kAddUsersStep1 = 313,  // and the three steps behind it
+  kAddUsersStep1 = 313,  // and the three steps after it
   kGroupNameLabel = 317,
   kDescriptionLabel = 318,
   kUserNameLabel = 319,

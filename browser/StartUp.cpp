@@ -4,13 +4,11 @@
 #include "controls/Desktop.h"
 #include "data/Lookup.h"
 #include "data/MSQLStatement.h"
+#include "data/Rights.h"
 #include "data/Text.h"
 
 namespace browser {
 namespace {
-
-// The right to administer users in a session's rights mask.
-constexpr std::int32_t kUserAdministration = 4;
 
 // The mode in which the session server is used after the access check.
 constexpr std::int32_t kAdministrationMode = 1;
@@ -35,7 +33,7 @@ bool StartUp::OpenSession() {
   server.ReadCommandLine(global_.desktop.CommandLine(), global_.sessionText, global_.sessionId);
   server.OpenSession(global_.sessionText, global_.sessionId);
   global_.sessionRights = server.GetRights();
-  return (global_.sessionRights & kUserAdministration) != 0;
+  return (global_.sessionRights & data::kUserAdministration) != 0;
 }
 
 void StartUp::ShowRefusal() {

@@ -9,6 +9,7 @@
 #include "controls/Desktop.h"
 #include "data/Lookup.h"
 #include "data/MSQLStatement.h"
+#include "data/ReadScope.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
 

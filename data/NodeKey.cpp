@@ -10,7 +10,7 @@ constexpr std::wstring_view kUserMarker = L"\\U";
 constexpr std::wstring_view kGroupMarker = L"\\G";
 constexpr std::wstring_view kPermMarker = L"\\P";
 
-// A folder's key ends in a bare marker: there is no identifier behind it, and that is no error.
+// A folder's key ends in a bare marker: no identifier follows it, and that is no error.
 std::int32_t IdOf(std::wstring_view text) {
   const std::wstring_view digits = Trim(text);
   return digits.empty() ? 0 : ToInteger(digits);

@@ -15,7 +15,6 @@ enum StandardError : long {
   kTypeMismatch = 13,
   kFileNotFound = 53,
   kObjectNotSet = 91,
-  kInvalidPattern = 93,
   kObjectRequired = 424,
   kCannotCreateObject = 429,
   kNoAutomation = 430,

@@ -24,7 +24,7 @@ std::size_t SequenceLength(unsigned char lead) {
 }
 
 // Decodes the letter at the start of a non-empty text. What is overlong, a surrogate or cut short
-// counts as one malformed byte, so that nothing behind it is swallowed.
+// counts as one malformed byte, so that nothing after it is swallowed.
 Decoded DecodeUtf8(std::string_view utf8) {
   const auto lead = static_cast<unsigned char>(utf8[0]);
   const std::size_t length = SequenceLength(lead);

@@ -10,7 +10,7 @@
 namespace dialogs {
 
 // Controls of one kind and name, told apart by numbers that need not follow one another: List1[2],
-// cmdBtn[21]. In the dialog template each has the number behind a first one that is its own.
+// cmdBtn[21]. In the dialog template each has its number added to a first id.
 template <class ControlKind, int... kNumbers>
 class ControlArray {
  public:

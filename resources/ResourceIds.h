@@ -33,9 +33,9 @@
 #define IDC_LBL_TREE_USERS 1003
 #define IDC_LBL_TREE_GROUPS 1004
 #define IDC_FRA_USER 1010
-#define IDC_CMD_USER 1011  // and the two behind it: Edit, Delete, New
+#define IDC_CMD_USER 1011  // and the two after it: Edit, Delete, New
 #define IDC_FRA_MEMBER_OF 1020
-#define IDC_CMD_MEMBER_OF 1021  // and the one behind it: Assign, Remove
+#define IDC_CMD_MEMBER_OF 1021  // and the one after it: Assign, Remove
 #define IDC_FRA_USER_PERMISSION 1030
 #define IDC_CMD_USER_PERMISSION 1031  // Assign, Remove
 #define IDC_FRA_GROUP 1040
@@ -84,4 +84,4 @@
 #define IDC_LBL_LIST_ITEM 1401
 #define IDC_FRA_LIST_ITEM 1402
 #define IDC_LIST_LIST_ITEM 1403
-#define IDC_CMD_LIST_ITEM 1404  // All, and the one behind it: None
+#define IDC_CMD_LIST_ITEM 1404  // All, and the one after it: None

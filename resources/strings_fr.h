@@ -6,7 +6,7 @@
 // - UTF-8, composed letters (NFC), one literal a line, not cut in two. A quotation mark inside a
 //   text is written \042, the one form that the resource compiler and C++ read alike.
 // - "&" stands before a control's access key. Blanks at the end of a text matter: the program puts
-//   something behind it.
+//   something after it.
 // - %1, %2, ... stand for what the program fills in, in that order of arguments; a translation may
 //   move or repeat them. The comment in front of such a text says what they are.
 // - 10000 + n is the standard text of run-time error n, 10000 that of every number without one.

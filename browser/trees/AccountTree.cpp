@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "browser/trees/TreeImages.h"
+#include "data/ReadScope.h"
 #include "data/RunTimeError.h"
 
 namespace browser {

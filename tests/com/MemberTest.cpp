@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "LateServer.h"
+#include "data/ReadScope.h"
 
 using Microsoft::WRL::ComPtr;
 

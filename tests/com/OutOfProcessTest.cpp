@@ -10,6 +10,7 @@
 #include "com/ComSessionServer.h"
 #include "data/Lookup.h"
 #include "data/MSQLStatement.h"
+#include "data/ReadScope.h"
 #include "server/core/Errors.h"
 #include "tests/support/data/SampleDatabase.h"
 

@@ -6,6 +6,7 @@
 #include "VardexLibrary.h"
 #include "data/Lookup.h"
 #include "data/MSQLStatement.h"
+#include "data/ReadScope.h"
 #include "server/com/Identity.h"
 #include "server/core/Errors.h"
 #include "tests/support/data/SampleDatabase.h"

@@ -53,10 +53,10 @@ bool IsPattern(const std::wstring& pattern) {
 
 bool Tries(const std::wstring& text, const std::wstring& pattern) {
   if (pattern.empty()) return text.empty();
-  const std::wstring behind = pattern.substr(1);
+  const std::wstring rest = pattern.substr(1);
   if (pattern[0] == L'*') {
     for (std::size_t skipped = 0; skipped <= text.size(); ++skipped) {
-      if (Tries(text.substr(skipped), behind)) return true;
+      if (Tries(text.substr(skipped), rest)) return true;
     }
     return false;
   }
@@ -69,7 +69,7 @@ bool Tries(const std::wstring& text, const std::wstring& pattern) {
   if (text.empty()) return false;
   const bool digit = text[0] >= L'0' && text[0] <= L'9';
   const bool matches = pattern[0] == L'?' || (pattern[0] == L'#' ? digit : pattern[0] == text[0]);
-  return matches && Tries(text.substr(1), behind);
+  return matches && Tries(text.substr(1), rest);
 }
 
 // Every text of at most so many of these letters.

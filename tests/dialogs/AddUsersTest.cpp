@@ -158,7 +158,7 @@ TEST_F(AddUsersToGroup, TheLastUserOfAListLeavesTheOneBeforeSelected) {
     user.Click(dialog.cmdBtn[dialog.kRemove]);
     EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{34});
     EXPECT_EQ(Selected(dialog.List1[dialog.kOthers]), Ids{38});
-    EXPECT_EQ(dialog.List1[dialog.kOthers].ListIndex(), 36);  // behind the others, as moved
+    EXPECT_EQ(dialog.List1[dialog.kOthers].ListIndex(), 36);  // after the others, as moved
     Leave(dialog);
   });
 }

@@ -91,7 +91,7 @@ class UserDialogTest : public test_support::DialogFixture {
     return all;
   }
 
-  // --- The database, read behind the program's back ---
+  // --- The database, read without the program ---
   std::string Column(std::int32_t userId, const std::string& column) {
     return Raw().Text("SELECT " + column + " FROM QRUSER WHERE USERID = " + std::to_string(userId));
   }

@@ -56,9 +56,9 @@ TEST(StringTable, EveryStandardErrorAndAnyOtherHasAText) {
   for (long number :
        {data::kInvalidProcedureCall, data::kOverflow, data::kOutOfMemory,
         data::kSubscriptOutOfRange, data::kTypeMismatch, data::kFileNotFound, data::kObjectNotSet,
-        data::kInvalidPattern, data::kObjectRequired, data::kCannotCreateObject,
-        data::kNoAutomation, data::kNoSuchMember, data::kAutomationError, data::kEntryPointNotFound,
-        data::kKeyAlreadyUsed, data::kElementNotFound, data::kKeyNotUnique}) {
+        data::kObjectRequired, data::kCannotCreateObject, data::kNoAutomation, data::kNoSuchMember,
+        data::kAutomationError, data::kEntryPointNotFound, data::kKeyAlreadyUsed,
+        data::kElementNotFound, data::kKeyNotUnique}) {
     const std::string text = LoadedText(kErrorTexts + static_cast<int>(number));
     EXPECT_FALSE(text.empty()) << "error " << number;
     EXPECT_NE(text, LoadedText(kErrorTexts)) << "error " << number;

@@ -1,5 +1,6 @@
 #include "ServerTest.h"
 #include "data/MSQLStatement.h"
+#include "data/ReadScope.h"
 
 namespace {
 

@@ -14,13 +14,13 @@ namespace test_support {
 // A dialog's surroundings: the started main window on a database of its own, its trees filled, and
 // an Exchange over them with nothing in it yet but Admin's identifier. The window is started by
 // SetUp, in a session of Admin; a test that wants another session, or that changes the database
-// behind the program's back and wants the trees to show it, calls Start again.
+// without the program's knowing and wants the trees to show it, calls Start again.
 class DialogFixture : public MainWindowFixture {
  protected:
   void SetUp() override { Start(); }
   void TearDown() override { Stop(); }
 
-  // Starts the program anew, and forgets what the log has recorded of that.
+  // Starts the program again, and forgets what the log has recorded of that.
   void Start(std::wstring_view userName = L"Admin");
   void Stop();
 

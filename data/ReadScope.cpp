@@ -1,4 +1,4 @@
-#include "data/SessionServer.h"
+#include "data/ReadScope.h"
 
 #include <utility>
 
