@@ -50,7 +50,12 @@ void CheckAll(ListBox& list, bool checked) {
 }
 
 void SelectNone(ListBox& list) {
-  for (int i = 0; list.SelCount() > 0; ++i) list.SetSelected(i, false);
+  int selected = list.SelCount();  // counting walks through the list
+  for (int i = 0; selected > 0; ++i) {
+    if (!list.Selected(i)) continue;
+    list.SetSelected(i, false);
+    --selected;
+  }
 }
 
 void SelectOnly(ListBox& list, int item) {
