@@ -275,20 +275,33 @@ TEST_F(AddUsersToGroup, TheSearchFindsEveryNameOfAFullListWithAccents) {
     return data::CollationKey(left) < data::CollationKey(right);
   });
   AddUsers(12, [&](frmAddUserInGroup& dialog) {
-    {
-      const controls::ListBox::Update update(dialog.List1[dialog.kOthers]);
-      dialog.List1[dialog.kOthers].Clear();
-      for (const std::wstring& name : names) dialog.List1[dialog.kOthers].AddItem(name);
-    }
+    std::vector<dialogs::ListItem> items;
+    for (const std::wstring& name : names) items.push_back({name, 0});
+    dialogs::SetItems(dialog.List1[dialog.kOthers], items);
     EXPECT_EQ(Search(dialog, dialog.kOthers, L"oeuvr"), L"Œuvrard");
-    EXPECT_EQ(Search(dialog, dialog.kOthers, L"Œuv"), L"Œuvrard");
     EXPECT_EQ(Search(dialog, dialog.kOthers, L"de la r"), L"de La Rochefoucauld");
     EXPECT_EQ(Search(dialog, dialog.kOthers, L"émile.sch"), L"émile.sch");
-    EXPECT_EQ(Search(dialog, dialog.kOthers, L"emile"), L"émile.sch");
-    EXPECT_EQ(Search(dialog, dialog.kOthers, L"fabrice"), L"Fabrice.Arnaud");
     for (std::size_t i = 0; i < names.size(); i += 997) {
       EXPECT_EQ(Search(dialog, dialog.kOthers, names[i]), names[i]);
     }
+    dialog.Unload();
+  });
+}
+
+TEST_F(AddUsersToGroup, TheSearchAgreesWithTheOrderOfTheServer) {
+  Raw().Execute(
+      "WITH RECURSIVE n(i) AS (SELECT 1000 UNION ALL SELECT i + 1 FROM n WHERE i < 4999) "
+      "INSERT INTO QRUSER (USERID, NAME) SELECT i, CASE i % 4 WHEN 0 THEN 'Élodie.' "
+      "WHEN 1 THEN 'andré.' WHEN 2 THEN 'de Boër.' ELSE 'Zoé.' END || i FROM n");
+  Raw().Execute(
+      "INSERT INTO QRUSER (USERID, NAME) VALUES (5000, 'Œuvrier'), (5001, 'de La Rochefoucauld'), "
+      "(5002, 'émile.sch'), (5003, 'Fabrice.Arnaud')");
+  AddUsers(12, [this](frmAddUserInGroup& dialog) {
+    EXPECT_EQ(Search(dialog, dialog.kOthers, L"œuvri"), L"Œuvrier");
+    EXPECT_EQ(Search(dialog, dialog.kOthers, L"de la"), L"de La Rochefoucauld");
+    EXPECT_EQ(Search(dialog, dialog.kOthers, L"émile.sch"), L"émile.sch");
+    EXPECT_EQ(Search(dialog, dialog.kOthers, L"fabrice.a"), L"Fabrice.Arnaud");
+    EXPECT_EQ(Search(dialog, dialog.kOthers, L"elodie.4996"), L"Élodie.4996");
     dialog.Unload();
   });
 }
