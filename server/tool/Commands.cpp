@@ -19,7 +19,7 @@ constexpr Option kGeneratedOptions[] = {
     kSource, {"--users", false, true}, {"--groups"}, {"--permissions"}};
 constexpr Option kAdminOptions[] = {kSource, kUser, kPassword, kPasswordInput, {"--full-name"}};
 constexpr Option kOpenOptions[] = {kSource, kUser, kPassword, kPasswordInput};
-constexpr Option kCloseOptions[] = {kSource, {"--session", false, true}};
+constexpr Option kCloseOptions[] = {kSource, {"--session"}, {"--user"}};
 constexpr Option kCopyOptions[] = {{"--from", false, true}, {"--to", false, true}};
 constexpr Option kGrantOptions[] = {{"--to", false, true}};
 constexpr Option kRegisterOptions[] = {{"--user", true}};

@@ -172,9 +172,17 @@ void ListSessions(const Arguments& arguments, const Surroundings& surroundings) 
 }
 
 void CloseSession(const Arguments& arguments, const Surroundings& surroundings) {
+  if (arguments.Has("--session") == arguments.Has("--user")) {
+    throw UsageError("give either --session or --user");
+  }
   const int session = arguments.Number("--session", 1, INT32_MAX);
   OpenSource open(arguments, surroundings);
-  server::CloseUserSession(*open.engine, session);
+  if (arguments.Has("--session")) {
+    server::CloseUserSession(*open.engine, session);
+  } else if (server::CloseSessionsOf(*open.engine, data::FromUtf8(arguments.Value("--user"))) ==
+             0) {
+    throw CommandError("that user has no open session");
+  }
 }
 
 }  // namespace tool

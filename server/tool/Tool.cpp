@@ -28,7 +28,8 @@ constexpr std::string_view kHelp =
       Check the password, open a session and print the command line for uadmin.
   list-sessions --source NAME
       Print the open sessions: number, user, time opened (UTC).
-  close-session --source NAME --session NUMBER
+  close-session --source NAME --session NUMBER or --user NAME
+      Close a session, or all sessions of a user. A program that works in it is refused its next write.
   check --source NAME
       Say what is wrong with a data source: its server, user, schema or rights.
   copy --from NAME --to NAME

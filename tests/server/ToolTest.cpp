@@ -90,6 +90,20 @@ TEST_F(Tool, ListsAndClosesSessions) {
   EXPECT_EQ(errors_, "vardexctl: the session is closed already\n");
 }
 
+TEST_F(Tool, ClosesAllSessionsOfAUser) {
+  MakeSample();
+  ASSERT_EQ(OpenSession(), 0) << errors_;
+  ASSERT_EQ(OpenSession(), 0) << errors_;
+  ASSERT_EQ(OpenSession("Martin"), 0) << errors_;
+  const std::vector<std::string> close{"close-session", "--source", "demo", "--user", "Admin"};
+  EXPECT_EQ(Run(close), 0) << errors_;
+  EXPECT_EQ(Run({"list-sessions", "--source", "demo"}), 0);
+  EXPECT_NE(out_.find("\tMartin\t"), std::string::npos) << out_;
+  EXPECT_EQ(out_.find("\tAdmin\t"), std::string::npos) << out_;
+  EXPECT_EQ(Run(close), 1);
+  EXPECT_EQ(errors_, "vardexctl: that user has no open session\n");
+}
+
 TEST_F(Tool, ReplacesADatabaseOnlyByForce) {
   MakeSample();
   const std::vector<std::string> again{"create-database", "--source", "demo", "--file", File()};
@@ -173,6 +187,8 @@ TEST_F(Tool, TellsInOneLineHowItIsMisused) {
       {"add-admin", "--source", "demo", "--user", " x", "--password", "x"},
       {"add-admin", "--source", "demo", "--user", "x", "--password", ""},
       {"close-session", "--source", "demo", "--session", "x"},
+      {"close-session", "--source", "demo"},
+      {"close-session", "--source", "demo", "--session", "1", "--user", "Admin"},
       {"register", "demo"},
   };
   for (const auto& words : calls) {

@@ -31,7 +31,11 @@ void ReferenceServer::OpenSession(std::wstring_view sessionText, std::int32_t se
   const DataSource source = DataSources(options_.home).Find(arguments.source);
   std::unique_ptr<Engine> engine = options_.openEngine(source, options_.lockWait);
   const std::int32_t userId = CheckSession(*engine, sessionId, arguments.token);
-  auto database = std::make_shared<Database>(std::move(engine));
+  // A session that was closed, or whose user is gone, ends here too and not only at its opening.
+  const auto checkSession = [sessionId, token = arguments.token](Engine& opened) {
+    CheckSession(opened, sessionId, token);
+  };
+  auto database = std::make_shared<Database>(std::move(engine), checkSession);
   session_.emplace(
       Session{userId, database, DisplayNames(database), PasswordCipher(ReadKey(source))});
 }
@@ -63,6 +67,7 @@ std::unique_ptr<data::Connection> ReferenceServer::DatabaseConnection() {
 std::int32_t ReferenceServer::NewIdentifier(std::wstring_view counterName) {
   Database& database = *Current().database;
   const std::string name = data::ToUtf8(counterName);
+  database.RequireSession();
   if (database.Reading()) return DrawIdentifier(database.Get(), name);
   WriteTransaction transaction(database.Get());
   const std::int32_t identifier = DrawIdentifier(database.Get(), name);

@@ -92,6 +92,16 @@ void CloseUserSession(Engine& engine, std::int32_t sessionId) {
   transaction.Commit();
 }
 
+int CloseSessionsOf(Engine& engine, std::wstring_view userName) {
+  int closed = 0;
+  for (const SessionEntry& session : ListSessions(engine)) {
+    if (session.userName != userName) continue;
+    CloseUserSession(engine, session.sessionId);
+    ++closed;
+  }
+  return closed;
+}
+
 std::vector<SessionEntry> ListSessions(Engine& engine) {
   std::vector<SessionEntry> sessions;
   Query query(engine,

@@ -33,6 +33,10 @@ std::int32_t CheckSession(Engine& engine, std::int32_t sessionId, std::string_vi
 // Raises kSessionUnknown or kSessionClosed.
 void CloseUserSession(Engine& engine, std::int32_t sessionId);
 
+// Closes all open sessions of the user of that name, which may be the name of a deleted one, and
+// returns how many there were.
+int CloseSessionsOf(Engine& engine, std::wstring_view userName);
+
 // The open sessions, oldest first.
 std::vector<SessionEntry> ListSessions(Engine& engine);
 

@@ -19,7 +19,12 @@ void Bind(Statement& statement, std::span<const Literal> literals) {
 
 }  // namespace
 
-Database::Database(std::unique_ptr<Engine> engine) : engine_(std::move(engine)) {}
+Database::Database(std::unique_ptr<Engine> engine, std::function<void(Engine& engine)> checkSession)
+    : engine_(std::move(engine)), checkSession_(std::move(checkSession)) {}
+
+void Database::RequireSession() {
+  if (checkSession_) checkSession_(*engine_);
+}
 
 std::unique_ptr<CursorLoan> Database::Borrow(std::wstring_view statement, bool select) {
   shape_.Read(statement);
@@ -39,6 +44,7 @@ std::unique_ptr<CursorLoan> Database::BorrowOwn(std::string_view sql) {
 
 std::int32_t Database::Execute(std::wstring_view statement) {
   const std::unique_ptr<CursorLoan> cursor = Borrow(statement, false);
+  RequireSession();
   cursor->Get().Step();
   return engine_->RowsAffected();
 }
@@ -46,6 +52,12 @@ std::int32_t Database::Execute(std::wstring_view statement) {
 void Database::BeginRead() {
   if (readDepth_ == 0) {
     engine_->BeginReading();
+    try {
+      RequireSession();
+    } catch (...) {
+      engine_->Rollback();
+      throw;
+    }
     ++readNumber_;
   }
   ++readDepth_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -13,7 +14,13 @@ namespace server {
 // connections and their result sets, so that whichever is released last closes it.
 class Database {
  public:
-  explicit Database(std::unique_ptr<Engine> engine);
+  // checkSession raises an error once the session has ended. It is asked before each write and at
+  // the beginning of each reading transaction.
+  explicit Database(std::unique_ptr<Engine> engine,
+                    std::function<void(Engine& engine)> checkSession = nullptr);
+
+  // Raises the session's error where the session has ended.
+  void RequireSession();
 
   // A cursor for a client's statement, its literals bound. Raises a database error for a statement
   // of another kind than wanted, before anything of it is run.
@@ -35,6 +42,7 @@ class Database {
 
  private:
   std::unique_ptr<Engine> engine_;
+  std::function<void(Engine& engine)> checkSession_;
   StatementCache cache_;
   StatementShape shape_;
   int readDepth_ = 0;
