@@ -36,7 +36,8 @@ void RunOnServer(const std::string& sql) {
 }
 
 std::string NewName() {
-  return "t" + server::ToHex(server::RandomBytes(8));
+  std::string name = "t";
+  return name.append(server::ToHex(server::RandomBytes(8)));
 }
 
 // The server copies no database as a whole.
