@@ -31,9 +31,14 @@ void ReferenceServer::OpenSession(std::wstring_view sessionText, std::int32_t se
   const DataSource source = DataSources(options_.home).Find(arguments.source);
   std::unique_ptr<Engine> engine = options_.openEngine(source, options_.lockWait);
   const std::int32_t userId = CheckSession(*engine, sessionId, arguments.token);
-  // A session that was closed, or whose user is gone, ends here too and not only at its opening.
+  // A session that was closed, or whose user is gone, is refused later too and not only here. One
+  // of which nothing is known any more was not closed by anybody and goes on.
   const auto checkSession = [sessionId, token = arguments.token](Engine& opened) {
-    CheckSession(opened, sessionId, token);
+    try {
+      CheckSession(opened, sessionId, token);
+    } catch (const data::RunTimeError& error) {
+      if (error.Number() != kSessionUnknown) throw;
+    }
   };
   auto database = std::make_shared<Database>(std::move(engine), checkSession);
   session_.emplace(

@@ -42,6 +42,16 @@ std::unique_ptr<CursorLoan> Database::BorrowOwn(std::string_view sql) {
   return std::make_unique<CursorLoan>(*engine_, cache_.FindOwn(sql));
 }
 
+// Where the database itself cannot be asked, the first read of the transaction says so, in the name
+// of what is being read.
+void Database::RequireSessionForRead() {
+  try {
+    RequireSession();
+  } catch (const data::RunTimeError& error) {
+    if (error.Number() != kDatabaseError) throw;
+  }
+}
+
 std::int32_t Database::Execute(std::wstring_view statement) {
   const std::unique_ptr<CursorLoan> cursor = Borrow(statement, false);
   RequireSession();
@@ -51,13 +61,8 @@ std::int32_t Database::Execute(std::wstring_view statement) {
 
 void Database::BeginRead() {
   if (readDepth_ == 0) {
+    RequireSessionForRead();
     engine_->BeginReading();
-    try {
-      RequireSession();
-    } catch (...) {
-      engine_->Rollback();
-      throw;
-    }
     ++readNumber_;
   }
   ++readDepth_;

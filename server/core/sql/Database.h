@@ -41,6 +41,8 @@ class Database {
   Engine& Get() { return *engine_; }
 
  private:
+  void RequireSessionForRead();
+
   std::unique_ptr<Engine> engine_;
   std::function<void(Engine& engine)> checkSession_;
   StatementCache cache_;
