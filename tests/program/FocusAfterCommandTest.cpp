@@ -35,6 +35,17 @@ TEST_F(FocusAfterCommand, EditingLeavesTheKeysToTheTree) {
   ExpectQuestion(String(app::kAskDeleteUser), IDNO);
 }
 
+TEST_F(FocusAfterCommand, ALetterTypedThenPressesNoButton) {
+  const MainWindow window = Open(SampleSession());
+  window.ClickNode(kUsersTab, {kMartin});
+  window.Click(kEditUserButton);
+  ExpectEditing(L"Martin", window);
+  window.AwaitFocus(IDC_TREE_USERS);
+  window.Key('Q');  // of "Quitter"; no account begins so
+  window.Key(VK_F2);
+  ExpectEditing(L"Martin", window);
+}
+
 TEST_F(FocusAfterCommand, DeletingLeavesTheKeysToTheTree) {
   const MainWindow window = Open(SampleSession());
   window.ClickNode(kUsersTab, {kBlanc});
