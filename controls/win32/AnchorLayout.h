@@ -7,7 +7,7 @@
 namespace controls {
 
 // Keeps a form's controls at their distances from its sides. What the template laid out is the base
-// from which every size is worked out anew, so that nothing creeps.
+// from which every size is worked out, so that nothing creeps.
 class AnchorLayout {
  public:
   void Capture(HWND form, const std::vector<Control::Peer*>& controls);

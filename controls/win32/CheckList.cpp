@@ -33,14 +33,14 @@ struct CheckList : ListBoxPeer {
     LVCOLUMNW column = {};
     column.mask = LVCF_WIDTH;
     column.cx = ClientWidth();
-    Send(LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
+    Send(LVM_INSERTCOLUMNW, 0, AsLParam(&column));
   }
 
   // The control measures its items when it first paints them, and goes on to set its scroll bars
   // several times over. Nobody has to wait for that, or see it: it paints into nothing now.
   void Showing() override {
     const MemoryContext nothing(CreateCompatibleDC(nullptr));
-    Send(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(nothing.Get()), PRF_CLIENT);
+    Send(WM_PRINTCLIENT, AsWParam(nothing.Get()), PRF_CLIENT);
   }
 
   void ItemAdded(int item) override {
@@ -50,7 +50,7 @@ struct CheckList : ListBoxPeer {
     native.iItem = item;
     native.pszText = const_cast<wchar_t*>(model.Text(item).c_str());  // which is only read
     native.lParam = model.Data(item);
-    Send(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&native));
+    Send(LVM_INSERTITEMW, 0, AsLParam(&native));
   }
   void ItemRemoved(int item) override {
     const ProgramChange change(*this);
@@ -66,7 +66,7 @@ struct CheckList : ListBoxPeer {
     native.mask = LVIF_PARAM;
     native.iItem = item;
     native.lParam = model.Data(item);
-    Send(LVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&native));
+    Send(LVM_SETITEMW, 0, AsLParam(&native));
   }
   void IndexChanged() override {
     constexpr UINT kBoth = LVIS_FOCUSED | LVIS_SELECTED;
@@ -85,10 +85,10 @@ struct CheckList : ListBoxPeer {
       case LVN_ITEMCHANGING:
         return programChanges_ == 0 && !TakesInput();
       case LVN_ITEMCHANGED:
-        if (programChanges_ == 0) Changed(reinterpret_cast<const NMLISTVIEW&>(header));
+        if (programChanges_ == 0) Changed(NotificationIn<const NMLISTVIEW>(header));
         return 0;
       case NM_DBLCLK:
-        if (reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0) RaiseDblClick();
+        if (NotificationIn<const NMITEMACTIVATE>(header).iItem >= 0) RaiseDblClick();
         return 0;
       default:
         return 0;
@@ -127,7 +127,7 @@ struct CheckList : ListBoxPeer {
     LVITEMW native = {};
     native.state = bits;
     native.stateMask = mask;
-    Send(LVM_SETITEMSTATE, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(&native));
+    Send(LVM_SETITEMSTATE, static_cast<WPARAM>(item), AsLParam(&native));
   }
 
   int ClientWidth() const {

@@ -77,7 +77,7 @@ bool Control::Peer::ShowState() const {
 }
 
 void Control::Peer::SetNativeFont(HFONT handle) const {
-  Send(WM_SETFONT, reinterpret_cast<WPARAM>(handle), TRUE);
+  Send(WM_SETFONT, AsWParam(handle), TRUE);
 }
 
 void Control::Peer::RenewFont() {

@@ -32,8 +32,7 @@ void Desktop::SetMousePointer(MousePointer pointer) {
   GetCursorPos(&place);
   HWND under = WindowFromPoint(place);
   if (peer_->FormOf(under)) {
-    SendMessageW(under, WM_SETCURSOR, reinterpret_cast<WPARAM>(under),
-                 MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    SendMessageW(under, WM_SETCURSOR, AsWParam(under), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
   }
 }
 

@@ -144,8 +144,7 @@ void FormBackground::Picture(Strip& strip) {
   HGDIOBJ old = SelectObject(context.Get(), strip.picture.Get());
   FillRect(context.Get(), &area, PlainBrush());
   drawing_ = true;
-  SendMessageW(strip.window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(context.Get()),
-               PRF_CLIENT | PRF_ERASEBKGND);
+  SendMessageW(strip.window, WM_PRINTCLIENT, AsWParam(context.Get()), PRF_CLIENT | PRF_ERASEBKGND);
   drawing_ = false;
   SelectObject(context.Get(), old);
   strip.brush.Reset(CreatePatternBrush(strip.picture.Get()));

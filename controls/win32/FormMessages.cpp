@@ -8,7 +8,7 @@
 namespace controls {
 
 INT_PTR Form::Peer::Handle(const Message& message) {
-  const HDC context = reinterpret_cast<HDC>(message.wParam);
+  const HDC context = HandleIn<HDC>(message.wParam);
   switch (message.number) {
     case WM_COMMAND:
       return Command(message);
@@ -29,15 +29,15 @@ INT_PTR Form::Peer::Handle(const Message& message) {
       return SetPointer(message);
     case WM_GETFONT:
       // A dialog knows its template's font only.
-      return fontHandle ? Answer(reinterpret_cast<LRESULT>(fontHandle.Get())) : FALSE;
+      return fontHandle ? Answer(AsLParam(fontHandle.Get())) : FALSE;
     case WM_GETMINMAXINFO:
-      LimitSize(*reinterpret_cast<MINMAXINFO*>(message.lParam));
+      LimitSize(StructIn<MINMAXINFO>(message.lParam));
       return TRUE;
     case WM_SIZE:
       Resized(message.wParam);
       return TRUE;
     case WM_DPICHANGED:
-      DpiChanged(LOWORD(message.wParam), *reinterpret_cast<const RECT*>(message.lParam));
+      DpiChanged(LOWORD(message.wParam), StructIn<const RECT>(message.lParam));
       return TRUE;
     case WM_THEMECHANGED:
       LookChanged();
@@ -49,8 +49,7 @@ INT_PTR Form::Peer::Handle(const Message& message) {
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
       // The brush itself is the answer, where there is one.
-      return reinterpret_cast<INT_PTR>(
-          background.Behind(reinterpret_cast<HWND>(message.lParam), context));
+      return reinterpret_cast<INT_PTR>(background.Behind(HandleIn<HWND>(message.lParam), context));
     default:
       return FALSE;
   }
@@ -67,7 +66,7 @@ Control::Peer* Form::Peer::ControlOf(HWND native) const {
 }
 
 INT_PTR Form::Peer::Command(const Message& message) {
-  HWND from = reinterpret_cast<HWND>(message.lParam);
+  HWND from = HandleIn<HWND>(message.lParam);
   if (!from) from = GetDlgItem(window, LOWORD(message.wParam));
   Control::Peer* control = ControlOf(from);
   if (control) control->Command(HIWORD(message.wParam));
@@ -75,7 +74,7 @@ INT_PTR Form::Peer::Command(const Message& message) {
 }
 
 INT_PTR Form::Peer::Notify(const Message& message) {
-  auto& header = *reinterpret_cast<NMHDR*>(message.lParam);
+  auto& header = StructIn<NMHDR>(message.lParam);
   Control::Peer* control = ControlOf(header.hwndFrom);
   if (!control) return FALSE;
   // Most notifications want no answer, and there may be one for each of ten thousand nodes.

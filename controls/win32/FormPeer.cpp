@@ -48,12 +48,12 @@ void Form::Peer::Remove(Control::Peer& control) {
 void Form::Peer::Create() {
   order.Restart();
   window = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(form.TemplateId()),
-                              nullptr, FormProcedure, reinterpret_cast<LPARAM>(this));
+                              nullptr, FormProcedure, AsLParam(this));
   Require(window != nullptr, "a form's dialog template is missing or broken");
   desktop.BackEnd().forms.push_back(this);
   KeepLayoutFromSystem(window);
   dpi = templateDpi = GetDpiForWindow(window);
-  templateFont = reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
+  templateFont = HandleIn<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
   // The form paints what lies behind its frames, which are children like any other.
   const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
   SetWindowLongPtrW(window, GWL_STYLE, style & ~WS_CLIPCHILDREN);
@@ -180,7 +180,7 @@ void Form::Peer::SetFont(const Font& wanted) {
 // Gives the form and all that has no font of its own the font asked for, else the template's.
 void Form::Peer::ShowFont() {
   FontHandle handle = font ? MakeFont(*font, dpi) : ScaleFont(templateFont, templateDpi, dpi);
-  const auto shownFont = reinterpret_cast<WPARAM>(handle.Get());
+  const auto shownFont = AsWParam(handle.Get());
   for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
     SendMessageW(child, WM_SETFONT, shownFont, TRUE);
   }
@@ -199,8 +199,8 @@ void Form::Peer::SetIcon(int iconResource) {
   };
   IconHandle big = load(SM_CXICON);
   IconHandle small = load(SM_CXSMICON);
-  SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(big.Get()));
-  SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small.Get()));
+  SendMessageW(window, WM_SETICON, ICON_BIG, AsLParam(big.Get()));
+  SendMessageW(window, WM_SETICON, ICON_SMALL, AsLParam(small.Get()));
   bigIcon = std::move(big);
   smallIcon = std::move(small);
 }

@@ -7,6 +7,8 @@
 
 #include <utility>
 
+#include "controls/win32/MessageParams.h"
+
 namespace controls {
 
 inline void Release(HFONT font) {

@@ -78,7 +78,7 @@ struct PlainList : ListBoxPeer {
     if (inserted_ < count) Reserve();
     for (; inserted_ < count; ++inserted_) {
       const std::wstring& text = model.Text(inserted_);
-      Native({LB_INSERTSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.c_str())});
+      Native({LB_INSERTSTRING, static_cast<WPARAM>(-1), AsLParam(text.c_str())});
       // As it is, sign and all.
       Native({LB_SETITEMDATA, static_cast<WPARAM>(inserted_), LPARAM{model.Data(inserted_)}});
     }

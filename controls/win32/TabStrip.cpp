@@ -61,7 +61,7 @@ void TabStrip::AddTab(const std::wstring& caption) {
   if (!peer.window) return;
   peer.captions.push_back(caption);
   TCITEMW item = ItemOf(peer.captions.back());
-  peer.Send(TCM_INSERTITEMW, peer.captions.size() - 1, reinterpret_cast<LPARAM>(&item));
+  peer.Send(TCM_INSERTITEMW, peer.captions.size() - 1, AsLParam(&item));
   Owner().BackEnd().LookChanged();
   if (peer.selected >= 0) return;
   peer.selected = 0;
@@ -74,7 +74,7 @@ void TabStrip::SetTabCaption(int tab, const std::wstring& caption) {
   std::wstring& kept = peer.captions[static_cast<std::size_t>(tab)];
   kept = caption;
   TCITEMW item = ItemOf(kept);
-  peer.Send(TCM_SETITEMW, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&item));
+  peer.Send(TCM_SETITEMW, static_cast<WPARAM>(tab), AsLParam(&item));
   Owner().BackEnd().LookChanged();
 }
 

@@ -57,7 +57,7 @@ struct TextBoxPeer : Control::Peer {
     const std::wstring blanks(longest_, L' ');
     ShowText(blanks);
     Send(EM_SETSEL, 0, -1);
-    Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(blanks.c_str()));
+    Send(EM_REPLACESEL, TRUE, AsLParam(blanks.c_str()));
     ShowText({});
     longest_ = 0;
     wiping_ = false;
@@ -77,7 +77,7 @@ struct TextBoxPeer : Control::Peer {
   std::pair<int, int> Selection() const {
     DWORD start = 0;
     DWORD end = 0;
-    Send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    Send(EM_GETSEL, AsWParam(&start), AsLParam(&end));
     return {static_cast<int>(start), static_cast<int>(end)};
   }
 

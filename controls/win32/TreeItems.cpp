@@ -104,16 +104,16 @@ NodeId TreeItems::NodeOf(HTREEITEM item) const {
   TVITEMW native = {};
   native.mask = TVIF_PARAM | TVIF_HANDLE;
   native.hItem = item;
-  if (!item || !Send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&native))) return kNoNode;
+  if (!item || !Send(TVM_GETITEMW, 0, AsLParam(&native))) return kNoNode;
   return NodeIn(native);
 }
 
 HTREEITEM TreeItems::SelectedItem() const {
-  return reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_CARET, 0));
+  return HandleIn<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_CARET, 0));
 }
 
 bool TreeItems::IsOpen(NodeId node) const {
-  const auto item = reinterpret_cast<WPARAM>(ItemOf(node));
+  const auto item = AsWParam(ItemOf(node));
   return item && (Send(TVM_GETITEMSTATE, item, TVIS_EXPANDED) & TVIS_EXPANDED);
 }
 

@@ -39,7 +39,7 @@ bool TreeItems::UseReusable() {
     return false;
   }
   for (const ReusableItem& old : reusable_) {
-    if (old.opened) Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(old.item));
+    if (old.opened) Send(TVM_DELETEITEM, 0, AsLParam(old.item));
   }
   std::erase_if(reusable_, [](const ReusableItem& old) { return old.opened; });
   return true;
@@ -59,13 +59,13 @@ HTREEITEM TreeItems::TakeReusable(NodeId node) {
   if (old.hasChildren != nodes_.HasChildren(node)) parts |= TVIF_CHILDREN;
   if (parts == 0) return old.item;
   const TVITEMW native = Shown(node, old.item, parts);
-  Send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&native));
+  Send(TVM_SETITEMW, 0, AsLParam(&native));
   return old.item;
 }
 
 void TreeItems::DeleteReusable() {
   for (const ReusableItem& old : reusable_) {
-    Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(old.item));
+    Send(TVM_DELETEITEM, 0, AsLParam(old.item));
   }
   reusable_.clear();
 }

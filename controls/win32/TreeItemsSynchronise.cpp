@@ -21,7 +21,7 @@ constexpr int kMostLines = 500;
 using Ranks = std::unordered_map<NodeId, int>;
 
 int CALLBACK CompareRanks(LPARAM a, LPARAM b, LPARAM ranks) {
-  const auto& places = *reinterpret_cast<const Ranks*>(ranks);
+  const auto& places = StructIn<const Ranks>(ranks);
   return places.at(static_cast<NodeId>(a)) - places.at(static_cast<NodeId>(b));
 }
 
@@ -80,30 +80,29 @@ void TreeItems::Synchronise(NodeId selected, bool reveal) {
   ++busy_;
   if (rebuilt) ShowFromTheStart();
   top = ShownLine(top);
-  if (top && reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE, 0)) != top) {
-    Send(TVM_SELECTITEM, TVGN_FIRSTVISIBLE, reinterpret_cast<LPARAM>(top));
+  if (top && HandleIn<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE, 0)) != top) {
+    Send(TVM_SELECTITEM, TVGN_FIRSTVISIBLE, AsLParam(top));
   }
   HTREEITEM item = ItemOf(selected);
-  if (reveal && item) Send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
+  if (reveal && item) Send(TVM_ENSUREVISIBLE, 0, AsLParam(item));
   --busy_;
 }
 
 void TreeItems::Reselect(NodeId selected) {
   HTREEITEM item = ItemOf(selected);
-  if (reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_CARET, 0)) == item) return;
+  if (HandleIn<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_CARET, 0)) == item) return;
   ++busy_;
-  Send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
+  Send(TVM_SELECTITEM, TVGN_CARET, AsLParam(item));
   --busy_;
 }
 
 // The topmost line of the window that will still be there.
 HTREEITEM TreeItems::TopThatStays() const {
   if (cleared_ || !Pending()) return nullptr;
-  auto line = reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE, 0));
+  auto line = HandleIn<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE, 0));
   for (int lines = 0; line && lines < kMostLines; ++lines) {
     if (ItemOf(NodeOf(line)) == line) return line;
-    line = reinterpret_cast<HTREEITEM>(
-        Send(TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, reinterpret_cast<LPARAM>(line)));
+    line = HandleIn<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, AsLParam(line)));
   }
   return nullptr;
 }
@@ -120,13 +119,13 @@ HTREEITEM TreeItems::ShownLine(HTREEITEM item) const {
 
 void TreeItems::DeleteRemoved() {
   if (std::exchange(cleared_, false) && !UseReusable()) {
-    Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
+    Send(TVM_DELETEITEM, 0, AsLParam(TVI_ROOT));
   }
   for (const Removal& removal : std::exchange(removals_, {})) {
     if (removal.childrenOnly) {
       DeleteChildren(removal.item);
     } else {
-      Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(removal.item));
+      Send(TVM_DELETEITEM, 0, AsLParam(removal.item));
     }
   }
   // Before anything is inserted, for a new child may have the index of one that has gone.
@@ -140,7 +139,7 @@ void TreeItems::DeleteRemoved() {
 }
 
 void TreeItems::DeleteChildren(HTREEITEM item) const {
-  const auto above = reinterpret_cast<LPARAM>(item);
+  const auto above = AsLParam(item);
   // Closed first, which moves the control's own selection out of what goes.
   Send(TVM_EXPAND, TVE_COLLAPSE, above);
   Send(TVM_EXPAND, TVE_COLLAPSE | TVE_COLLAPSERESET, above);
@@ -206,8 +205,7 @@ void TreeItems::Insert(NodeId node, HTREEITEM after) {
   native.hParent = parent == kNoNode ? TVI_ROOT : ItemOf(parent);
   native.hInsertAfter = after;
   native.item = Shown(node, nullptr, kLook | TVIF_PARAM);
-  items_[node] =
-      reinterpret_cast<HTREEITEM>(Send(TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&native)));
+  items_[node] = HandleIn<HTREEITEM>(Send(TVM_INSERTITEMW, 0, AsLParam(&native)));
   if (nodes_.Expanded(node)) ShowExpansion(node);
 }
 
@@ -227,7 +225,7 @@ void TreeItems::Refresh(NodeId node) const {
   HTREEITEM item = ItemOf(node);
   if (!item) return;
   const TVITEMW native = Shown(node, item, kLook);
-  Send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&native));
+  Send(TVM_SETITEMW, 0, AsLParam(&native));
 }
 
 void TreeItems::ShowExpansion(NodeId node) {
@@ -238,7 +236,7 @@ void TreeItems::ShowExpansion(NodeId node) {
   if (open == IsOpen(node)) return;
   const RedrawOff redrawOff(*this, true);
   if (nodes_.HasChildren(node)) {
-    Send(TVM_EXPAND, open ? TVE_EXPAND : TVE_COLLAPSE, reinterpret_cast<LPARAM>(item));
+    Send(TVM_EXPAND, open ? TVE_EXPAND : TVE_COLLAPSE, AsLParam(item));
     return;
   }
   // Without children the control does not close the item.
@@ -246,7 +244,7 @@ void TreeItems::ShowExpansion(NodeId node) {
   native.mask = TVIF_HANDLE | TVIF_STATE;
   native.hItem = item;
   native.stateMask = TVIS_EXPANDED;
-  Send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&native));
+  Send(TVM_SETITEMW, 0, AsLParam(&native));
 }
 
 void TreeItems::Fill(NodeId node) {
@@ -267,8 +265,8 @@ void TreeItems::Sort(NodeId parent, const std::vector<NodeId>& wanted) const {
   TVSORTCB sort = {};
   sort.hParent = parent == kNoNode ? TVI_ROOT : ItemOf(parent);
   sort.lpfnCompare = CompareRanks;
-  sort.lParam = reinterpret_cast<LPARAM>(&ranks);
-  Send(TVM_SORTCHILDRENCB, FALSE, reinterpret_cast<LPARAM>(&sort));
+  sort.lParam = AsLParam(&ranks);
+  Send(TVM_SORTCHILDRENCB, FALSE, AsLParam(&sort));
 }
 
 }  // namespace controls

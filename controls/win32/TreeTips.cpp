@@ -34,7 +34,7 @@ void CopyInto(wchar_t* buffer, int size, std::wstring text) {
 
 void TreeTips::Attach() {
   if (!(GetWindowLongPtrW(tree_.window, GWL_STYLE) & TVS_INFOTIP)) return;
-  tooltip_ = reinterpret_cast<HWND>(tree_.Send(TVM_GETTOOLTIPS));
+  tooltip_ = HandleIn<HWND>(tree_.Send(TVM_GETTOOLTIPS));
   if (!tooltip_) return;
   const LONG_PTR style = GetWindowLongPtrW(tooltip_, GWL_STYLE);
   SetWindowLongPtrW(tooltip_, GWL_STYLE, style | TTS_NOPREFIX);
@@ -81,7 +81,7 @@ void TreeTips::AddTool() {
   tool.cbSize = TTTOOLINFOW_V2_SIZE;
   tool.hwnd = tree_.window;
   tool.lpszText = LPSTR_TEXTCALLBACKW;
-  SendMessageW(tooltip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  SendMessageW(tooltip_, TTM_ADDTOOLW, 0, AsLParam(&tool));
 }
 
 void TreeTips::Mouse(const Message& message) {
@@ -94,7 +94,7 @@ void TreeTips::Mouse(const Message& message) {
   relayed.message = message.number;
   relayed.wParam = message.wParam;
   relayed.lParam = message.lParam;
-  SendMessageW(tooltip_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
+  SendMessageW(tooltip_, TTM_RELAYEVENT, 0, AsLParam(&relayed));
 }
 
 void TreeTips::Hover(POINT place) {
@@ -106,7 +106,7 @@ void TreeTips::Hover(POINT place) {
   tool.cbSize = TTTOOLINFOW_V2_SIZE;
   tool.hwnd = tree_.window;
   tool.rect = tree_.TextPlace(item).value_or(RECT{});
-  SendMessageW(tooltip_, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
+  SendMessageW(tooltip_, TTM_NEWTOOLRECTW, 0, AsLParam(&tool));
 }
 
 bool TreeTips::Notify(NMHDR& header) {
@@ -118,10 +118,9 @@ bool TreeTips::Notify(NMHDR& header) {
   question.cchTextMax = kMostText;
   question.hItem = hovered_;
   question.lParam = tree_.items.NodeOf(hovered_);
-  SendMessageW(GetParent(tree_.window), WM_NOTIFY, question.hdr.idFrom,
-               reinterpret_cast<LPARAM>(&question));
+  SendMessageW(GetParent(tree_.window), WM_NOTIFY, question.hdr.idFrom, AsLParam(&question));
   shown_ = text;
-  reinterpret_cast<NMTTDISPINFOW&>(header).lpszText = shown_.data();
+  NotificationIn<NMTTDISPINFOW>(header).lpszText = shown_.data();
   return true;
 }
 
@@ -141,8 +140,7 @@ void TreeTips::Describe() {
   annotation_.Clear();
   HTREEITEM item = tree_.items.SelectedItem();
   if (!item || !tree_.control->HasFocus()) return;
-  const auto child =
-      static_cast<DWORD>(tree_.Send(TVM_MAPHTREEITEMTOACCID, reinterpret_cast<WPARAM>(item)));
+  const auto child = static_cast<DWORD>(tree_.Send(TVM_MAPHTREEITEMTOACCID, AsWParam(item)));
   if (child) annotation_.Set(tree_.window, child, tree_.AskTip(tree_.items.NodeOf(item)));
 }
 

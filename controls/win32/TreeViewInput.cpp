@@ -29,7 +29,7 @@ bool IsCopy(WPARAM keyCode) {
 HTREEITEM TreeViewPeer::ItemAt(POINT place) const {
   TVHITTESTINFO hit = {};
   hit.pt = place;
-  Send(TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+  Send(TVM_HITTEST, 0, AsLParam(&hit));
   return hit.flags & TVHT_ONITEM ? hit.hItem : nullptr;
 }
 
@@ -38,13 +38,13 @@ std::optional<RECT> TreeViewPeer::TextPlace(HTREEITEM item) const {
   RECT place = {};
   // The message takes the item in the very place where it puts the rectangle.
   std::memcpy(&place, &item, sizeof item);
-  if (!Send(TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place))) return std::nullopt;
+  if (!Send(TVM_GETITEMRECT, TRUE, AsLParam(&place))) return std::nullopt;
   return place;
 }
 
 RECT TreeViewPeer::ScreenPlace(NodeId node) const {
   HTREEITEM item = items.ItemOf(node);
-  if (item) Send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
+  if (item) Send(TVM_ENSUREVISIBLE, 0, AsLParam(item));
   RECT place = TextPlace(item).value_or(RECT{});
   MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&place), 2);
   return place;
@@ -61,7 +61,7 @@ LRESULT TreeViewPeer::PressRight(const Message& message) {
 }
 
 void TreeViewPeer::Select(HTREEITEM item) const {
-  if (item) Send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
+  if (item) Send(TVM_SELECTITEM, TVGN_CARET, AsLParam(item));
 }
 
 LRESULT TreeViewPeer::AskForMenu(const Message& message) {
@@ -83,7 +83,7 @@ LRESULT TreeViewPeer::AskForMenu(const Message& message) {
 
 LRESULT TreeViewPeer::SystemKey(const Message& message) {
   if (message.wParam == VK_F10 && IsDown(VK_SHIFT)) {
-    return AskForMenu({WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), kByKeyboard});
+    return AskForMenu({WM_CONTEXTMENU, AsWParam(window), kByKeyboard});
   }
   // Wine's tree view keeps these keys to itself, and with them Alt+F4.
   return DefWindowProcW(window, message.number, message.wParam, message.lParam);

@@ -11,7 +11,7 @@ constexpr WPARAM kWholeFrame = 1;
 }  // namespace
 
 // Into memory first and from there to the window at once. Where windows are emulated each of the
-// many pictures and lines of a tree is dear when it goes straight to a window.
+// many pictures and lines of a tree costs much when it goes straight to a window.
 void TreeViewPeer::Paint() const {
   PAINTSTRUCT paint = {};
   HDC target = BeginPaint(window, &paint);
@@ -28,7 +28,7 @@ void TreeViewPeer::Paint() const {
     HGDIOBJ old = SelectObject(memory.Get(), picture.Get());
     const RECT& area = paint.rcPaint;
     IntersectClipRect(memory.Get(), area.left, area.top, area.right, area.bottom);
-    const auto context = reinterpret_cast<WPARAM>(memory.Get());
+    const auto context = AsWParam(memory.Get());
     Native({WM_ERASEBKGND, context, 0});
     Native({WM_PRINTCLIENT, context, PRF_CLIENT});
     BitBlt(target, area.left, area.top, area.right - area.left, area.bottom - area.top,
@@ -46,7 +46,7 @@ bool TreeViewPeer::IsFrameConcerned(WPARAM part) const {
   RECT changed = {};
   GetClientRect(window, &client);
   MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&client), 2);
-  if (GetRgnBox(reinterpret_cast<HRGN>(part), &changed) == ERROR) return true;
+  if (GetRgnBox(HandleIn<HRGN>(part), &changed) == ERROR) return true;
   UnionRect(&changed, &changed, &client);
   return EqualRect(&changed, &client) == FALSE;
 }

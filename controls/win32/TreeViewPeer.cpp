@@ -30,7 +30,7 @@ void TreeViewPeer::DpiChanged() {
 void TreeViewPeer::ShowImages() const {
   if (!images || !window) return;
   HIMAGELIST list = images->BackEnd().At(form.BackEnd().dpi);
-  Send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(list));
+  Send(TVM_SETIMAGELIST, TVSIL_NORMAL, AsLParam(list));
 }
 
 void TreeViewPeer::Show(NodeId selected, bool reveal) {
@@ -46,7 +46,7 @@ bool TreeViewPeer::Refuses() const {
 
 LRESULT TreeViewPeer::Notify(NMHDR& header) {
   if (items.Busy()) return 0;
-  const auto& change = reinterpret_cast<const NMTREEVIEWW&>(header);
+  const auto& change = NotificationIn<const NMTREEVIEWW>(header);
   const NodeId node = TreeItems::NodeIn(change.itemNew);
   switch (header.code) {
     case TVN_ITEMEXPANDINGW:
@@ -68,7 +68,7 @@ LRESULT TreeViewPeer::Notify(NMHDR& header) {
       model.Choose(change.itemNew.hItem ? node : kNoNode);
       return 0;
     case TVN_GETINFOTIPW:
-      tips_.Answer(reinterpret_cast<NMTVGETINFOTIPW&>(header));
+      tips_.Answer(NotificationIn<NMTVGETINFOTIPW>(header));
       return 0;
     default:
       return 0;
@@ -106,7 +106,7 @@ LRESULT TreeViewPeer::Handle(const Message& message) {
     case WM_CHAR:
       return Character(message);
     case WM_NOTIFY:
-      return tips_.Notify(*reinterpret_cast<NMHDR*>(message.lParam)) ? 0 : Peer::Handle(message);
+      return tips_.Notify(StructIn<NMHDR>(message.lParam)) ? 0 : Peer::Handle(message);
     case WM_NOTIFYFORMAT:
       return message.lParam == NF_QUERY ? NFR_UNICODE : Peer::Handle(message);
     case kDescribe:
@@ -131,7 +131,7 @@ LRESULT TreeViewPeer::FocusMessage(const Message& message) {
 // open before.
 LRESULT TreeViewPeer::Expand(const Message& message) {
   if (Refuses()) return FALSE;
-  const NodeId node = items.NodeOf(reinterpret_cast<HTREEITEM>(message.lParam));
+  const NodeId node = items.NodeOf(HandleIn<HTREEITEM>(message.lParam));
   if (!model.Nodes().Exists(node)) return FALSE;
   items.Fill(node);
   if (items.IsOpen(node)) model.LeaveBelow(node);
@@ -145,7 +145,7 @@ LRESULT TreeViewPeer::Expand(const Message& message) {
 // Another program selects or looks for a node. The control would open what stands above it, and not
 // always tell.
 LRESULT TreeViewPeer::Reach(const Message& message) {
-  const NodeId node = items.NodeOf(reinterpret_cast<HTREEITEM>(message.lParam));
+  const NodeId node = items.NodeOf(HandleIn<HTREEITEM>(message.lParam));
   if (model.Nodes().Exists(node)) model.OpenWay(node);
   return Native(message);
 }

@@ -1,4 +1,4 @@
-// What the control makes of a tree that is built anew.
+// What the control makes of a tree that is rebuilt.
 
 #include "tests/controls/TreeTest.h"
 #include "tests/controls/win32/NativeTree.h"

@@ -70,7 +70,7 @@ class NativeTreeWalk : public TreeTest, public testing::WithParamInterface<unsig
     for (int i = Below(6); i >= 0; --i) ChangeTree(AnyNode());
   }
 
-  // All nodes anew in one update, as a refresh does: much is as before, and some is not.
+  // All nodes added again in one update, as a refresh does: much is as before, and some is not.
   void BuildAnew() {
     controls::TreeView::Update update(tree);
     tree.Clear();
@@ -102,7 +102,7 @@ TEST_P(NativeTreeWalk, LeavesTheControlInStepWithATreeThatIsBuiltAnew) {
     BuildAnew();
     ASSERT_EQ(native.Difference(), "") << "seed " << GetParam() << ", tree " << step;
     for (int i = Below(4); i > 0; --i) Step();
-    ASSERT_EQ(native.Difference(), "") << "seed " << GetParam() << ", behind tree " << step;
+    ASSERT_EQ(native.Difference(), "") << "seed " << GetParam() << ", after tree " << step;
   }
 }
 
