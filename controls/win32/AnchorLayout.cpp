@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "controls/win32/WindowPlace.h"
+
 namespace controls {
 namespace {
 
@@ -17,10 +19,7 @@ void AnchorLayout::Capture(HWND form, const std::vector<Control::Peer*>& control
   GetClientRect(form, &client);
   base_ = {client.right, client.bottom};
   for (const Control::Peer* control : controls) {
-    RECT place = {};
-    GetWindowRect(control->window, &place);
-    MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&place), 2);
-    places_.push_back({control, place});
+    places_.push_back({control, PlaceIn(form, control->window)});
   }
 }
 

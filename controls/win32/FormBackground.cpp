@@ -2,6 +2,8 @@
 
 #include <cwchar>
 
+#include "controls/win32/WindowPlace.h"
+
 namespace controls {
 namespace {
 
@@ -18,13 +20,6 @@ bool IsFrame(HWND window) {
 
 bool IsShown(HWND window) {
   return (GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0;
-}
-
-RECT PlaceIn(HWND form, HWND window) {
-  RECT place = {};
-  GetWindowRect(window, &place);
-  MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&place), 2);
-  return place;
 }
 
 HBRUSH PlainBrush() {

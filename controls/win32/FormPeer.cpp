@@ -5,6 +5,7 @@
 
 #include "controls/win32/DesktopPeer.h"
 #include "controls/win32/Fonts.h"
+#include "controls/win32/WindowPlace.h"
 
 namespace controls {
 namespace {
@@ -147,9 +148,7 @@ void Form::Peer::ShowStates() {
   if (!window) return;
   for (const Control::Peer* control : controls) {
     if (!control->ShowState()) continue;
-    RECT place = {};
-    GetWindowRect(control->window, &place);
-    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
+    const RECT place = PlaceIn(window, control->window);
     UnionRect(&changed, &changed, &place);
   }
   if (scopes_ == 0) RepaintChanged();

@@ -7,6 +7,7 @@
 #include "controls/win32/DesktopPeer.h"
 #include "controls/win32/FormPeer.h"
 #include "controls/win32/TreeViewPeer.h"
+#include "controls/win32/WindowPlace.h"
 
 namespace controls {
 namespace {
@@ -45,9 +46,7 @@ std::optional<RECT> TreeViewPeer::TextPlace(HTREEITEM item) const {
 RECT TreeViewPeer::ScreenPlace(NodeId node) const {
   HTREEITEM item = items.ItemOf(node);
   if (item) Send(TVM_ENSUREVISIBLE, 0, AsLParam(item));
-  RECT place = TextPlace(item).value_or(RECT{});
-  MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&place), 2);
-  return place;
+  return Mapped(window, nullptr, TextPlace(item).value_or(RECT{}));
 }
 
 // The control itself would show the node under the mouse as chosen without choosing it, and wait

@@ -1,6 +1,7 @@
 // How a tree view is painted: no more of it than has changed, and in one go.
 
 #include "controls/win32/TreeViewPeer.h"
+#include "controls/win32/WindowPlace.h"
 
 namespace controls {
 namespace {
@@ -45,7 +46,7 @@ bool TreeViewPeer::IsFrameConcerned(WPARAM part) const {
   RECT client = {};
   RECT changed = {};
   GetClientRect(window, &client);
-  MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&client), 2);
+  client = Mapped(window, nullptr, client);
   if (GetRgnBox(HandleIn<HRGN>(part), &changed) == ERROR) return true;
   UnionRect(&changed, &changed, &client);
   return EqualRect(&changed, &client) == FALSE;

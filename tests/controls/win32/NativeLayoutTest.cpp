@@ -1,4 +1,5 @@
 #include "controls/win32/FormPeer.h"
+#include "controls/win32/WindowPlace.h"
 #include "tests/controls/ControlsTest.h"
 
 namespace controls_test {
@@ -15,12 +16,7 @@ class NativeLayout : public ControlsTest {
   }
 
   HWND Window() const { return form.BackEnd().window; }
-  RECT Place(const Control& control) const {
-    RECT place = {};
-    GetWindowRect(control.BackEnd().window, &place);
-    MapWindowPoints(nullptr, Window(), reinterpret_cast<POINT*>(&place), 2);
-    return place;
-  }
+  RECT Place(const Control& control) const { return PlaceIn(Window(), control.BackEnd().window); }
   void Grow(int dx, int dy) const {
     RECT outer = {};
     GetWindowRect(Window(), &outer);
