@@ -11,10 +11,12 @@ namespace automation {
 class ExceptionDetails : public EXCEPINFO {
  public:
   ExceptionDetails() : EXCEPINFO{} {}
+  // Every call has one, by the million, and hardly any fails: the system is asked only where there
+  // is something to free.
   ~ExceptionDetails() {
-    SysFreeString(bstrSource);
-    SysFreeString(bstrDescription);
-    SysFreeString(bstrHelpFile);
+    for (const BSTR text : {bstrSource, bstrDescription, bstrHelpFile}) {
+      if (text != nullptr) SysFreeString(text);
+    }
   }
   // Drops what a callee that died may have left half written, without freeing it.
   void Forget() { static_cast<EXCEPINFO&>(*this) = EXCEPINFO{}; }
