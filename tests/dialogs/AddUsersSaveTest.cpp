@@ -5,37 +5,34 @@
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
 
-namespace dialogs_test {
+namespace dialogs {
 namespace {
 
 using controls::kResultNo;
 using controls::kResultYes;
-using dialogs::frmAddUserInGroup;
-using dialogs::frmEditGroup;
-using dialogs::frmNewGroup;
 
 class AddUsersSave : public GroupDialogs {
  protected:
-  void MoveRight(frmAddUserInGroup& dialog, std::int32_t userId) {
-    user.Choose(dialog.List1[dialog.kOthers], ItemOf(dialog.List1[dialog.kOthers], userId));
+  void MoveRight(frmAddUserInGroup& dialog, std::wstring_view name) {
+    Choose(dialog.List1[dialog.kOthers], name);
     user.Click(dialog.cmdBtn[dialog.kAdd]);
   }
-  void MoveLeft(frmAddUserInGroup& dialog, std::int32_t userId) {
-    user.Choose(dialog.List1[dialog.kMembers], ItemOf(dialog.List1[dialog.kMembers], userId));
+  void MoveLeft(frmAddUserInGroup& dialog, std::wstring_view name) {
+    Choose(dialog.List1[dialog.kMembers], name);
     user.Click(dialog.cmdBtn[dialog.kRemove]);
   }
 };
 
 TEST_F(AddUsersSave, EachMemberIsLookedUpAndAddedWhereHeIsMissing) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    MoveRight(dialog, 3);
-    MoveRight(dialog, 2);
+    MoveRight(dialog, L"Bernard");
+    MoveRight(dialog, L"Moreau");
     ClearLog();
     user.Click(dialog.cmdOK);
     EXPECT_FALSE(dialog.IsLoaded());
   });
   Strings calls;
-  for (const std::int32_t member : {9, 34, 38}) {
+  for (const std::int32_t member : {Sample::kClement, Sample::kMartin, Sample::kOeuvrard}) {
     calls.push_back(data::SqlSelectMembership(12, member));
   }
   for (const std::int32_t added : {3, 2}) {
@@ -49,7 +46,7 @@ TEST_F(AddUsersSave, EachMemberIsLookedUpAndAddedWhereHeIsMissing) {
 
 TEST_F(AddUsersSave, AUserAlreadyAMemberIsNotAddedTwice) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    MoveRight(dialog, 3);
+    MoveRight(dialog, L"Bernard");
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (3, 12)");  // somebody else
     user.Click(dialog.cmdOK);
   });
@@ -59,7 +56,7 @@ TEST_F(AddUsersSave, AUserAlreadyAMemberIsNotAddedTwice) {
 
 TEST_F(AddUsersSave, OneOfThreeMembersMovedOutKeepsTheMembership) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    MoveLeft(dialog, 34);
+    MoveLeft(dialog, L"Clément");
     ClearLog();
     user.Click(dialog.cmdOK);
     EXPECT_EQ(log.calls,
@@ -98,7 +95,7 @@ TEST_F(AddUsersSave, CancelAsksOnlyAfterAMoveAndWritesNothing) {
           user.Close(dialog);
         }
       };
-      MoveRight(dialog, 3);
+      MoveRight(dialog, L"Bernard");
       exchange.AddNode = true;
       ClearLog();
       ExpectDiscardQuestion(kResultNo);
@@ -164,8 +161,8 @@ TEST_F(AddUsersSave, AFailedSaveIsReportedByItsStepAndKeepsWhatWasWrittenBefore)
     Raw().Execute("DELETE FROM QRUSGP WHERE GROUPID = 12 AND USERID IN (2, 3)");
     exchange.AddNode = true;
     AddUsers(12, [&](frmAddUserInGroup& dialog) {
-      MoveRight(dialog, 3);
-      MoveRight(dialog, 2);
+      MoveRight(dialog, L"Bernard");
+      MoveRight(dialog, L"Moreau");
       FailAtPosition(position);
       ExpectReport(L"NewUserGroups");
       user.Click(dialog.cmdOK);
@@ -205,18 +202,18 @@ TEST_F(AddUsersForDialog, OkFillsTheEditDialogsMembersAndWritesNothing) {
       EXPECT_EQ(chooser.Caption(), L"Ajouter des Utilisateurs : Essais");
       EXPECT_EQ(chooser.GroupID, 12);
       EXPECT_TRUE(chooser.IsRemoveAdmin);
-      EXPECT_EQ(Texts(chooser.List1[chooser.kMembers]),
-                (Strings{L"Martin", L"Clément", L"Œuvrard"}));
+      EXPECT_EQ(TextsOf(chooser.List1[chooser.kMembers]),
+                (Strings{L"Clément", L"Martin", L"Œuvrard"}));
       EXPECT_EQ(chooser.List1[chooser.kOthers].ListCount(), 36);
-      MoveLeft(chooser, 34);
-      MoveRight(chooser, 3);
+      MoveLeft(chooser, L"Clément");
+      MoveRight(chooser, L"Bernard");
       user.Click(chooser.cmdOK);
     });
     user.Click(dialog.cmdBtn[dialog.kAssign]);
     EXPECT_EQ(log.calls, Strings{data::SqlSelectAllUsers()});
     EXPECT_TRUE(exchange.AddNode);  // not the chooser's to say
-    EXPECT_EQ(Texts(dialog.List1[dialog.kMembers]), (Strings{L"Martin", L"Œuvrard", L"Bernard"}));
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 38, 3}));
+    EXPECT_EQ(TextsOf(dialog.List1[dialog.kMembers]), (Strings{L"Martin", L"Œuvrard", L"Bernard"}));
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kMembers]), (Ids{9, 38, 3}));
     user.Click(dialog.cmdOK);
   });
   EXPECT_EQ(MembersOf(12), (Ids{3, 9, 38}));
@@ -247,7 +244,7 @@ TEST_F(AddUsersForDialog, CancelEscapeAndCloseBoxLeaveTheMembersWithoutAQuestion
         if (way == 2) user.Close(chooser);
       });
       user.Click(dialog.cmdBtn[dialog.kAssign]);
-      EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38}));
+      EXPECT_EQ(IdsOf(dialog.List1[dialog.kMembers]), (Ids{34, 9, 38}));
     }
     user.Click(dialog.cmdCancel);  // nothing has changed
     EXPECT_FALSE(dialog.IsLoaded());
@@ -263,7 +260,7 @@ TEST_F(AddUsersForDialog, OkWithTheSameMembersIsNoChangeWithOthersItIs) {
     });
     user.Click(dialog.cmdBtn[dialog.kAssign]);
     ExpectChooser([this](frmAddUserInGroup& chooser) {
-      MoveRight(chooser, 9);
+      MoveRight(chooser, L"Martin");
       user.Click(chooser.cmdOK);
     });
     user.Click(dialog.cmdBtn[dialog.kAssign]);
@@ -285,4 +282,4 @@ TEST_F(AddUsersForDialog, AChooserThatCannotBeFilledLeavesTheMembersAsTheyWere) 
 }
 
 }  // namespace
-}  // namespace dialogs_test
+}  // namespace dialogs

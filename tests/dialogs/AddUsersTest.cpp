@@ -8,10 +8,8 @@
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
 
-namespace dialogs_test {
+namespace dialogs {
 namespace {
-
-using dialogs::frmAddUserInGroup;
 
 class AddUsersToGroup : public GroupDialogs {
  protected:
@@ -57,13 +55,13 @@ TEST_F(AddUsersToGroup, ShowsTheMembersOnTheRightAndTheOthersOnTheLeftByName) {
     EXPECT_EQ(dialog.cmdBtn[dialog.kRemoveAll].Caption(), L"<<");
     EXPECT_EQ(dialog.cmdOK.Caption(), L"OK");
     EXPECT_EQ(dialog.cmdCancel.Caption(), L"Annuler");
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38}));
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kMembers]), (Ids{34, 9, 38}));
     EXPECT_EQ(dialog.List1[dialog.kOthers].ListCount(), 36);
     EXPECT_EQ(dialog.List1[dialog.kOthers].List(0), L"Admin");
     EXPECT_EQ(dialog.List1[dialog.kOthers].List(1), L"Bernard");
-    EXPECT_EQ(Selected(dialog.List1[dialog.kOthers]), Ids{1});
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kOthers]), Ids{1});
     EXPECT_EQ(dialog.List1[dialog.kOthers].ListIndex(), 0);
-    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{9});
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kMembers]), Ids{Sample::kClement});
     ExpectButtons(dialog, true, true);
     EXPECT_TRUE(dialog.txtUserName[dialog.kOthers].HasFocus());
     EXPECT_EQ(log.calls, (Strings{data::SqlSelectAllUsers(), data::SqlSelectGroupUsers(12)}));
@@ -137,12 +135,12 @@ TEST_F(AddUsersToGroup, TheSearchLooksThroughAccentsAndCase) {
 
 TEST_F(AddUsersToGroup, OneUserIsMovedRightAndSelectedThere) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    user.Choose(dialog.List1[dialog.kOthers], 1);  // Bernard
+    Choose(dialog.List1[dialog.kOthers], L"Bernard");
     const std::wstring next = dialog.List1[dialog.kOthers].List(2);
     user.Click(dialog.cmdBtn[dialog.kAdd]);
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38, 3}));
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kMembers]), (Ids{34, 9, 38, 3}));
     EXPECT_EQ(dialog.List1[dialog.kMembers].List(3), L"Bernard");
-    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{3});
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kMembers]), Ids{3});
     EXPECT_EQ(dialog.List1[dialog.kMembers].ListIndex(), 3);
     EXPECT_EQ(dialog.List1[dialog.kOthers].ListCount(), 35);
     EXPECT_EQ(dialog.List1[dialog.kOthers].ListIndex(), 1);
@@ -154,10 +152,10 @@ TEST_F(AddUsersToGroup, OneUserIsMovedRightAndSelectedThere) {
 
 TEST_F(AddUsersToGroup, TheLastUserOfAListLeavesTheOneBeforeSelected) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    user.Choose(dialog.List1[dialog.kMembers], 2);
+    Choose(dialog.List1[dialog.kMembers], L"Œuvrard");
     user.Click(dialog.cmdBtn[dialog.kRemove]);
-    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{34});
-    EXPECT_EQ(Selected(dialog.List1[dialog.kOthers]), Ids{38});
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kMembers]), Ids{Sample::kMartin});
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kOthers]), Ids{38});
     EXPECT_EQ(dialog.List1[dialog.kOthers].ListIndex(), 36);  // after the others, as moved
     Leave(dialog);
   });
@@ -165,30 +163,32 @@ TEST_F(AddUsersToGroup, TheLastUserOfAListLeavesTheOneBeforeSelected) {
 
 TEST_F(AddUsersToGroup, SeveralUsersAreMovedAtOnceInTheirOrder) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    user.Choose(dialog.List1[dialog.kOthers], ItemOf(dialog.List1[dialog.kOthers], 3));
-    user.Toggle(dialog.List1[dialog.kOthers], ItemOf(dialog.List1[dialog.kOthers], 12));
-    user.Toggle(dialog.List1[dialog.kOthers], ItemOf(dialog.List1[dialog.kOthers], 4));
+    Choose(dialog.List1[dialog.kOthers], L"Bernard");
+    Toggle(dialog.List1[dialog.kOthers], L"Roux");
+    Toggle(dialog.List1[dialog.kOthers], L"Dubois");
     user.Click(dialog.cmdBtn[dialog.kAdd]);
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38, 3, 4, 12}));
-    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), (Ids{3, 4, 12}));
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kMembers]), (Ids{34, 9, 38, 3, 4, 12}));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kMembers]), (Ids{3, 4, 12}));
     EXPECT_EQ(dialog.List1[dialog.kOthers].ListCount(), 33);
     EXPECT_EQ(dialog.List1[dialog.kOthers].SelCount(), 1);
     EXPECT_EQ(dialog.List1[dialog.kOthers].ListIndex(), 1);
     user.Click(dialog.cmdBtn[dialog.kRemove]);
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38}));
-    EXPECT_EQ(Selected(dialog.List1[dialog.kOthers]), (Ids{3, 4, 12}));
-    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{38});
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kMembers]), (Ids{34, 9, 38}));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kOthers]), (Ids{3, 4, 12}));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kMembers]), Ids{38});
     Leave(dialog);
   });
 }
 
 TEST_F(AddUsersToGroup, ADoubleClickMovesAUser) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    user.DoubleClick(dialog.List1[dialog.kOthers], 0);
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38, 1}));
-    user.DoubleClick(dialog.List1[dialog.kMembers], 0);
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{34, 38, 1}));
-    EXPECT_EQ(dialog.List1[dialog.kOthers].ItemData(35), 9);
+    controls::ListBox& others = dialog.List1[dialog.kOthers];
+    controls::ListBox& members = dialog.List1[dialog.kMembers];
+    user.DoubleClick(others, ItemOf(others, L"Admin"));
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kMembers]), (Ids{34, 9, 38, 1}));
+    user.DoubleClick(members, ItemOf(members, L"Martin"));
+    EXPECT_EQ(IdsOf(members), (Ids{34, 38, 1}));
+    EXPECT_EQ(IdsOf(others).back(), Sample::kMartin);
     Leave(dialog);
   });
 }
@@ -196,14 +196,14 @@ TEST_F(AddUsersToGroup, ADoubleClickMovesAUser) {
 TEST_F(AddUsersToGroup, AllAreMovedInListOrderAndTheButtonsFollow) {
   KeepUsers("2, 3, 9, 34");
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kOthers]), (Ids{3, 2}));
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kOthers]), (Ids{3, 2}));
     user.Click(dialog.cmdBtn[dialog.kAddAll]);
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 3, 2}));
-    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), (Ids{3, 2}));
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kMembers]), (Ids{34, 9, 3, 2}));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kMembers]), (Ids{2, 3}));
     EXPECT_EQ(dialog.List1[dialog.kOthers].ListCount(), 0);
     ExpectButtons(dialog, false, true);
     user.Click(dialog.cmdBtn[dialog.kRemoveAll]);
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kOthers]), (Ids{9, 34, 3, 2}));
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kOthers]), (Ids{34, 9, 3, 2}));
     EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 0);
     ExpectButtons(dialog, true, false);
     Leave(dialog);
@@ -225,11 +225,11 @@ TEST_F(AddUsersToGroup, EnterInASearchBoxMovesTheUserThatWasFound) {
   AddUsers(12, [this](frmAddUserInGroup& dialog) {
     user.Type(dialog.txtUserName[dialog.kOthers], L"bern");
     user.PressKey(dialog, test_support::kKeyEnter);
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38, 3}));
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kMembers]), (Ids{34, 9, 38, 3}));
     EXPECT_TRUE(dialog.txtUserName[dialog.kOthers].HasFocus());
     user.Type(dialog.txtUserName[dialog.kMembers], L"mart");
     user.PressKey(dialog, test_support::kKeyEnter);
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{34, 38, 3}));
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kMembers]), (Ids{34, 38, 3}));
     ASSERT_TRUE(dialog.IsLoaded());
     user.Type(dialog.txtUserName[dialog.kOthers], L" ");
     ASSERT_EQ(dialog.txtUserName[dialog.kOthers].Text(), L"");
@@ -275,9 +275,9 @@ TEST_F(AddUsersToGroup, TheSearchFindsEveryNameOfAFullListWithAccents) {
     return data::CollationKey(left) < data::CollationKey(right);
   });
   AddUsers(12, [&](frmAddUserInGroup& dialog) {
-    std::vector<dialogs::ListItem> items;
+    std::vector<ListItem> items;
     for (const std::wstring& name : names) items.push_back({name, 0});
-    dialogs::SetItems(dialog.List1[dialog.kOthers], items);
+    SetItems(dialog.List1[dialog.kOthers], items);
     EXPECT_EQ(Search(dialog, dialog.kOthers, L"oeuvr"), L"Œuvrard");
     EXPECT_EQ(Search(dialog, dialog.kOthers, L"de la r"), L"de La Rochefoucauld");
     EXPECT_EQ(Search(dialog, dialog.kOthers, L"émile.sch"), L"émile.sch");
@@ -325,13 +325,13 @@ class AdminInAdministrators : public AddUsersToGroup {
 
 TEST_F(AdminInAdministrators, IsRefusedAloneAndStaysSelected) {
   AddUsers(1, [this](frmAddUserInGroup& dialog) {
-    user.Choose(dialog.List1[dialog.kMembers], ItemOf(dialog.List1[dialog.kMembers], 1));
+    Choose(dialog.List1[dialog.kMembers], L"Admin");
     ExpectRefusal();
     user.Click(dialog.cmdBtn[dialog.kRemove]);
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{1, 2}));
-    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{1});
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kMembers]), (Ids{1, 2}));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kMembers]), Ids{1});
     ExpectRefusal();
-    user.DoubleClick(dialog.List1[dialog.kMembers], 0);
+    user.DoubleClick(dialog.List1[dialog.kMembers], ItemOf(dialog.List1[dialog.kMembers], 1));
     user.Click(dialog.cmdCancel);  // nothing has changed
     EXPECT_FALSE(dialog.IsLoaded());
   });
@@ -339,16 +339,16 @@ TEST_F(AdminInAdministrators, IsRefusedAloneAndStaysSelected) {
 
 TEST_F(AdminInAdministrators, StaysWhenSeveralOrAllOthersGo) {
   AddUsers(1, [this](frmAddUserInGroup& dialog) {
-    user.Choose(dialog.List1[dialog.kMembers], 0);
-    user.Toggle(dialog.List1[dialog.kMembers], 1);
+    Choose(dialog.List1[dialog.kMembers], L"Admin");
+    Toggle(dialog.List1[dialog.kMembers], L"Moreau");
     ExpectRefusal();
     user.Click(dialog.cmdBtn[dialog.kRemove]);
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), Ids{1});
-    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{1});
-    EXPECT_EQ(Selected(dialog.List1[dialog.kOthers]), Ids{2});
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kMembers]), Ids{1});
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kMembers]), Ids{1});
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kOthers]), Ids{2});
     ExpectRefusal();
     user.Click(dialog.cmdBtn[dialog.kRemoveAll]);
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), Ids{1});
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kMembers]), Ids{1});
     ExpectButtons(dialog, true, true);
     user.Click(dialog.cmdOK);
   });
@@ -397,4 +397,4 @@ TEST_F(AddUsersToGroup, TenThousandUsersAreMovedTogether) {
 }
 
 }  // namespace
-}  // namespace dialogs_test
+}  // namespace dialogs

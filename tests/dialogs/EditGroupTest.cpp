@@ -3,19 +3,18 @@
 #include "GroupDialogs.h"
 #include "data/MSQLStatement.h"
 
-namespace dialogs_test {
+namespace dialogs {
 namespace {
 
 using data::SqlSelectGroup;
-using dialogs::frmEditGroup;
 
 class EditGroup : public GroupDialogs {};
 
 Strings LoadStatements(std::int32_t groupId) {
   Strings statements = {SqlSelectGroup(groupId), data::SqlSelectGroupUsers(groupId),
                         data::SqlSelectAllPermissions()};
-  for (int id = 1; id <= 30; ++id) {
-    statements.push_back(data::SqlSelectGroupPermission(groupId, id));
+  for (const auto& permission : Sample::PermissionsByName()) {
+    statements.push_back(data::SqlSelectGroupPermission(groupId, permission.id));
   }
   return statements;
 }
@@ -42,12 +41,13 @@ TEST_F(EditGroup, ShowsTheGroupItsMembersAndItsPermissionsChecked) {
     EXPECT_EQ(dialog.lblDesc.Caption(), L"Description :");
     EXPECT_EQ(dialog.txtDesc.Text(), L"Mesures et essais");
     EXPECT_EQ(dialog.fraMembers.Caption(), L"Membres");
-    EXPECT_EQ(Texts(dialog.List1[dialog.kMembers]), (Strings{L"Martin", L"Clément", L"Œuvrard"}));
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), (Ids{9, 34, 38}));
+    EXPECT_EQ(TextsOf(dialog.List1[dialog.kMembers]), (Strings{L"Clément", L"Martin", L"Œuvrard"}));
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kMembers]), (Ids{34, 9, 38}));
     EXPECT_EQ(dialog.fraGroupPermission.Caption(), L"Droits du Groupe");
     EXPECT_EQ(dialog.List1[dialog.kPermissions].ListCount(), 30);
-    EXPECT_EQ(dialog.List1[dialog.kPermissions].List(19), L"Saisir un relevé de contrôle");
-    EXPECT_EQ(Selected(dialog.List1[dialog.kPermissions]), Ids{20});
+    EXPECT_EQ(ItemOf(dialog.List1[dialog.kPermissions], L"Saisir un relevé de contrôle"),
+              ItemOf(dialog.List1[dialog.kPermissions], Sample::kReadings));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kPermissions]), Ids{20});
     EXPECT_EQ(dialog.cmdBtn[dialog.kAssign].Caption(), L"&Affecter...");
     EXPECT_EQ(dialog.cmdBtn[dialog.kAllPermissions].Caption(), L"&Tous");
     EXPECT_EQ(dialog.cmdBtn[dialog.kRemove].Caption(), L"Supp&rimer...");
@@ -90,7 +90,7 @@ TEST_F(EditGroup, NamesWithBlanksAroundAreShownTrimmed) {
   Edit(12, [](frmEditGroup& dialog) {
     EXPECT_EQ(dialog.txtGroupName.Text(), L"Labo");
     EXPECT_EQ(dialog.txtDesc.Text(), L"Essais");
-    EXPECT_EQ(dialog.List1[dialog.kMembers].List(0), L"Martin");
+    EXPECT_EQ(TextsOf(dialog.List1[dialog.kMembers]), (Strings{L"Clément", L"Martin", L"Œuvrard"}));
     dialog.Unload();
   });
 }
@@ -116,11 +116,11 @@ TEST_F(EditGroup, EveryFieldAndListIsWritten) {
   Edit(12, [this](frmEditGroup& dialog) {
     user.Type(dialog.txtGroupName, L"  Essais ");
     user.Type(dialog.txtDesc, L" Contrôle final  ");
-    user.Choose(dialog.List1[dialog.kMembers], 1);
+    Choose(dialog.List1[dialog.kMembers], L"Clément");
     user.Click(dialog.cmdBtn[dialog.kRemove]);
-    user.Toggle(dialog.List1[dialog.kPermissions], 19);
-    user.Toggle(dialog.List1[dialog.kPermissions], 0);
-    user.Toggle(dialog.List1[dialog.kPermissions], 29);
+    Toggle(dialog.List1[dialog.kPermissions], L"Saisir un relevé de contrôle");
+    Toggle(dialog.List1[dialog.kPermissions], L"User administration");
+    Toggle(dialog.List1[dialog.kPermissions], L"Session audit");
     ClearLog();
     user.Click(dialog.cmdOK);
     EXPECT_EQ(log.calls, SaveCalls(12, {L"GetDisplayName 0 Contrôle final"}, 2, 2));
@@ -160,11 +160,11 @@ TEST_F(EditGroup, RemovingMembersGoesOnToTheNextAndEndsWithADisabledButton) {
     EXPECT_TRUE(dialog.cmdBtn[dialog.kRemove].Enabled());
     user.Click(dialog.cmdBtn[dialog.kRemove]);
     EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 3);  // nobody was selected
-    user.Choose(dialog.List1[dialog.kMembers], 1);
+    Choose(dialog.List1[dialog.kMembers], L"Martin");
     user.Click(dialog.cmdBtn[dialog.kRemove]);
-    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{38});
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kMembers]), Ids{Sample::kOeuvrard});
     user.Click(dialog.cmdBtn[dialog.kRemove]);
-    EXPECT_EQ(Selected(dialog.List1[dialog.kMembers]), Ids{9});
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kMembers]), Ids{Sample::kClement});
     user.Click(dialog.cmdBtn[dialog.kRemove]);
     EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 0);
     EXPECT_FALSE(dialog.cmdBtn[dialog.kRemove].Enabled());
@@ -184,7 +184,7 @@ TEST_F(EditGroup, AGroupWithoutMembersStartsWithRemoveDisabled) {
 TEST_F(EditGroup, AdminMayBeTakenOutOfAnOrdinaryGroup) {
   Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (1, 12)");
   Edit(12, [this](frmEditGroup& dialog) {
-    user.Choose(dialog.List1[dialog.kMembers], ItemOf(dialog.List1[dialog.kMembers], 1));
+    Choose(dialog.List1[dialog.kMembers], L"Admin");
     user.Click(dialog.cmdBtn[dialog.kRemove]);
     user.Click(dialog.cmdOK);
   });
@@ -202,7 +202,7 @@ TEST_F(EditGroup, TheRefusalNamesAdminAndLeavesHimWhereHeMustStay) {
     EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 4);
     EXPECT_EQ(dialog.List1[dialog.kMembers].ListIndex(), admin);
     EXPECT_TRUE(dialog.cmdBtn[dialog.kRemove].Enabled());
-    user.Choose(dialog.List1[dialog.kMembers], ItemOf(dialog.List1[dialog.kMembers], 9));
+    Choose(dialog.List1[dialog.kMembers], L"Martin");
     user.Click(dialog.cmdBtn[dialog.kRemove]);
     EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 3);
     dialog.cmdOK.Click();
@@ -227,7 +227,7 @@ TEST_F(EditGroup, AGroupThatIsGoneByThenIsToldAndItsLinksAreLeftAlone) {
   Edit(12, [this](frmEditGroup& dialog) {
     Raw().Execute("UPDATE QRGROUP SET NAME = 'Laboratoire(12)', VFLG = 'D' WHERE GROUPID = 12");
     exchange.AddNode = true;
-    user.Choose(dialog.List1[dialog.kMembers], 0);
+    Choose(dialog.List1[dialog.kMembers], L"Martin");
     user.Click(dialog.cmdBtn[dialog.kRemove]);
     ClearLog();
     user.Click(dialog.cmdOK);
@@ -270,4 +270,4 @@ TEST_F(EditGroup, AGroupThatIsGoneBeforeTheDialogOpensIsNotShown) {
 }
 
 }  // namespace
-}  // namespace dialogs_test
+}  // namespace dialogs

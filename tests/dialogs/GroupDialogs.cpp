@@ -1,83 +1,45 @@
 #include "GroupDialogs.h"
 
-namespace dialogs_test {
+namespace dialogs {
 
 using controls::ListBox;
 
-void GroupDialogs::Edit(std::int32_t groupId,
-                        const std::function<void(dialogs::frmEditGroup&)>& script, Where where) {
-  dialogs::frmEditGroup dialog(exchange);
+void GroupDialogs::Edit(std::int32_t groupId, const std::function<void(frmEditGroup&)>& script,
+                        Where where) {
+  frmEditGroup dialog(exchange);
   dialog.GroupID = groupId;
-  Show<dialogs::frmEditGroup>(dialog, script, where);
+  Show<frmEditGroup>(dialog, script, where);
 }
 
-void GroupDialogs::New(const std::function<void(dialogs::frmNewGroup&)>& script, Where where) {
-  dialogs::frmNewGroup dialog(exchange);
-  Show<dialogs::frmNewGroup>(dialog, script, where);
+void GroupDialogs::New(const std::function<void(frmNewGroup&)>& script, Where where) {
+  frmNewGroup dialog(exchange);
+  Show<frmNewGroup>(dialog, script, where);
 }
 
 void GroupDialogs::AddUsers(std::int32_t groupId,
-                            const std::function<void(dialogs::frmAddUserInGroup&)>& script,
-                            Where where) {
-  dialogs::frmAddUserInGroup dialog(exchange);
+                            const std::function<void(frmAddUserInGroup&)>& script, Where where) {
+  frmAddUserInGroup dialog(exchange);
   dialog.IsRemoveAdmin = groupId != window.accounts.administratorsGroupId;
   dialog.adminUserId = exchange.adminUserId;
   dialog.GroupID = groupId;
   dialog.GroupName = L"Labo";
-  Show<dialogs::frmAddUserInGroup>(dialog, script, where);
+  Show<frmAddUserInGroup>(dialog, script, where);
 }
 
-void GroupDialogs::ExpectChooser(const std::function<void(dialogs::frmAddUserInGroup&)>& script,
+void GroupDialogs::ExpectChooser(const std::function<void(frmAddUserInGroup&)>& script,
                                  Where where) {
   user.ExpectModal(
-      [script](controls::Form& form) { script(dynamic_cast<dialogs::frmAddUserInGroup&>(form)); },
-      where);
-}
-
-Strings GroupDialogs::Texts(const ListBox& list) {
-  Strings texts;
-  for (int i = 0; i < list.ListCount(); ++i) texts.push_back(list.List(i));
-  return texts;
-}
-
-Ids GroupDialogs::DataOf(const ListBox& list) {
-  Ids data;
-  for (int i = 0; i < list.ListCount(); ++i) data.push_back(list.ItemData(i));
-  return data;
-}
-
-Ids GroupDialogs::Selected(const ListBox& list) {
-  Ids data;
-  for (int i = 0; i < list.ListCount(); ++i) {
-    if (list.Selected(i)) data.push_back(list.ItemData(i));
-  }
-  return data;
-}
-
-int GroupDialogs::ItemOf(const ListBox& list, std::int32_t itemData) {
-  for (int i = 0; i < list.ListCount(); ++i) {
-    if (list.ItemData(i) == itemData) return i;
-  }
-  ADD_FAILURE() << "no item " << itemData;
-  return -1;
+      [script](controls::Form& form) { script(dynamic_cast<frmAddUserInGroup&>(form)); }, where);
 }
 
 Ids GroupDialogs::MembersOf(std::int32_t groupId) {
-  Ids members;
-  for (const auto& row : Raw().Rows("SELECT USERID FROM QRUSGP WHERE GROUPID = " +
-                                    std::to_string(groupId) + " ORDER BY USERID")) {
-    members.push_back(std::stoi(row[0]));
-  }
-  return members;
+  return IdsIn("SELECT USERID FROM QRUSGP WHERE GROUPID = " + std::to_string(groupId) +
+               " ORDER BY USERID");
 }
 
 Ids GroupDialogs::PermissionsOf(std::int32_t groupId) {
-  Ids permissions;
-  for (const auto& row : Raw().Rows("SELECT PERMID FROM QRGPRM WHERE GROUPID = " +
-                                    std::to_string(groupId) + " ORDER BY PERMID")) {
-    permissions.push_back(std::stoi(row[0]));
-  }
-  return permissions;
+  return IdsIn("SELECT PERMID FROM QRGPRM WHERE GROUPID = " + std::to_string(groupId) +
+               " ORDER BY PERMID");
 }
 
 std::vector<std::string> GroupDialogs::RowOf(std::int32_t groupId) {
@@ -86,7 +48,7 @@ std::vector<std::string> GroupDialogs::RowOf(std::int32_t groupId) {
   return rows.empty() ? std::vector<std::string>{} : rows[0];
 }
 
-void GroupDialogs::ExpectNameSelected(const dialogs::GroupDialog& dialog) {
+void GroupDialogs::ExpectNameSelected(const GroupDialog& dialog) {
   EXPECT_TRUE(dialog.txtGroupName.HasFocus());
   EXPECT_EQ(dialog.txtGroupName.SelStart(), 0);
   EXPECT_EQ(dialog.txtGroupName.SelLength(), static_cast<int>(dialog.txtGroupName.Text().size()));
@@ -99,4 +61,4 @@ void AppendNewRows(Strings& calls, const std::wstring& statement, int count) {
   }
 }
 
-}  // namespace dialogs_test
+}  // namespace dialogs

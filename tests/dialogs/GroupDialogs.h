@@ -11,10 +11,15 @@
 #include "dialogs/frmNewGroup.h"
 #include "tests/support/dialogs/DialogFixture.h"
 
-namespace dialogs_test {
+namespace dialogs {
 
-using Strings = std::vector<std::wstring>;
-using Ids = std::vector<std::int32_t>;
+using Strings = test_support::Texts;
+using test_support::Ids;
+using test_support::IdsOf;
+using test_support::ItemOf;
+using test_support::Sample;
+using test_support::SelectedIds;
+using test_support::TextsOf;
 
 // The group dialogs and the chooser over a started main window. The sample's group 12 is
 // Laboratoire with the members 9 Martin, 34 Clement and 38 and the permission 20; Administrators is
@@ -24,24 +29,15 @@ class GroupDialogs : public test_support::DialogFixture {
   using Where = test_support::Where;
 
   // Show a dialog and let the script bring it to its end.
-  void Edit(std::int32_t groupId, const std::function<void(dialogs::frmEditGroup&)>& script,
+  void Edit(std::int32_t groupId, const std::function<void(frmEditGroup&)>& script,
             Where where = Where::current());
-  void New(const std::function<void(dialogs::frmNewGroup&)>& script,
-           Where where = Where::current());
+  void New(const std::function<void(frmNewGroup&)>& script, Where where = Where::current());
   // For the main window.
-  void AddUsers(std::int32_t groupId,
-                const std::function<void(dialogs::frmAddUserInGroup&)>& script,
+  void AddUsers(std::int32_t groupId, const std::function<void(frmAddUserInGroup&)>& script,
                 Where where = Where::current());
   // Announces the chooser over a group dialog.
-  void ExpectChooser(const std::function<void(dialogs::frmAddUserInGroup&)>& script,
+  void ExpectChooser(const std::function<void(frmAddUserInGroup&)>& script,
                      Where where = Where::current());
-
-  static Strings Texts(const controls::ListBox& list);
-  static Ids DataOf(const controls::ListBox& list);
-  // The item data of what is selected or checked.
-  static Ids Selected(const controls::ListBox& list);
-  // The item with this data; fails the test when there is none.
-  static int ItemOf(const controls::ListBox& list, std::int32_t itemData);
 
   // What the database holds, in ascending order.
   Ids MembersOf(std::int32_t groupId);
@@ -50,10 +46,10 @@ class GroupDialogs : public test_support::DialogFixture {
   std::vector<std::string> RowOf(std::int32_t groupId);
 
   // Expects the cursor to be in the name, which is selected.
-  static void ExpectNameSelected(const dialogs::GroupDialog& dialog);
+  static void ExpectNameSelected(const GroupDialog& dialog);
 };
 
 // The steps by which an open set adds a row, once for each.
 void AppendNewRows(Strings& calls, const std::wstring& statement, int count);
 
-}  // namespace dialogs_test
+}  // namespace dialogs

@@ -6,11 +6,8 @@
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
 
-namespace dialogs_test {
+namespace dialogs {
 namespace {
-
-using dialogs::frmEditGroup;
-using dialogs::frmNewGroup;
 
 // Each call of a load or a save fails in turn; the calls are those of a run without a fault.
 class GroupFaults : public GroupDialogs {
@@ -34,15 +31,15 @@ class GroupFaults : public GroupDialogs {
   }
   void FillIn(frmEditGroup& dialog) {
     user.Type(dialog.txtGroupName, L"Essais");
-    user.Toggle(dialog.List1[dialog.kPermissions], 0);
+    Toggle(dialog.List1[dialog.kPermissions], L"User administration");
   }
   // Members and permissions to be written as well.
   void FillIn(frmNewGroup& dialog, const std::wstring& name) {
     user.Type(dialog.txtGroupName, name);
     dialog.List1[dialog.kMembers].AddItem(L"Martin", 9);
     dialog.List1[dialog.kMembers].AddItem(L"Roux", 12);
-    user.Toggle(dialog.List1[dialog.kPermissions], 3);
-    user.Toggle(dialog.List1[dialog.kPermissions], 5);
+    Toggle(dialog.List1[dialog.kPermissions], L"Consulter les commandes");
+    Toggle(dialog.List1[dialog.kPermissions], L"Valider une commande");
   }
 };
 
@@ -191,4 +188,4 @@ TEST_F(GroupFaults, ALockedDatabaseIsReportedWithItsOwnMessageAndNothingIsWritte
 }
 
 }  // namespace
-}  // namespace dialogs_test
+}  // namespace dialogs

@@ -4,15 +4,11 @@
 #include "app/MShowHelp.h"
 #include "resources/ResourceIds.h"
 
-namespace dialogs_test {
+namespace dialogs {
 namespace {
 
 using controls::kResultNo;
 using controls::kResultYes;
-using dialogs::frmAddUserInGroup;
-using dialogs::frmEditGroup;
-using dialogs::frmNewGroup;
-using dialogs::GroupDialog;
 
 // How the group dialogs are left without OK, and how they are used by keyboard alone.
 class GroupLeaving : public GroupDialogs {
@@ -45,8 +41,8 @@ TEST_F(GroupLeaving, EveryEditMakesCancelAsk) {
     ExpectAsks(true, dialog);
   });
   Edit(12, [this](frmEditGroup& dialog) {
-    user.Toggle(dialog.List1[dialog.kPermissions], 3);
-    user.Toggle(dialog.List1[dialog.kPermissions], 3);
+    Toggle(dialog.List1[dialog.kPermissions], L"Consulter les commandes");
+    Toggle(dialog.List1[dialog.kPermissions], L"Consulter les commandes");
     ExpectAsks(true, dialog);
   });
   Edit(12, [this](frmEditGroup& dialog) {
@@ -54,7 +50,7 @@ TEST_F(GroupLeaving, EveryEditMakesCancelAsk) {
     ExpectAsks(true, dialog);
   });
   Edit(12, [this](frmEditGroup& dialog) {
-    user.Choose(dialog.List1[dialog.kMembers], 0);
+    Choose(dialog.List1[dialog.kMembers], L"Martin");
     user.Click(dialog.cmdBtn[dialog.kRemove]);
     ExpectAsks(true, dialog);
   });
@@ -62,8 +58,8 @@ TEST_F(GroupLeaving, EveryEditMakesCancelAsk) {
 
 TEST_F(GroupLeaving, WhatChangesNothingDoesNotMakeCancelAsk) {
   Edit(12, [this](frmEditGroup& dialog) {
-    user.Choose(dialog.List1[dialog.kMembers], 1);
-    user.Choose(dialog.List1[dialog.kPermissions], 1);
+    Choose(dialog.List1[dialog.kMembers], L"Clément");
+    Choose(dialog.List1[dialog.kPermissions], L"Consulter le tableau de bord");
     user.Focus(dialog.txtDesc);
     ExpectAsks(false, dialog);
   });
@@ -147,7 +143,7 @@ TEST_F(GroupLeaving, AGroupIsCreatedByKeyboardAlone) {
     user.PressKey(dialog, test_support::kKeyTab);
     EXPECT_TRUE(dialog.cmdBtn[dialog.kAssign].HasFocus());
     user.PressKey(dialog, test_support::kKeySpace);
-    EXPECT_EQ(Texts(dialog.List1[dialog.kMembers]), Strings{L"Martin"});
+    EXPECT_EQ(TextsOf(dialog.List1[dialog.kMembers]), Strings{L"Martin"});
     user.PressKey(dialog, test_support::kKeyTab);
     EXPECT_TRUE(dialog.cmdBtn[dialog.kRemove].HasFocus());
     user.PressKey(dialog, test_support::kKeyTab);
@@ -179,7 +175,7 @@ TEST_F(GroupLeaving, TheTabKeyGoesThroughTheControlsInOneOrder) {
 
 TEST_F(GroupLeaving, RemovingTheLastMemberHandsTheFocusToTheList) {
   Edit(12, [this](frmEditGroup& dialog) {
-    user.Choose(dialog.List1[dialog.kMembers], 0);
+    Choose(dialog.List1[dialog.kMembers], L"Martin");
     for (int left = 2; left >= 0; --left) {
       EXPECT_FALSE(dialog.List1[dialog.kMembers].ListCount() == left);
       user.Click(dialog.cmdBtn[dialog.kRemove]);
@@ -229,4 +225,4 @@ TEST_F(GroupLeaving, ALocaleWithAFontOfItsOwnGetsItInEveryControl) {
 }
 
 }  // namespace
-}  // namespace dialogs_test
+}  // namespace dialogs

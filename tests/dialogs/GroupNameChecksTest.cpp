@@ -3,12 +3,8 @@
 #include "GroupDialogs.h"
 #include "data/Text.h"
 
-namespace dialogs_test {
+namespace dialogs {
 namespace {
-
-using dialogs::frmEditGroup;
-using dialogs::frmNewGroup;
-using dialogs::GroupDialog;
 
 const wchar_t* const kMissing = L"Spécifiez le nom du groupe.";
 const wchar_t* const kReserved = L"Nom de groupe réservé.";
@@ -241,4 +237,4 @@ TEST_F(GroupNameChecks, HostileNamesAndDescriptionsAreStoredAndShownAsTyped) {
 }
 
 }  // namespace
-}  // namespace dialogs_test
+}  // namespace dialogs

@@ -24,10 +24,10 @@ class ListItemSave : public ListItemTest {
     calls.push_back(L"AddNew " + statement);
     calls.push_back(L"Update " + statement);
   }
-  Texts PermissionNames() {
+  static Texts PermissionNames() {
     Texts names;
-    for (const auto& row : Raw().Rows("select name from qrperm order by permid")) {
-      names.push_back(data::FromUtf8(row[0]));
+    for (const auto& permission : Sample::PermissionsByName()) {
+      names.push_back(data::FromUtf8(permission.name));
     }
     return names;
   }
@@ -47,18 +47,10 @@ class ListItemSave : public ListItemTest {
                        .title = L"Admin Utilisateurs"});
   }
 
-  const Texts groupNames = {L"Administrators",
-                            L"Everyone",
-                            L"Direction",
-                            L"Comptabilit\x00E9",
-                            L"Ressources humaines",
-                            L"Qualit\x00E9",
-                            L"Production",
-                            L"M\x00E9thodes",
-                            L"Achats",
-                            L"Ventes",
-                            L"Informatique",
-                            L"Laboratoire"};
+  const Texts groupNames = {
+      L"Achats",     L"Administrators", L"Comptabilit\x00E9",   L"Direction",
+      L"Everyone",   L"Informatique",   L"Laboratoire",         L"M\x00E9thodes",
+      L"Production", L"Qualit\x00E9",   L"Ressources humaines", L"Ventes"};
   const std::wstring allGroups =
       L"SELECT QRGROUPV.GROUPID,QRGROUPV.NAME ,QRGROUPV.DESCR  FROM QRGROUPV";
   const std::wstring allPermissions = L"SELECT QRPERM.PERMID,QRPERM.NAME FROM QRPERM";
@@ -74,19 +66,19 @@ TEST_F(ListItemSave, GroupsOfAUserAreReadAndAddedInTheOrderOfTheListWithTheIdsIn
   });
   Texts calls;
   AddLinkCalls(
-      calls, L"SELECT QRUSGP.USERID, QRUSGP.GROUPID FROM QRUSGP WHERE GROUPID = 9 and USERID = 6");
-  AddLinkCalls(
       calls, L"SELECT QRUSGP.USERID, QRUSGP.GROUPID FROM QRUSGP WHERE GROUPID = 9 and USERID = 11");
+  AddLinkCalls(
+      calls, L"SELECT QRUSGP.USERID, QRUSGP.GROUPID FROM QRUSGP WHERE GROUPID = 9 and USERID = 6");
   EXPECT_EQ(log.calls, calls);
   EXPECT_TRUE(exchange.AddNode);
-  EXPECT_EQ(GroupsInDatabase(kMartin), (Rows{{"2"}, {"6"}, {"7"}, {"11"}, {"12"}}));
+  EXPECT_EQ(GroupsInDatabase(kMartin), (Ids{2, 6, 7, 11, 12}));
   EXPECT_EQ(user.SeenBoxes().size(), 0U);
 }
 
 TEST_F(ListItemSave, ARowUnderTheSwappedIdsIsNeitherReadNorChanged) {
   // User 11 is in group 9: the very row that the statement for user 9 and group 11 finds.
   ASSERT_EQ(Raw().Number("select count(*) from qrusgp where userid = 11 and groupid = 9"), 1);
-  const Rows before = GroupsInDatabase(11);
+  const Ids before = GroupsInDatabase(11);
   PrepareGroupsOf(kMartin);
   ShowTicked({11}, [this](frmListItem& shown) { user.Click(shown.cmdOK); });
   EXPECT_TRUE(exchange.AddNode);
@@ -103,11 +95,11 @@ TEST_F(ListItemSave, PermissionsOfAUserAreReadAndAddedInTheOrderOfTheList) {
     user.Click(shown.cmdOK);
   });
   Texts calls;
-  AddLinkCalls(calls, L"SELECT * FROM QRUPRM WHERE QRUPRM.USERID = 9 and QRUPRM.PERMID = 1");
   AddLinkCalls(calls, L"SELECT * FROM QRUPRM WHERE QRUPRM.USERID = 9 and QRUPRM.PERMID = 30");
+  AddLinkCalls(calls, L"SELECT * FROM QRUPRM WHERE QRUPRM.USERID = 9 and QRUPRM.PERMID = 1");
   EXPECT_EQ(log.calls, calls);
   EXPECT_TRUE(exchange.AddNode);
-  EXPECT_EQ(PermissionsInDatabase(kMartin), (Rows{{"1"}, {"14"}, {"20"}, {"30"}}));
+  EXPECT_EQ(PermissionsInDatabase(kMartin), (Ids{1, 14, 20, 30}));
 }
 
 TEST_F(ListItemSave, PermissionsOfAGroupAreReadAndAddedInTheOrderOfTheList) {
@@ -119,11 +111,11 @@ TEST_F(ListItemSave, PermissionsOfAGroupAreReadAndAddedInTheOrderOfTheList) {
     user.Click(shown.cmdOK);
   });
   Texts calls;
-  AddLinkCalls(calls, L"SELECT * FROM QRGPRM WHERE QRGPRM.GROUPID = 12 and QRGPRM.PERMID = 3");
   AddLinkCalls(calls, L"SELECT * FROM QRGPRM WHERE QRGPRM.GROUPID = 12 and QRGPRM.PERMID = 21");
+  AddLinkCalls(calls, L"SELECT * FROM QRGPRM WHERE QRGPRM.GROUPID = 12 and QRGPRM.PERMID = 3");
   EXPECT_EQ(log.calls, calls);
   EXPECT_TRUE(exchange.AddNode);
-  EXPECT_EQ(GroupPermissionsInDatabase(kLaboratory), (Rows{{"3"}, {"20"}, {"21"}}));
+  EXPECT_EQ(GroupPermissionsInDatabase(kLaboratory), (Ids{3, 20, 21}));
 }
 
 TEST_F(ListItemSave, AllOfThemAreAdded) {
@@ -163,7 +155,7 @@ TEST_F(ListItemSave, WhatIsAddedIsGoneFromTheListTheNextTime) {
   PrepareGroupsOf(kMartin);
   ShowTicked({6}, [this](frmListItem& shown) { user.Click(shown.cmdOK); });
   Show([this](frmListItem& shown) {
-    EXPECT_EQ(IdsOf(shown), (Ids{1, 3, 4, 5, 8, 9, 10, 11}));
+    EXPECT_EQ(IdsOf(shown.List1), (Ids{9, 1, 4, 3, 11, 8, 5, 10}));
     user.Close(shown);
   });
 }
@@ -194,7 +186,7 @@ TEST_F(ListItemSave, ALoadThatFailsAtAnyCallIsReportedUnderItsProcedureAndCloses
 
 TEST_F(ListItemSave, ASaveThatFailsAtAnyCallIsReportedAndLeavesWhatWasWritten) {
   constexpr std::size_t kCallsOfALink = 3;
-  const Ids ticked = {4, 5, 6};
+  const Ids ticked = {4, 6, 5};  // in the order of their names, in which they are written
   for (std::size_t position = 0; position < kCallsOfALink * ticked.size(); ++position) {
     Raw().Execute("delete from qrusgp where userid = 9 and groupid in (4, 5, 6)");
     exchange.AddNode = true;
@@ -207,13 +199,10 @@ TEST_F(ListItemSave, ASaveThatFailsAtAnyCallIsReportedAndLeavesWhatWasWritten) {
     EXPECT_TRUE(HasFailed());
     log.FailAt = {};
     EXPECT_FALSE(exchange.AddNode);
-    Rows rows{{"2"}};
-    for (std::size_t i = 0; i < position / kCallsOfALink; ++i) {
-      rows.push_back({std::to_string(ticked[i])});
-    }
-    rows.push_back({"7"});
-    rows.push_back({"12"});
-    EXPECT_EQ(GroupsInDatabase(kMartin), rows);
+    Ids groups{2, 7, 12};
+    for (std::size_t i = 0; i < position / kCallsOfALink; ++i) groups.push_back(ticked[i]);
+    std::sort(groups.begin(), groups.end());
+    EXPECT_EQ(GroupsInDatabase(kMartin), groups);
   }
   PrepareGroupsOf(kMartin);
   Raw().Execute("delete from qrusgp where userid = 9 and groupid in (4, 5, 6)");
@@ -226,7 +215,8 @@ TEST_F(ListItemSave, PermissionsFailAtAnyCallToo) {
     for (std::size_t position = 0; position < 6; ++position) {
       Raw().Execute("delete from qruprm where userid = 9 and permid in (3, 4)");
       Raw().Execute("delete from qrgprm where groupid = 12 and permid in (3, 4)");
-      Prepare(dialog, 307, ofUser ? 305 : 310, ofUser ? kMartin : kLaboratory);
+      Prepare(dialog, app::kPermissions, ofUser ? app::kUserPermissions : app::kGroupPermissions,
+              ofUser ? kMartin : kLaboratory);
       ShowTicked({3, 4}, [&](frmListItem& shown) {
         FailAtPosition(position);
         ExpectReport(L"UpdateData");
@@ -235,12 +225,12 @@ TEST_F(ListItemSave, PermissionsFailAtAnyCallToo) {
       EXPECT_TRUE(HasFailed());
       log.FailAt = {};
       EXPECT_FALSE(exchange.AddNode);
-      Rows rows;
-      if (position >= 3) rows.push_back({"3"});
-      if (ofUser) rows.push_back({"14"});
-      rows.push_back({"20"});
+      Ids permissions;
+      if (position >= 3) permissions.push_back(4);  // its name is the first of the two
+      if (ofUser) permissions.push_back(Sample::kStock);
+      permissions.push_back(Sample::kReadings);
       EXPECT_EQ(ofUser ? PermissionsInDatabase(kMartin) : GroupPermissionsInDatabase(kLaboratory),
-                rows);
+                permissions);
     }
   }
 }
@@ -248,7 +238,7 @@ TEST_F(ListItemSave, PermissionsFailAtAnyCallToo) {
 TEST_F(ListItemSave, ALinkThatSomebodyElseHasAddedMeanwhileIsTheDatabasesError) {
   PrepareGroupsOf(kMartin);
   ShowTicked({3, 4, 5}, [this](frmListItem& shown) {
-    Raw().Execute("insert into qrusgp values (9, 4)");
+    Raw().Execute("insert into qrusgp values (9, 3)");
     user.ExpectMsgBox({.answer = controls::kResultOk,
                        .style = controls::kExclamation,
                        .title = L"Admin Utilisateurs"});
@@ -257,7 +247,7 @@ TEST_F(ListItemSave, ALinkThatSomebodyElseHasAddedMeanwhileIsTheDatabasesError) 
   ASSERT_EQ(user.SeenBoxes().size(), 1U);
   EXPECT_TRUE(user.SeenBoxes()[0].prompt.starts_with(L"UpdateData Error ["));
   EXPECT_FALSE(exchange.AddNode);
-  EXPECT_EQ(GroupsInDatabase(kMartin), (Rows{{"2"}, {"3"}, {"4"}, {"7"}, {"12"}}));
+  EXPECT_EQ(GroupsInDatabase(kMartin), (Ids{2, 3, 4, 7, 12}));
 }
 
 // Under Wine the native list alone takes minutes for so many.

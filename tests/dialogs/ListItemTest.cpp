@@ -49,10 +49,10 @@ TEST_F(ListItemDialog, TheCaptionNamesThePermissions) {
 TEST_F(ListItemDialog, GroupsOfAUserAreThoseHeIsNotInUnderTheirDisplayNames) {
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) {
-    EXPECT_EQ(TextsOf(shown),
-              (Texts{L"Administrateurs", L"Direction", L"Comptabilit\x00E9", L"Ressources humaines",
-                     L"Qualit\x00E9", L"M\x00E9thodes", L"Achats", L"Ventes", L"Informatique"}));
-    EXPECT_EQ(IdsOf(shown), (Ids{1, 3, 4, 5, 6, 8, 9, 10, 11}));
+    EXPECT_EQ(TextsOf(shown.List1), (Texts{L"Achats", L"Administrateurs", L"Comptabilit\x00E9",
+                                           L"Direction", L"Informatique", L"M\x00E9thodes",
+                                           L"Qualit\x00E9", L"Ressources humaines", L"Ventes"}));
+    EXPECT_EQ(IdsOf(shown.List1), (Ids{9, 1, 4, 3, 11, 8, 6, 5, 10}));
     EXPECT_EQ(shown.List1.SelCount(), 0);
     user.Close(shown);
   });
@@ -62,10 +62,8 @@ TEST_F(ListItemDialog, PermissionsOfAUserAreThoseHeDoesNotHoldDirectly) {
   PreparePermissionsOf(kMartin);
   Show([this](frmListItem& shown) {
     ASSERT_EQ(shown.List1.ListCount(), 28);
-    EXPECT_EQ(shown.List1.List(0), L"Administration des utilisateurs");
-    EXPECT_EQ(shown.List1.ItemData(0), 1);
-    EXPECT_EQ(shown.List1.List(27), L"Audit des sessions");
-    EXPECT_EQ(shown.List1.ItemData(27), 30);
+    EXPECT_EQ(shown.List1.List(ItemOf(shown.List1, 1)), L"Administration des utilisateurs");
+    EXPECT_EQ(shown.List1.List(ItemOf(shown.List1, 30)), L"Audit des sessions");
     user.Close(shown);
   });
 }
@@ -75,7 +73,7 @@ TEST_F(ListItemDialog, APermissionThatAUserHasThroughAGroupIsStillOffered) {
   ASSERT_EQ(Raw().Number("select count(*) from qrgprm where groupid = 7 and permid = 15"), 1);
   PreparePermissionsOf(kMartin);
   Show([this](frmListItem& shown) {
-    EXPECT_EQ(shown.List1.List(ItemOf(shown, 15)), L"Corriger le stock");
+    EXPECT_EQ(shown.List1.List(ItemOf(shown.List1, 15)), L"Corriger le stock");
     user.Close(shown);
   });
 }
@@ -84,10 +82,10 @@ TEST_F(ListItemDialog, PermissionsOfAGroupAreThoseItDoesNotHold) {
   PreparePermissionsOfGroup(kLaboratory);
   Show([this](frmListItem& shown) {
     Ids wanted;
-    for (std::int32_t id = 1; id <= 30; ++id) {
-      if (id != 20) wanted.push_back(id);
+    for (const auto& permission : Sample::PermissionsByName()) {
+      if (permission.id != Sample::kReadings) wanted.push_back(permission.id);
     }
-    EXPECT_EQ(IdsOf(shown), wanted);
+    EXPECT_EQ(IdsOf(shown.List1), wanted);
     user.Close(shown);
   });
 }
@@ -98,14 +96,14 @@ TEST_F(ListItemDialog, TwoOwnersOneAfterTheOtherSeeOnlyWhatEachLacks) {
   frmListItem other(exchange);
   Prepare(other, app::kGroups, app::kMemberOf, 2);
   DialogFixture::Show<frmListItem>(other, [this](frmListItem& shown) {
-    EXPECT_EQ(IdsOf(shown), (Ids{3, 4, 5, 6, 7, 8, 9, 10, 12}));
+    EXPECT_EQ(IdsOf(shown.List1), (Ids{9, 4, 3, 12, 8, 7, 6, 5, 10}));
     user.Close(shown);
   });
   // The same chooser again, for another owner and another relation.
   PreparePermissionsOf(21);
   Show([this](frmListItem& shown) {
     EXPECT_EQ(shown.List1.ListCount(), 28);
-    for (const std::int32_t id : IdsOf(shown)) EXPECT_TRUE(id != 21 && id != 22);
+    for (const std::int32_t id : IdsOf(shown.List1)) EXPECT_TRUE(id != 21 && id != 22);
     user.Close(shown);
   });
 }
@@ -143,7 +141,7 @@ TEST_F(ListItemDialog, AlreadyLinkedTwiceOverIsLeftOutOnce) {
       " union all select 12, 'Zwilling', null");
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) {
-    EXPECT_EQ(shown.List1.List(ItemOf(shown, 12)), L"Zwilling");
+    EXPECT_EQ(shown.List1.List(ItemOf(shown.List1, 12)), L"Zwilling");
     user.Close(shown);
   });
 }
@@ -151,13 +149,13 @@ TEST_F(ListItemDialog, AlreadyLinkedTwiceOverIsLeftOutOnce) {
 TEST_F(ListItemDialog, ButtonsFollowHowManyAreTicked) {
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) {
-    user.Toggle(shown.List1, 0);
+    Toggle(shown.List1, L"Direction");
     ExpectButtons(shown, true, true);
-    user.Toggle(shown.List1, 0);
+    Toggle(shown.List1, L"Direction");
     ExpectButtons(shown, true, false);
     for (int i = 0; i < shown.List1.ListCount(); ++i) user.Toggle(shown.List1, i);
     ExpectButtons(shown, false, true);
-    user.Toggle(shown.List1, 4);
+    Toggle(shown.List1, L"Direction");
     ExpectButtons(shown, true, true);
     ExpectDiscardQuestion(kResultYes);
     user.Close(shown);
@@ -189,8 +187,8 @@ TEST_F(ListItemDialog, TickingThenUntickingStillCountsAsAChangeForCancel) {
   PrepareGroupsOf(kMartin);
   exchange.AddNode = true;
   Show([this](frmListItem& shown) {
-    user.Toggle(shown.List1, 3);
-    user.Toggle(shown.List1, 3);
+    Toggle(shown.List1, L"Direction");
+    Toggle(shown.List1, L"Direction");
     ExpectDiscardQuestion(kResultYes);
     user.Click(shown.cmdCancel);
   });
@@ -212,14 +210,14 @@ TEST_F(ListItemDialog, AllOrNoneAloneCountsAsAChange) {
 TEST_F(ListItemDialog, NoKeepsTheDialogAndItsChangeOnCancelEscapeAndTheCloseBox) {
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) {
-    user.Toggle(shown.List1, 2);
+    Toggle(shown.List1, L"Direction");
     ExpectDiscardQuestion(kResultNo);
     user.Click(shown.cmdCancel);
     ExpectDiscardQuestion(kResultNo);
     user.PressKey(shown, kKeyEscape);
     ExpectDiscardQuestion(kResultNo);
     user.Close(shown);
-    EXPECT_TRUE(shown.List1.Selected(2));
+    EXPECT_EQ(SelectedIds(shown.List1), Ids{3});
     ExpectDiscardQuestion(kResultYes);
     user.PressKey(shown, kKeyEscape);
   });
@@ -227,10 +225,10 @@ TEST_F(ListItemDialog, NoKeepsTheDialogAndItsChangeOnCancelEscapeAndTheCloseBox)
 }
 
 TEST_F(ListItemDialog, TheCloseBoxAsksOnceAndWritesNothing) {
-  const Rows before = GroupsInDatabase(kMartin);
+  const Ids before = GroupsInDatabase(kMartin);
   PrepareGroupsOf(kMartin);
   Show([this](frmListItem& shown) {
-    user.Toggle(shown.List1, 2);
+    Toggle(shown.List1, L"Direction");
     ClearLog();
     ExpectDiscardQuestion(kResultYes);
     user.Close(shown);
@@ -314,7 +312,7 @@ TEST_F(ListItemDialog, HostileNamesAreShownAsTheyAre) {
   Show([&](frmListItem& shown) {
     const auto items = test_support::ShownItems(shown.List1);
     for (std::size_t i = 0; i < names.size(); ++i) {
-      const int item = ItemOf(shown, static_cast<std::int32_t>(100 + i));
+      const int item = ItemOf(shown.List1, static_cast<std::int32_t>(100 + i));
       EXPECT_EQ(shown.List1.List(item), names[i]);
       EXPECT_EQ(items[static_cast<std::size_t>(item)].text, names[i]);
     }
@@ -322,7 +320,7 @@ TEST_F(ListItemDialog, HostileNamesAreShownAsTheyAre) {
     user.Click(shown.cmdOK);
   });
   EXPECT_TRUE(exchange.AddNode);
-  EXPECT_EQ(GroupsInDatabase(kMartin), (Rows{{"2"}, {"7"}, {"12"}, {"101"}}));
+  EXPECT_EQ(GroupsInDatabase(kMartin), (Ids{2, 7, 12, 101}));
 }
 
 TEST_F(ListItemDialog, RefusesAnotherKindOrRelationWithError5BeforeItAsksTheDatabase) {

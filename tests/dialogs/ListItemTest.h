@@ -10,17 +10,21 @@
 
 namespace dialogs {
 
-using Texts = std::vector<std::wstring>;
-using Ids = std::vector<std::int32_t>;
-using Rows = std::vector<std::vector<std::string>>;
+using test_support::Ids;
+using test_support::IdsOf;
+using test_support::ItemOf;
+using test_support::Sample;
+using test_support::SelectedIds;
+using test_support::Texts;
+using test_support::TextsOf;
 
 // The checklist chooser over the main window. Of the sample's users, Martin (9) is in Everyone (2),
 // Production (7) and Laboratoire (12) and holds the permissions 14 and 20; of its groups,
 // Laboratoire holds the permission 20.
 class ListItemTest : public test_support::DialogFixture {
  protected:
-  static constexpr std::int32_t kMartin = 9;
-  static constexpr std::int32_t kLaboratory = 12;
+  static constexpr std::int32_t kMartin = Sample::kMartin;
+  static constexpr std::int32_t kLaboratory = Sample::kLaboratoire;
 
   void Prepare(frmListItem& chooser, int kind, int relation, std::int32_t owner) {
     chooser.ListKind = Text(kind);
@@ -43,40 +47,22 @@ class ListItemTest : public test_support::DialogFixture {
     DialogFixture::Show<frmListItem>(dialog, script, where);
   }
 
-  static Texts TextsOf(const frmListItem& chooser) {
-    Texts texts;
-    for (int i = 0; i < chooser.List1.ListCount(); ++i) texts.push_back(chooser.List1.List(i));
-    return texts;
-  }
-  static Ids IdsOf(const frmListItem& chooser) {
-    Ids ids;
-    for (int i = 0; i < chooser.List1.ListCount(); ++i) ids.push_back(chooser.List1.ItemData(i));
-    return ids;
-  }
-  // The item with this id; fails the test where there is none.
-  static int ItemOf(const frmListItem& chooser, std::int32_t id) {
-    for (int i = 0; i < chooser.List1.ListCount(); ++i) {
-      if (chooser.List1.ItemData(i) == id) return i;
-    }
-    ADD_FAILURE() << "no item " << id;
-    return -1;
-  }
   void Tick(frmListItem& chooser, std::int32_t id) {
-    user.Toggle(chooser.List1, ItemOf(chooser, id));
+    user.Toggle(chooser.List1, ItemOf(chooser.List1, id));
   }
 
-  // What the database says afterwards.
-  Rows GroupsInDatabase(std::int32_t userId) {
-    return Raw().Rows("select groupid from qrusgp where userid = " + std::to_string(userId) +
-                      " order by groupid");
+  // What the database says afterwards, in ascending order.
+  Ids GroupsInDatabase(std::int32_t userId) {
+    return IdsIn("select groupid from qrusgp where userid = " + std::to_string(userId) +
+                 " order by groupid");
   }
-  Rows PermissionsInDatabase(std::int32_t userId) {
-    return Raw().Rows("select permid from qruprm where userid = " + std::to_string(userId) +
-                      " order by permid");
+  Ids PermissionsInDatabase(std::int32_t userId) {
+    return IdsIn("select permid from qruprm where userid = " + std::to_string(userId) +
+                 " order by permid");
   }
-  Rows GroupPermissionsInDatabase(std::int32_t groupId) {
-    return Raw().Rows("select permid from qrgprm where groupid = " + std::to_string(groupId) +
-                      " order by permid");
+  Ids GroupPermissionsInDatabase(std::int32_t groupId) {
+    return IdsIn("select permid from qrgprm where groupid = " + std::to_string(groupId) +
+                 " order by permid");
   }
 
   frmListItem dialog{exchange};

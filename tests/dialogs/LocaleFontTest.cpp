@@ -9,7 +9,7 @@
 #include "dialogs/frmNewUser.h"
 #include "tests/support/dialogs/DialogFixture.h"
 
-namespace dialogs_test {
+namespace dialogs {
 namespace {
 
 class FontOfDialogs : public test_support::DialogFixture {
@@ -27,18 +27,18 @@ class FontOfDialogs : public test_support::DialogFixture {
 
 TEST_F(FontOfDialogs, IsThatOfTheLocaleInEachOfTheSix) {
   user.SetLcid(1041);
-  ExpectJapaneseFont(dialogs::frmNewUser(exchange));
-  dialogs::frmEditUser editUser(exchange);
+  ExpectJapaneseFont(frmNewUser(exchange));
+  frmEditUser editUser(exchange);
   editUser.UserID = 9;
   ExpectJapaneseFont(std::move(editUser));
-  ExpectJapaneseFont(dialogs::frmNewGroup(exchange));
-  dialogs::frmEditGroup editGroup(exchange);
+  ExpectJapaneseFont(frmNewGroup(exchange));
+  frmEditGroup editGroup(exchange);
   editGroup.GroupID = 12;
   ExpectJapaneseFont(std::move(editGroup));
-  dialogs::frmAddUserInGroup addUsers(exchange);
+  frmAddUserInGroup addUsers(exchange);
   addUsers.GroupID = 12;
   ExpectJapaneseFont(std::move(addUsers));
-  dialogs::frmListItem list(exchange);
+  frmListItem list(exchange);
   list.ListKind = Text(app::kGroups);
   list.RelationName = Text(app::kMemberOf);
   list.OwnerID = 9;
@@ -46,4 +46,4 @@ TEST_F(FontOfDialogs, IsThatOfTheLocaleInEachOfTheSix) {
 }
 
 }  // namespace
-}  // namespace dialogs_test
+}  // namespace dialogs

@@ -3,11 +3,8 @@
 #include "GroupDialogs.h"
 #include "data/MSQLStatement.h"
 
-namespace dialogs_test {
+namespace dialogs {
 namespace {
-
-using dialogs::frmAddUserInGroup;
-using dialogs::frmNewGroup;
 
 class NewGroup : public GroupDialogs {};
 
@@ -44,15 +41,15 @@ TEST_F(NewGroup, WritesRowMembersAndPermissionsInThisOrder) {
     user.Type(dialog.txtGroupName, L" Qualité Annecy ");
     user.Type(dialog.txtDesc, L" Contrôle final ");
     ExpectChooser([this](frmAddUserInGroup& chooser) {
-      user.Choose(chooser.List1[chooser.kOthers], ItemOf(chooser.List1[chooser.kOthers], 9));
+      Choose(chooser.List1[chooser.kOthers], L"Martin");
       user.Click(chooser.cmdBtn[chooser.kAdd]);
-      user.Choose(chooser.List1[chooser.kOthers], ItemOf(chooser.List1[chooser.kOthers], 2));
+      Choose(chooser.List1[chooser.kOthers], L"Moreau");
       user.Click(chooser.cmdBtn[chooser.kAdd]);
       user.Click(chooser.cmdOK);
     });
     user.Click(dialog.cmdBtn[dialog.kAssign]);
-    user.Toggle(dialog.List1[dialog.kPermissions], 4);
-    user.Toggle(dialog.List1[dialog.kPermissions], 9);
+    Toggle(dialog.List1[dialog.kPermissions], L"Saisir une commande");
+    Toggle(dialog.List1[dialog.kPermissions], L"Émettre un avoir");
     ClearLog();
     user.Click(dialog.cmdOK);
     EXPECT_FALSE(dialog.IsLoaded());
@@ -142,4 +139,4 @@ TEST_F(NewGroup, AnIdentifierThatIsTakenIsReportedAndItsGroupLeftAlone) {
 }
 
 }  // namespace
-}  // namespace dialogs_test
+}  // namespace dialogs

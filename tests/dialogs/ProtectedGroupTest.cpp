@@ -3,11 +3,8 @@
 #include "GroupDialogs.h"
 #include "data/MSQLStatement.h"
 
-namespace dialogs_test {
+namespace dialogs {
 namespace {
-
-using dialogs::frmAddUserInGroup;
-using dialogs::frmEditGroup;
 
 class ProtectedGroup : public GroupDialogs {};
 
@@ -78,11 +75,11 @@ TEST_F(ProtectedGroup, AdminCannotBeMovedOutOfAdministratorsThroughTheChooserEit
       EXPECT_EQ(chooser.adminUserId, 1);
       ExpectInformation(L"Impossible de supprimer l'utilisateur de 'Admin' le groupe.");
       user.Click(chooser.cmdBtn[chooser.kRemoveAll]);
-      EXPECT_EQ(DataOf(chooser.List1[chooser.kMembers]), Ids{1});
+      EXPECT_EQ(IdsOf(chooser.List1[chooser.kMembers]), Ids{1});
       user.Click(chooser.cmdOK);
     });
     user.Click(dialog.cmdBtn[dialog.kAssign]);
-    EXPECT_EQ(DataOf(dialog.List1[dialog.kMembers]), Ids{1});
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kMembers]), Ids{1});
     user.Click(dialog.cmdOK);
   });
   EXPECT_EQ(MembersOf(1), Ids{1});
@@ -134,11 +131,11 @@ TEST_F(ProtectedGroup, AdminIsNotRemovedWhereHeMayNotBeTakenOut) {
   Edit(12, [this](frmEditGroup& dialog) {
     dialog.IsRemoveAdmin = false;
     controls::ListBox& members = dialog.List1[dialog.kMembers];
-    user.Choose(members, ItemOf(members, 1));
+    Choose(members, L"Admin");
     ExpectInformation(L"Impossible de supprimer l'utilisateur de 'Admin' le groupe.");
     user.Click(dialog.cmdBtn[dialog.kRemove]);
     EXPECT_EQ(members.ListCount(), 4);
-    user.Choose(members, ItemOf(members, 9));
+    Choose(members, L"Martin");
     user.Click(dialog.cmdBtn[dialog.kRemove]);
     EXPECT_EQ(members.ListCount(), 3);
     user.Click(dialog.cmdOK);
@@ -157,4 +154,4 @@ TEST_F(ProtectedGroup, AnotherCaseIsAnotherGroup) {
 }
 
 }  // namespace
-}  // namespace dialogs_test
+}  // namespace dialogs

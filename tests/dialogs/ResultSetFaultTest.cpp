@@ -17,7 +17,7 @@
 #include "dialogs/frmNewUser.h"
 #include "tests/support/dialogs/DialogFixture.h"
 
-namespace dialogs_test {
+namespace dialogs {
 namespace {
 
 constexpr std::size_t kNever = std::numeric_limits<std::size_t>::max();
@@ -74,33 +74,33 @@ class ResultSetFault : public test_support::DialogFixture {
     }
   }
 
-  Make<dialogs::frmEditUser> EditMartin() {
+  Make<frmEditUser> EditMartin() {
     return [this] {
-      auto dialog = std::make_unique<dialogs::frmEditUser>(exchange);
+      auto dialog = std::make_unique<frmEditUser>(exchange);
       dialog->UserID = 9;
       return dialog;
     };
   }
-  Make<dialogs::frmEditGroup> EditLaboratory() {
+  Make<frmEditGroup> EditLaboratory() {
     return [this] {
-      auto dialog = std::make_unique<dialogs::frmEditGroup>(exchange);
+      auto dialog = std::make_unique<frmEditGroup>(exchange);
       dialog->GroupID = 12;
       return dialog;
     };
   }
-  Make<dialogs::frmNewGroup> NewGroup() {
-    return [this] { return std::make_unique<dialogs::frmNewGroup>(exchange); };
+  Make<frmNewGroup> NewGroup() {
+    return [this] { return std::make_unique<frmNewGroup>(exchange); };
   }
-  Make<dialogs::frmAddUserInGroup> AddUsersToLaboratory() {
+  Make<frmAddUserInGroup> AddUsersToLaboratory() {
     return [this] {
-      auto dialog = std::make_unique<dialogs::frmAddUserInGroup>(exchange);
+      auto dialog = std::make_unique<frmAddUserInGroup>(exchange);
       dialog->GroupID = 12;
       return dialog;
     };
   }
-  Make<dialogs::frmListItem> ListGroupsOfMartin() {
+  Make<frmListItem> ListGroupsOfMartin() {
     return [this] {
-      auto dialog = std::make_unique<dialogs::frmListItem>(exchange);
+      auto dialog = std::make_unique<frmListItem>(exchange);
       dialog->ListKind = Text(app::kGroups);
       dialog->RelationName = Text(app::kMemberOf);
       dialog->OwnerID = 9;
@@ -142,8 +142,8 @@ TEST_F(ResultSetFault, AtAnyStepOfALoadIsReportedAndTheDialogDoesNotAppear) {
 TEST_F(ResultSetFault, InTheGroupsOfANewUserLeavesTheDialogOpen) {
   FailAtRowStep(0);
   ExpectReport({});
-  dialogs::frmNewUser dialog(exchange);
-  Show<dialogs::frmNewUser>(dialog, [this](dialogs::frmNewUser& shown) {
+  frmNewUser dialog(exchange);
+  Show<frmNewUser>(dialog, [this](frmNewUser& shown) {
     EXPECT_TRUE(HasFailed());
     EXPECT_EQ(shown.List1[shown.kGroups].ListCount(), 0);
     EXPECT_EQ(shown.List1[shown.kPermissions].ListCount(), 30);
@@ -152,29 +152,28 @@ TEST_F(ResultSetFault, InTheGroupsOfANewUserLeavesTheDialogOpen) {
 }
 
 TEST_F(ResultSetFault, AtAnyStepOfAUsersSaveIsReportedAndHandsNothingBack) {
-  FailEverySave<dialogs::frmEditUser>(EditMartin(), [this](dialogs::frmEditUser& dialog) {
-    user.Type(dialog.txtUserName, L"Martineau");
-  });
+  FailEverySave<frmEditUser>(
+      EditMartin(), [this](frmEditUser& dialog) { user.Type(dialog.txtUserName, L"Martineau"); });
 }
 
 TEST_F(ResultSetFault, AtAnyStepOfAGroupsSaveIsReportedAndHandsNothingBack) {
-  FailEverySave<dialogs::frmEditGroup>(EditLaboratory(), [this](dialogs::frmEditGroup& dialog) {
+  FailEverySave<frmEditGroup>(EditLaboratory(), [this](frmEditGroup& dialog) {
     user.Type(dialog.txtGroupName, L"Essais");
   });
-  FailEverySave<dialogs::frmNewGroup>(NewGroup(), [this](dialogs::frmNewGroup& dialog) {
+  FailEverySave<frmNewGroup>(NewGroup(), [this](frmNewGroup& dialog) {
     user.Type(dialog.txtGroupName, L"Nouveau");
-    user.Toggle(dialog.List1[dialog.kPermissions], 3);
+    Toggle(dialog.List1[dialog.kPermissions], L"Consulter les commandes");
   });
 }
 
 TEST_F(ResultSetFault, AtAnyStepOfAssigningIsReportedAndHandsNothingBack) {
-  FailEverySave<dialogs::frmAddUserInGroup>(AddUsersToLaboratory(),
-                                            [this](dialogs::frmAddUserInGroup& dialog) {
-                                              user.DoubleClick(dialog.List1[dialog.kOthers], 1);
-                                            });
-  FailEverySave<dialogs::frmListItem>(
-      ListGroupsOfMartin(), [this](dialogs::frmListItem& dialog) { user.Toggle(dialog.List1, 0); });
+  FailEverySave<frmAddUserInGroup>(AddUsersToLaboratory(), [this](frmAddUserInGroup& dialog) {
+    Choose(dialog.List1[dialog.kOthers], L"Bernard");
+    user.Click(dialog.cmdBtn[dialog.kAdd]);
+  });
+  FailEverySave<frmListItem>(ListGroupsOfMartin(),
+                             [this](frmListItem& dialog) { Toggle(dialog.List1, L"Direction"); });
 }
 
 }  // namespace
-}  // namespace dialogs_test
+}  // namespace dialogs

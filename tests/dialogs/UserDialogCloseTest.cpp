@@ -22,8 +22,10 @@ class UserDialogClose : public UserDialogTest {
       [this](frmEditUser& dialog) { user.Type(dialog.txtFullName, L"x"); },
       [this](frmEditUser& dialog) { user.Type(dialog.txtPassword, L"x"); },
       [this](frmEditUser& dialog) { user.Type(dialog.txtVerify, L"x"); },
-      [this](frmEditUser& dialog) { user.Toggle(dialog.List1[dialog.kGroups], 0); },
-      [this](frmEditUser& dialog) { user.Toggle(dialog.List1[dialog.kPermissions], 0); },
+      [this](frmEditUser& dialog) { Toggle(dialog.List1[dialog.kGroups], L"Administrateurs"); },
+      [this](frmEditUser& dialog) {
+        Toggle(dialog.List1[dialog.kPermissions], L"Administration des utilisateurs");
+      },
   };
 };
 
@@ -63,12 +65,12 @@ TEST_F(UserDialogClose, NoKeepsTheChangesAndTheQuestion) {
   for (const Way& leave : ways) {
     New([&](frmNewUser& dialog) {
       user.Type(dialog.txtUserName, L"Nouveau");
-      user.Toggle(dialog.List1[dialog.kPermissions], 3);
+      Toggle(dialog.List1[dialog.kPermissions], L"Consulter les commandes");
       for (int time = 0; time < 2; ++time) {
         ExpectDiscardQuestion(controls::kResultNo);
         leave(dialog);
         EXPECT_EQ(dialog.txtUserName.Text(), L"Nouveau");
-        EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), (Ids{4}));
+        EXPECT_EQ(SelectedIds(dialog.List1[dialog.kPermissions]), (Ids{4}));
       }
       Discard(dialog);
     });
@@ -116,14 +118,14 @@ TEST_F(UserDialogClose, TheHelpButtonAndF1OpenTheDialogsTopic) {
 TEST_F(UserDialogClose, MnemonicsPressTheButtonsThatShowThem) {
   Edit(kMartin, [this](frmEditUser& dialog) {
     user.Mnemonic(dialog, L't');
-    EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), All(30));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kPermissions]), All(30));
     user.Mnemonic(dialog, L'a');
-    EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), Ids{});
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kPermissions]), Ids{});
     user.Mnemonic(dialog, L'u');
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), All(12));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), All(12));
     ExpectInformation(Refusal(L"Everyone"));
     user.Mnemonic(dialog, L'c');
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2}));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), (Ids{2}));
     user.Mnemonic(dialog, L'i');
     EXPECT_EQ(user.HelpCalls().size(), 1U);
     Discard(dialog);
@@ -141,7 +143,7 @@ TEST_F(UserDialogClose, AUserCanBeCreatedByKeyboardAlone) {
     user.Type(dialog.txtVerify, L"secret-1");
     user.PressKey(dialog, kKeyTab);
     EXPECT_TRUE(dialog.List1[dialog.kGroups].HasFocus());
-    dialog.List1[dialog.kGroups].SetListIndex(6);
+    dialog.List1[dialog.kGroups].SetListIndex(ItemOf(dialog.List1[dialog.kGroups], L"Production"));
     user.PressKey(dialog, kKeySpace);
     user.PressKey(dialog, kKeyTab);
     EXPECT_TRUE(dialog.cmdBtn[dialog.kAllGroups].HasFocus());

@@ -5,16 +5,19 @@ namespace {
 
 class UserDialogList : public UserDialogTest {
  protected:
-  static int Item(std::int32_t id) { return id - 1; }
+  static bool IsInEveryone(const UserDialog& dialog) {
+    const controls::ListBox& groups = dialog.List1[UserDialog::kGroups];
+    return groups.Selected(ItemOf(groups, L"Tout le monde"));
+  }
 };
 
 TEST_F(UserDialogList, AllAndNoneCheckAndUncheckEveryPermission) {
   Edit(kMartin, [this](frmEditUser& dialog) {
     user.Click(dialog.cmdBtn[dialog.kAllPermissions]);
-    EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), All(30));
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2, 7, 12}));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kPermissions]), All(30));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), (Ids{2, 7, 12}));
     user.Click(dialog.cmdBtn[dialog.kNoPermission]);
-    EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), Ids{});
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kPermissions]), Ids{});
     Discard(dialog);
   });
 }
@@ -22,7 +25,7 @@ TEST_F(UserDialogList, AllAndNoneCheckAndUncheckEveryPermission) {
 TEST_F(UserDialogList, AllChecksEveryGroupWithoutAWordAboutWhatIsChecked) {
   New([this](frmNewUser& dialog) {
     user.Click(dialog.cmdBtn[dialog.kAllGroups]);
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), All(12));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), All(12));
     Discard(dialog);
   });
 }
@@ -34,11 +37,11 @@ TEST_F(UserDialogList, TheButtonsFollowTheNumberOfChecks) {
                        dialog.cmdBtn[dialog.kNoPermission].Enabled());
     };
     EXPECT_EQ(states(), std::pair(true, false));
-    user.Toggle(dialog.List1[dialog.kPermissions], 4);
+    Toggle(dialog.List1[dialog.kPermissions], L"Saisir une commande");
     EXPECT_EQ(states(), std::pair(true, true));
     user.Click(dialog.cmdBtn[dialog.kAllPermissions]);
     EXPECT_EQ(states(), std::pair(false, true));
-    user.Toggle(dialog.List1[dialog.kPermissions], 4);
+    Toggle(dialog.List1[dialog.kPermissions], L"Saisir une commande");
     EXPECT_EQ(states(), std::pair(true, true));
     user.Click(dialog.cmdBtn[dialog.kNoPermission]);
     EXPECT_EQ(states(), std::pair(true, false));
@@ -49,8 +52,8 @@ TEST_F(UserDialogList, TheButtonsFollowTheNumberOfChecks) {
 TEST_F(UserDialogList, UncheckingEveryoneIsRefusedOnceAndTheTickComesBack) {
   const auto uncheck = [this](UserDialog& dialog) {
     ExpectInformation(Refusal(L"Tout le monde"));
-    user.Toggle(dialog.List1[dialog.kGroups], Item(kEveryone));
-    EXPECT_TRUE(dialog.List1[dialog.kGroups].Selected(Item(kEveryone)));
+    Toggle(dialog.List1[dialog.kGroups], L"Tout le monde");
+    EXPECT_TRUE(IsInEveryone(dialog));
     Discard(dialog);
   };
   New(uncheck);
@@ -65,11 +68,11 @@ TEST_F(UserDialogList, TheRefusalComesBeforeTheTick) {
     bool checkedMeanwhile = true;
     desktop.system.answers.MsgBox = [&](const std::wstring& prompt, int style,
                                         const std::wstring& title) {
-      checkedMeanwhile = dialog.List1[dialog.kGroups].Selected(Item(kEveryone));
+      checkedMeanwhile = IsInEveryone(dialog);
       return answer(prompt, style, title);
     };
     ExpectInformation(Refusal(L"Tout le monde"));
-    user.Toggle(dialog.List1[dialog.kGroups], Item(kEveryone));
+    Toggle(dialog.List1[dialog.kGroups], L"Tout le monde");
     desktop.system.answers.MsgBox = answer;
     EXPECT_FALSE(checkedMeanwhile);
     Discard(dialog);
@@ -79,16 +82,16 @@ TEST_F(UserDialogList, TheRefusalComesBeforeTheTick) {
 TEST_F(UserDialogList, TheRuleAlsoSpeaksWhenAProtectedGroupIsChecked) {
   Raw().Execute("DELETE FROM QRUSGP WHERE USERID = 9 AND GROUPID = 2");
   Edit(kMartin, [this](frmEditUser& dialog) {
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{7, 12}));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), (Ids{7, 12}));
     ExpectInformation(Refusal(L"Tout le monde"));
-    user.Toggle(dialog.List1[dialog.kGroups], Item(kEveryone));
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2, 7, 12}));
+    Toggle(dialog.List1[dialog.kGroups], L"Tout le monde");
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), (Ids{2, 7, 12}));
     Discard(dialog);
   });
   Edit(kMartin, [this](frmEditUser& dialog) {
     ExpectInformation(Refusal(L"Tout le monde"));
     user.Click(dialog.cmdBtn[dialog.kAllGroups]);
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), All(12));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), All(12));
     Discard(dialog);
   });
 }
@@ -98,23 +101,23 @@ TEST_F(UserDialogList, AdministratorsIsProtectedOnlyWhereItMayNotBeTakenAway) {
       kAdmin,
       [this](frmEditUser& dialog) {
         ExpectInformation(Refusal(L"Administrateurs"));
-        user.Toggle(dialog.List1[dialog.kGroups], Item(kAdministrators));
-        EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{1, 2}));
+        Toggle(dialog.List1[dialog.kGroups], L"Administrateurs");
+        EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), (Ids{1, 2}));
         Discard(dialog);
       },
       false);
   Edit(2, [this](frmEditUser& dialog) {
-    user.Toggle(dialog.List1[dialog.kGroups], Item(kAdministrators));
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2, 11}));
+    Toggle(dialog.List1[dialog.kGroups], L"Administrateurs");
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), (Ids{2, 11}));
     Discard(dialog);
   });
 }
 
 TEST_F(UserDialogList, ANewUserMayBeTakenOutOfAdministratorsAgain) {
   New([this](frmNewUser& dialog) {
-    user.Toggle(dialog.List1[dialog.kGroups], Item(kAdministrators));
-    user.Toggle(dialog.List1[dialog.kGroups], Item(kAdministrators));
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2}));
+    Toggle(dialog.List1[dialog.kGroups], L"Administrateurs");
+    Toggle(dialog.List1[dialog.kGroups], L"Administrateurs");
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), (Ids{2}));
     Discard(dialog);
   });
 }
@@ -124,13 +127,13 @@ TEST_F(UserDialogList, NoneLeavesTheProtectedGroupsCheckedAndNamesThemInOneMessa
     user.Click(dialog.cmdBtn[dialog.kAllGroups]);
     ExpectInformation(Refusal(L"Everyone"));
     user.Click(dialog.cmdBtn[dialog.kNoGroup]);
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2}));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), (Ids{2}));
     Discard(dialog);
   });
   Edit(kMartin, [this](frmEditUser& dialog) {
     ExpectInformation(Refusal(L"Everyone"));
     user.Click(dialog.cmdBtn[dialog.kNoGroup]);
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2}));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), (Ids{2}));
     Discard(dialog);
   });
   Edit(
@@ -140,10 +143,10 @@ TEST_F(UserDialogList, NoneLeavesTheProtectedGroupsCheckedAndNamesThemInOneMessa
         ExpectInformation(
             L"Impossible de supprimer l'utilisateur de 'Administrators'/ 'Everyone' le groupe.");
         user.Click(dialog.cmdBtn[dialog.kNoGroup]);
-        EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{1, 2}));
+        EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), (Ids{1, 2}));
         // The rule speaks again afterwards.
         ExpectInformation(Refusal(L"Administrateurs"));
-        user.Toggle(dialog.List1[dialog.kGroups], Item(kAdministrators));
+        Toggle(dialog.List1[dialog.kGroups], L"Administrateurs");
         Discard(dialog);
       },
       false);
@@ -153,7 +156,7 @@ TEST_F(UserDialogList, AButtonThatSwitchesItselfOffHandsTheFocusToItsList) {
   Edit(kMartin, [this](frmEditUser& dialog) {
     user.Focus(dialog.cmdBtn[dialog.kNoPermission]);
     user.PressKey(dialog, test_support::kKeySpace);
-    EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), Ids{});
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kPermissions]), Ids{});
     EXPECT_TRUE(dialog.List1[dialog.kPermissions].HasFocus());
     // The impatient second stroke must not save.
     user.PressKey(dialog, test_support::kKeySpace);
@@ -174,13 +177,15 @@ TEST_F(UserDialogList, AnIdentifierOf0ProtectsNothing) {
   dialog.UserID = 3;
   dialog.IsRemoveAdministrator = false;
   Show<frmEditUser>(dialog, [this](frmEditUser& shown) {
-    ASSERT_EQ(shown.List1[shown.kGroups].ItemData(0), 0);
-    ASSERT_TRUE(shown.List1[shown.kGroups].Selected(0));
-    user.Toggle(shown.List1[shown.kGroups], 0);
-    EXPECT_FALSE(shown.List1[shown.kGroups].Selected(0));
+    controls::ListBox& groups = shown.List1[shown.kGroups];
+    const int direction = ItemOf(groups, L"Direction");
+    ASSERT_EQ(groups.ItemData(direction), 0);
+    ASSERT_TRUE(groups.Selected(direction));
+    user.Toggle(groups, direction);
+    EXPECT_FALSE(groups.Selected(direction));
     ExpectInformation(Refusal(L"'/ '"));
     user.Click(shown.cmdBtn[shown.kNoGroup]);
-    EXPECT_EQ(Checked(shown.List1[shown.kGroups]), Ids{});
+    EXPECT_EQ(SelectedIds(shown.List1[shown.kGroups]), Ids{});
     Discard(shown);
   });
 }
@@ -192,21 +197,25 @@ TEST_F(UserDialogList, EveryChangeOfACheckCountsAsAChange) {
       Discard(dialog);
     });
   };
-  asksAfter([this](frmEditUser& dialog) { user.Toggle(dialog.List1[dialog.kGroups], 4); });
-  asksAfter([this](frmEditUser& dialog) { user.Toggle(dialog.List1[dialog.kPermissions], 4); });
+  asksAfter([this](frmEditUser& dialog) {
+    Toggle(dialog.List1[dialog.kGroups], L"Ressources humaines");
+  });
+  asksAfter([this](frmEditUser& dialog) {
+    Toggle(dialog.List1[dialog.kPermissions], L"Saisir une commande");
+  });
   asksAfter([this](frmEditUser& dialog) { user.Click(dialog.cmdBtn[dialog.kAllGroups]); });
   asksAfter([this](frmEditUser& dialog) { user.Click(dialog.cmdBtn[dialog.kAllPermissions]); });
   asksAfter([this](frmEditUser& dialog) { user.Click(dialog.cmdBtn[dialog.kNoPermission]); });
   asksAfter([this](frmEditUser& dialog) {
     ExpectInformation(Refusal(L"Tout le monde"));
-    user.Toggle(dialog.List1[dialog.kGroups], Item(kEveryone));
+    Toggle(dialog.List1[dialog.kGroups], L"Tout le monde");
   });
 }
 
 TEST_F(UserDialogList, MovingThroughAListChangesNothing) {
   Edit(kMartin, [this](frmEditUser& dialog) {
-    user.Choose(dialog.List1[dialog.kGroups], 3);
-    user.Choose(dialog.List1[dialog.kPermissions], 5);
+    Choose(dialog.List1[dialog.kGroups], L"Comptabilité");
+    Choose(dialog.List1[dialog.kPermissions], L"Valider une commande");
     user.Click(dialog.cmdCancel);
   });
 }

@@ -1,6 +1,5 @@
 #include "UserDialogTest.h"
 #include "app/StringIds.h"
-#include "server/core/samples/SampleData.h"
 
 namespace dialogs {
 namespace {
@@ -15,9 +14,9 @@ class UserDialogLoad : public UserDialogTest {
         calls.push_back(L"GetDisplayName " + (code + data::FromUtf8(row.name)));
     };
     if (Index == 1) {
-      add(server::sample::Groups(), L"104 ");
+      add(Sample::GroupsByName(), L"104 ");
     } else {
-      add(server::sample::Permissions(), L"101 ");
+      add(Sample::PermissionsByName(), L"101 ");
     }
   }
   Calls LoadOfNew() {
@@ -30,9 +29,13 @@ class UserDialogLoad : public UserDialogTest {
   Calls LoadOfEdit(std::int32_t userId) {
     Calls calls{data::SqlSelectUser(userId), L"DecryptPassword " + data::Decimal(userId)};
     AddFilling(calls, 1);
-    for (int id = 1; id <= 12; ++id) calls.push_back(data::SqlSelectMembership(id, userId));
+    for (const auto& group : Sample::GroupsByName()) {
+      calls.push_back(data::SqlSelectMembership(group.id, userId));
+    }
     AddFilling(calls, 2);
-    for (int id = 1; id <= 30; ++id) calls.push_back(data::SqlSelectUserPermission(userId, id));
+    for (const auto& permission : Sample::PermissionsByName()) {
+      calls.push_back(data::SqlSelectUserPermission(userId, permission.id));
+    }
     return calls;
   }
 };
@@ -72,8 +75,8 @@ TEST_F(UserDialogLoad, ANewUserStartsEmptyAndAsAMemberOfEveryoneOnly) {
     }
     EXPECT_EQ(dialog.List1[dialog.kGroups].ListCount(), 12);
     EXPECT_EQ(dialog.List1[dialog.kPermissions].ListCount(), 30);
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{kEveryone}));
-    EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), Ids{});
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), (Ids{kEveryone}));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kPermissions]), Ids{});
     user.Click(dialog.cmdCancel);  // nothing has changed, so nothing is asked
   });
 }
@@ -86,21 +89,31 @@ TEST_F(UserDialogLoad, AnExistingUserIsShownWithItsPasswordItsGroupsAndItsOwnPer
     EXPECT_EQ(dialog.txtVerify.Text(), kPassword);
     EXPECT_TRUE(dialog.txtPassword.IsMasked());
     EXPECT_TRUE(dialog.txtVerify.IsMasked());
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2, 7, 12}));
-    EXPECT_EQ(Checked(dialog.List1[dialog.kPermissions]), (Ids{14, 20}));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), (Ids{2, 7, 12}));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kPermissions]), (Ids{14, 20}));
     user.Click(dialog.cmdCancel);
   });
 }
 
 TEST_F(UserDialogLoad, ItemsKeepTheOrderOfTheRowsAndShowTheirDisplayNames) {
   New([](frmNewUser& dialog) {
-    EXPECT_EQ(dialog.List1[dialog.kGroups].List(0), L"Administrateurs");
-    EXPECT_EQ(dialog.List1[dialog.kGroups].List(1), L"Tout le monde");
-    EXPECT_EQ(dialog.List1[dialog.kGroups].List(11), L"Laboratoire");
-    EXPECT_EQ(dialog.List1[dialog.kPermissions].List(0), L"Administration des utilisateurs");
-    EXPECT_EQ(dialog.List1[dialog.kPermissions].List(29), L"Audit des sessions");
-    for (int i = 0; i < 12; ++i) EXPECT_EQ(dialog.List1[dialog.kGroups].ItemData(i), i + 1);
-    for (int i = 0; i < 30; ++i) EXPECT_EQ(dialog.List1[dialog.kPermissions].ItemData(i), i + 1);
+    EXPECT_EQ(TextsOf(dialog.List1[dialog.kGroups]),
+              (test_support::Texts{L"Achats", L"Administrateurs", L"Comptabilité", L"Direction",
+                                   L"Tout le monde", L"Informatique", L"Laboratoire", L"Méthodes",
+                                   L"Production", L"Qualité", L"Ressources humaines", L"Ventes"}));
+    EXPECT_EQ(IdsOf(dialog.List1[dialog.kGroups]), (Ids{9, 1, 4, 3, 2, 11, 12, 8, 7, 6, 5, 10}));
+    const controls::ListBox& permissions = dialog.List1[dialog.kPermissions];
+    int item = 0;
+    for (const auto& permission : Sample::PermissionsByName()) {
+      EXPECT_EQ(permissions.ItemData(item), permission.id);
+      const bool isMapped = permission.id == 1 || permission.id == Sample::kAudit;
+      if (!isMapped) {
+        EXPECT_EQ(permissions.List(item), data::FromUtf8(permission.name));
+      }
+      ++item;
+    }
+    EXPECT_EQ(permissions.List(ItemOf(permissions, 1)), L"Administration des utilisateurs");
+    EXPECT_EQ(permissions.List(ItemOf(permissions, Sample::kAudit)), L"Audit des sessions");
     dialog.Unload();
   });
 }
@@ -198,7 +211,7 @@ TEST_F(UserDialogLoad, TheButtonsFollowTheListsFromTheStart) {
 TEST_F(UserDialogLoad, WithoutAnEveryoneGroupANewUserIsInNoGroup) {
   Raw().Execute("UPDATE QRGROUP SET NAME = 'Tous' WHERE GROUPID = 2");
   New([this](frmNewUser& dialog) {
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), Ids{});
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), Ids{});
     dialog.Unload();
   });
 }
@@ -206,7 +219,7 @@ TEST_F(UserDialogLoad, WithoutAnEveryoneGroupANewUserIsInNoGroup) {
 TEST_F(UserDialogLoad, OfSeveralEveryoneGroupsTheLastRowWins) {
   Raw().Execute("UPDATE QRGROUP SET NAME = 'Everyone' WHERE GROUPID = 9");
   New([this](frmNewUser& dialog) {
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{9}));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), (Ids{9}));
     dialog.Unload();
   });
 }
@@ -276,7 +289,7 @@ TEST_F(UserDialogLoad, APasswordThatCannotBeReadIsReportedAndANewOneMustBeTyped)
     EXPECT_EQ(dialog.txtUserName.Text(), L"Martin");
     EXPECT_EQ(dialog.txtPassword.Text(), L"");
     EXPECT_EQ(dialog.txtVerify.Text(), L"");
-    EXPECT_EQ(Checked(dialog.List1[dialog.kGroups]), (Ids{2, 7, 12}));
+    EXPECT_EQ(SelectedIds(dialog.List1[dialog.kGroups]), (Ids{2, 7, 12}));
     ExpectInformation(kTooShort);
     user.Click(dialog.cmdOK);
     // No password is known that these could stand for.

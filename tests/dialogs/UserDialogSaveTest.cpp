@@ -30,9 +30,9 @@ class UserDialogSave : public UserDialogTest {
 TEST_F(UserDialogSave, ANewUserIsWrittenWithTheseCallsInThisOrder) {
   New([this](frmNewUser& dialog) {
     Fill(dialog, L"Nouveau", L"Jeanne Nouveau", L"secret-1");
-    user.Toggle(dialog.List1[dialog.kGroups], 5);
-    user.Toggle(dialog.List1[dialog.kPermissions], 29);
-    user.Toggle(dialog.List1[dialog.kPermissions], 0);
+    Toggle(dialog.List1[dialog.kGroups], L"Qualité");
+    Toggle(dialog.List1[dialog.kPermissions], L"Audit des sessions");
+    Toggle(dialog.List1[dialog.kPermissions], L"Administration des utilisateurs");
     ClearLog();
     user.Click(dialog.cmdOK);
     EXPECT_FALSE(dialog.IsLoaded());
@@ -50,9 +50,9 @@ TEST_F(UserDialogSave, ANewUserIsWrittenWithTheseCallsInThisOrder) {
 TEST_F(UserDialogSave, ANewUsersRowsAreWhatWasTypedAndChecked) {
   New([this](frmNewUser& dialog) {
     Fill(dialog, L"  Nouveau ", L"  Jeanne  Nouveau ", L"secret-1");
-    user.Toggle(dialog.List1[dialog.kGroups], 5);
-    user.Toggle(dialog.List1[dialog.kPermissions], 29);
-    user.Toggle(dialog.List1[dialog.kPermissions], 0);
+    Toggle(dialog.List1[dialog.kGroups], L"Qualité");
+    Toggle(dialog.List1[dialog.kPermissions], L"Audit des sessions");
+    Toggle(dialog.List1[dialog.kPermissions], L"Administration des utilisateurs");
     user.Click(dialog.cmdOK);
   });
   EXPECT_EQ(Column(41, "NAME"), "Nouveau");
@@ -102,8 +102,8 @@ TEST_F(UserDialogSave, TwoUsersGetTwoIdentifiers) {
 TEST_F(UserDialogSave, AnExistingUserIsWrittenWithTheseCallsInThisOrder) {
   Edit(kMartin, [this](frmEditUser& dialog) {
     user.Type(dialog.txtUserName, L"Martineau");
-    user.Toggle(dialog.List1[dialog.kGroups], 6);
-    user.Toggle(dialog.List1[dialog.kPermissions], 29);
+    Toggle(dialog.List1[dialog.kGroups], L"Production");
+    Toggle(dialog.List1[dialog.kPermissions], L"Audit des sessions");
     ClearLog();
     user.Click(dialog.cmdOK);
     EXPECT_FALSE(dialog.IsLoaded());
@@ -121,8 +121,8 @@ TEST_F(UserDialogSave, AnExistingUsersRowsAreWhatWasTypedAndChecked) {
   exchange.UserID = 1234;
   Edit(kMartin, [this](frmEditUser& dialog) {
     Fill(dialog, L" Martineau ", L"  Jean Martineau ", L"secret-1");
-    user.Toggle(dialog.List1[dialog.kGroups], 6);
-    user.Toggle(dialog.List1[dialog.kPermissions], 29);
+    Toggle(dialog.List1[dialog.kGroups], L"Production");
+    Toggle(dialog.List1[dialog.kPermissions], L"Audit des sessions");
     user.Click(dialog.cmdOK);
   });
   EXPECT_EQ(Column(9, "NAME"), "Martineau");
@@ -183,8 +183,8 @@ TEST_F(UserDialogSave, AdminsPasswordAndLinksCanBeSaved) {
       [this](frmEditUser& dialog) {
         user.Type(dialog.txtPassword, L"secret-1");
         user.Type(dialog.txtVerify, L"secret-1");
-        user.Toggle(dialog.List1[dialog.kGroups], 11);
-        user.Toggle(dialog.List1[dialog.kPermissions], 29);
+        Toggle(dialog.List1[dialog.kGroups], L"Laboratoire");
+        Toggle(dialog.List1[dialog.kPermissions], L"Audit des sessions");
         user.Click(dialog.cmdOK);
       },
       false);

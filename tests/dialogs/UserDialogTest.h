@@ -15,22 +15,27 @@
 
 namespace dialogs {
 
-// The user dialogs over the sample. In both lists the item of identifier n is number n - 1.
+using test_support::IdsOf;
+using test_support::ItemOf;
+using test_support::SelectedIds;
+using test_support::TextsOf;
+
+// The user dialogs over the sample.
 class UserDialogTest : public test_support::DialogFixture {
  protected:
   using Calls = std::vector<std::wstring>;
-  using Ids = std::vector<std::int32_t>;
+  using Ids = test_support::Ids;
   using NewScript = std::function<void(frmNewUser&)>;
   using EditScript = std::function<void(frmEditUser&)>;
   using Where = test_support::Where;
 
   // Of the sample.
-  static constexpr std::int32_t kAdmin = 1;
-  static constexpr std::int32_t kMartin = 9;      // in groups 2, 7, 12; permissions 14, 20
-  static constexpr std::int32_t kStagiaire = 40;  // no full name, no password
-  static constexpr std::int32_t kAdministrators = 1;
-  static constexpr std::int32_t kEveryone = 2;
-  static constexpr std::int32_t kNextUser = 41;
+  using Sample = test_support::Sample;
+  static constexpr std::int32_t kAdmin = Sample::kAdmin;
+  static constexpr std::int32_t kMartin = Sample::kMartin;  // in groups 2, 7, 12; holds 14, 20
+  static constexpr std::int32_t kStagiaire = Sample::kStagiaire;
+  static constexpr std::int32_t kEveryone = Sample::kEveryone;
+  static constexpr std::int32_t kNextUser = Sample::kNextUser;
   static constexpr const wchar_t* kPassword = L"Vardex-2026";
 
   // What the dialogs tell.
@@ -78,13 +83,6 @@ class UserDialogTest : public test_support::DialogFixture {
     user.Paste(dialog.txtVerify, password);
   }
 
-  static Ids Checked(const controls::ListBox& list) {
-    Ids checked;
-    for (int i = 0; i < list.ListCount(); ++i) {
-      if (list.Selected(i)) checked.push_back(list.ItemData(i));
-    }
-    return checked;
-  }
   static Ids All(std::int32_t count) {
     Ids all;
     for (std::int32_t id = 1; id <= count; ++id) all.push_back(id);
@@ -96,12 +94,8 @@ class UserDialogTest : public test_support::DialogFixture {
     return Raw().Text("SELECT " + column + " FROM QRUSER WHERE USERID = " + std::to_string(userId));
   }
   Ids Links(const std::string& table, const std::string& column, std::int32_t userId) {
-    Ids ids;
-    for (const auto& row : Raw().Rows("SELECT " + column + " FROM " + table + " WHERE USERID = " +
-                                      std::to_string(userId) + " ORDER BY 1")) {
-      ids.push_back(std::stoi(row[0]));
-    }
-    return ids;
+    return IdsIn("SELECT " + column + " FROM " + table +
+                 " WHERE USERID = " + std::to_string(userId) + " ORDER BY 1");
   }
   Ids Groups(std::int32_t userId) { return Links("QRUSGP", "GROUPID", userId); }
   Ids Permissions(std::int32_t userId) { return Links("QRUPRM", "PERMID", userId); }

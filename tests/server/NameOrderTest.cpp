@@ -86,6 +86,18 @@ TEST_F(NameOrderOf, NamesTakesNoNoticeOfBlanksAroundThem) {
   EXPECT_EQ(*(found + 1), L"Faure");
 }
 
+TEST_F(NameOrderOf, WholeListsIsKeptWithoutOrderBy) {
+  ExpectInOrder(NamesIn(Read(data::SqlSelectAllGroups(), 3)));
+  ExpectInOrder(NamesIn(Read(data::SqlSelectAllPermissions(), 2)));
+  ExpectInOrder(NamesIn(Read(data::SqlSelectGroupUsers(2), 3)));
+  ExpectInOrder(NamesIn(Read(data::SqlSelectGroupPermissionNames(6), 2)));
+  EXPECT_EQ(
+      NamesIn(Read(data::SqlSelectAllGroups(), 3)),
+      (std::vector<std::wstring>{L"Achats", L"Administrators", L"Comptabilité", L"Direction",
+                                 L"Everyone", L"Informatique", L"Laboratoire", L"Méthodes",
+                                 L"Production", L"Qualité", L"Ressources humaines", L"Ventes"}));
+}
+
 TEST_F(NameOrderOf, ColumnsThatAreNotShownIsKeptToo) {
   const Rows ordered = Read(L"SELECT USERID FROM QRUSERV ORDER BY QRUSERV.FULLNAME", 1);
   // Those without a full name come first, in the order of their identifiers.

@@ -71,6 +71,8 @@ class Parser {
     if (tokens_.SkipWord("ORDER")) {
       tokens_.ExpectWord("BY");
       OrderBy(ParseColumnName(), {from, order, distinct});
+    } else if (!narrowed_) {
+      OrderByShownName();
     }
   }
 
@@ -91,6 +93,15 @@ class Parser {
       tokens_.Insert(", " + name.Sql() + " ", places.from);
     }
     tokens_.LeaveOut(places.order, tokens_.Current());
+  }
+
+  void OrderByShownName() {
+    const auto found =
+        std::find_if(plan_.columns.begin(), plan_.columns.end(),
+                     [](const SchemaColumn* column) { return column->name == "NAME"; });
+    if (found != plan_.columns.end()) {
+      plan_.nameOrder = static_cast<std::size_t>(found - plan_.columns.begin());
+    }
   }
 
   std::size_t PlaceOf(const SchemaColumn& column) const {
@@ -186,6 +197,8 @@ class Parser {
     const SchemaColumn& left = Resolve(ParseColumnName());
     tokens_.ExpectSign('=');
     if (tokens_.Current().kind != TokenKind::kName) {
+      // The rows of one group may be many; those of one user, or of a name looked for, are few.
+      if (left.name != "GROUPID") narrowed_ = true;
       tokens_.ExpectLiteral(left.kind);
       return;
     }
@@ -218,6 +231,7 @@ class Parser {
   StatementTokens tokens_;
   StatementPlan plan_;
   std::vector<const SchemaTable*> tables_;
+  bool narrowed_ = false;  // to the rows of one user, or to what was looked for
 };
 
 }  // namespace

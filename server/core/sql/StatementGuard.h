@@ -19,7 +19,9 @@
 // Everything else is refused with a database error before the database sees anything of it.
 //
 // Engines order texts each in its own way, so the server puts the rows in order itself when a text
-// is ordered by.
+// is ordered by, and also when a statement without ORDER BY lists names: all groups, all
+// permissions, the members of a group. What is asked for each user in turn comes as the engine
+// gives it.
 namespace server {
 
 enum class StatementKind { kSelect, kDelete, kMarkDeleted };

@@ -18,6 +18,20 @@ void DialogFixture::Stop() {
   window.Unload();
 }
 
+void DialogFixture::Toggle(controls::ListBox& list, std::wstring_view item, Where where) {
+  user.Toggle(list, ItemOf(list, item), where);
+}
+
+void DialogFixture::Choose(controls::ListBox& list, std::wstring_view item, Where where) {
+  user.Choose(list, ItemOf(list, item), where);
+}
+
+Ids DialogFixture::IdsIn(const std::string& sql) {
+  Ids ids;
+  for (const auto& row : Raw().Rows(sql)) ids.push_back(std::stoi(row[0]));
+  return ids;
+}
+
 void DialogFixture::ClearLog() {
   log.serverCalls.clear();
   log.statements.clear();

@@ -7,6 +7,8 @@
 
 #include "browser/frmUserGroupPerm.h"
 #include "dialogs/Exchange.h"
+#include "tests/support/data/Sample.h"
+#include "tests/support/lists/Lists.h"
 #include "tests/support/window/MainWindowFixture.h"
 
 namespace test_support {
@@ -33,6 +35,13 @@ class DialogFixture : public MainWindowFixture {
     user.ExpectModal([&](controls::Form&) { script(dialog); }, where);
     dialog.ShowModal(window);
   }
+
+  // The user's clicks on an item of this text.
+  void Toggle(controls::ListBox& list, std::wstring_view item, Where where = Where::current());
+  void Choose(controls::ListBox& list, std::wstring_view item, Where where = Where::current());
+
+  // The first column of a statement, read without the program.
+  Ids IdsIn(const std::string& sql);
 
   // Forgets what was recorded so far.
   void ClearLog();
