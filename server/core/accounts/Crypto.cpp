@@ -89,9 +89,10 @@ std::optional<std::string> Decrypt(std::string_view key, std::string_view sealed
   if (sealed.size() < kNonceSize + kTagSize) return std::nullopt;
   const Cipher cipher = MakeCipher(key, sealed.substr(0, kNonceSize), bound);
   if (cipher == nullptr) return std::nullopt;
-  std::string plain(sealed.substr(kNonceSize, sealed.size() - kNonceSize - kTagSize));
+  std::optional<std::string> plain(
+      std::in_place, sealed.substr(kNonceSize, sealed.size() - kNonceSize - kTagSize));
   const std::string_view tag = sealed.substr(sealed.size() - kTagSize);
-  if (gcry_cipher_decrypt(cipher.get(), plain.data(), plain.size(), nullptr, 0) != 0 ||
+  if (gcry_cipher_decrypt(cipher.get(), plain->data(), plain->size(), nullptr, 0) != 0 ||
       gcry_cipher_checktag(cipher.get(), tag.data(), tag.size()) != 0) {
     return std::nullopt;
   }
