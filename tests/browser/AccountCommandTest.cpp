@@ -1,6 +1,8 @@
 #include <limits>
 
+#include "app/StringIds.h"
 #include "data/MSQLStatement.h"
+#include "data/RunTimeError.h"
 #include "data/Text.h"
 #include "dialogs/frmEditGroup.h"
 #include "dialogs/frmEditUser.h"
@@ -19,7 +21,12 @@ std::wstring U(const char* utf8) {
   return data::FromUtf8(utf8);
 }
 
-class AccountCommands : public CommandTest {};
+class AccountCommands : public CommandTest {
+ protected:
+  void Toggle(controls::ListBox& list, std::wstring_view item) {
+    user.Toggle(list, ItemOf(list, item));
+  }
+};
 
 TEST_F(AccountCommands, EditingWithoutAUserOnlyWarns) {
   Run([this](frmUserGroupPerm& window) {
@@ -80,7 +87,7 @@ TEST_F(AccountCommands, AnAccountThatCannotBeCountedIsReportedAndShownAllTheSame
       user.Type(dialog.txtPassword, L"secret1");
       user.Type(dialog.txtVerify, L"secret1");
       user.ExpectMsgBox({.answer = controls::kResultOk,
-                         .prompt = L"cmdUser_Click Error [6]\r\n" + desktop.LoadResString(10006)});
+                         .prompt = L"cmdUser_Click Error [6]\r\n" + TextOfError(data::kOverflow)});
     });
     user.Click(window.Users.cmdUser[kNewButton]);
     NodeAt(window.Users.TreeView1, {L"Lambert"});
@@ -94,7 +101,7 @@ TEST_F(AccountCommands, ANewGroupIsSelectedAndStandsInBothTrees) {
     ExpectDialog<dialogs::frmNewGroup>([this](dialogs::frmNewGroup& dialog) {
       user.Type(dialog.txtGroupName, L"Logistique");
       user.Type(dialog.txtDesc, U("Quai et dépôt"));
-      user.Toggle(dialog.List1[2], 0);
+      Toggle(dialog.List1[kPermissionsList], L"Consulter le stock");
     });
     user.Click(window.Groups.cmdGroup[kNewButton]);
     const std::int32_t id = static_cast<std::int32_t>(
@@ -165,7 +172,7 @@ TEST_F(AccountCommands, AnAccountIsRenamedAlsoWhereAFolderThatWasOpenAndEmptyIsF
       user.Type(dialog.txtUserName, L"Zola");
       user.Type(dialog.txtPassword, L"secret1");
       user.Type(dialog.txtVerify, L"secret1");
-      user.Toggle(dialog.List1[2], 0);
+      Toggle(dialog.List1[kPermissionsList], L"Consulter le stock");
     });
     user.Click(window.Users.cmdUser[kEditButton]);
     EXPECT_EQ(window.Users.TreeView1.Nodes().Text(At(window, 0, Keys::User(9))),
@@ -174,7 +181,7 @@ TEST_F(AccountCommands, AnAccountIsRenamedAlsoWhereAFolderThatWasOpenAndEmptyIsF
     window.Groups.TreeView1.SetExpanded(At(window, 1, Keys::GroupPermissions(6)), true);
     ExpectDialog<dialogs::frmEditGroup>([this](dialogs::frmEditGroup& dialog) {
       user.Type(dialog.txtGroupName, L"Labo");
-      user.Toggle(dialog.List1[2], 0);
+      Toggle(dialog.List1[kPermissionsList], L"Consulter le stock");
     });
     user.Click(window.Groups.cmdGroup[kEditButton]);
     ExpectInStep(window);
@@ -189,9 +196,7 @@ TEST_F(AccountCommands, EditingAdminRefreshesHisFoldersButNeitherHisTextNorTheGr
       EXPECT_FALSE(dialog.IsRemoveAdministrator);
       user.Type(dialog.txtPassword, L"secret1");
       user.Type(dialog.txtVerify, L"secret1");
-      for (int i = 0; i < dialog.List1[1].ListCount(); ++i) {
-        if (dialog.List1[1].ItemData(i) == 6) user.Toggle(dialog.List1[1], i);
-      }
+      Toggle(dialog.List1[kGroupsList], L"Qualité");
     });
     user.Click(window.Users.cmdUser[kEditButton]);
     EXPECT_EQ(log.statements,
@@ -211,13 +216,13 @@ TEST_F(AccountCommands, CancellingADialogChangesNoNode) {
       log.statements.clear();
     };
     Select(window, 0, Keys::User(9));
-    for (const int Index : {0, 2}) {
+    for (const int Index : {kEditButton, kNewButton}) {
       user.ExpectModal(cancel);
       user.Click(window.Users.cmdUser[Index]);
       EXPECT_TRUE(log.statements.empty());
     }
     Select(window, 1, Keys::Group(6));
-    for (const int Index : {0, 2}) {
+    for (const int Index : {kEditButton, kNewButton}) {
       user.ExpectModal(cancel);
       user.Click(window.Groups.cmdGroup[Index]);
       EXPECT_TRUE(log.statements.empty());
@@ -266,8 +271,9 @@ TEST_F(AccountCommands, ANewUserIsSelectedAlsoWhereAnotherShowsTheSameText) {
       user.Type(dialog.txtVerify, L"secret1");
     });
     user.Click(window.Users.cmdUser[kNewButton]);
-    EXPECT_EQ(Selected(window, 0),
-              L"\\TUS \\U" + std::to_wstring(Raw().Number("SELECT MAX(USERID) FROM QRUSER")));
+    EXPECT_EQ(
+        Selected(window, 0),
+        Keys::User(static_cast<std::int32_t>(Raw().Number("SELECT MAX(USERID) FROM QRUSER"))));
     ExpectInStep(window);
   });
 }

@@ -6,6 +6,7 @@
 #include <set>
 #include <utility>
 
+#include "app/StringIds.h"
 #include "browser/trees/TreeImages.h"
 #include "data/Text.h"
 #include "tests/browser/CommandTest.h"
@@ -221,12 +222,12 @@ class CommandFaults : public CommandTest {
     const std::wstring report =
         std::wstring(position.phase->procedure) + L" Error [1234]\r\ninjected: " + position.call;
     EXPECT_EQ(reports_, Strings{report});
-    EXPECT_TRUE(user.CanUse(window.cmdBtn[0]));
+    EXPECT_TRUE(user.CanUse(window.cmdBtn[kRefreshButton]));
     EXPECT_EQ(desktop.Pointer(), controls::MousePointer::kDefault);
     if (position.phase->kind == FaultPhase::kWrite) {
       EXPECT_FALSE(window.exchange.AddNode);
       EXPECT_EQ(Lines(window), before);
-      EXPECT_NE(window.lblStatus.Caption(), Text(405));
+      EXPECT_NE(window.lblStatus.Caption(), Text(app::kIncomplete));
     } else {
       EXPECT_EQ(window.exchange.AddNode, static_cast<bool>(test.Fill));
       ExpectBetween(Lines(window), before, after);
@@ -251,7 +252,7 @@ class CommandFaults : public CommandTest {
     }
     EXPECT_EQ(window.Users.accountCount, wanted.Count(0));
     EXPECT_EQ(window.Groups.accountCount, wanted.Count(1));
-    EXPECT_NE(window.lblStatus.Caption(), Text(405));
+    EXPECT_NE(window.lblStatus.Caption(), Text(app::kIncomplete));
   }
 
   void FailEverywhere(frmUserGroupPerm& window, const FaultCase& test,

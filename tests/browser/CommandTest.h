@@ -4,11 +4,13 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/lists/Lists.h"
 #include "tests/support/window/MainWindowFixture.h"
 
 namespace browser {
 
 using Strings = std::vector<std::wstring>;
+using test_support::ItemOf;
 
 // What tests of the main window's commands share: selecting by key, looking at both trees, the
 // statements of the rebuilds and the boxes that commands bring up.

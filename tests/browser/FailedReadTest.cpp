@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "app/StringIds.h"
 #include "data/MSQLStatement.h"
 #include "dialogs/frmNewGroup.h"
 #include "tests/browser/CommandTest.h"
@@ -22,7 +23,7 @@ class FailedReads : public CommandTest {
   void FailToRefresh(frmUserGroupPerm& window, const std::wstring& call) {
     FailFrom(call);
     user.ExpectMsgBox(controls::kResultOk);
-    user.Click(window.cmdBtn[0]);
+    user.Click(window.cmdBtn[kRefreshButton]);
     log.FailAt = {};
   }
   // Keeps whether a reading transaction was open when a box was shown.
@@ -51,11 +52,11 @@ TEST_F(FailedReads, OfARefreshSwitchEditAndNewOffOnBothTabsUntilOneSucceeds) {
   Run([this](frmUserGroupPerm& window) {
     FailToRefresh(window, data::SqlSelectAllUsers());
     EXPECT_EQ(window.Users.TreeView1.Nodes().Count(), 1);
-    EXPECT_EQ(window.lblStatus.Caption(), Text(408));
+    EXPECT_EQ(window.lblStatus.Caption(), Text(app::kAccountsIncomplete));
     Select(window, 1, Keys::Group(6));
     ExpectAccountButtons(window, false, false);
     EXPECT_TRUE(window.Groups.cmdGroup[kDeleteButton].Enabled());
-    user.Click(window.cmdBtn[0]);
+    user.Click(window.cmdBtn[kRefreshButton]);
     ExpectAccountButtons(window, false, true);
     Select(window, 0, Keys::User(9));
     EXPECT_TRUE(window.Users.cmdUser[kEditButton].Enabled());
@@ -82,7 +83,7 @@ TEST_F(FailedReads, OfAFolderLeaveEditAndNewOn) {
     user.ExpectMsgBox(controls::kResultOk);
     user.Click(window.Users.cmdMemberOf[kRemoveButton]);
     log.FailAt = {};
-    EXPECT_EQ(window.lblStatus.Caption(), Text(405));
+    EXPECT_EQ(window.lblStatus.Caption(), Text(app::kIncomplete));
     EXPECT_TRUE(window.Users.cmdUser[kEditButton].Enabled());
     EXPECT_TRUE(window.Users.cmdUser[kNewButton].Enabled());
   });
@@ -108,7 +109,7 @@ TEST_F(FailedReads, OfANewAccountSwitchEditAndNewOff) {
     log.FailAt = {};
     EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"GroupNode Error [1234]"));
     ExpectAccountButtons(window, false, false);
-    EXPECT_EQ(window.lblStatus.Caption(), Text(408));
+    EXPECT_EQ(window.lblStatus.Caption(), Text(app::kAccountsIncomplete));
     EXPECT_EQ(window.RefreshTree(), app::Outcome::kDone);
     NodeAt(window.Groups.TreeView1, {L"Logistique"});
     EXPECT_TRUE(window.Groups.cmdGroup[kNewButton].Enabled());

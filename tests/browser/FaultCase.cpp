@@ -6,6 +6,7 @@
 #include "dialogs/frmListItem.h"
 #include "dialogs/frmNewGroup.h"
 #include "dialogs/frmNewUser.h"
+#include "tests/support/data/Sample.h"
 #include "tests/support/keys/Buttons.h"
 #include "tests/support/keys/Keys.h"
 
@@ -13,6 +14,7 @@ namespace browser {
 namespace {
 
 using test_support::Keys;
+using test_support::Sample;
 using test_support::User;
 using enum test_support::AccountButton;
 using enum test_support::LinkButton;
@@ -149,6 +151,11 @@ Phases Deletion(const wchar_t* statement) {
   return {{L"DeleteRecord", kWrite, {statement}}};
 }
 
+// Changes the checks of what has this item data.
+void Toggle(User& user, controls::ListBox& list, const test_support::Ids& ids) {
+  for (const std::int32_t id : ids) user.Toggle(list, test_support::ItemOf(list, id));
+}
+
 void FillUser(User& user, controls::Form& form) {
   auto& dialog = dynamic_cast<dialogs::UserDialog&>(form);
   user.Type(dialog.txtUserName, L"Zola");
@@ -156,8 +163,8 @@ void FillUser(User& user, controls::Form& form) {
   user.Type(dialog.txtPassword, L"secret1");
   user.Type(dialog.txtVerify, L"secret1");
   // One group and two permissions change their checks.
-  user.Toggle(dialog.List1[kGroupsList], 2);
-  for (const int item : {3, 6}) user.Toggle(dialog.List1[kPermissionsList], item);
+  Toggle(user, dialog.List1[kGroupsList], {Sample::kQualite});
+  Toggle(user, dialog.List1[kPermissionsList], {Sample::kReadings, Sample::kAudit});
   user.Click(dialog.cmdOK);
 }
 
@@ -165,7 +172,7 @@ void FillGroup(User& user, controls::Form& form) {
   auto& dialog = dynamic_cast<dialogs::GroupDialog&>(form);
   user.Type(dialog.txtGroupName, L"Labo");
   user.Type(dialog.txtDesc, L"Mesures");
-  for (const int item : {3, 6}) user.Toggle(dialog.List1[kPermissionsList], item);
+  Toggle(user, dialog.List1[kPermissionsList], {Sample::kReadings, Sample::kAudit});
   user.Click(dialog.cmdOK);
 }
 

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 
+#include "app/StringIds.h"
 #include "browser/trees/GroupsTree.h"
 #include "browser/trees/TreeImages.h"
 #include "browser/trees/UsersTree.h"
 #include "data/MSQLStatement.h"
+#include "data/RunTimeError.h"
 #include "data/Text.h"
 #include "tests/support/keys/Keys.h"
 #include "tests/support/window/MainWindowFixture.h"
@@ -44,9 +46,9 @@ class Folders : public test_support::MainWindowFixture {
   }
   // What is the standard report of a node that does not live.
   void ExpectNoSuchNode(const wchar_t* procedure) {
-    user.ExpectMsgBox(
-        {.answer = controls::kResultOk,
-         .prompt = std::wstring(procedure) + L" Error [35601]\r\n" + desktop.LoadResString(45601)});
+    user.ExpectMsgBox({.answer = controls::kResultOk,
+                       .prompt = std::wstring(procedure) + L" Error [35601]\r\n" +
+                                 TextOfError(data::kElementNotFound)});
   }
 };
 
@@ -99,7 +101,7 @@ TEST_F(Folders, AFolderIsTheSameAfterItsRebuildAsAfterARefresh) {
     EXPECT_EQ(usersTree.EditAllPermissionsNode(martin), app::Outcome::kDone);
     const Strings rebuilt = look();
     EXPECT_NE(rebuilt, before);
-    user.Click(window.cmdBtn[0]);
+    user.Click(window.cmdBtn[kRefreshButton]);
     EXPECT_EQ(rebuilt, look());
   });
 }

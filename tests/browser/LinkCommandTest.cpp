@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "data/MSQLStatement.h"
-#include "dialogs/ListItems.h"
 #include "dialogs/frmAddUserInGroup.h"
 #include "dialogs/frmListItem.h"
 #include "tests/browser/CommandTest.h"
@@ -13,14 +12,6 @@ namespace {
 using test_support::Keys;
 using Rows = std::vector<std::vector<std::string>>;
 using controls::ListBox;
-
-int ItemOf(const ListBox& list, std::int32_t id) {
-  for (int i = 0; i < list.ListCount(); ++i) {
-    if (list.ItemData(i) == id) return i;
-  }
-  ADD_FAILURE() << "no item " << id;
-  return -1;
-}
 
 // The four Assign commands; the removals have tests of their own.
 class LinkAssignment : public CommandTest {
@@ -43,12 +34,10 @@ class LinkAssignment : public CommandTest {
       auto& dialog = dynamic_cast<dialogs::frmAddUserInGroup&>(form);
       if (look) look(dialog);
       for (const std::int32_t id : wanted) {
-        user.DoubleClick(dialog.List1[1], ItemOf(dialog.List1[1], id));
+        ListBox& outside = dialog.List1[kOutsideList];
+        user.DoubleClick(outside, ItemOf(outside, id));
       }
-      members_.clear();
-      for (const dialogs::ListItem& item : dialogs::Items(dialog.List1[2])) {
-        members_.push_back(item.itemData);
-      }
+      members_ = test_support::IdsOf(dialog.List1[kInsideList]);
       user.Click(dialog.cmdOK);
     });
   }
@@ -155,7 +144,7 @@ TEST_F(LinkAssignment, TellsTheMembersDialogThatAdminStaysInAdministrators) {
       EXPECT_EQ(dialog.adminUserId, 1);
       // Admin stays; Moreau goes, without a write, since somebody is left.
       user.ExpectMsgBox({.answer = controls::kResultOk, .style = controls::kInformation});
-      user.Click(dialog.cmdBtn[4]);
+      user.Click(dialog.cmdBtn[kTakeAllButton]);
     });
     user.Click(window.Groups.cmdMember[kAssignButton]);
     EXPECT_EQ(Raw().Rows("SELECT USERID FROM QRUSGP WHERE GROUPID = 1 ORDER BY 1"),
@@ -168,7 +157,7 @@ TEST_F(LinkAssignment, ThatEmptiesAGroupTakesEveryMembershipOfIt) {
   Run([this](frmUserGroupPerm& window) {
     Select(window, 1, Keys::MemberOfGroup(6, 15));
     ExpectMembersChooser({}, [this](dialogs::frmAddUserInGroup& dialog) {
-      user.Click(dialog.cmdBtn[4]);
+      user.Click(dialog.cmdBtn[kTakeAllButton]);
       log.statements.clear();
     });
     user.Click(window.Groups.cmdMember[kAssignButton]);
@@ -219,12 +208,12 @@ TEST_F(LinkAssignment, KeepsSelectionAndExpansion) {
       const Strings before = expanded();
       user.ExpectModal([this](controls::Form& form) {
         if (auto* members = dynamic_cast<dialogs::frmAddUserInGroup*>(&form)) {
-          user.Click(members->cmdBtn[2]);
+          user.Click(members->cmdBtn[kAddAllButton]);
           user.Click(members->cmdOK);
           return;
         }
         auto& dialog = dynamic_cast<dialogs::frmListItem&>(form);
-        user.Click(dialog.cmdBtn[0]);
+        user.Click(dialog.cmdBtn[kCheckAllButton]);
         user.Click(dialog.cmdOK);
       });
       user.Click(*test.button(window));
@@ -248,7 +237,7 @@ TEST_F(LinkAssignment, OfNothingTickedOrCancelledChangesNoNode) {
       EXPECT_FALSE(window.exchange.AddNode);
       EXPECT_TRUE(log.statements.empty());
       user.ExpectModal([this](controls::Form& form) {
-        user.Click(dynamic_cast<dialogs::frmListItem&>(form).cmdBtn[0]);
+        user.Click(dynamic_cast<dialogs::frmListItem&>(form).cmdBtn[kCheckAllButton]);
         user.ExpectMsgBox(controls::kResultYes);
         user.PressKey(form, test_support::kKeyEscape);
         log.statements.clear();

@@ -127,7 +127,7 @@ TEST_F(LinkRemoval, OfAMembershipOnTheUsersTabUpdatesThatUsersPermissionsAndNotT
     EXPECT_TRUE(Has(window, 1, Keys::MemberOfGroup(12, 9)));
     EXPECT_EQ(ChildTexts(window.Groups.TreeView1, At(window, 1, Keys::MembersOfGroup(12))).size(),
               groups.size() + 1);
-    user.Click(window.cmdBtn[0]);
+    user.Click(window.cmdBtn[kRefreshButton]);
     EXPECT_FALSE(Has(window, 1, Keys::MemberOfGroup(12, 9)));
   });
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "app/StringIds.h"
 #include "tests/browser/CommandTest.h"
 #include "tests/support/keys/Keys.h"
 
@@ -135,7 +136,7 @@ TEST_F(PermissionOrigins, WhatAnErrorHasLeftOutComesFirstInTheStatusLine) {
     EXPECT_EQ(window.RefreshTree(), app::Outcome::kFailed);
     log.FailAt = {};
     Select(window, 0, Keys::AnyPermission(3, 11));
-    EXPECT_EQ(window.lblStatus.Caption(), Text(408));
+    EXPECT_EQ(window.lblStatus.Caption(), Text(app::kAccountsIncomplete));
   });
 }
 

@@ -5,6 +5,7 @@
 #include <limits>
 #include <thread>
 
+#include "app/StringIds.h"
 #include "browser/trees/AccountRows.h"
 #include "data/MSQLStatement.h"
 #include "data/RunTimeError.h"
@@ -46,7 +47,7 @@ TEST_F(Refresh, TheButtonShowsWhatTheDatabaseHoldsByThenAndReturnsToTheRoots) {
     Raw().Execute("INSERT INTO QRUSER (USERID, NAME, FULLNAME) VALUES (500, 'Nouvelle', 'Anne')");
     Raw().Execute("UPDATE QRGROUP SET NAME = 'Labo' WHERE GROUPID = 12");
     Raw().Execute("DELETE FROM QRUSGP WHERE USERID = 9 AND GROUPID = 7");
-    user.Click(window.cmdBtn[0]);
+    user.Click(window.cmdBtn[kRefreshButton]);
     for (const int tab : {0, 1}) ExpectOnItsRoot(window.Page(tab).TreeView1);
     NodeAt(users, {L"Nouvelle (Anne)"});
     EXPECT_EQ(ChildTexts(users, NodeAt(users, {L"Martin (Jean Martin)", L"Membre du Groupe"})),
@@ -59,7 +60,7 @@ TEST_F(Refresh, TheButtonShowsWhatTheDatabaseHoldsByThenAndReturnsToTheRoots) {
 TEST_F(Refresh, TheNumberOfPermissionsIsThatOfTheDatabaseByThen) {
   Run([this](frmUserGroupPerm& window) {
     Raw().Execute("INSERT INTO QRPERM (PERMID, NAME) VALUES (500, 'Nouvelle')");
-    user.Click(window.cmdBtn[0]);
+    user.Click(window.cmdBtn[kRefreshButton]);
     EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 12 groupes, 31 permissions");
   });
 }
@@ -87,7 +88,7 @@ TEST_F(Refresh, RefreshingTwiceGivesTheSameTreesAndCounts) {
       return all;
     };
     const auto before = dump();
-    user.Click(window.cmdBtn[0]);
+    user.Click(window.cmdBtn[kRefreshButton]);
     EXPECT_EQ(dump(), before);
     EXPECT_EQ(window.Users.accountCount, 39);
     EXPECT_EQ(window.Groups.accountCount, 12);
@@ -102,12 +103,12 @@ TEST_F(Refresh, AFailureIsReportedSaidInTheStatusLineAndTheProgramGoesOn) {
     user.ExpectMsgBox(
         {.answer = controls::kResultOk,
          .prompt = L"GroupNode Error [1234]\r\ninjected: " + data::SqlSelectGroupUsers(6)});
-    user.Click(window.cmdBtn[0]);
-    EXPECT_EQ(window.lblStatus.Caption(), Text(408));
+    user.Click(window.cmdBtn[kRefreshButton]);
+    EXPECT_EQ(window.lblStatus.Caption(), Text(app::kAccountsIncomplete));
     EXPECT_TRUE(window.IsLoaded());
     EXPECT_EQ(desktop.Pointer(), controls::MousePointer::kDefault);
     log.FailAt = {};
-    user.Click(window.cmdBtn[0]);
+    user.Click(window.cmdBtn[kRefreshButton]);
     EXPECT_EQ(window.Groups.accountCount, 12);
     EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 12 groupes, 30 permissions");
   });
@@ -128,7 +129,7 @@ TEST_F(Refresh, TheWindowSaysHowFarItIsWhileATreeIsReadSlowly) {
       }
       return 0L;
     };
-    user.Click(window.cmdBtn[0]);
+    user.Click(window.cmdBtn[kRefreshButton]);
     EXPECT_TRUE(users);
     EXPECT_TRUE(groups);
     EXPECT_EQ(desktop.Pointer(), controls::MousePointer::kDefault);
@@ -146,7 +147,7 @@ TEST_F(Refresh, OfATreeThatIsReadAtOnceTheStatusLineSaysNothing) {
       changed |= elapsed < kAtOnce && window.lblStatus.Caption() != before;
       return 0L;
     };
-    user.Click(window.cmdBtn[0]);
+    user.Click(window.cmdBtn[kRefreshButton]);
     EXPECT_FALSE(changed);
     EXPECT_EQ(window.lblStatus.Caption(), before);
   });

@@ -229,7 +229,7 @@ TEST_F(StartUp, PermissionsThatCannotBeCountedAreReportedAndTheProgramRuns) {
 TEST_F(StartUp, ClosingTheWindowReleasesTheConnectionAndTheServer) {
   Run([this](frmUserGroupPerm& window) {
     ASSERT_NE(global.databaseConnection, nullptr);
-    user.Click(window.cmdBtn[1]);
+    user.Click(window.cmdBtn[kExitButton]);
     EXPECT_FALSE(window.IsLoaded());
     EXPECT_EQ(global.databaseConnection, nullptr);
     EXPECT_EQ(global.SessionServer, nullptr);

@@ -21,7 +21,7 @@ class Lookup : public test_support::MainWindowFixture {
   void ExpectReport(const wchar_t* procedure, const wchar_t* number = L"35601") {
     user.ExpectMsgBox({.answer = controls::kResultOk,
                        .prompt = std::wstring(procedure) + L" Error [" + number + L"]\r\n" +
-                                 desktop.LoadResString(10000 + std::stoi(number)),
+                                 TextOfError(std::stol(number)),
                        .style = controls::kExclamation,
                        .title = L"Admin Utilisateurs"});
   }
@@ -29,7 +29,7 @@ class Lookup : public test_support::MainWindowFixture {
 
 TEST_F(Lookup, TheTypeOfANodeIsTheTwoCharactersBehindTheFirstTypeMarker) {
   Run([](frmUserGroupPerm& window) {
-    EXPECT_EQ(window.Users.lookup.GetTypeNode(L"\\TUS \\U12"), L"US");
+    EXPECT_EQ(window.Users.lookup.GetTypeNode(Keys::User(12)), L"US");
     EXPECT_EQ(window.Users.lookup.GetTypeNode(L"x\\TGR\\TUS"), L"GR");
     EXPECT_EQ(window.Users.lookup.GetTypeNode(L"\\TR"), L"R");
   });
@@ -50,7 +50,7 @@ TEST_F(Lookup, APermissionsNumberMayHaveBlanksAroundIt) {
   Run([](frmUserGroupPerm& window) {
     EXPECT_EQ(window.Users.lookup.GetPermID(L"\\TPU \\U12 \\P  7 "), 7);
     EXPECT_EQ(window.Users.lookup.GetPermID(L""), -1);
-    EXPECT_EQ(window.Users.lookup.GetPermID(L"\\TUS \\U12"), -1);
+    EXPECT_EQ(window.Users.lookup.GetPermID(Keys::User(12)), -1);
   });
 }
 

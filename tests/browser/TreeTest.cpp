@@ -259,7 +259,7 @@ TEST_F(Trees, NamesOfAnyKindAreShownAsTheyAre) {
     const TreeNodes& nodes = window.Users.TreeView1.Nodes();
     int shown = 1000;
     for (const std::string& name : names) {
-      const int node = nodes.Find(L"\\TUS \\U" + data::Decimal(++shown));
+      const int node = nodes.Find(Keys::User(++shown));
       ASSERT_NE(node, controls::kNoNode);
       EXPECT_EQ(nodes.Text(node), data::FromUtf8(name));
       EXPECT_EQ(nodes.Children(node), 3);

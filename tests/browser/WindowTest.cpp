@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "app/LocaleFont.h"
+#include "app/StringIds.h"
 #include "browser/trees/TreeImages.h"
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
@@ -15,32 +16,32 @@ class Window : public test_support::MainWindowFixture {};
 
 TEST_F(Window, EveryCaptionComesFromTheStringTable) {
   Run([this](frmUserGroupPerm& window) {
-    EXPECT_EQ(window.Caption(), Text(250));
-    EXPECT_EQ(window.TabStrip1.TabCaption(0), Text(301));
-    EXPECT_EQ(window.TabStrip1.TabCaption(1), Text(302));
-    EXPECT_EQ(window.Users.lblTree.Caption(), Text(331));
-    EXPECT_EQ(window.Groups.lblTree.Caption(), Text(332));
-    EXPECT_EQ(window.Users.fraUser.Caption(), Text(303));
-    EXPECT_EQ(window.Users.fraMemberOf.Caption(), Text(304));
-    EXPECT_EQ(window.Users.fraUserPermission.Caption(), Text(305));
-    EXPECT_EQ(window.Groups.fraGroup.Caption(), Text(308));
-    EXPECT_EQ(window.Groups.fraMember.Caption(), Text(309));
-    EXPECT_EQ(window.Groups.fraGroupPermission.Caption(), Text(310));
+    EXPECT_EQ(window.Caption(), Text(app::kTitle));
+    EXPECT_EQ(window.TabStrip1.TabCaption(0), Text(app::kUsersTab));
+    EXPECT_EQ(window.TabStrip1.TabCaption(1), Text(app::kGroupsTab));
+    EXPECT_EQ(window.Users.lblTree.Caption(), Text(app::kUsersTreeName));
+    EXPECT_EQ(window.Groups.lblTree.Caption(), Text(app::kGroupsTreeName));
+    EXPECT_EQ(window.Users.fraUser.Caption(), Text(app::kUsers));
+    EXPECT_EQ(window.Users.fraMemberOf.Caption(), Text(app::kMemberOf));
+    EXPECT_EQ(window.Users.fraUserPermission.Caption(), Text(app::kUserPermissions));
+    EXPECT_EQ(window.Groups.fraGroup.Caption(), Text(app::kGroups));
+    EXPECT_EQ(window.Groups.fraMember.Caption(), Text(app::kMembers));
+    EXPECT_EQ(window.Groups.fraGroupPermission.Caption(), Text(app::kGroupPermissions));
     for (const CommandButton* buttons : {window.Users.cmdUser, window.Groups.cmdGroup}) {
-      EXPECT_EQ(buttons[0].Caption(), Text(108));
-      EXPECT_EQ(buttons[1].Caption(), Text(109));
-      EXPECT_EQ(buttons[2].Caption(), Text(110));
+      EXPECT_EQ(buttons[0].Caption(), Text(app::kEdit));
+      EXPECT_EQ(buttons[1].Caption(), Text(app::kDelete));
+      EXPECT_EQ(buttons[2].Caption(), Text(app::kNew));
     }
     for (const CommandButton* buttons :
          {window.Users.cmdMemberOf, window.Users.cmdUserPermission, window.Groups.cmdMember,
           window.Groups.cmdGroupPermission}) {
-      EXPECT_EQ(buttons[0].Caption(), Text(131));
-      EXPECT_EQ(buttons[1].Caption(), Text(133));
+      EXPECT_EQ(buttons[0].Caption(), Text(app::kAssign));
+      EXPECT_EQ(buttons[1].Caption(), Text(app::kRemove));
     }
-    EXPECT_EQ(window.cmdBtn[0].Caption(), Text(105));
-    EXPECT_EQ(window.cmdBtn[1].Caption(), Text(103));
-    EXPECT_EQ(window.cmdAbout.Caption(), Text(106));
-    EXPECT_EQ(window.Command1.Caption(), Text(104));
+    EXPECT_EQ(window.cmdBtn[kRefreshButton].Caption(), Text(app::kRefresh));
+    EXPECT_EQ(window.cmdBtn[kExitButton].Caption(), Text(app::kExit));
+    EXPECT_EQ(window.cmdAbout.Caption(), Text(app::kAbout));
+    EXPECT_EQ(window.Command1.Caption(), Text(app::kHelp));
   });
 }
 
@@ -168,7 +169,7 @@ TEST_F(Window, AClickMadeWhileTheTreesAreReadWaitsUntilTheyStand) {
                    log.statements.back() != data::SqlSelectAllPermissions());
       return 0L;
     };
-    user.Click(window.cmdBtn[0]);
+    user.Click(window.cmdBtn[kRefreshButton]);
     user.Settle();
     EXPECT_EQ(log.serverCalls.back(), L"ShowAbout uadmin.exe 0 0");
   });

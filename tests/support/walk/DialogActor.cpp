@@ -5,6 +5,8 @@
 #include "dialogs/UserDialog.h"
 #include "dialogs/frmAddUserInGroup.h"
 #include "dialogs/frmListItem.h"
+#include "tests/support/keys/Buttons.h"
+#include "tests/support/lists/Lists.h"
 
 namespace test_support {
 namespace {
@@ -42,18 +44,8 @@ constexpr const wchar_t* kNames[] = {
 constexpr const wchar_t* kPasswords[] = {L"secret1", L"secret2",  L"court",
                                          L"*",       L"s*1*****", L"vingt-et-un-caracteres"};
 
-std::set<std::int32_t> Checked(const controls::ListBox& list) {
-  std::set<std::int32_t> ids;
-  for (int i = 0; i < list.ListCount(); ++i) {
-    if (list.Selected(i)) ids.insert(list.ItemData(i));
-  }
-  return ids;
-}
-
-std::set<std::int32_t> All(const controls::ListBox& list) {
-  std::set<std::int32_t> ids;
-  for (int i = 0; i < list.ListCount(); ++i) ids.insert(list.ItemData(i));
-  return ids;
+std::set<std::int32_t> Set(const Ids& ids) {
+  return {ids.begin(), ids.end()};
 }
 
 }  // namespace
@@ -87,15 +79,17 @@ void DialogActor::Remember(controls::Form& form) {
   if (depth_ > 1) return;
   last_ = {};
   if (auto* user = dynamic_cast<dialogs::UserDialog*>(&form)) {
-    last_ = {user->txtUserName.Text(), user->txtFullName.Text(), Checked(user->List1[1]),
-             Checked(user->List1[2])};
+    last_ = {user->txtUserName.Text(), user->txtFullName.Text(),
+             Set(SelectedIds(user->List1[kGroupsList])),
+             Set(SelectedIds(user->List1[kPermissionsList]))};
   } else if (auto* group = dynamic_cast<dialogs::GroupDialog*>(&form)) {
-    last_ = {group->txtGroupName.Text(), group->txtDesc.Text(), All(group->List1[1]),
-             Checked(group->List1[2])};
+    last_ = {group->txtGroupName.Text(), group->txtDesc.Text(),
+             Set(IdsOf(group->List1[kMembersList])),
+             Set(SelectedIds(group->List1[kPermissionsList]))};
   } else if (auto* chooser = dynamic_cast<dialogs::frmAddUserInGroup*>(&form)) {
-    last_.first = All(chooser->List1[2]);
+    last_.first = Set(IdsOf(chooser->List1[kInsideList]));
   } else if (auto* list = dynamic_cast<dialogs::frmListItem*>(&form)) {
-    last_.first = Checked(list->List1);
+    last_.first = Set(SelectedIds(list->List1));
   }
 }
 
@@ -136,10 +130,10 @@ void DialogActor::InUserDialog(dialogs::UserDialog& dialog) {
                    dice_.Pick(kPasswords));
     case 4:
     case 5:
-      return ToggleSome(dialog.List1[1], "group");
+      return ToggleSome(dialog.List1[kGroupsList], "group");
     case 6:
     case 7:
-      return ToggleSome(dialog.List1[2], "permission");
+      return ToggleSome(dialog.List1[kPermissionsList], "permission");
     case 8:
       return ClickSome(dialog.cmdBtn[dice_.Pick(dialog.cmdBtn.Numbers())], "all or none");
     default:
@@ -155,12 +149,12 @@ void DialogActor::InGroupDialog(dialogs::GroupDialog& dialog) {
     case 2:
       return Enter(dialog.txtDesc, "description", SomeName());
     case 3:
-      return ChooseSome(dialog.List1[1], "member");
+      return ChooseSome(dialog.List1[kMembersList], "member");
     case 4:
     case 5:
-      return ToggleSome(dialog.List1[2], "permission");
+      return ToggleSome(dialog.List1[kPermissionsList], "permission");
     case 6:
-      return ClickSome(dialog.cmdBtn[11], "assign");
+      return ClickSome(dialog.cmdBtn[kAssignMembersButton], "assign");
     case 7:
       return ClickSome(dialog.cmdBtn[dice_.Pick(dialog.cmdBtn.Numbers())], "button");
     default:

@@ -8,12 +8,14 @@
 #include <string>
 #include <vector>
 
+#include "app/StringIds.h"
 #include "app/mGlobal.h"
 #include "browser/frmUserGroupPerm.h"
 #include "controls/Desktop.h"
 #include "server/core/samples/Filling.h"
 #include "tests/support/controls/User.h"
 #include "tests/support/data/SampleDatabase.h"
+#include "tests/support/keys/Buttons.h"
 #include "tests/support/recording/CallLog.h"
 
 namespace test_support {
@@ -23,6 +25,10 @@ namespace test_support {
 class MainWindowFixture : public ::testing::Test {
  protected:
   using WindowScript = std::function<void(browser::frmUserGroupPerm& window)>;
+  using enum WindowButton;
+  using enum ChooserButton;
+  using enum MoveButton;
+  using enum DialogList;
 
   MainWindowFixture();
 
@@ -38,6 +44,9 @@ class MainWindowFixture : public ::testing::Test {
   void Run(const WindowScript& script = {}, std::wstring_view userName = L"Admin");
 
   std::wstring Text(int id) const { return desktop.LoadResString(id); }
+  std::wstring TextOfError(long number) const {
+    return Text(app::kErrorTexts + static_cast<int>(number));
+  }
   // The texts of a node's children, in their order.
   static std::vector<std::wstring> ChildTexts(const controls::TreeView& tree, int node);
   // The child with this text; kNoNode when there is none.
