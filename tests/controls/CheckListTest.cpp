@@ -193,7 +193,7 @@ TEST_F(CheckList, AddsUncheckedItemsBesideCheckedOnes) {
 
 TEST_F(CheckList, TakesNothingFromTheUserWhileItIsDisabled) {
   list.SetEnabled(false);
-  EXPECT_FALSE(user.TryToggle(list, 0));
+  EXPECT_FALSE(user.Try().Toggle(list, 0));
   EXPECT_EQ(events, Events{});
   list.SetSelected(0, true);
   EXPECT_EQ(events, (Events{L"check 0 on", L"click"}));

@@ -53,15 +53,15 @@ TEST_F(Desktop, LetsNoFormTakeInputWhileThatIsHeld) {
   form.more.Click = [this] { events.push_back(L"more"); };
   controls::HoldInput(desktop);
   controls::HoldInput(desktop);
-  EXPECT_FALSE(user.TryClick(form.more));
+  EXPECT_FALSE(user.Try().Click(form.more));
   controls::ReleaseInput(desktop);
-  EXPECT_FALSE(user.TryClick(form.more));
-  EXPECT_FALSE(user.TryClose(form));
+  EXPECT_FALSE(user.Try().Click(form.more));
+  EXPECT_FALSE(user.Try().Close(form));
   EXPECT_TRUE(form.IsLoaded());
   controls::ReleaseInput(desktop);
-  EXPECT_TRUE(user.TryClick(form.more));
+  EXPECT_TRUE(user.Try().Click(form.more));
   EXPECT_EQ(events, (Events{L"more"}));
-  EXPECT_TRUE(user.TryClose(form));
+  EXPECT_TRUE(user.Try().Close(form));
 }
 
 TEST_F(Desktop, BeepsAndShowsThePointer) {

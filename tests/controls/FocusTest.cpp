@@ -84,8 +84,8 @@ TEST_F(Focus, DoesNotGoToADisabledOrHiddenControlOrALabel) {
   form.label.SetFocus();
   form.frame.SetFocus();
   EXPECT_TRUE(form.name.HasFocus());
-  EXPECT_FALSE(user.TryFocus(form.password));
-  EXPECT_FALSE(user.TryFocus(form.label));
+  EXPECT_FALSE(user.Try().Focus(form.password));
+  EXPECT_FALSE(user.Try().Focus(form.label));
 }
 
 TEST_F(Focus, LeavesAControlThatIsDisabled) {

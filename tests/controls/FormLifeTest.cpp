@@ -55,8 +55,8 @@ TEST_F(FormLife, KeepsWhatItsLoadSets) {
 
 TEST_F(FormLife, CannotBeUsedBeforeItIsShown) {
   form.Load();
-  EXPECT_FALSE(user.TryClick(form.more));
-  EXPECT_FALSE(user.TryClose(form));
+  EXPECT_FALSE(user.Try().Click(form.more));
+  EXPECT_FALSE(user.Try().Close(form));
   EXPECT_FALSE(form.name.HasFocus());
 }
 
@@ -89,7 +89,7 @@ TEST_F(FormLife, StaysWhenItRefusesToUnload) {
   EXPECT_TRUE(form.IsVisible());
   form.Unload();
   EXPECT_TRUE(form.IsLoaded());
-  EXPECT_TRUE(user.TryType(form.name, L"x"));
+  EXPECT_TRUE(user.Try().Type(form.name, L"x"));
   refuse = false;
   user.Close(form);
   EXPECT_FALSE(form.IsLoaded());
@@ -147,7 +147,7 @@ TEST_F(FormLife, StartsAfreshWhenItIsLoadedAgain) {
   EXPECT_TRUE(form.more.Enabled());
   EXPECT_TRUE(form.ok.Visible());
   EXPECT_EQ(form.more.TabIndex(), 13);
-  EXPECT_TRUE(user.TryClick(form.more));
+  EXPECT_TRUE(user.Try().Click(form.more));
   EXPECT_EQ(events, (Events{L"load", L"unload", L"load"}));
 }
 
@@ -194,7 +194,7 @@ TEST_F(FormLife, TakesAnchorsAndSizes) {
     form.more.SetAnchors(controls::kAnchorRight | controls::kAnchorBottom);
   };
   form.Show();
-  EXPECT_TRUE(user.TryClick(form.more));
+  EXPECT_TRUE(user.Try().Click(form.more));
 }
 
 TEST_F(FormLife, LetsNoInputThroughWhileItRepaints) {

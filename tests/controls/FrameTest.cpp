@@ -19,20 +19,20 @@ TEST_F(Frame, KeepsItsCaption) {
 
 TEST_F(Frame, HidesWhatItHolds) {
   form.frame.SetVisible(false);
-  EXPECT_FALSE(user.TryClick(form.framedButton));
-  EXPECT_FALSE(user.TryType(form.framedBox, L"x"));
+  EXPECT_FALSE(user.Try().Click(form.framedButton));
+  EXPECT_FALSE(user.Try().Type(form.framedBox, L"x"));
   EXPECT_FALSE(user.CanUse(form.framedButton));
   EXPECT_TRUE(form.framedButton.Visible());
   form.frame.SetVisible(true);
-  EXPECT_TRUE(user.TryClick(form.framedButton));
+  EXPECT_TRUE(user.Try().Click(form.framedButton));
 }
 
 TEST_F(Frame, DisablesWhatItHolds) {
   form.frame.SetEnabled(false);
-  EXPECT_FALSE(user.TryClick(form.framedButton));
+  EXPECT_FALSE(user.Try().Click(form.framedButton));
   EXPECT_TRUE(form.framedButton.Enabled());
   form.frame.SetEnabled(true);
-  EXPECT_TRUE(user.TryClick(form.framedButton));
+  EXPECT_TRUE(user.Try().Click(form.framedButton));
 }
 
 TEST_F(Frame, DoesNotBringBackWhatWasHiddenOrDisabledByItself) {
@@ -42,18 +42,18 @@ TEST_F(Frame, DoesNotBringBackWhatWasHiddenOrDisabledByItself) {
   form.frame.SetVisible(true);
   form.frame.SetEnabled(false);
   form.frame.SetEnabled(true);
-  EXPECT_FALSE(user.TryClick(form.framedButton));
-  EXPECT_FALSE(user.TryType(form.framedBox, L"x"));
+  EXPECT_FALSE(user.Try().Click(form.framedButton));
+  EXPECT_FALSE(user.Try().Type(form.framedBox, L"x"));
 }
 
 TEST_F(Frame, HidesWhatIsPutIntoItWhileItIsHidden) {
   form.frame.SetVisible(false);
   form.more.SetContainer(form.frame);
-  EXPECT_FALSE(user.TryClick(form.more));
+  EXPECT_FALSE(user.Try().Click(form.more));
   form.more.SetVisible(true);
-  EXPECT_FALSE(user.TryClick(form.more));
+  EXPECT_FALSE(user.Try().Click(form.more));
   form.frame.SetVisible(true);
-  EXPECT_TRUE(user.TryClick(form.more));
+  EXPECT_TRUE(user.Try().Click(form.more));
 }
 
 }  // namespace

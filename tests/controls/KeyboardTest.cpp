@@ -35,13 +35,13 @@ TEST_F(Keyboard, AButtonKeepsItsCaption) {
 
 TEST_F(Keyboard, ADisabledOrHiddenButtonCannotBeClicked) {
   form.more.SetEnabled(false);
-  EXPECT_FALSE(user.TryClick(form.more));
+  EXPECT_FALSE(user.Try().Click(form.more));
   EXPECT_FALSE(user.CanUse(form.more));
   form.more.SetEnabled(true);
   form.more.SetVisible(false);
-  EXPECT_FALSE(user.TryClick(form.more));
+  EXPECT_FALSE(user.Try().Click(form.more));
   form.more.SetVisible(true);
-  EXPECT_TRUE(user.TryClick(form.more));
+  EXPECT_TRUE(user.Try().Click(form.more));
   EXPECT_EQ(events, (Events{L"more"}));
 }
 
@@ -159,19 +159,19 @@ TEST_F(Keyboard, AMnemonicOfALabelLeadsToTheControlBehindIt) {
 TEST_F(Keyboard, APlainCaptionHasNoMnemonic) {
   form.label.SetPlainCaption(L"Durand &Uhl");
   EXPECT_EQ(form.label.Caption(), L"Durand &Uhl");
-  EXPECT_FALSE(user.TryMnemonic(form, L'u'));
+  EXPECT_FALSE(user.Try().Mnemonic(form, L'u'));
   form.label.SetCaption(L"&Utilisateur :");
   EXPECT_EQ(form.label.Caption(), L"&Utilisateur :");
-  EXPECT_TRUE(user.TryMnemonic(form, L'u'));
+  EXPECT_TRUE(user.Try().Mnemonic(form, L'u'));
 }
 
 TEST_F(Keyboard, AMnemonicOfADisabledOrHiddenButtonDoesNothing) {
   form.more.SetCaption(L"&Plus");
   form.more.SetEnabled(false);
-  EXPECT_FALSE(user.TryMnemonic(form, L'p'));
+  EXPECT_FALSE(user.Try().Mnemonic(form, L'p'));
   form.more.SetEnabled(true);
   form.more.SetVisible(false);
-  EXPECT_FALSE(user.TryMnemonic(form, L'p'));
+  EXPECT_FALSE(user.Try().Mnemonic(form, L'p'));
   EXPECT_EQ(events, Events{});
 }
 

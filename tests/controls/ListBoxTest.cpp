@@ -53,7 +53,7 @@ TEST_F(ListBox, AnswersNothingForAnItemThatIsNotThere) {
       EXPECT_EQ(list->SelCount(), 0);
     }
   }
-  EXPECT_FALSE(user.TryChoose(plain, 3));
+  EXPECT_FALSE(user.Try().Choose(plain, 3));
 }
 
 TEST_F(ListBox, SelectsNothingByItself) {
@@ -168,14 +168,14 @@ TEST_F(ListBox, SelectsSeveralItemsForTheProgramWithoutAReport) {
 }
 
 TEST_F(ListBox, ToggleIsNoGestureOfAPlainList) {
-  EXPECT_FALSE(user.TryToggle(plain, 0));
+  EXPECT_FALSE(user.Try().Toggle(plain, 0));
   EXPECT_EQ(plain.ListIndex(), -1);
 }
 
 TEST_F(ListBox, TakesNothingFromTheUserWhileItIsDisabled) {
   plain.SetEnabled(false);
-  EXPECT_FALSE(user.TryChoose(plain, 0));
-  EXPECT_FALSE(user.TryDoubleClick(plain, 0));
+  EXPECT_FALSE(user.Try().Choose(plain, 0));
+  EXPECT_FALSE(user.Try().DoubleClick(plain, 0));
   EXPECT_EQ(plain.ListIndex(), -1);
 }
 

@@ -30,14 +30,14 @@ TEST_F(ModalForm, ReturnsWhenItIsUnloaded) {
 TEST_F(ModalForm, KeepsTheUserFromItsOwner) {
   user.ExpectModal([this](controls::Form&) {
     EXPECT_FALSE(user.CanUse(form.ok));
-    EXPECT_FALSE(user.TryClick(form.ok));
-    EXPECT_FALSE(user.TryClose(form));
-    EXPECT_FALSE(user.TryPressKey(form, controls::kKeyF5));
+    EXPECT_FALSE(user.Try().Click(form.ok));
+    EXPECT_FALSE(user.Try().Close(form));
+    EXPECT_FALSE(user.Try().PressKey(form, controls::kKeyF5));
     EXPECT_TRUE(form.ok.Enabled());
     user.Click(dialog.ok);
   });
   user.Click(form.more);
-  EXPECT_TRUE(user.TryClick(form.ok));
+  EXPECT_TRUE(user.Try().Click(form.ok));
 }
 
 TEST_F(ModalForm, LetsTheProgramChangeItsOwner) {
@@ -59,7 +59,7 @@ TEST_F(ModalForm, IsNotShownWhenItsLoadUnloadsIt) {
   dialog.OnLoad = [this] { dialog.Unload(); };
   user.Click(form.more);
   EXPECT_EQ(events, (Events{L"after"}));
-  EXPECT_TRUE(user.TryClick(form.ok));
+  EXPECT_TRUE(user.Try().Click(form.ok));
 }
 
 TEST_F(ModalForm, StaysWhenItRefusesToUnload) {

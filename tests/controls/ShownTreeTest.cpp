@@ -131,9 +131,9 @@ class RandomTree {
   void Gesture() {
     const int node = Any();
     const int kind = Below(3);
-    if (kind == 0) user_.TrySelect(tree_, node);
-    if (kind == 1) user_.TryExpand(tree_, node);
-    if (kind == 2) user_.TryCollapse(tree_, node);
+    if (kind == 0) user_.Try().Select(tree_, node);
+    if (kind == 1) user_.Try().Expand(tree_, node);
+    if (kind == 2) user_.Try().Collapse(tree_, node);
   }
 
   controls::TreeView& tree_;

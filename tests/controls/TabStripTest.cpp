@@ -39,7 +39,7 @@ TEST_F(TabStrip, ReportsTheUsersChoice) {
   user.ChooseTab(tabs, 2);
   user.ChooseTab(tabs, 0);
   EXPECT_EQ(events, (Events{L"2", L"0"}));
-  EXPECT_FALSE(user.TryChooseTab(tabs, 3));
+  EXPECT_FALSE(user.Try().ChooseTab(tabs, 3));
 }
 
 TEST_F(TabStrip, ReportsTheProgramsChoiceWhenItChangesSomething) {
@@ -56,7 +56,7 @@ TEST_F(TabStrip, ReportsTheProgramsChoiceWhenItChangesSomething) {
 TEST_F(TabStrip, TakesNothingFromTheUserWhileItIsDisabled) {
   AddTabs();
   tabs.SetEnabled(false);
-  EXPECT_FALSE(user.TryChooseTab(tabs, 1));
+  EXPECT_FALSE(user.Try().ChooseTab(tabs, 1));
   EXPECT_EQ(tabs.SelectedTab(), 0);
 }
 

@@ -179,8 +179,8 @@ TEST_F(TextBox, MasksWhatItShowsAndNotWhatItHolds) {
 
 TEST_F(TextBox, TakesNothingFromTheUserWhileItIsDisabled) {
   box.SetEnabled(false);
-  EXPECT_FALSE(user.TryType(box, L"x"));
-  EXPECT_FALSE(user.TryPaste(box, L"x"));
+  EXPECT_FALSE(user.Try().Type(box, L"x"));
+  EXPECT_FALSE(user.Try().Paste(box, L"x"));
   EXPECT_EQ(box.Text(), L"");
   box.SetText(L"by the program");
   EXPECT_EQ(events, (Events{L"by the program"}));

@@ -18,10 +18,10 @@ TEST_F(TreeExpansion, IsReportedWhenItChanges) {
 TEST_F(TreeExpansion, IsReportedToTheUserToo) {
   user.Expand(tree, root);
   EXPECT_TRUE(tree.Nodes().Expanded(root));
-  EXPECT_FALSE(user.TryExpand(tree, root));
+  EXPECT_FALSE(user.Try().Expand(tree, root));
   user.Collapse(tree, root);
   EXPECT_FALSE(tree.Nodes().Expanded(root));
-  EXPECT_FALSE(user.TryCollapse(tree, root));
+  EXPECT_FALSE(user.Try().Collapse(tree, root));
   EXPECT_EQ(events, (Events{L"expand Utilisateurs", L"collapse Utilisateurs"}));
 }
 
@@ -39,7 +39,7 @@ TEST_F(TreeExpansion, SelectsNothing) {
 }
 
 TEST_F(TreeExpansion, IsNoGestureOnANodeWithoutChildren) {
-  EXPECT_FALSE(user.TryExpand(tree, zoe));
+  EXPECT_FALSE(user.Try().Expand(tree, zoe));
   EXPECT_FALSE(tree.Nodes().Expanded(zoe));
 }
 

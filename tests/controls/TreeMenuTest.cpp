@@ -133,8 +133,8 @@ TEST_F(TreeMenu, MayOpenAModalForm) {
 TEST_F(TreeMenu, IsNotToBeHadOfADisabledTree) {
   user.Select(tree, root);
   tree.SetEnabled(false);
-  EXPECT_FALSE(user.TryRightClick(tree, root));
-  EXPECT_FALSE(user.TryPressMenuKey(tree));
+  EXPECT_FALSE(user.Try().RightClick(tree, root));
+  EXPECT_FALSE(user.Try().PressMenuKey(tree));
   EXPECT_EQ(chosen, -1);
 }
 

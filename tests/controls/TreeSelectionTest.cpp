@@ -143,8 +143,8 @@ TEST_F(TreeSelection, MayRebuildTheTreeFromNodeClick) {
 
 TEST_F(TreeSelection, TakesNothingFromTheUserWhileTheTreeIsDisabled) {
   tree.SetEnabled(false);
-  EXPECT_FALSE(user.TrySelect(tree, zoe));
-  EXPECT_FALSE(user.TryExpand(tree, root));
+  EXPECT_FALSE(user.Try().Select(tree, zoe));
+  EXPECT_FALSE(user.Try().Expand(tree, root));
   EXPECT_EQ(tree.SelectedNode(), kNoNode);
   EXPECT_EQ(events, Events{});
 }

@@ -41,8 +41,7 @@ class ListItemSave : public ListItemTest {
 
   void ExpectOverflow() {
     user.ExpectMsgBox({.answer = controls::kResultOk,
-                       .prompt = L"GetCountSelect Error [6]\r\n" +
-                                 Text(app::kErrorTexts + static_cast<int>(data::kOverflow)),
+                       .prompt = L"GetCountSelect Error [6]\r\n" + TextOfError(data::kOverflow),
                        .style = controls::kExclamation,
                        .title = L"Admin Utilisateurs"});
   }

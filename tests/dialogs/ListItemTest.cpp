@@ -344,8 +344,7 @@ TEST_F(ListItemDialog, RefusesAnotherKindOrRelationWithError5BeforeItAsksTheData
     dialog.OwnerID = kMartin;
     user.ExpectMsgBox(
         {.answer = controls::kResultOk,
-         .prompt = L"Form Load Error [5]\r\n" +
-                   Text(app::kErrorTexts + static_cast<int>(data::kInvalidProcedureCall)),
+         .prompt = L"Form Load Error [5]\r\n" + TextOfError(data::kInvalidProcedureCall),
          .style = controls::kExclamation,
          .title = L"Admin Utilisateurs"});
     dialog.ShowModal(window);

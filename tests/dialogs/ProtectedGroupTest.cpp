@@ -21,7 +21,7 @@ TEST_F(ProtectedGroup, EveryoneShownAsToutLeMondeHasNameMembersAssignAndAllDisab
     EXPECT_TRUE(dialog.cmdBtn[dialog.kNoPermission].Enabled());
     EXPECT_TRUE(dialog.txtDesc.HasFocus());
     EXPECT_TRUE(dialog.IsRemoveAdmin);
-    EXPECT_FALSE(user.TryChoose(dialog.List1[dialog.kMembers], 0));
+    EXPECT_FALSE(user.Try().Choose(dialog.List1[dialog.kMembers], 0));
     user.Click(dialog.cmdBtn[dialog.kRemove]);
     EXPECT_EQ(dialog.List1[dialog.kMembers].ListCount(), 39);
     dialog.Unload();

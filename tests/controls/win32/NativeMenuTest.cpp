@@ -120,7 +120,7 @@ TEST_F(NativeMenu, IsNotAskedForBesideTheNodes) {
 
 TEST_F(NativeMenu, IsNotAskedForInTheMiddleOfAChange) {
   const controls::TreeView::Update update(tree);
-  EXPECT_TRUE(user.TryRightClick(tree, adam));
+  EXPECT_TRUE(user.Try().RightClick(tree, adam));
   EXPECT_EQ(chosen, -1);
   EXPECT_EQ(tree.SelectedNode(), zoe);
 }

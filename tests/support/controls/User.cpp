@@ -56,24 +56,15 @@ void User::PutAnswers() {
 }
 
 void User::Click(controls::CommandButton& button, Where where) {
-  Require(TryClick(button), "Click", button.Id(), where);
-}
-bool User::TryClick(controls::CommandButton& button) {
-  return hands_->Click(button);
+  Require(hands_->Click(button), "Click", button.Id(), where);
 }
 
 void User::Focus(controls::Control& control, Where where) {
-  Require(TryFocus(control), "Focus", control.Id(), where);
-}
-bool User::TryFocus(controls::Control& control) {
-  return hands_->Focus(control);
+  Require(hands_->Focus(control), "Focus", control.Id(), where);
 }
 
 void User::Type(controls::TextBox& box, const std::wstring& text, Where where) {
-  Require(TryType(box, text), "Type", box.Id(), where);
-}
-bool User::TryType(controls::TextBox& box, const std::wstring& text) {
-  return hands_->Type(box, text);
+  Require(hands_->Type(box, text), "Type", box.Id(), where);
 }
 
 void User::Type(controls::ListBox& list, const std::wstring& text, Where where) {
@@ -81,73 +72,43 @@ void User::Type(controls::ListBox& list, const std::wstring& text, Where where) 
 }
 
 void User::Paste(controls::TextBox& box, const std::wstring& text, Where where) {
-  Require(TryPaste(box, text), "Paste", box.Id(), where);
-}
-bool User::TryPaste(controls::TextBox& box, const std::wstring& text) {
-  return hands_->Paste(box, text);
+  Require(hands_->Paste(box, text), "Paste", box.Id(), where);
 }
 
 void User::Choose(controls::ListBox& list, int item, Where where) {
-  Require(TryChoose(list, item), "Choose", list.Id(), where);
-}
-bool User::TryChoose(controls::ListBox& list, int item) {
-  return hands_->Choose(list, item);
+  Require(hands_->Choose(list, item), "Choose", list.Id(), where);
 }
 
 void User::Toggle(controls::ListBox& list, int item, Where where) {
-  Require(TryToggle(list, item), "Toggle", list.Id(), where);
-}
-bool User::TryToggle(controls::ListBox& list, int item) {
-  return hands_->Toggle(list, item);
+  Require(hands_->Toggle(list, item), "Toggle", list.Id(), where);
 }
 
 void User::DoubleClick(controls::ListBox& list, int item, Where where) {
-  Require(TryDoubleClick(list, item), "DoubleClick", list.Id(), where);
-}
-bool User::TryDoubleClick(controls::ListBox& list, int item) {
-  return hands_->DoubleClick(list, item);
+  Require(hands_->DoubleClick(list, item), "DoubleClick", list.Id(), where);
 }
 
 void User::ChooseTab(controls::TabStrip& tabs, int tab, Where where) {
-  Require(TryChooseTab(tabs, tab), "ChooseTab", tabs.Id(), where);
-}
-bool User::TryChooseTab(controls::TabStrip& tabs, int tab) {
-  return hands_->ChooseTab(tabs, tab);
+  Require(hands_->ChooseTab(tabs, tab), "ChooseTab", tabs.Id(), where);
 }
 
 void User::Select(controls::TreeView& tree, int node, Where where) {
-  Require(TrySelect(tree, node), "Select", tree.Id(), where);
-}
-bool User::TrySelect(controls::TreeView& tree, int node) {
-  return hands_->Select(tree, node);
+  Require(hands_->Select(tree, node), "Select", tree.Id(), where);
 }
 
 void User::Expand(controls::TreeView& tree, int node, Where where) {
-  Require(TryExpand(tree, node), "Expand", tree.Id(), where);
-}
-bool User::TryExpand(controls::TreeView& tree, int node) {
-  return hands_->Expand(tree, node);
+  Require(hands_->Expand(tree, node), "Expand", tree.Id(), where);
 }
 
 void User::Collapse(controls::TreeView& tree, int node, Where where) {
-  Require(TryCollapse(tree, node), "Collapse", tree.Id(), where);
-}
-bool User::TryCollapse(controls::TreeView& tree, int node) {
-  return hands_->Collapse(tree, node);
+  Require(hands_->Collapse(tree, node), "Collapse", tree.Id(), where);
 }
 
 void User::RightClick(controls::TreeView& tree, int node, Where where) {
-  Require(TryRightClick(tree, node), "RightClick", tree.Id(), where);
-}
-bool User::TryRightClick(controls::TreeView& tree, int node) {
-  return hands_->RightClick(tree, node);
+  Require(hands_->RightClick(tree, node), "RightClick", tree.Id(), where);
 }
 
 void User::PressMenuKey(controls::TreeView& tree, Where where) {
-  Require(TryPressMenuKey(tree), "PressMenuKey", tree.Id(), where);
-}
-bool User::TryPressMenuKey(controls::TreeView& tree) {
-  return hands_->PressMenuKey(tree);
+  Require(hands_->PressMenuKey(tree), "PressMenuKey", tree.Id(), where);
 }
 
 void User::PressCtrl(controls::Form& form, int keyCode, Where where) {
@@ -155,10 +116,7 @@ void User::PressCtrl(controls::Form& form, int keyCode, Where where) {
 }
 
 void User::PressKey(controls::Form& form, int keyCode, Where where) {
-  Require(TryPressKey(form, keyCode), "PressKey", form.TemplateId(), where);
-}
-bool User::TryPressKey(controls::Form& form, int keyCode) {
-  return hands_->PressKey(form, keyCode, false);
+  Require(hands_->PressKey(form, keyCode), "PressKey", form.TemplateId(), where);
 }
 
 void User::PressShiftTab(controls::Form& form, Where where) {
@@ -166,17 +124,11 @@ void User::PressShiftTab(controls::Form& form, Where where) {
 }
 
 void User::Mnemonic(controls::Form& form, wchar_t letter, Where where) {
-  Require(TryMnemonic(form, letter), "Mnemonic", form.TemplateId(), where);
-}
-bool User::TryMnemonic(controls::Form& form, wchar_t letter) {
-  return hands_->Mnemonic(form, letter);
+  Require(hands_->Mnemonic(form, letter), "Mnemonic", form.TemplateId(), where);
 }
 
 void User::Close(controls::Form& form, Where where) {
-  Require(TryClose(form), "Close", form.TemplateId(), where);
-}
-bool User::TryClose(controls::Form& form) {
-  return hands_->Close(form);
+  Require(hands_->Close(form), "Close", form.TemplateId(), where);
 }
 
 void User::ClickLater(controls::CommandButton& button) {

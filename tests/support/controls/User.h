@@ -52,64 +52,48 @@ class User {
   Hands& Try() { return *hands_; }
 
   void Click(controls::CommandButton& button, Where where = Where::current());
-  bool TryClick(controls::CommandButton& button);
   void Focus(controls::Control& control, Where where = Where::current());
-  bool TryFocus(controls::Control& control);
 
   // The characters pass KeyPress one by one and replace the selection: all of the text when the box
   // gets the focus by this. '\b' is the backspace key.
   void Type(controls::TextBox& box, const std::wstring& text, Where where = Where::current());
-  bool TryType(controls::TextBox& box, const std::wstring& text);
   // Letters typed in a list, quickly one after the other.
   void Type(controls::ListBox& list, const std::wstring& text, Where where = Where::current());
   // A text at once from the clipboard, past KeyPress.
   void Paste(controls::TextBox& box, const std::wstring& text, Where where = Where::current());
-  bool TryPaste(controls::TextBox& box, const std::wstring& text);
 
   // A click on an item's text: selects it alone in a plain or multi-select list, and moves the
   // list's focus there in a check list.
   void Choose(controls::ListBox& list, int item, Where where = Where::current());
-  bool TryChoose(controls::ListBox& list, int item);
   // Changes an item's check in a check list, its selection alone in a multi-select list.
   void Toggle(controls::ListBox& list, int item, Where where = Where::current());
-  bool TryToggle(controls::ListBox& list, int item);
   void DoubleClick(controls::ListBox& list, int item, Where where = Where::current());
-  bool TryDoubleClick(controls::ListBox& list, int item);
 
   void ChooseTab(controls::TabStrip& tabs, int tab, Where where = Where::current());
-  bool TryChooseTab(controls::TabStrip& tabs, int tab);
 
   // Opens the closed nodes above first, as a person has to, and clicks the node.
   void Select(controls::TreeView& tree, int node, Where where = Where::current());
-  bool TrySelect(controls::TreeView& tree, int node);
   // Opens the closed nodes above first; fails on a node that is open or has no children.
   void Expand(controls::TreeView& tree, int node, Where where = Where::current());
-  bool TryExpand(controls::TreeView& tree, int node);
   void Collapse(controls::TreeView& tree, int node, Where where = Where::current());
-  bool TryCollapse(controls::TreeView& tree, int node);
 
   // The right mouse button on the node's text, after the same.
   void RightClick(controls::TreeView& tree, int node, Where where = Where::current());
-  bool TryRightClick(controls::TreeView& tree, int node);
   // The keyboard's way to a menu, Shift+F10; the tree has the focus.
   void PressMenuKey(controls::TreeView& tree, Where where = Where::current());
-  bool TryPressMenuKey(controls::TreeView& tree);
 
   // Down and up again. Enter presses the focused button, else the default one; Escape the cancel
   // button; Tab moves the focus; Space toggles the item that has a check list's focus, presses the
   // focused button or types a blank. All reach the form's key procedures first.
   void PressKey(controls::Form& form, int keyCode, Where where = Where::current());
-  bool TryPressKey(controls::Form& form, int keyCode);
   void PressShiftTab(controls::Form& form, Where where = Where::current());
   // A key with the Control key held: kKeyC or kKeyInsert copies in a tree that has the focus.
   void PressCtrl(controls::Form& form, int keyCode, Where where = Where::current());
   // Alt and a letter: presses the button, or focuses the control behind the label or frame, that
   // has the letter as its mnemonic. Hidden and disabled ones do not answer.
   void Mnemonic(controls::Form& form, wchar_t letter, Where where = Where::current());
-  bool TryMnemonic(controls::Form& form, wchar_t letter);
   // The close box.
   void Close(controls::Form& form, Where where = Where::current());
-  bool TryClose(controls::Form& form);
 
   // Puts a click into the input queue, as an impatient user does while the program is busy: it
   // happens when the program next handles input, at the latest in Settle.

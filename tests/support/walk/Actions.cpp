@@ -63,7 +63,7 @@ void Actions::DoOne() {
 void Actions::ChooseTab() {
   const int tab = walk_.dice.Below(2);
   walk_.Note("tab " + std::to_string(tab));
-  walk_.user.TryChooseTab(walk_.window.TabStrip1, tab);
+  walk_.user.Try().ChooseTab(walk_.window.TabStrip1, tab);
   EXPECT_EQ(walk_.Tab(), tab);
   checks_.AfterStep();
 }
@@ -85,7 +85,7 @@ void Actions::SelectNode() {
   const controls::NodeId node = SomeNode();
   const int tab = walk_.Tab();
   walk_.Note("select " + data::ToUtf8(walk_.Nodes(tab).Key(node)));
-  EXPECT_TRUE(walk_.user.TrySelect(walk_.TreeOf(tab), node));
+  EXPECT_TRUE(walk_.user.Try().Select(walk_.TreeOf(tab), node));
   EXPECT_EQ(walk_.SelectedNode(tab), node);
   checks_.AfterStep();
 }
@@ -94,7 +94,7 @@ void Actions::OpenOrCloseNode() {
   const controls::NodeId node = SomeNode();
   controls::TreeView& tree = walk_.TreeOf(walk_.Tab());
   walk_.Note("open or close " + data::ToUtf8(tree.Nodes().Key(node)));
-  if (!walk_.user.TryExpand(tree, node)) walk_.user.TryCollapse(tree, node);
+  if (!walk_.user.Try().Expand(tree, node)) walk_.user.Try().Collapse(tree, node);
   checks_.AfterStep();
 }
 
@@ -105,7 +105,7 @@ void Actions::ClickButton() {
   run_.Begin();
   walk_.Note("click " + data::ToUtf8(button.Caption()) + " (" + std::to_string(place) + ") at " +
              data::ToUtf8(run_.At().key));
-  EXPECT_TRUE(walk_.user.TryClick(button));
+  EXPECT_TRUE(walk_.user.Try().Click(button));
   FinishCommand(kCommands[static_cast<std::size_t>(place)]);
 }
 
@@ -121,7 +121,7 @@ void Actions::PressKey() {
                            kKeyC};
   const int key = walk_.dice.Pick(kKeys);
   controls::TreeView& tree = walk_.TreeOf(walk_.Tab());
-  if (!walk_.dice.OneIn(6)) walk_.user.TryFocus(tree);
+  if (!walk_.dice.OneIn(6)) walk_.user.Try().Focus(tree);
   run_.Begin();
   walk_.Note("key " + std::to_string(key) + " at " + data::ToUtf8(run_.At().key));
   std::optional<Command> command;
@@ -131,7 +131,7 @@ void Actions::PressKey() {
   if (key == kKeyC) {
     walk_.user.PressCtrl(walk_.window, key);
   } else {
-    walk_.user.TryPressKey(walk_.window, key);
+    walk_.user.Try().PressKey(walk_.window, key);
   }
   if (command) return FinishCommand(*command);
   EXPECT_TRUE(run_.DidNothing());
@@ -161,7 +161,7 @@ void Actions::UseMenu() {
   };
   const controls::NodeId node = SomeNode();
   walk_.Note("menu of " + data::ToUtf8(tree.Nodes().Key(node)));
-  walk_.user.TryRightClick(tree, node);
+  walk_.user.Try().RightClick(tree, node);
   popupMenu = nullptr;
   EXPECT_TRUE(shown);
   if (command) return FinishCommand(*command);
@@ -170,13 +170,13 @@ void Actions::UseMenu() {
 
 void Actions::RefreshByButton() {
   walk_.Note("refresh");
-  walk_.user.TryClick(walk_.window.cmdBtn[kRefreshButton]);
+  walk_.user.Try().Click(walk_.window.cmdBtn[kRefreshButton]);
   FinishRefresh();
 }
 
 void Actions::RefreshByKey() {
   walk_.Note("F5");
-  walk_.user.TryPressKey(walk_.window, controls::kKeyF5);
+  walk_.user.Try().PressKey(walk_.window, controls::kKeyF5);
   FinishRefresh();
 }
 

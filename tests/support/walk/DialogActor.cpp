@@ -70,7 +70,7 @@ void DialogActor::Leave(controls::Form& form) {
   insists_ = true;
   for (int tries = 0; tries < 3 && form.IsLoaded(); ++tries) {
     note_("  leave");
-    if (tries == 1 || !user_.TryPressKey(form, kKeyEscape)) user_.TryClose(form);
+    if (tries == 1 || !user_.Try().PressKey(form, kKeyEscape)) user_.Try().Close(form);
   }
   insists_ = false;
 }
@@ -111,7 +111,7 @@ bool DialogActor::PressSomeKey(controls::Form& form) {
                            controls::kKeyF1, controls::kKeyF5, controls::kKeyDelete};
   const int key = dice_.Pick(kKeys);
   note_("  key " + std::to_string(key));
-  return user_.TryPressKey(form, key);
+  return user_.Try().PressKey(form, key);
 }
 
 void DialogActor::InUserDialog(dialogs::UserDialog& dialog) {
@@ -174,7 +174,7 @@ void DialogActor::InAddUsers(dialogs::frmAddUserInGroup& dialog) {
       return ToggleSome(list, "another user");
     case 3:
       note_("  double-click");
-      user_.TryDoubleClick(list, dice_.Below(list.ListCount()));
+      user_.Try().DoubleClick(list, dice_.Below(list.ListCount()));
       return;
     case 4:
     case 5:
@@ -222,30 +222,30 @@ void DialogActor::Enter(controls::TextBox& box, const char* which, const std::ws
   if (text.empty()) {
     // The whole text is selected when the box gets the focus. A single backspace at its end could
     // leave half a surrogate pair, which no database can store.
-    user_.TryPressKey(box.Owner(), kKeyTab);
-    user_.TryType(box, L"\b");
+    user_.Try().PressKey(box.Owner(), kKeyTab);
+    user_.Try().Type(box, L"\b");
   } else if (dice_.OneIn(2)) {
-    user_.TryPaste(box, text);
+    user_.Try().Paste(box, text);
   } else {
-    user_.TryType(box, text);
+    user_.Try().Type(box, text);
   }
 }
 
 void DialogActor::ToggleSome(controls::ListBox& list, const char* which) {
   const int item = dice_.Below(list.ListCount());
   note_(std::string("  toggle ") + which + " " + std::to_string(item));
-  user_.TryToggle(list, item);
+  user_.Try().Toggle(list, item);
 }
 
 void DialogActor::ChooseSome(controls::ListBox& list, const char* which) {
   const int item = dice_.Below(list.ListCount());
   note_(std::string("  choose ") + which + " " + std::to_string(item));
-  user_.TryChoose(list, item);
+  user_.Try().Choose(list, item);
 }
 
 void DialogActor::ClickSome(controls::CommandButton& button, const char* which) {
   note_(std::string("  click ") + which + " " + std::to_string(button.Id()));
-  user_.TryClick(button);
+  user_.Try().Click(button);
 }
 
 }  // namespace test_support
