@@ -21,6 +21,9 @@ void RaiseUnlessShown(const mGlobal& global, controls::HelpOutcome outcome) {
     case HelpOutcome::kFileMissing:
       throw data::RunTimeError(data::kFileNotFound,
                                FillIn(global.LoadResString(kHelpFileMissing), {global.helpFile}));
+    case HelpOutcome::kFileRefused:
+      throw data::RunTimeError(data::kPathFileAccess,
+                               FillIn(global.LoadResString(kHelpFileRefused), {global.helpFile}));
     case HelpOutcome::kTopicMissing:
       throw data::RunTimeError(data::kInvalidProcedureCall,
                                global.LoadResString(kHelpTopicMissing));

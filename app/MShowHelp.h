@@ -25,7 +25,7 @@ std::wstring HelpFile(const mGlobal& global);
 
 // Opens the program's help file at a topic, for a window's help button and its F1 key. When it
 // cannot be shown, the standard error report says whether the help library (error 53), its function
-// (453), the help file (53) or the topic (5) is missing.
+// (453), the help file (53) or the topic (5) is missing, or the viewer refuses the file (75).
 void MShowHelp(const mGlobal& global, const controls::Form& form, int topic);
 
 }  // namespace app

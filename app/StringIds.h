@@ -63,6 +63,7 @@ enum StringId : int {
   kHelpFunctionMissing = 412,
   kHelpFileMissing = 413,
   kHelpTopicMissing = 414,
+  kHelpFileRefused = 415,
   kServerNotRegistered = 421,
   kServerFileMissing = 422,
   kServerWrongBitness = 423,

@@ -12,7 +12,14 @@ class Form;
 class TreeView;
 
 // How a call of the help library ended.
-enum class HelpOutcome { kShown, kLibraryMissing, kFunctionMissing, kFileMissing, kTopicMissing };
+enum class HelpOutcome {
+  kShown,
+  kLibraryMissing,
+  kFunctionMissing,
+  kFileMissing,
+  kFileRefused,  // downloaded or on another machine, and no copy could be made
+  kTopicMissing
+};
 
 // What the controls need of the operating system beyond their own windows. The program has one over
 // the system itself (win32/NativeSystem), the tests one that a script answers for. It outlives the

@@ -14,6 +14,7 @@ enum StandardError : long {
   kSubscriptOutOfRange = 9,
   kTypeMismatch = 13,
   kFileNotFound = 53,
+  kPathFileAccess = 75,
   kObjectNotSet = 91,
   kObjectRequired = 424,
   kCannotCreateObject = 429,

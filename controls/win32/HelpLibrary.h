@@ -8,7 +8,7 @@
 namespace controls {
 
 // The product's help library kvh_util, loaded when help is first asked for: the one that lies in
-// the program's folder, else one that the system finds.
+// the program's folder, else the one in the system's. It is looked for nowhere else.
 class HelpLibrary {
  public:
   HelpOutcome Show(HWND window, const std::wstring& programFolder, const std::wstring& file,

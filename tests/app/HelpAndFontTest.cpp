@@ -5,6 +5,7 @@
 #include "app/StringIds.h"
 #include "controls/Desktop.h"
 #include "controls/Form.h"
+#include "data/Text.h"
 #include "resources/ResourceIds.h"
 #include "tests/support/controls/User.h"
 
@@ -45,7 +46,7 @@ TEST_F(Help, ATopicIsOpenedByItsNumberInTheProgramsFile) {
   EXPECT_EQ(user.HelpCalls()[0].file, L"C:\\Outils\\ORMEX.chm");
 }
 
-TEST_F(Help, TheReportSaysWhetherLibraryFunctionFileOrTopicIsMissing) {
+TEST_F(Help, TheReportSaysWhatKeepsTheHelpFromBeingShown) {
   const std::wstring start = L"MShowHelp Error [";
   EXPECT_EQ(ReportOf(HelpOutcome::kLibraryMissing),
             start + L"53]\r\n" + desktop.LoadResString(app::kHelpLibraryMissing));
@@ -53,6 +54,9 @@ TEST_F(Help, TheReportSaysWhetherLibraryFunctionFileOrTopicIsMissing) {
             start + L"453]\r\n" + desktop.LoadResString(app::kHelpFunctionMissing));
   EXPECT_EQ(ReportOf(HelpOutcome::kFileMissing),
             start + L"53]\r\nLe fichier d'aide C:\\Outils\\ORMEX.chm est introuvable.");
+  const std::wstring refused = ReportOf(HelpOutcome::kFileRefused);
+  EXPECT_TRUE(refused.starts_with(start + L"75]\r\n")) << data::ToUtf8(refused);
+  EXPECT_NE(refused.find(L"C:\\Outils\\ORMEX.chm"), std::wstring::npos) << data::ToUtf8(refused);
   EXPECT_EQ(ReportOf(HelpOutcome::kTopicMissing),
             start + L"5]\r\n" + desktop.LoadResString(app::kHelpTopicMissing));
 }

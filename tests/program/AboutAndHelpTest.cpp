@@ -1,5 +1,7 @@
 // The about box and the help.
 
+#include <fstream>
+
 #include "app/StringIds.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
@@ -83,6 +85,25 @@ TEST_F(Help, WithoutTheHelpLibraryTheReportSaysSo) {
   window.Press(IDC_HELP_BUTTON);
   ExpectReport(Report(L"MShowHelp", 53, String(app::kHelpLibraryMissing)));
   ExpectGoesOn(window);
+}
+
+TEST_F(Help, ALibraryOfTheCurrentFolderIsNotLoaded) {
+  std::filesystem::copy_file(BinFolder() / L"kvh_util.dll", Box().Folder() / L"kvh_util.dll");
+  const MainWindow window = OpenFrom(FolderWith({L"uadmin.exe", L"ORMEX.chm"}));
+  window.Press(IDC_HELP_BUTTON);
+  ExpectReport(Report(L"MShowHelp", 53, String(app::kHelpLibraryMissing)));
+}
+
+TEST_F(Help, ADownloadedHelpFileIsShownAsACopyWithoutTheMark) {
+  const std::filesystem::path folder = FolderWith({L"uadmin.exe", L"kvh_util.dll", L"ORMEX.chm"});
+  const std::filesystem::path copy =
+      std::filesystem::path(_wgetenv(L"LOCALAPPDATA")) / L"User Administration\\Help\\ORMEX.chm";
+  std::filesystem::remove(copy);
+  std::ofstream(folder / L"ORMEX.chm:Zone.Identifier") << "[ZoneTransfer]\r\nZoneId=3\r\n";
+  const MainWindow window = OpenFrom(folder);
+  window.Key(VK_F1);
+  AwaitViewer();
+  EXPECT_EQ(FileBytes(folder / L"ORMEX.chm"), FileBytes(copy));
 }
 
 TEST_F(Help, WithoutTheHelpFileTheReportNamesIt) {

@@ -94,7 +94,7 @@ int Placeholders(const std::string& text) {
 
 TEST(StringTable, EachTextHasThePlaceholdersThatTheProgramFills) {
   const std::map<int, int> filled = {{402, 2}, {403, 2}, {404, 3}, {406, 2}, {407, 2}, {413, 1},
-                                     {425, 1}, {502, 1}, {503, 1}, {504, 1}, {505, 1}};
+                                     {415, 1}, {425, 1}, {502, 1}, {503, 1}, {504, 1}, {505, 1}};
   for (const TableEntry& entry : WrittenTable()) {
     const auto expected = filled.find(entry.id);
     EXPECT_EQ(Placeholders(entry.text), expected == filled.end() ? 0 : expected->second)
