@@ -13,10 +13,23 @@ constexpr WORD kOwnMachine = IMAGE_FILE_MACHINE_AMD64;
 constexpr WORD kOwnMachine = IMAGE_FILE_MACHINE_I386;
 #endif
 
+// Where this process looks for a library that is registered without its folder.
+std::wstring SearchedFolders() {
+  wchar_t program[MAX_PATH] = {};
+  wchar_t system[MAX_PATH] = {};
+  GetModuleFileNameW(nullptr, program, MAX_PATH - 1);
+  GetSystemDirectoryW(system, MAX_PATH);
+  const std::wstring file(program);
+  return file.substr(0, file.find_last_of(L'\\')) + L";" + system;
+}
+
+// The file meant; for a name without a folder one that the system would find, else none.
 std::wstring Located(const std::wstring& path) {
+  if (path.find_first_of(L"\\/:") != std::wstring::npos) return path;
   wchar_t found[MAX_PATH] = {};
-  const DWORD length = SearchPathW(nullptr, path.c_str(), L".dll", MAX_PATH, found, nullptr);
-  return length == 0 || length >= MAX_PATH ? path : std::wstring(found, length);
+  const DWORD length =
+      SearchPathW(SearchedFolders().c_str(), path.c_str(), L".dll", MAX_PATH, found, nullptr);
+  return std::wstring(found, length < MAX_PATH ? length : 0);
 }
 
 automation::Handle Open(const std::wstring& path) {

@@ -59,11 +59,18 @@ int Run(controls::Desktop& desktop) {
   return global.startUpFailed ? kFailedStart : 0;
 }
 
+// Whatever this process loads, a server's libraries included, comes from the folder of what needs
+// it, the program's or the system's, and never from the folder that it happens to be started in.
+void LoadFromKnownFoldersOnly() {
+  SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
+}
+
 }  // namespace
 
 // What fails out here, before there is a window, is the apartment: without it nothing can be
 // called.
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
+  LoadFromKnownFoldersOnly();
   controls::NativeSystem system;
   controls::Desktop desktop(system);
   try {

@@ -116,6 +116,29 @@ TEST(Creation, WithoutTheRegisteredFileSaysSo) {
   ExpectFault(L"file missing", entry.ProgId());
 }
 
+// A folder to stand in, left again at the end.
+class CurrentFolder {
+ public:
+  explicit CurrentFolder(const std::filesystem::path& folder) {
+    std::filesystem::current_path(folder);
+  }
+  ~CurrentFolder() { std::filesystem::current_path(before_); }
+  CurrentFolder(const CurrentFolder&) = delete;
+  CurrentFolder& operator=(const CurrentFolder&) = delete;
+
+ private:
+  const std::filesystem::path before_ = std::filesystem::current_path();
+};
+
+TEST(Creation, OfALibraryThatLiesInTheCurrentFolderAloneSaysThatItIsMissing) {
+  const ImageStub stub(kOtherMachine);
+  const std::filesystem::path file = stub.Path();
+  const CurrentFolder folder(file.parent_path());
+  ClassEntry entry;
+  entry.SetLibrary(file.filename().wstring());
+  ExpectFault(L"file missing", entry.ProgId());
+}
+
 TEST(Creation, OfALibraryForTheOtherMachineSaysSo) {
   const ImageStub stub(kOtherMachine);
   ClassEntry entry;

@@ -37,6 +37,12 @@ TEST_F(SessionServer, OneWhoseFileIsMissingIsReported) {
   ExpectStartToFail(kCannotCreateObject, String(app::kServerFileMissing));
 }
 
+TEST_F(SessionServer, OneThatLiesInTheCurrentFolderAloneIsNotLoaded) {
+  std::filesystem::copy_file(BinFolder() / L"vardex.dll", Box().Folder() / L"planted.dll");
+  registration_.PointTo(L"planted.dll");
+  ExpectStartToFail(kCannotCreateObject, String(app::kServerFileMissing));
+}
+
 TEST_F(SessionServer, OneForTheOtherWordSizeIsReported) {
   const std::filesystem::path file = Box().Folder() / L"other.dll";
   std::string image = FileBytes(BinFolder() / L"vardex.dll");

@@ -24,6 +24,8 @@ int Run(const std::vector<std::string>& words) {
 
 #ifdef _WIN32
 int wmain(int argc, wchar_t** argv) {
+  // Nothing is loaded from the folder that the tool happens to be started in.
+  SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
   // What is printed is UTF-8, and a line that a script takes over must not end in a carriage
   // return.
   SetConsoleOutputCP(CP_UTF8);
