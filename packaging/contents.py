@@ -29,10 +29,6 @@ PARTS = [
      r"lib(gcc|gcc_eh|stdc\+\+|ssp|ssp_nonshared)\.a|crt(begin|end)\.o", ["GPL-3"]),
     ("winpthreads", "MIT AND BSD-3-Clause", "the mingw-w64 project", r"lib(win)?pthread\.a", []),
     ("SQLite", "blessing", "NONE", r"libsqlite3\.a", []),
-    ("libgcrypt", "LGPL-2.1-or-later", "Free Software Foundation, Inc. and others", r"libgcrypt\.a",
-     ["LGPL-2.1"]),
-    ("libgpg-error", "LGPL-2.1-or-later", "Free Software Foundation, Inc. and g10 Code GmbH",
-     r"libgpg-error\.a", ["LGPL-2.1"]),
     # Last, as it takes what else lies in the compiler's folders.
     ("mingw-w64 runtime", "ZPL-2.1", "the mingw-w64 project", r"lib\w+\.a|(dll)?crt2(u)?\.o", []),
 ]
