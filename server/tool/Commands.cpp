@@ -12,8 +12,9 @@ constexpr Option kUser{"--user", false, true};
 constexpr Option kPassword{"--password"};
 constexpr Option kPasswordInput{"--password-stdin", true};
 
-constexpr Option kCreateOptions[] = {kSource,    {"--file"},     {"--odbc"},
-                                     {"--user"}, kPasswordInput, {"--force", true}};
+constexpr Option kCreateOptions[] = {
+    kSource,        {"--file"},        {"--odbc"},          {"--user"},
+    kPasswordInput, {"--force", true}, {"--administrators"}};
 constexpr Option kSourceOnly[] = {kSource};
 constexpr Option kGeneratedOptions[] = {
     kSource, {"--users", false, true}, {"--groups"}, {"--permissions"}};

@@ -10,6 +10,7 @@
 #include "server/core/samples/Filling.h"
 #include "server/core/sessions/CommandLine.h"
 #include "server/core/sessions/DataSource.h"
+#include "server/core/sessions/PrivateFile.h"
 #include "server/core/sessions/Sessions.h"
 #include "server/engines/Engines.h"
 #include "server/tool/Commands.h"
@@ -55,6 +56,14 @@ void MakeRoom(const server::DataSources& sources, const std::string& name,
   std::filesystem::remove(journal);
 }
 
+// The folder of data sources, with the group that the sources made now are for.
+server::DataSources Sources(const Arguments& arguments, const Surroundings& surroundings) {
+  if (!arguments.Has("--administrators")) return server::DataSources(surroundings.home);
+  const std::string& group = arguments.Value("--administrators");
+  if (!server::IsGroup(group)) throw CommandError("nobody knows a group " + group);
+  return server::DataSources(surroundings.home, group);
+}
+
 void CreateFileDatabase(const Arguments& arguments, const Surroundings& surroundings,
                         const std::string& name) {
   if (arguments.Has("--user") || arguments.Has("--password-stdin")) {
@@ -62,7 +71,7 @@ void CreateFileDatabase(const Arguments& arguments, const Surroundings& surround
   }
   const std::filesystem::path file = server::PathFromUtf8(arguments.Value("--file"));
   if (file.empty()) throw UsageError("--file is empty");
-  const server::DataSources sources(surroundings.home);
+  const server::DataSources sources = Sources(arguments, surroundings);
   MakeRoom(sources, name, file, arguments.Has("--force"));
   server::CreateDatabase(sources, name, file);
 }
@@ -82,7 +91,7 @@ void CreateOdbcDatabase(const Arguments& arguments, const Surroundings& surround
   if (arguments.Has("--user")) odbc.user = arguments.Value("--user");
   const std::string password =
       arguments.Has("--password-stdin") ? ReadLine(surroundings) : std::string();
-  const server::DataSources sources(surroundings.home);
+  const server::DataSources sources = Sources(arguments, surroundings);
   if (!arguments.Has("--force") && sources.Exists(name)) {
     throw CommandError("data source " + name + " exists already; --force replaces it");
   }

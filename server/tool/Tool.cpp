@@ -18,6 +18,8 @@ constexpr std::string_view kHelp =
   create-database --source NAME --odbc "CONNECTION STRING" [--user NAME] [--password-stdin] [--force]
       Create the schema in an empty database that an ODBC driver reaches, and the data source that
       names it, with the database's user and password. --force replaces the data source only.
+      Both take --administrators GROUP: its members may use the source too, besides who creates it
+      and (on Windows) the administrators of the machine.
   fill-sample --source NAME
       Fill an empty database with the sample company. Its password is Vardex-2026.
   fill-generated --source NAME --users N [--groups 200] [--permissions 200]

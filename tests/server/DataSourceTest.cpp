@@ -1,11 +1,17 @@
 #include "server/core/sessions/DataSource.h"
 
+#ifndef _WIN32
+#include <grp.h>
+#include <unistd.h>
+#endif
+
 #include <fstream>
 #include <iterator>
 
 #include "ServerTest.h"
 #include "data/Text.h"
 #include "server/core/sessions/PrivateFile.h"
+#include "server/core/sessions/PrivateFileAccess.h"
 
 namespace {
 
@@ -91,11 +97,44 @@ TEST_F(DataSource, APrivateFileIsNeverWrittenOver) {
   EXPECT_FALSE(server::WritePrivateFile(home_ / "nulle part" / "secret", "x"));
 }
 
-#ifndef _WIN32
+TEST_F(DataSource, WithoutItsGroupASecretIsNotWritten) {
+  const std::string nobody = "no such group, I hope";
+  EXPECT_FALSE(server::IsGroup(nobody));
+  EXPECT_FALSE(server::IsGroup(""));
+  EXPECT_FALSE(server::WritePrivateFile(home_ / "key", "k", nobody));
+  EXPECT_FALSE(server::WriteSecret(home_ / "password", "p", nobody));
+  EXPECT_FALSE(std::filesystem::exists(home_ / "key"));
+}
+
+#ifdef _WIN32
+TEST_F(DataSource, TheKeyIsForItsCreatorTheSystemAndAdministrators) {
+  EXPECT_EQ(server::PrivateFileAccess(L"S-1-5-21-1", L""),
+            L"D:P(A;;FA;;;S-1-5-21-1)(A;;FA;;;SY)(A;;FA;;;BA)");
+}
+
+TEST_F(DataSource, TheMembersOfItsGroupMayReadTheKey) {
+  EXPECT_EQ(server::PrivateFileAccess(L"S-1-5-21-1", L"S-1-5-21-2"),
+            L"D:P(A;;FA;;;S-1-5-21-1)(A;;FA;;;SY)(A;;FA;;;BA)(A;;FR;;;S-1-5-21-2)");
+  const DataSources shared(home_, "Users");
+  EXPECT_EQ(server::ReadKey(shared.Create("demo", home_ / "a.db")).size(), 32U);
+}
+#else
+std::filesystem::perms RightsOf(const std::filesystem::path& file) {
+  return std::filesystem::status(file).permissions();
+}
+
 TEST_F(DataSource, TheKeyIsForItsOwnerAlone) {
+  using std::filesystem::perms;
   const server::DataSource source = sources_.Create("demo", home_ / "a.db");
-  const auto rights = std::filesystem::status(source.keyFile).permissions();
-  EXPECT_EQ(rights, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+  EXPECT_EQ(RightsOf(source.keyFile), perms::owner_read | perms::owner_write);
+}
+
+TEST_F(DataSource, TheMembersOfItsGroupMayReadTheKey) {
+  using std::filesystem::perms;
+  const DataSources shared(home_, getgrgid(getegid())->gr_name);
+  const server::DataSource source = shared.Create("demo", home_ / "a.db");
+  EXPECT_EQ(RightsOf(source.keyFile), perms::owner_read | perms::owner_write | perms::group_read);
+  EXPECT_EQ(server::ReadKey(source).size(), 32U);
 }
 #endif
 

@@ -53,6 +53,15 @@ TEST_F(Tool, OpensASessionThatTheServerTakes) {
   EXPECT_EQ(server.GetRights(), 7);
 }
 
+TEST_F(Tool, CreatesNothingForAGroupThatNobodyKnows) {
+  EXPECT_EQ(Run({"create-database", "--source", "demo", "--file", File(), "--administrators",
+                 "no such group, I hope"}),
+            1);
+  EXPECT_EQ(errors_, "vardexctl: nobody knows a group no such group, I hope\n");
+  EXPECT_FALSE(std::filesystem::exists(File()));
+  EXPECT_FALSE(std::filesystem::exists(home_ / "keys"));
+}
+
 TEST_F(Tool, ReadsThePasswordFromItsInput) {
   MakeSample();
   const std::vector<std::string> words{"open-session", "--source", "demo",

@@ -136,7 +136,7 @@ void DataSources::Describe(const DataSource& source) const {
   std::filesystem::create_directories(source.keyFile.parent_path(), ignored);
   std::filesystem::create_directories(Description(source.name).parent_path(), ignored);
   std::filesystem::remove(source.keyFile, ignored);
-  if (!WritePrivateFile(source.keyFile, RandomBytes(kKeySize))) {
+  if (!WritePrivateFile(source.keyFile, RandomBytes(kKeySize), administrators_)) {
     Fail(kKeyFileUnreadable, data::FromUtf8(PathToUtf8(source.keyFile)));
   }
   std::ofstream file(Description(source.name), std::ios::binary);
@@ -164,7 +164,7 @@ DataSource DataSources::Create(std::string_view name, OdbcDescription odbc,
   std::filesystem::create_directories(passwordFile.parent_path(), ignored);
   std::filesystem::remove(passwordFile, ignored);
   if (!password.empty()) {
-    if (!WriteSecret(passwordFile, password)) {
+    if (!WriteSecret(passwordFile, password, administrators_)) {
       Fail(kDatabasePasswordUnreadable, data::FromUtf8(PathToUtf8(passwordFile)));
     }
     odbc.passwordFile = passwordFile;

@@ -30,11 +30,15 @@ struct DataSource {
 // in UTF-8, "key = PATH" and either "database = PATH" or "odbc = CONNECTION STRING", the latter
 // with "user = NAME", "password = PATH", "connect-time = SECONDS" and "statement-time = SECONDS"
 // where they are wanted. keys/NAME.key is the key itself and keys/NAME.password the database's
-// password, which their owner alone may read. A name has up to 64 ASCII letters, digits, '-' and
+// password, which are for those alone who administer the source (PrivateFile.h). A name has up to
+// 64 ASCII letters, digits, '-' and
 // '_'.
 class DataSources {
  public:
-  explicit DataSources(std::filesystem::path home) : home_(std::move(home)) {}
+  // administrators is the group whose members may use the keys of the sources that are created,
+  // besides who creates them; it may be empty.
+  explicit DataSources(std::filesystem::path home, std::string administrators = {})
+      : home_(std::move(home)), administrators_(std::move(administrators)) {}
 
   // The folder named by VARDEX_HOME; without that, Vardex in the folder for all users' program data
   // on Windows and .vardex in the user's home elsewhere.
@@ -57,6 +61,7 @@ class DataSources {
   void Describe(const DataSource& source) const;
 
   std::filesystem::path home_;
+  std::string administrators_;
 };
 
 // The key of a data source. Raises kKeyFileUnreadable.

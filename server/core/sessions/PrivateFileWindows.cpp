@@ -12,7 +12,9 @@
 #include <string>
 #include <vector>
 
+#include "data/Text.h"
 #include "server/core/sessions/PrivateFile.h"
+#include "server/core/sessions/PrivateFileAccess.h"
 
 namespace server {
 namespace {
@@ -29,7 +31,32 @@ struct LocalCloser {
 template <class T>
 using Local = std::unique_ptr<T, LocalCloser>;
 
-// The user of this process, in the letters of a security descriptor; empty when that is not known.
+// An account as a security descriptor has it.
+std::wstring Letters(PSID account) {
+  wchar_t* letters = nullptr;
+  if (ConvertSidToStringSidW(account, &letters) == 0) return {};
+  const Local<wchar_t> released(letters);
+  return letters;
+}
+
+// The same of a group, empty when nobody knows it. A user's name is none.
+std::wstring GroupLetters(std::string_view name) {
+  const std::wstring wide = data::FromUtf8(name);
+  DWORD size = 0;
+  DWORD domainSize = 0;
+  SID_NAME_USE kind = SidTypeUnknown;
+  LookupAccountNameW(nullptr, wide.c_str(), nullptr, &size, nullptr, &domainSize, &kind);
+  std::vector<std::max_align_t> buffer(size / sizeof(std::max_align_t) + 1);
+  std::wstring domain(domainSize + 1, L'\0');
+  if (name.empty() || LookupAccountNameW(nullptr, wide.c_str(), buffer.data(), &size, domain.data(),
+                                         &domainSize, &kind) == 0) {
+    return {};
+  }
+  const bool group = kind == SidTypeGroup || kind == SidTypeAlias || kind == SidTypeWellKnownGroup;
+  return group ? Letters(buffer.data()) : std::wstring();
+}
+
+// The user of this process; empty when that is not known.
 std::wstring CurrentUser() {
   HANDLE token = nullptr;
   if (OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token) == 0) return {};
@@ -38,20 +65,27 @@ std::wstring CurrentUser() {
   GetTokenInformation(token, TokenUser, nullptr, 0, &size);
   std::vector<std::max_align_t> buffer(size / sizeof(std::max_align_t) + 1);
   if (GetTokenInformation(token, TokenUser, buffer.data(), size, &size) == 0) return {};
-  wchar_t* letters = nullptr;
-  const auto* user = reinterpret_cast<const TOKEN_USER*>(buffer.data());
-  if (ConvertSidToStringSidW(user->User.Sid, &letters) == 0) return {};
-  const Local<wchar_t> released(letters);
-  return letters;
+  return Letters(reinterpret_cast<const TOKEN_USER*>(buffer.data())->User.Sid);
 }
 
 }  // namespace
 
-bool WritePrivateFile(const std::filesystem::path& file, std::string_view bytes) {
+// P: nothing is inherited from the folder. SY is the system, BA the group of administrators.
+std::wstring PrivateFileAccess(const std::wstring& user, const std::wstring& group) {
+  const std::wstring access = L"D:P(A;;FA;;;" + user + L")(A;;FA;;;SY)(A;;FA;;;BA)";
+  return group.empty() ? access : access + L"(A;;FR;;;" + group + L")";
+}
+
+bool IsGroup(std::string_view name) {
+  return !GroupLetters(name).empty();
+}
+
+bool WritePrivateFile(const std::filesystem::path& file, std::string_view bytes,
+                      std::string_view group) {
   const std::wstring user = CurrentUser();
-  if (user.empty()) return false;
-  // Nothing inherited from the folder, all rights to the one user, none to anybody else.
-  const std::wstring descriptor = L"D:P(A;;FA;;;" + user + L")";
+  const std::wstring members = GroupLetters(group);
+  if (user.empty() || (members.empty() && !group.empty())) return false;
+  const std::wstring descriptor = PrivateFileAccess(user, members);
   PSECURITY_DESCRIPTOR security = nullptr;
   if (ConvertStringSecurityDescriptorToSecurityDescriptorW(descriptor.c_str(), SDDL_REVISION_1,
                                                            &security, nullptr) == 0) {
@@ -81,14 +115,15 @@ std::string TakeBlob(const DATA_BLOB& blob) {
 
 }  // namespace
 
-bool WriteSecret(const std::filesystem::path& file, std::string_view text) {
+// Encrypted for the user it could be read by nobody else whom the file names.
+bool WriteSecret(const std::filesystem::path& file, std::string_view text, std::string_view group) {
   std::string plain(text);
   DATA_BLOB in = BlobOf(plain);
   DATA_BLOB out{};
-  const BOOL done =
-      CryptProtectData(&in, nullptr, nullptr, nullptr, nullptr, CRYPTPROTECT_UI_FORBIDDEN, &out);
+  const BOOL done = CryptProtectData(&in, nullptr, nullptr, nullptr, nullptr,
+                                     CRYPTPROTECT_UI_FORBIDDEN | CRYPTPROTECT_LOCAL_MACHINE, &out);
   SecureZeroMemory(plain.data(), plain.size());
-  return done != 0 && WritePrivateFile(file, TakeBlob(out));
+  return done != 0 && WritePrivateFile(file, TakeBlob(out), group);
 }
 
 std::optional<std::string> ReadSecret(const std::filesystem::path& file) {
