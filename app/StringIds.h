@@ -23,6 +23,10 @@ enum StringId : int {
   kNoGroup = 122,
   kAssign = 131,
   kRemove = 133,
+  kGoToAccount = 141,
+  kGoBack = 142,
+  kEnterKey = 161,
+  kBackspaceKey = 162,
   kAddUsersTitle = 201,  // followed by the group's name
   kNewGroupTitle = 202,
   kEditGroupTitle = 203,

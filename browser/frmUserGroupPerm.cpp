@@ -43,6 +43,7 @@ frmUserGroupPerm::frmUserGroupPerm(app::mGlobal& global)
 
 void frmUserGroupPerm::Form_Load() {
   isStarted = false;
+  history_.Clear();
   const app::Outcome outcome = app::Reported(global_, L"Form Load", [this] { return Start(); });
   if (outcome == app::Outcome::kFailed) {
     global_.startUpFailed = true;
@@ -174,6 +175,33 @@ void frmUserGroupPerm::BringOthersInStep(const AccountPage& page, Change change)
     StartProgress(other->UpdatingText());
     other->BringInStep(change);
   }
+}
+
+bool frmUserGroupPerm::Has(const Account& account) const {
+  return Page(account.tab).NodeOf(account.id) != controls::kNoNode;
+}
+
+void frmUserGroupPerm::GoTo(const Account& account) {
+  const controls::NodeId node = Page(account.tab).NodeOf(account.id);
+  if (node == controls::kNoNode) return;
+  history_.Push({TabStrip1.SelectedTab(), Shown().SelectedKey()});
+  ShowNode(account.tab, node);
+}
+
+// What has been removed meanwhile is passed over.
+bool frmUserGroupPerm::GoBack() {
+  while (const std::optional<Place> place = history_.Pop()) {
+    const controls::NodeId node = Page(place->tab).TreeView1.Nodes().Find(place->key);
+    if (node == controls::kNoNode) continue;
+    ShowNode(place->tab, node);
+    return true;
+  }
+  return false;
+}
+
+void frmUserGroupPerm::ShowNode(int tab, controls::NodeId node) {
+  TabStrip1.SetSelectedTab(tab);
+  Page(tab).ShowNode(node);
 }
 
 void frmUserGroupPerm::TellMissing(Missing what) {

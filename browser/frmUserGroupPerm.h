@@ -8,6 +8,7 @@
 #include "app/Reported.h"
 #include "app/mGlobal.h"
 #include "browser/pages/GroupsPage.h"
+#include "browser/pages/NavigationHistory.h"
 #include "browser/pages/PageHost.h"
 #include "browser/pages/UsersPage.h"
 #include "browser/rules/ProtectedAccounts.h"
@@ -68,6 +69,10 @@ class frmUserGroupPerm : public controls::Form, private PageHost {
   void BringOthersInStep(const AccountPage& page, Change change) override;
   void ShowStatus() override;
   void TellMissing(Missing what) override;
+  bool Has(const Account& account) const override;
+  void GoTo(const Account& account) override;
+  bool GoBack() override;
+  bool CanGoBack() const override { return !history_.IsEmpty(); }
   bool AllAccountsKnown() const override { return !accountsMissing_; }
 
   app::Outcome Start();
@@ -78,6 +83,7 @@ class frmUserGroupPerm : public controls::Form, private PageHost {
   void ShowPage();
   app::Outcome FillPages(app::KeptError& error);
   void RefreshSelections();
+  void ShowNode(int tab, controls::NodeId node);
   void Refresh();
   void GetCountPerm();
   void StartProgress(int text);
@@ -91,6 +97,7 @@ class frmUserGroupPerm : public controls::Form, private PageHost {
 
   // In the order of the tabs.
   const std::array<AccountPage*, 2> pages_{&Users, &Groups};
+  NavigationHistory history_;
   bool leavesMissing_ = false;
   bool accountsMissing_ = false;
   int progressText_ = 0;

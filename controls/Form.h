@@ -11,7 +11,17 @@ class CommandButton;
 class Desktop;
 
 // Virtual key codes that forms handle; the values are those of Windows.
-enum KeyCode : int { kKeyDelete = 46, kKeyF1 = 112, kKeyF2 = 113, kKeyF5 = 116 };
+enum KeyCode : int {
+  kKeyBack = 8,
+  kKeyReturn = 13,
+  kKeyDelete = 46,
+  kKeyF1 = 112,
+  kKeyF2 = 113,
+  kKeyF5 = 116,
+  // Added to the code of a key that goes down while the Control key is held, and Alt is not: the
+  // two of them type characters.
+  kKeyControl = 0x100,
+};
 
 // A window made from a dialog template. Life: constructed, public properties set by the caller,
 // loaded (the window exists, Form_Load has run), shown, unloaded (Form_Unload has run and not

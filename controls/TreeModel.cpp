@@ -88,6 +88,14 @@ void TreeModel::Select(NodeId node) {
   Show();
 }
 
+void TreeModel::EnsureVisible(NodeId node) {
+  if (!view_ || !nodes_.Exists(node)) return;
+  for (NodeId above = nodes_.Parent(node); above != kNoNode; above = nodes_.Parent(above)) {
+    if (!nodes_.Expanded(above)) return;
+  }
+  view_->EnsureVisible(node);
+}
+
 void TreeModel::EndUpdate() {
   if (--updates_ > 0) return;
   Show();
@@ -110,6 +118,10 @@ void TreeModel::Choose(NodeId node) {
 
 void TreeModel::AskForMenu(NodeId node) {
   if (nodes_.Exists(node) && node == selected_) Raise(tree_->Owner(), tree_->ContextMenu, node);
+}
+
+void TreeModel::DoubleClick(NodeId node) {
+  if (nodes_.Exists(node) && node == selected_) Raise(tree_->Owner(), tree_->DblClick, node);
 }
 
 void TreeModel::AskForCopy() {

@@ -29,6 +29,8 @@ class TreeModel {
     virtual void Reordered(const std::vector<NodeId>& parents) = 0;
     // Shows all of that, and the selection; reveal brings the selected node into view.
     virtual void Show(NodeId selected, bool reveal) = 0;
+    // Scrolls to a node that stands in open ones.
+    virtual void EnsureVisible(NodeId node) = 0;
 
    protected:
     View() = default;
@@ -65,6 +67,7 @@ class TreeModel {
   // Does nothing where the node is so already.
   void SetExpanded(NodeId node, bool expanded);
   void Select(NodeId node);
+  void EnsureVisible(NodeId node);
   void BeginUpdate() { ++updates_; }
   // The last one sweeps the texts that no node shows.
   void EndUpdate();
@@ -77,6 +80,8 @@ class TreeModel {
   void Choose(NodeId node);
   // Wants the menu of a node, if it is there and selected.
   void AskForMenu(NodeId node);
+  // Double-clicks a node, if it is there and selected.
+  void DoubleClick(NodeId node);
   // Wants the selected node copied, if there is one.
   void AskForCopy();
   // Passes a selection below a node that is about to be closed on to the node, without an event.

@@ -71,4 +71,8 @@ void TreeView::SetSelectedNode(NodeId node) {
   ModelOf(*this).Select(node);
 }
 
+void TreeView::EnsureVisible(NodeId node) {
+  ModelOf(*this).EnsureVisible(node);
+}
+
 }  // namespace controls

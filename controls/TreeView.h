@@ -62,6 +62,8 @@ class TreeView : public Control {
   // Opens the way to the node and brings it into view. Does not raise NodeClick. When a selected
   // node is removed the selection passes to its next sibling, else its previous, else its parent.
   void SetSelectedNode(NodeId node);
+  // Scrolls to a node that stands in open ones; does nothing where one above it is closed.
+  void EnsureVisible(NodeId node);
 
   // When the user selects another node, by mouse or keyboard.
   std::function<void(NodeId node)> NodeClick;
@@ -71,6 +73,9 @@ class TreeView : public Control {
   // first (and raises NodeClick when that changes the selection), or with the Apps key or Shift+F10
   // for the selected node. See ShowPopupMenu.
   std::function<void(NodeId node)> ContextMenu;
+  // When the user double-clicks a node, which the first click has selected. One that has children
+  // is opened or closed by it as well.
+  std::function<void(NodeId node)> DblClick;
   // When the user wants the selected node on the clipboard: Ctrl+C or Ctrl+Insert.
   std::function<void(NodeId node)> Copy;
   // What there is to say about a node, empty for nothing. Asked when the mouse rests on the node

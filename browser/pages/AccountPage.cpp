@@ -27,6 +27,7 @@ void AccountPage::Load() {
 void AccountPage::SetEvents() {
   TreeView1.NodeClick = [this](NodeId) { RefreshSelection(); };
   TreeView1.ContextMenu = [this](NodeId node) { TreeView1_ContextMenu(node); };
+  TreeView1.DblClick = [this](NodeId node) { GoToAccount(node); };
   TreeView1.Copy = [this](NodeId node) { TreeView1_Copy(node); };
   TreeView1.Expand = [this](NodeId node) { TreeView1_Expand(node, true); };
   TreeView1.Collapse = [this](NodeId node) { TreeView1_Expand(node, false); };
@@ -83,6 +84,12 @@ void AccountPage::RefreshSelection() {
   TakeIn(node);
   Protect(node);
   host_.ShowStatus();
+}
+
+void AccountPage::ShowNode(NodeId node) {
+  TreeView1.SetSelectedNode(node);
+  RefreshSelection();
+  TreeView1.SetFocus();
 }
 
 // Commands go by what is selected at the moment they are given, not by what was when the selection

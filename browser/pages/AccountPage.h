@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -39,9 +40,15 @@ class AccountPage : public PageView {
   void BringInStep(Change change);
   // Takes in what the selected node stands for, and sets the buttons for it.
   void RefreshSelection();
-  // F2 edits the account, Delete takes away the account or the link that is selected. They do so
-  // where the tree has the focus and the button for it is on.
+  // F2 edits the account, Delete takes away the account or the link that is selected, where the
+  // button for it is on. Enter goes to the account that the selected node leads to, Backspace back
+  // to where the user came from. All of them only where the tree has the focus.
   void KeyDown(int keyCode);
+  // Selects a node and brings it into view, as a user's click would, with the focus in the tree.
+  void ShowNode(controls::NodeId node);
+  // The node of an account; kNoNode when it has none.
+  controls::NodeId NodeOf(std::int32_t id) { return Accounts().Find(id); }
+  std::wstring SelectedKey() const { return KeyOf(TreeView1.SelectedNode()); }
   // What there is to say about the selected node, empty for nothing.
   std::wstring SelectionText() const { return OriginOf(TreeView1.SelectedNode()); }
 
@@ -87,6 +94,9 @@ class AccountPage : public PageView {
   virtual app::Outcome Update(Change change) = 0;
   // What there is to say about a node, empty for nothing.
   virtual std::wstring OriginOf(controls::NodeId node) const;
+  // The account that a leaf leads to: of a member or a group that one, of a permission the account
+  // that gives or holds it. Nothing for any other node.
+  virtual std::optional<Account> AccountAt(controls::NodeId node) const = 0;
   // The name of the event procedure of the account buttons.
   virtual const wchar_t* AccountProcedure() const = 0;
 
@@ -135,6 +145,9 @@ class AccountPage : public PageView {
   void TreeView1_Copy(controls::NodeId node);
   void TreeView1_Expand(controls::NodeId node, bool expanded);
   void Perform(controls::NodeId node, int command);
+  std::optional<Account> Destination(controls::NodeId node) const;
+  void GoToAccount(controls::NodeId node);
+  void GoBack();
   int CommandOfDelete(controls::NodeId node) const;
 
   const controls::ImageList& images_;

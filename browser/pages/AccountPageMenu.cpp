@@ -23,6 +23,8 @@ constexpr int kSecondLinkCommand = 21;
 constexpr int kCopyCommand = 31;
 constexpr int kExpandCommand = 32;
 constexpr int kCollapseCommand = 33;
+constexpr int kGoToCommand = 34;
+constexpr int kGoBackCommand = 35;
 
 std::wstring WithoutMnemonic(std::wstring caption) {
   caption.erase(std::remove(caption.begin(), caption.end(), L'&'), caption.end());
@@ -62,6 +64,11 @@ void AccountPage::TreeView1_ContextMenu(NodeId node) {
   items.push_back({kCopyCommand, text(app::kCopy), true});
   items.push_back({kExpandCommand, text(app::kExpand), hasChildren && !open});
   items.push_back({kCollapseCommand, text(app::kCollapse), hasChildren && open});
+  items.push_back({});
+  const auto withKey = [&](int caption, int key) { return text(caption) + L"\t" + text(key); };
+  items.push_back(
+      {kGoToCommand, withKey(app::kGoToAccount, app::kEnterKey), Destination(node).has_value()});
+  items.push_back({kGoBackCommand, withKey(app::kGoBack, app::kBackspaceKey), host_.CanGoBack()});
   Perform(node, controls::ShowPopupMenu(TreeView1, node, items));
 }
 
@@ -70,6 +77,10 @@ void AccountPage::Perform(NodeId node, int command) {
     TreeView1_Copy(node);
   } else if (command == kExpandCommand || command == kCollapseCommand) {
     TreeView1.SetExpanded(node, command == kExpandCommand);
+  } else if (command == kGoToCommand) {
+    GoToAccount(node);
+  } else if (command == kGoBackCommand) {
+    GoBack();
   } else if (command >= kSecondLinkCommand) {
     cmdSecond[command - kSecondLinkCommand].Click();
   } else if (command >= kFirstLinkCommand) {
@@ -77,6 +88,23 @@ void AccountPage::Perform(NodeId node, int command) {
   } else if (command >= kAccountCommand) {
     cmdAccount[command - kAccountCommand].Click();
   }
+}
+
+std::optional<Account> AccountPage::Destination(NodeId node) const {
+  const std::optional<Account> account = AccountAt(node);
+  return account && host_.Has(*account) ? account : std::nullopt;
+}
+
+void AccountPage::GoToAccount(NodeId node) {
+  if (const std::optional<Account> account = Destination(node)) host_.GoTo(*account);
+}
+
+// Without a way back the key does what it does in any tree.
+void AccountPage::GoBack() {
+  if (host_.GoBack()) return;
+  const NodeId node = TreeView1.SelectedNode();
+  const NodeId above = node == controls::kNoNode ? node : TreeView1.Nodes().Parent(node);
+  if (above != controls::kNoNode) ShowNode(above);
 }
 
 void AccountPage::TreeView1_Copy(NodeId node) {
@@ -98,6 +126,8 @@ void AccountPage::KeyDown(int keyCode) {
   if (!TreeView1.HasFocus()) return;
   const NodeId node = TreeView1.SelectedNode();
   if (keyCode == controls::kKeyDelete) Perform(node, CommandOfDelete(node));
+  if (keyCode == controls::kKeyReturn) GoToAccount(node);
+  if (keyCode == controls::kKeyBack) GoBack();
   if (keyCode == controls::kKeyF2 && cmdAccount[kEditButton].Enabled()) {
     Perform(node, kAccountCommand + kEditButton);
   }

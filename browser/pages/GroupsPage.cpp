@@ -63,6 +63,14 @@ app::Outcome GroupsPage::Update(Change change) {
   return change == Change::kAccounts ? groups_.EditGroupNode() : app::Outcome::kDone;
 }
 
+std::optional<Account> GroupsPage::AccountAt(NodeId node) const {
+  const std::wstring tag = lookup.GetTypeNode(KeyOf(node));
+  const controls::TreeNodes& nodes = TreeView1.Nodes();
+  if (tag == L"UG") return Account{kUsersTab, nodes.Id(node)};
+  if (tag == L"PG") return Account{kGroupsTab, nodes.Id(OwnerOf(tag, node))};
+  return std::nullopt;
+}
+
 void GroupsPage::TreeGroupNode(NodeId node) {
   static_cast<void>(app::Reported(Global(), L"TreeGroupNode", [&] {
     ClearSelection();

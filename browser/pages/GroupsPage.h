@@ -42,6 +42,7 @@ class GroupsPage : public AccountPage {
   void TakeIn(controls::NodeId node) override { TreeGroupNode(node); }
   void Protect(controls::NodeId node) override { AdminAndEveryoneGroup(node); }
   app::Outcome Update(Change change) override;
+  std::optional<Account> AccountAt(controls::NodeId node) const override;
   const wchar_t* AccountProcedure() const override { return L"cmdGroup_Click"; }
 
  private:

@@ -1,8 +1,19 @@
 #pragma once
 
+#include <cstdint>
+
 namespace browser {
 
 class AccountPage;
+
+// The tabs by their number.
+enum Tab : int { kUsersTab, kGroupsTab };
+
+// An account, on the tab whose tree lists it.
+struct Account {
+  Tab tab = kUsersTab;
+  std::int32_t id = 0;
+};
 
 // What a command has changed that other pages show as well.
 enum class Change {
@@ -25,6 +36,14 @@ class PageHost {
   virtual void ShowStatus() = 0;
   // An error, already reported, has kept a page from showing all that it should.
   virtual void TellMissing(Missing what) = 0;
+  // Whether the account has a node; one that was deleted may still be listed elsewhere.
+  virtual bool Has(const Account& account) const = 0;
+  // Shows an account and selects it, and remembers the node that was selected until now. Does
+  // nothing where the account has no node.
+  virtual void GoTo(const Account& account) = 0;
+  // Goes back to where the user was before; false where there is nowhere to go.
+  virtual bool GoBack() = 0;
+  virtual bool CanGoBack() const = 0;
   // False from a failed read of the accounts until a refresh succeeds.
   virtual bool AllAccountsKnown() const = 0;
 

@@ -2,6 +2,7 @@
 
 #include "app/Reported.h"
 #include "app/StringIds.h"
+#include "browser/rules/EffectivePermissions.h"
 #include "browser/rules/PermissionOrigin.h"
 #include "browser/rules/Protection.h"
 #include "controls/MsgBox.h"
@@ -65,6 +66,22 @@ app::Outcome UsersPage::Update(Change change) {
 
 std::wstring UsersPage::OriginOf(NodeId node) const {
   return PermissionOrigin(Global(), TreeView1.Nodes(), exchange_.groupsTree.Nodes(), node);
+}
+
+// A permission that groups give leads to the first of them.
+std::optional<Account> UsersPage::AccountAt(NodeId node) const {
+  const std::wstring tag = lookup.GetTypeNode(KeyOf(node));
+  const controls::TreeNodes& nodes = TreeView1.Nodes();
+  if (tag == L"GU") return Account{kGroupsTab, nodes.Id(node)};
+  if (tag != L"PU" && tag != L"PA") return std::nullopt;
+  const NodeId user = OwnerOf(tag, node);
+  if (tag == L"PA") {
+    const controls::TreeNodes& groups = exchange_.groupsTree.Nodes();
+    const PermissionSource source =
+        EffectivePermissions(nodes, groups).SourceOf(user, nodes.Id(node));
+    if (!source.groups.empty()) return Account{kGroupsTab, groups.Id(source.groups.front())};
+  }
+  return Account{kUsersTab, nodes.Id(user)};
 }
 
 void UsersPage::TreeUserNode(NodeId node) {

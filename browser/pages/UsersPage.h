@@ -42,6 +42,7 @@ class UsersPage : public AccountPage {
   void Protect(controls::NodeId node) override { CurentAndAdminUser(node); }
   app::Outcome Update(Change change) override;
   std::wstring OriginOf(controls::NodeId node) const override;
+  std::optional<Account> AccountAt(controls::NodeId node) const override;
   const wchar_t* AccountProcedure() const override { return L"cmdUser_Click"; }
 
  private:

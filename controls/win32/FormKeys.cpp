@@ -25,7 +25,8 @@ bool FormKeys::Down(int keyCode) {
   if (!form_.TakesInput()) return false;
   if (keyCode == kKeyF1) f1Down_ = true;
   const HWND before = form_.window;
-  RunEventProcedure(form_.desktop, [&] { form_.form.Form_KeyDown(keyCode); });
+  const int held = IsPressed(VK_CONTROL) && !IsPressed(VK_MENU) ? +kKeyControl : 0;
+  RunEventProcedure(form_.desktop, [&] { form_.form.Form_KeyDown(keyCode + held); });
   return form_.window != before || Navigate(keyCode);
 }
 

@@ -12,8 +12,6 @@
 namespace controls {
 namespace {
 
-// What Ctrl+C types.
-constexpr WPARAM kCopyCharacter = 3;
 constexpr LPARAM kByKeyboard = -1;
 
 bool IsDown(int keyCode) {
@@ -47,6 +45,16 @@ RECT TreeViewPeer::ScreenPlace(NodeId node) const {
   HTREEITEM item = items.ItemOf(node);
   if (item) Send(TVM_ENSUREVISIBLE, 0, AsLParam(item));
   return Mapped(window, nullptr, TextPlace(item).value_or(RECT{}));
+}
+
+// The control has opened or closed a node that has children by then.
+LRESULT TreeViewPeer::DoubleClick(const Message& message) {
+  const LRESULT result = Peer::Handle(message);
+  if (!window || !TakesInput() || Refuses()) return result;
+  const NodeId node =
+      items.NodeOf(ItemAt({GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)}));
+  model.DoubleClick(node);
+  return result;
 }
 
 // The control itself would show the node under the mouse as chosen without choosing it, and wait
@@ -93,15 +101,18 @@ LRESULT TreeViewPeer::Key(const Message& message) {
     if (TakesInput() && !Refuses()) model.AskForCopy();
     return 0;
   }
+  // The control would select the node above; where this key leads is for the form to say.
+  if (message.wParam == VK_BACK) return 0;
   // The key that opens all there is below a node opens one level: below the root there may be
   // a million nodes.
   if (message.wParam == VK_MULTIPLY) return Native({message.number, VK_ADD, message.lParam});
   return Peer::Handle(message);
 }
 
-// No node's name begins with what a copy types: the control would look for one, and beep.
+// No node's name begins with what a key types together with Control: the control would look for
+// one, and beep.
 LRESULT TreeViewPeer::Character(const Message& message) {
-  return message.wParam == kCopyCharacter ? 0 : Peer::Handle(message);
+  return message.wParam < L' ' ? 0 : Peer::Handle(message);
 }
 
 std::wstring TreeViewPeer::AskTip(NodeId node) const {

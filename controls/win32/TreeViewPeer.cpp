@@ -38,6 +38,11 @@ void TreeViewPeer::Show(NodeId selected, bool reveal) {
   tips_.Changed();
 }
 
+void TreeViewPeer::EnsureVisible(NodeId node) {
+  HTREEITEM item = items.ItemOf(node);
+  if (item) Send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
+}
+
 // In the middle of a change or of long work the native control shows what was; a user who acts on
 // that would act on nodes that are no more.
 bool TreeViewPeer::Refuses() const {
@@ -92,6 +97,8 @@ LRESULT TreeViewPeer::Handle(const Message& message) {
     case WM_PAINT:
       Paint();
       return 0;
+    case WM_LBUTTONDBLCLK:
+      return DoubleClick(message);
     case WM_RBUTTONDOWN:
       return PressRight(message);
     case WM_RBUTTONUP:

@@ -33,6 +33,7 @@ struct TreeViewPeer : Control::Peer, TreeModel::View {
   void ExpansionChanged(NodeId node) override { items.ExpansionChanged(node); }
   void Reordered(const std::vector<NodeId>& parents) override { items.Reordered(parents); }
   void Show(NodeId selected, bool reveal) override;
+  void EnsureVisible(NodeId node) override;
 
   // --- What a user asks for (TreeViewInput.cpp) ---
   // The item at a point of the window, null where there is none.
@@ -52,6 +53,7 @@ struct TreeViewPeer : Control::Peer, TreeModel::View {
  private:
   bool Refuses() const;
   void Select(HTREEITEM item) const;
+  LRESULT DoubleClick(const Message& message);
   LRESULT PressRight(const Message& message);
   LRESULT AskForMenu(const Message& message);
   LRESULT SystemKey(const Message& message);

@@ -79,7 +79,7 @@ class TreeCommands : public CommandTest {
     for (const std::wstring& key : keys) {
       Select(window, tree, key);
       const Menu menu = MenuOf(window, tree);
-      ASSERT_EQ(menu.size(), 13u);
+      ASSERT_EQ(menu.size(), 16u);
       std::vector<bool> offered;
       for (const std::size_t line : {0, 1, 2, 4, 5, 7, 8}) offered.push_back(menu[line].enabled);
       std::vector<bool> on;
@@ -118,19 +118,21 @@ TEST_F(TreeCommands, TheMenuOfTheUsersTreeNamesItsCommandsBySection) {
               (Strings{L"&Editer...", L"&Supprimer...", L"&Nouveau...", L"",
                        L"Membre du Groupe : Affecter...", L"Membre du Groupe : Supprimer...", L"",
                        L"Droits Utilisateur : Affecter...", L"Droits Utilisateur : Supprimer...",
-                       L"", L"&Copier", L"&Développer", L"Réd&uire"}));
-    for (const std::size_t separator : {3, 6, 9}) EXPECT_EQ(menu[separator].command, 0);
+                       L"", L"&Copier", L"&Développer", L"Réd&uire", L"",
+                       L"&Atteindre le compte\tEntrée", L"Re&venir\tRetour arrière"}));
+    for (const std::size_t separator : {3, 6, 9, 13}) EXPECT_EQ(menu[separator].command, 0);
   });
 }
 
 TEST_F(TreeCommands, TheMenuOfTheGroupsTreeNamesItsCommandsBySection) {
   Run([this](frmUserGroupPerm& window) {
     Select(window, 1, Keys::Group(6));
-    EXPECT_EQ(Captions(MenuOf(window, 1)),
-              (Strings{L"&Editer...", L"&Supprimer...", L"&Nouveau...", L"",
-                       L"Membres : Affecter...", L"Membres : Supprimer...", L"",
-                       L"Droits du Groupe : Affecter...", L"Droits du Groupe : Supprimer...", L"",
-                       L"&Copier", L"&Développer", L"Réd&uire"}));
+    EXPECT_EQ(
+        Captions(MenuOf(window, 1)),
+        (Strings{L"&Editer...", L"&Supprimer...", L"&Nouveau...", L"", L"Membres : Affecter...",
+                 L"Membres : Supprimer...", L"", L"Droits du Groupe : Affecter...",
+                 L"Droits du Groupe : Supprimer...", L"", L"&Copier", L"&Développer", L"Réd&uire",
+                 L"", L"&Atteindre le compte\tEntrée", L"Re&venir\tRetour arrière"}));
   });
 }
 

@@ -20,10 +20,15 @@ class NotedHost final : public PageHost {
   void BringOthersInStep(const AccountPage&, Change change) override { changes.push_back(change); }
   void ShowStatus() override {}
   void TellMissing(Missing what) override { missing.push_back(what); }
+  bool Has(const Account&) const override { return true; }
+  void GoTo(const Account& account) override { destinations.push_back(account.id); }
+  bool GoBack() override { return false; }
+  bool CanGoBack() const override { return false; }
   bool AllAccountsKnown() const override { return known; }
 
   std::vector<Change> changes;
   std::vector<Missing> missing;
+  std::vector<std::int32_t> destinations;
   bool known = true;
 };
 

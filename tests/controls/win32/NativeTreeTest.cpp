@@ -14,6 +14,23 @@ class NativeTreeView : public TreeTest {
     native.Send(TVM_EXPAND, action, reinterpret_cast<LPARAM>(native.Find(node)));
   }
 
+  void ExpectInView(int node) const {
+    HTREEITEM item = native.Find(node);
+    ASSERT_NE(item, nullptr);
+    RECT line = {};
+    std::memcpy(&line, &item, sizeof item);
+    EXPECT_TRUE(native.Send(TVM_GETITEMRECT, FALSE, reinterpret_cast<LPARAM>(&line)));
+    RECT client = {};
+    GetClientRect(native.Window(), &client);
+    EXPECT_GE(line.top, 0);
+    EXPECT_LE(line.bottom, client.bottom);
+  }
+
+  void AddMany() {
+    controls::TreeView::Update update(tree);
+    for (int i = 0; i < 200; ++i) tree.Add(root, kUserForm, 1000 + i, L"U" + std::to_wstring(i), 1);
+  }
+
   NativeTree native{tree};
 };
 
@@ -170,19 +187,20 @@ TEST_F(NativeTreeView, KeepsTheTopLineWhenSomethingIsInsertedAboveIt) {
 
 TEST_F(NativeTreeView, BringsTheSelectedNodeIntoView) {
   {
-    controls::TreeView::Update update(tree);
-    for (int i = 0; i < 200; ++i) tree.Add(root, kUserForm, 1000 + i, L"U" + std::to_wstring(i), 1);
+    const controls::TreeView::Update update(tree);
+    AddMany();
     tree.SetSelectedNode(tree.Nodes().LastChild(root));
   }
-  HTREEITEM item = native.Find(tree.SelectedNode());
-  ASSERT_NE(item, nullptr);
-  RECT line = {};
-  std::memcpy(&line, &item, sizeof item);
-  EXPECT_TRUE(native.Send(TVM_GETITEMRECT, FALSE, reinterpret_cast<LPARAM>(&line)));
-  RECT client = {};
-  GetClientRect(native.Window(), &client);
-  EXPECT_GE(line.top, 0);
-  EXPECT_LE(line.bottom, client.bottom);
+  ExpectInView(tree.SelectedNode());
+}
+
+TEST_F(NativeTreeView, BringsAnotherNodeIntoViewWithoutSelectingIt) {
+  AddMany();
+  tree.SetSelectedNode(root);
+  tree.SetExpanded(root, true);
+  tree.EnsureVisible(tree.Nodes().LastChild(root));
+  ExpectInView(tree.Nodes().LastChild(root));
+  EXPECT_EQ(native.Selected(), root);
 }
 
 TEST_F(NativeTreeView, TakesThirtyThousandAccounts) {

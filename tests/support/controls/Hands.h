@@ -44,6 +44,7 @@ class Hands {
   bool DoubleClick(controls::ListBox& list, int item);
   bool ChooseTab(controls::TabStrip& tabs, int tab);
   bool Select(controls::TreeView& tree, int node);
+  bool DoubleClick(controls::TreeView& tree, int node);
   bool RightClick(controls::TreeView& tree, int node);
   bool Expand(controls::TreeView& tree, int node);
   bool Collapse(controls::TreeView& tree, int node);

@@ -103,6 +103,10 @@ void User::Collapse(controls::TreeView& tree, int node, Where where) {
   Require(hands_->Collapse(tree, node), "Collapse", tree.Id(), where);
 }
 
+void User::DoubleClick(controls::TreeView& tree, int node, Where where) {
+  Require(hands_->DoubleClick(tree, node), "DoubleClick", tree.Id(), where);
+}
+
 void User::RightClick(controls::TreeView& tree, int node, Where where) {
   Require(hands_->RightClick(tree, node), "RightClick", tree.Id(), where);
 }

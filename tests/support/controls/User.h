@@ -77,6 +77,8 @@ class User {
   void Expand(controls::TreeView& tree, int node, Where where = Where::current());
   void Collapse(controls::TreeView& tree, int node, Where where = Where::current());
 
+  // Twice on the node's text, after the same.
+  void DoubleClick(controls::TreeView& tree, int node, Where where = Where::current());
   // The right mouse button on the node's text, after the same.
   void RightClick(controls::TreeView& tree, int node, Where where = Where::current());
   // The keyboard's way to a menu, Shift+F10; the tree has the focus.

@@ -47,6 +47,7 @@ const std::vector<Actions::Action>& Actions::All() {
       {4, &Actions::ChooseTab},       {20, &Actions::SelectNode},  {4, &Actions::OpenOrCloseNode},
       {28, &Actions::ClickButton},    {12, &Actions::PressKey},    {8, &Actions::UseMenu},
       {1, &Actions::RefreshByButton}, {1, &Actions::RefreshByKey}, {2, &Actions::ChangeFromOutside},
+      {6, &Actions::FollowLeaf},
   };
   return actions;
 }
@@ -165,6 +166,46 @@ void Actions::UseMenu() {
   popupMenu = nullptr;
   EXPECT_TRUE(shown);
   if (command) return FinishCommand(*command);
+  checks_.AfterStep();
+}
+
+// Whether Enter on the leaf may lead to that node: to the member or the group that it lists, and
+// from a permission to who gives or holds it.
+bool Actions::IsReachedFrom(const Target& leaf, int tree, const std::wstring& key) const {
+  if (leaf.tag == L"GU" || leaf.tag == L"UG") {
+    return tree == OtherTree(leaf.tree) && key == Keys::Account(tree, leaf.leaf);
+  }
+  if (tree == leaf.tree) return key == Keys::Account(tree, leaf.account);
+  const Target group = ReadTarget(tree, key);
+  const auto has = [this](int side, const std::wstring& node) {
+    return expected_.trees.Lines(side).contains(node);
+  };
+  return leaf.tag == L"PA" && group.tag == L"GR" &&
+         has(kUsersTree, Keys::GroupOfUser(leaf.account, group.account)) &&
+         has(kGroupsTree, Keys::GroupPermission(group.account, leaf.leaf));
+}
+
+// Enter, and mostly Backspace after it.
+void Actions::FollowLeaf() {
+  const controls::NodeId node = SomeNode();
+  const int from = walk_.Tab();
+  const Target leaf = ReadTarget(from, walk_.Nodes(from).Key(node));
+  walk_.Note("follow " + data::ToUtf8(leaf.key));
+  EXPECT_TRUE(walk_.user.Try().Select(walk_.TreeOf(from), node));
+  walk_.user.Try().PressKey(walk_.window, controls::kKeyReturn);
+  const int to = walk_.Tab();
+  checks_.AfterStep();
+  if (walk_.SelectedKey(to) == leaf.key) {
+    const bool link = leaf.tag == L"GU" || leaf.tag == L"UG";
+    EXPECT_TRUE(leaf.leaf == -1 || (link && !expected_.trees.Has(OtherTree(leaf.tree), leaf.leaf)));
+    return;
+  }
+  EXPECT_TRUE(IsReachedFrom(leaf, to, walk_.SelectedKey(to)))
+      << data::ToUtf8(walk_.SelectedKey(to));
+  if (walk_.dice.OneIn(3)) return;
+  walk_.user.Try().PressKey(walk_.window, controls::kKeyBack);
+  EXPECT_EQ(walk_.Tab(), from);
+  EXPECT_EQ(walk_.SelectedKey(from), leaf.key);
   checks_.AfterStep();
 }
 

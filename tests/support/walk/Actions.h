@@ -34,11 +34,13 @@ class Actions {
   void ClickButton();
   void PressKey();
   void UseMenu();
+  void FollowLeaf();
   void RefreshByButton();
   void RefreshByKey();
   void ChangeFromOutside();
 
   controls::NodeId SomeNode();
+  bool IsReachedFrom(const Target& leaf, int tree, const std::wstring& key) const;
   void FinishCommand(const Command& command);
   void FinishRefresh();
 

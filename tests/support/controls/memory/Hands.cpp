@@ -106,6 +106,15 @@ bool Hands::Select(TreeView& tree, int node) {
   return true;
 }
 
+bool Hands::DoubleClick(TreeView& tree, int node) {
+  if (!Select(tree, node)) return false;
+  TreeModel& model = ModelOf(tree);
+  if (!CanUse(tree) || !model.Nodes().Exists(node)) return true;
+  if (model.Nodes().HasChildren(node)) model.SetExpanded(node, !model.Nodes().Expanded(node));
+  if (CanUse(tree)) model.DoubleClick(node);
+  return true;
+}
+
 bool Hands::RightClick(TreeView& tree, int node) {
   if (!Select(tree, node)) return false;
   if (CanUse(tree)) ModelOf(tree).AskForMenu(node);
@@ -151,7 +160,7 @@ bool Hands::PressKey(Form& form, int keyCode, bool shift) {
 
 bool Hands::PressCtrl(Form& form, int keyCode) {
   if (!form.BackEnd().TakesInput()) return false;
-  RunEventProcedure(form.OwnerDesktop(), [&] { form.Form_KeyDown(keyCode); });
+  RunEventProcedure(form.OwnerDesktop(), [&] { form.Form_KeyDown(keyCode + kKeyControl); });
   if (form.BackEnd().TakesInput()) PressCtrlOnControls(form.BackEnd(), keyCode);
   if (!form.BackEnd().TakesInput()) return true;
   RunEventProcedure(form.OwnerDesktop(), [&] { form.Form_KeyUp(keyCode); });

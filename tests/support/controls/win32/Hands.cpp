@@ -184,6 +184,14 @@ bool Hands::Select(TreeView& tree, int node) {
   return true;
 }
 
+bool Hands::DoubleClick(TreeView& tree, int node) {
+  if (!Select(tree, node)) return false;
+  TreeViewPeer& peer = PeerOfTree(tree);
+  TreeMouse mouse(peer, parts_->input);
+  if (CanUse(tree) && peer.model.Nodes().Exists(node)) mouse.ClickTextAgain(node);
+  return true;
+}
+
 bool Hands::RightClick(TreeView& tree, int node) {
   TreeViewPeer& peer = PeerOfTree(tree);
   if (!peer.model.Nodes().Exists(node) || !Focus(tree)) return false;

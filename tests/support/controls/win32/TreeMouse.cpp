@@ -18,6 +18,10 @@ void TreeMouse::ClickText(int node) {
   if (const auto place = Place(node, TVHT_ONITEMLABEL)) input_.Click(tree_.window, *place);
 }
 
+void TreeMouse::ClickTextAgain(int node) {
+  if (const auto place = Place(node, TVHT_ONITEMLABEL)) input_.ClickAgain(tree_.window, *place);
+}
+
 void TreeMouse::RightClickText(int node) {
   if (const auto place = Place(node, TVHT_ONITEMLABEL)) input_.RightClick(tree_.window, *place);
 }

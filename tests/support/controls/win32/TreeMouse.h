@@ -16,6 +16,8 @@ class TreeMouse {
   // Opens the closed nodes above the node, the topmost first.
   void OpenWay(int node);
   void ClickText(int node);
+  // The second press of a double click.
+  void ClickTextAgain(int node);
   void RightClickText(int node);
   // What the tree view shows when the mouse rests on the node, asked as it does.
   std::wstring AskTip(int node) const;
