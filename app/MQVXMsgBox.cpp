@@ -31,6 +31,12 @@ int MQVXMsgBox::AskYesNo(const std::wstring& prompt) {
   return Show();
 }
 
+int MQVXMsgBox::AskLoseOwnAccess() {
+  prompt_ = TwoLines(kOwnAccess1, kOwnAccess2) + L"\r\n" + global_.LoadResString(kDiscard2);
+  style_ = controls::kYesNo | controls::kExclamation | controls::kDefaultButton2;
+  return Show();
+}
+
 int MQVXMsgBox::ShowInformation(const std::wstring& prompt) {
   return ShowText(prompt);
 }

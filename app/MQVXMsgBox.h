@@ -14,6 +14,8 @@ class MQVXMsgBox {
 
   int AskDiscardChanges();
   int AskYesNo(const std::wstring& prompt);
+  // Whether to go on although the user would take the right to this program from himself.
+  int AskLoseOwnAccess();
   int ShowInformation(const std::wstring& prompt);
   int ShowPasswordMismatch();
   int ShowPasswordTooLong();

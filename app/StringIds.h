@@ -113,6 +113,8 @@ enum StringId : int {
   kGroupNameReserved = 767,
   kChangedMeanwhile1 = 770,
   kChangedMeanwhile2 = 771,
+  kOwnAccess1 = 772,
+  kOwnAccess2 = 773,
   kCannotDelete = 1006,
   kTheUser = 1007,
   kTheGroup = 1008,

@@ -1,12 +1,15 @@
 #include "browser/frmUserGroupPerm.h"
 
 #include "app/LocaleFont.h"
+#include "app/MQVXMsgBox.h"
 #include "app/MShowHelp.h"
 #include "app/StringIds.h"
 #include "browser/StartUp.h"
 #include "browser/pages/WaitPointer.h"
+#include "browser/rules/OwnAccess.h"
 #include "browser/trees/TreeImages.h"
 #include "controls/Desktop.h"
+#include "controls/MsgBox.h"
 #include "data/Lookup.h"
 #include "data/MSQLStatement.h"
 #include "data/ReadScope.h"
@@ -111,6 +114,27 @@ void frmUserGroupPerm::SetEvents() {
   }
   cmdAbout.Click = [this] { cmdAbout_Click(); };
   Command1.Click = [this] { Command1_Click(); };
+  AskBeforeOwnAccessEnds();
+}
+
+// A dialog's save may take from the session's user his own right to this program.
+void frmUserGroupPerm::AskBeforeOwnAccessEnds() {
+  using Ids = dialogs::Exchange::Ids;
+  const auto access = [this] {
+    return OwnAccess(global_, Users.TreeView1.Nodes(), Groups.TreeView1.Nodes(), accounts);
+  };
+  const auto goesOn = [this](bool ends) {
+    return !ends || app::MQVXMsgBox(global_).AskLoseOwnAccess() == controls::kResultYes;
+  };
+  exchange.MaySaveUser = [=](std::int32_t user, const Ids& groups, const Ids& permissions) {
+    return goesOn(access().EndsWithUser(user, groups, permissions));
+  };
+  exchange.MaySaveGroup = [=](std::int32_t group, const Ids& members, const Ids& permissions) {
+    return goesOn(access().EndsWithGroup(group, members, permissions));
+  };
+  exchange.MayRemoveMembers = [=](std::int32_t group) {
+    return goesOn(access().EndsWithoutGroup(group));
+  };
 }
 
 void frmUserGroupPerm::TabStrip1_Click() {

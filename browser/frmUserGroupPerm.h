@@ -79,6 +79,7 @@ class frmUserGroupPerm : public controls::Form, private PageHost {
   void SettingControls();
   void SetAnchors();
   void SetEvents();
+  void AskBeforeOwnAccessEnds();
   AccountPage& Shown() const { return Page(TabStrip1.SelectedTab()); }
   void ShowPage();
   app::Outcome FillPages(app::KeptError& error);

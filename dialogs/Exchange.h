@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "app/mGlobal.h"
 #include "controls/TreeView.h"
@@ -17,6 +19,16 @@ struct Exchange {
   const controls::TreeView& groupsTree;
   // The user "Admin"; 0 when there is none, and then nobody is protected.
   std::int32_t adminUserId = 0;
+
+  // Asked before an edited account is saved, with all that it will have, and before a group loses
+  // all its members: whoever is asked may put a question to the user. False keeps the dialog open
+  // and everything as it was. Where nobody is to be asked they are not set.
+  using Ids = std::vector<std::int32_t>;
+  std::function<bool(std::int32_t user, const Ids& groups, const Ids& permissions)> MaySaveUser =
+      {};
+  std::function<bool(std::int32_t group, const Ids& members, const Ids& permissions)> MaySaveGroup =
+      {};
+  std::function<bool(std::int32_t group)> MayRemoveMembers = {};
 
   // True only after a dialog has written all that it had to write.
   bool AddNode = false;

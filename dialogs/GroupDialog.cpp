@@ -166,6 +166,7 @@ void GroupDialog::cmdOK_Click() {
       ReturnToName();
       return;
     }
+    if (!MaySave()) return;
     exchange_.AddNode = UpdateTransaction() == app::Outcome::kDone;
     Close();
   }));

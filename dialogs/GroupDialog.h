@@ -59,6 +59,8 @@ class GroupDialog : public EditingDialog {
 
   // --- The save. The steps report their errors themselves. ---
   void cmdOK_Click() override;
+  // Whether the members and permissions may be saved; asked when the name has been accepted.
+  virtual bool MaySave() const { return true; }
   virtual app::Outcome UpdateTransaction() = 0;
   void AddMemberRows();
   void AddPermissionRows();

@@ -173,7 +173,7 @@ void UserDialog::List1_ItemCheck(int Index, int Item) {
 
 // The dialog closes also when something could not be written: that has been reported.
 void UserDialog::cmdOK_Click() {
-  if (!IsAccepted()) return;
+  if (!IsAccepted() || !MaySave()) return;
   exchange_.AddNode = UpdateTransaction() == app::Outcome::kDone;
   Close();
 }

@@ -72,6 +72,8 @@ class UserDialog : public EditingDialog {
 
   // --- The save (UserDialog.cpp) ---
   void cmdOK_Click() override;
+  // Whether what is checked may be saved; asked when all else has been accepted.
+  virtual bool MaySave() const { return true; }
   virtual app::Outcome UpdateTransaction() = 0;
   // Adds a row (userId, item data) for every checked item to the set that the statement opens.
   void AddLinks(const controls::ListBox& list, std::wstring_view statement, std::int32_t userId);

@@ -135,11 +135,18 @@ void frmAddUserInGroup::List1_Click() {
 
 void frmAddUserInGroup::cmdOK_Click() {
   if (Members == nullptr) {
+    if (!MaySave()) return;
     exchange_.AddNode = WriteMemberships() == app::Outcome::kDone;
   } else {
     SetItems(*Members, Items(List1[kMembers]));
   }
   Close();
+}
+
+// Only an emptied list takes memberships away.
+bool frmAddUserInGroup::MaySave() const {
+  return List1[kMembers].ListCount() > 0 || !exchange_.MayRemoveMembers ||
+         exchange_.MayRemoveMembers(GroupID);
 }
 
 void frmAddUserInGroup::cmdCancel_Click() {

@@ -64,6 +64,7 @@ class frmAddUserInGroup : public EditingDialog {
   void List1_Click();
 
   // Writing.
+  bool MaySave() const;
   app::Outcome WriteMemberships();
   app::Outcome NewUserGroups();
   app::Outcome DeleteUserGroups();

@@ -88,6 +88,13 @@ void frmEditGroup::Form_Unload(bool& cancel) {
   if (!cancel) group_.reset();
 }
 
+bool frmEditGroup::MaySave() const {
+  if (!exchange_.MaySaveGroup) return true;
+  std::vector<std::int32_t> members;
+  for (const ListItem& member : Items(List1[kMembers])) members.push_back(member.itemData);
+  return exchange_.MaySaveGroup(GroupID, members, SelectedData(List1[kPermissions]));
+}
+
 // Reports under the name that administrators know from the dialog's load.
 app::Outcome frmEditGroup::UpdateTransaction() {
   return Reported(L"Form Load", [this] {

@@ -19,6 +19,7 @@ class frmEditGroup : public GroupDialog {
   app::HelpTopic Topic() const override { return app::kTopicEditGroup; }
   // A reserved group is edited under its name, which cannot be changed then.
   bool IsNameReserved(std::wstring_view) override { return false; }
+  bool MaySave() const override;
   app::Outcome UpdateTransaction() override;
 
  private:

@@ -126,6 +126,11 @@ bool frmEditUser::IsPasswordKept() const {
          data::Like(strPassword, data::Trim(verified));
 }
 
+bool frmEditUser::MaySave() const {
+  return !exchange_.MaySaveUser || exchange_.MaySaveUser(UserID, SelectedData(List1[kGroups]),
+                                                         SelectedData(List1[kPermissions]));
+}
+
 app::Outcome frmEditUser::UpdateTransaction() {
   return Reported(L"UpdateTransaction", [this] {
     if (EditUser() == app::Outcome::kFailed || EditUserGroups() == app::Outcome::kFailed ||

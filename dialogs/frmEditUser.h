@@ -33,6 +33,7 @@ class frmEditUser : public UserDialog {
   std::wstring ProtectedNames() const override;
   bool IsAccepted() override;
   std::wstring_view Counted(std::wstring_view text) const override;
+  bool MaySave() const override;
   app::Outcome UpdateTransaction() override;
 
  private:

@@ -151,6 +151,9 @@ UADMIN_STRING(766, "Ce groupe existe déjà.")
 UADMIN_STRING(767, "Nom de groupe réservé.")
 UADMIN_STRING(770, "Un autre administrateur a modifié ces données entre-temps.")
 UADMIN_STRING(771, "L'affichage a été mis à jour ; vérifiez-le avant de poursuivre.")
+// Followed by 701.
+UADMIN_STRING(772, "Après cette modification, votre propre compte n'aura plus le droit d'administrer les utilisateurs :")
+UADMIN_STRING(773, "l'accès à ce programme vous sera refusé au prochain démarrage.")
 
 // Pieces of refusals: 1006 'name' 1007 and 1009 'name' 1008. The word order is meant so.
 UADMIN_STRING(1006, "Impossible de supprimer")

@@ -9,6 +9,7 @@
 #include "app/ReportedLater.h"
 #include "browser/pages/PageHost.h"
 #include "browser/pages/PageView.h"
+#include "browser/rules/OwnAccess.h"
 #include "browser/trees/AccountTree.h"
 #include "browser/trees/TreeContext.h"
 #include "browser/trees/TreeLookup.h"
@@ -109,7 +110,8 @@ class AccountPage : public PageView {
   bool WarnUnselected(const Selection& at, int text, int style);
   bool NamesAreKnown() const { return host_.AllAccountsKnown(); }
   void ShowEdited(const Selection& at, const std::wstring& text, const std::wstring& storedName);
-  void DeleteAccount(const Selection& at, int question,
+  // ownAccessEnds asks for one more question, about the user's own right to this program.
+  void DeleteAccount(const Selection& at, int question, bool ownAccessEnds,
                      std::wstring (*markDeleted)(std::wstring_view name, std::int32_t id));
   void ForgetAccount(const Selection& at);
   void ShowNew(std::int32_t id);
@@ -117,10 +119,14 @@ class AccountPage : public PageView {
   // The steps of commands on links. RemoveLink asks, runs the statement, takes the leaf away, or
   // has its folder rebuilt where the statement met no row, and runs what is to follow. It does
   // nothing where the selected node is no such link, the answer is not Yes or the statement fails.
+  // ownAccessEnds asks for one more question, as above.
   void ShowListItem(const std::wstring& listKind, const std::wstring& relation, std::int32_t owner);
-  void RemoveLink(const Selection& at, const LinkKind& kind, const std::wstring& statement,
-                  const std::function<app::Outcome()>& rebuildFolder,
+  void RemoveLink(const Selection& at, const LinkKind& kind, bool ownAccessEnds,
+                  const std::wstring& statement, const std::function<app::Outcome()>& rebuildFolder,
                   const std::function<void()>& after);
+
+  // What the trees tell of the right that the session's user has to this program.
+  OwnAccess Access() const;
 
   // Brings folders up to date under the wait pointer; a failure shows in the status line.
   void Rebuild(const std::function<app::Outcome()>& work);
@@ -137,6 +143,7 @@ class AccountPage : public PageView {
  private:
   void SetEvents();
   Selection ReadSelection();
+  bool Confirm(int question, bool ownAccessEnds) const;
   void RemoveAccount(controls::NodeId account);
   void CountNew();
 

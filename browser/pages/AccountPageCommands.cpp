@@ -26,13 +26,20 @@ void AccountPage::ShowEdited(const Selection& at, const std::wstring& text,
   host_.BringOthersInStep(*this, Change::kAccounts);
 }
 
-void AccountPage::DeleteAccount(const Selection& at, int question,
+OwnAccess AccountPage::Access() const {
+  return {Global(), exchange_.usersTree.Nodes(), exchange_.groupsTree.Nodes(), context_.accounts};
+}
+
+bool AccountPage::Confirm(int question, bool ownAccessEnds) const {
+  app::MQVXMsgBox box(Global());
+  return box.AskYesNo(Global().LoadResString(question)) == controls::kResultYes &&
+         (!ownAccessEnds || box.AskLoseOwnAccess() == controls::kResultYes);
+}
+
+void AccountPage::DeleteAccount(const Selection& at, int question, bool ownAccessEnds,
                                 std::wstring (*markDeleted)(std::wstring_view name,
                                                             std::int32_t id)) {
-  if (app::MQVXMsgBox(Global()).AskYesNo(Global().LoadResString(question)) !=
-      controls::kResultYes) {
-    return;
-  }
+  if (!Confirm(question, ownAccessEnds)) return;
   const std::wstring name = TreeView1.Nodes().StoredName(at.account);
   const auto rows = DeleteRecord(Global(), markDeleted(name, at.id));
   if (!rows) return;
@@ -81,17 +88,16 @@ void AccountPage::ShowListItem(const std::wstring& listKind, const std::wstring&
   dialog.ShowModal(TreeView1.Owner());
 }
 
-void AccountPage::RemoveLink(const Selection& at, const LinkKind& kind,
+void AccountPage::RemoveLink(const Selection& at, const LinkKind& kind, bool ownAccessEnds,
                              const std::wstring& statement,
                              const std::function<app::Outcome()>& rebuildFolder,
                              const std::function<void()>& after) {
-  app::MQVXMsgBox box(Global());
   if (at.tag != kind.leafTag) {
-    box.ShowInformation(Global().LoadResString(kind.warning1) + L"\r\n" +
-                        Global().LoadResString(kind.warning2));
+    app::MQVXMsgBox(Global()).ShowInformation(Global().LoadResString(kind.warning1) + L"\r\n" +
+                                              Global().LoadResString(kind.warning2));
     return;
   }
-  if (box.AskYesNo(Global().LoadResString(kind.question)) != controls::kResultYes) return;
+  if (!Confirm(kind.question, ownAccessEnds)) return;
   const auto rows = DeleteRecord(Global(), statement);
   if (!rows) return;
   if (*rows == 0) {

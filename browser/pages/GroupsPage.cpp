@@ -150,7 +150,8 @@ bool GroupsPage::EditGroup(const Selection& at) {
 bool GroupsPage::DeleteGroup(const Selection& at) {
   if (WarnUnselected(at, app::kSelectGroupToDelete, controls::kExclamation)) return false;
   if (!ProtectGroup(context_.accounts, at.id, {}).account) {
-    DeleteAccount(at, app::kAskDeleteGroup, data::SqlMarkGroupDeleted);
+    DeleteAccount(at, app::kAskDeleteGroup, Access().EndsWithoutGroup(at.id),
+                  data::SqlMarkGroupDeleted);
   }
   return true;
 }
@@ -196,8 +197,8 @@ void GroupsPage::RemoveMember(const Selection& at) {
     if (removal != MemberRemoval::kAllowed) return;
   }
   RemoveLink(
-      at, kKind, data::SqlDeleteMembership(at.id, user),
-      [&] { return groups_.EditMembersNode(at.account); },
+      at, kKind, Access().EndsWithoutMembership(user, at.id),
+      data::SqlDeleteMembership(at.id, user), [&] { return groups_.EditMembersNode(at.account); },
       [&] { host_.BringOthersInStep(*this, Change::kAccounts); });
 }
 
@@ -205,8 +206,10 @@ void GroupsPage::RemovePermission(const Selection& at) {
   static constexpr LinkKind kKind{L"PG", app::kSelectToRemovePermission, app::kInGroupPermissions,
                                   app::kAskRemoveGroupPermission};
   if (at.tag == kKind.leafTag && ProtectGroup(context_.accounts, at.id, {}).permissions) return;
+  const std::int32_t permission = lookup.GetPermID(at.key);
   RemoveLink(
-      at, kKind, data::SqlDeleteGroupPermission(at.id, lookup.GetPermID(at.key)),
+      at, kKind, Access().EndsWithoutGroupPermission(at.id, permission),
+      data::SqlDeleteGroupPermission(at.id, permission),
       [&] { return groups_.EditGroupPermissionsNode(at.account); },
       [&] { host_.BringOthersInStep(*this, Change::kGroupPermissions); });
 }

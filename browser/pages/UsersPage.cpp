@@ -163,7 +163,7 @@ bool UsersPage::EditUser(const Selection& at) {
 bool UsersPage::DeleteUser(const Selection& at) {
   if (WarnUnselected(at, app::kSelectUserToDelete, controls::kExclamation)) return false;
   if (!ProtectUser(context_.accounts, at.id, 0).account) {
-    DeleteAccount(at, app::kAskDeleteUser, data::SqlMarkUserDeleted);
+    DeleteAccount(at, app::kAskDeleteUser, false, data::SqlMarkUserDeleted);
   }
   return true;
 }
@@ -205,15 +205,18 @@ void UsersPage::RemoveMembership(const Selection& at) {
   const std::int32_t group = data::GetGroupID(at.key);
   if (ProtectUser(context_.accounts, at.id, group).membership) return;
   RemoveLink(
-      at, kKind, data::SqlDeleteMembership(group, at.id),
-      [&] { return users_.EditMemberOfNode(at.account); }, [&] { RebuildAllPermissions(at); });
+      at, kKind, Access().EndsWithoutMembership(at.id, group),
+      data::SqlDeleteMembership(group, at.id), [&] { return users_.EditMemberOfNode(at.account); },
+      [&] { RebuildAllPermissions(at); });
 }
 
 void UsersPage::RemovePermission(const Selection& at) {
   static constexpr LinkKind kKind{L"PU", app::kSelectToRemovePermission, app::kInUserPermissions,
                                   app::kAskRemoveUserPermission};
+  const std::int32_t permission = lookup.GetPermID(at.key);
   RemoveLink(
-      at, kKind, data::SqlDeleteUserPermission(at.id, lookup.GetPermID(at.key)),
+      at, kKind, Access().EndsWithoutUserPermission(at.id, permission),
+      data::SqlDeleteUserPermission(at.id, permission),
       [&] { return users_.EditUserPermissionsNode(at.account); },
       [&] { RebuildAllPermissions(at); });
 }

@@ -22,13 +22,20 @@ bool Lists(const TreeNodes& nodes, NodeId account, const controls::KeyForm& fold
   return node != kNoNode && nodes.FindChild(node, leaf, id) != kNoNode;
 }
 
-std::vector<std::int32_t> GrantedBy(const TreeNodes& groups, NodeId group) {
-  std::vector<std::int32_t> permissions;
-  const NodeId folder = Folder(groups, group, kGroupPermissionsKey);
-  if (folder == kNoNode) return permissions;
-  for (NodeId leaf = groups.AnyChild(folder); leaf != kNoNode; leaf = groups.OtherSibling(leaf)) {
-    permissions.push_back(groups.Id(leaf));
+// The identifiers that the leaves of an account's folder stand for, in their order.
+std::vector<std::int32_t> LeavesOf(const TreeNodes& nodes, NodeId account,
+                                   const controls::KeyForm& keyForm) {
+  std::vector<std::int32_t> ids;
+  const NodeId folder = Folder(nodes, account, keyForm);
+  if (folder == kNoNode) return ids;
+  for (NodeId leaf = nodes.FirstChild(folder); leaf != kNoNode; leaf = nodes.Next(leaf)) {
+    ids.push_back(nodes.Id(leaf));
   }
+  return ids;
+}
+
+std::vector<std::int32_t> GrantedBy(const TreeNodes& groups, NodeId group) {
+  std::vector<std::int32_t> permissions = LeavesOf(groups, group, kGroupPermissionsKey);
   std::ranges::sort(permissions);
   return permissions;
 }
@@ -44,15 +51,17 @@ EffectivePermissions::EffectivePermissions(const TreeNodes& users, const TreeNod
   }
 }
 
-std::vector<const EffectivePermissions::Group*> EffectivePermissions::GroupsOf(NodeId user) const {
-  std::vector<const Group*> found;
-  const NodeId folder = Folder(users_, user, kMemberOfKey);
-  if (folder == kNoNode) return found;
-  for (NodeId leaf = users_.FirstChild(folder); leaf != kNoNode; leaf = users_.Next(leaf)) {
-    const auto group = groups_.find(users_.Id(leaf));
-    if (group != groups_.end()) found.push_back(&group->second);
-  }
-  return found;
+std::vector<std::int32_t> EffectivePermissions::GroupsOf(NodeId user) const {
+  return LeavesOf(users_, user, kMemberOfKey);
+}
+
+std::vector<std::int32_t> EffectivePermissions::OwnOf(NodeId user) const {
+  return LeavesOf(users_, user, kUserPermissionsKey);
+}
+
+std::vector<std::int32_t> EffectivePermissions::GivenBy(std::int32_t groupId) const {
+  const auto group = groups_.find(groupId);
+  return group == groups_.end() ? std::vector<std::int32_t>() : group->second.permissions;
 }
 
 bool EffectivePermissions::Has(NodeId user, std::int32_t permission) const {
@@ -62,9 +71,11 @@ bool EffectivePermissions::Has(NodeId user, std::int32_t permission) const {
 PermissionSource EffectivePermissions::SourceOf(NodeId user, std::int32_t permission) const {
   PermissionSource source;
   source.direct = Lists(users_, user, kUserPermissionsKey, kUserPermissionKey, permission);
-  for (const Group* group : GroupsOf(user)) {
-    if (std::ranges::binary_search(group->permissions, permission)) {
-      source.groups.push_back(group->node);
+  for (const std::int32_t id : GroupsOf(user)) {
+    const auto group = groups_.find(id);
+    if (group == groups_.end()) continue;
+    if (std::ranges::binary_search(group->second.permissions, permission)) {
+      source.groups.push_back(group->second.node);
     }
   }
   return source;

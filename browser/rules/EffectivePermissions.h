@@ -41,6 +41,11 @@ class EffectivePermissions {
   bool Has(controls::NodeId user, std::int32_t permission) const;
   // All that a user has, in the order of his folder.
   std::vector<HeldPermission> PermissionsOf(controls::NodeId user) const;
+  // What he holds himself, and the groups that he is in, by identifier.
+  std::vector<std::int32_t> OwnOf(controls::NodeId user) const;
+  std::vector<std::int32_t> GroupsOf(controls::NodeId user) const;
+  // What a group gives, in ascending order; nothing where there is no such group.
+  std::vector<std::int32_t> GivenBy(std::int32_t groupId) const;
   // The users who have a permission, in the order of the tree.
   std::vector<PermissionHolder> HoldersOf(std::int32_t permission) const;
 
@@ -49,8 +54,6 @@ class EffectivePermissions {
     controls::NodeId node = controls::kNoNode;
     std::vector<std::int32_t> permissions;  // in ascending order
   };
-
-  std::vector<const Group*> GroupsOf(controls::NodeId user) const;
 
   const controls::TreeNodes& users_;
   std::unordered_map<std::int32_t, Group> groups_;  // by identifier

@@ -6,6 +6,23 @@
 #include "tests/support/keys/Keys.h"
 
 namespace test_support {
+namespace {
+
+// The permission of the samples that gives the right to administer users.
+constexpr std::int32_t kAdministration = 1;
+
+bool HasTheRight(const Tables& tables, std::int32_t user) {
+  if (tables.userPermissions.contains({user, kAdministration})) return true;
+  for (const auto& [id, group] : tables.groups) {
+    if (!group.deleted && tables.memberships.contains({user, id}) &&
+        tables.groupPermissions.contains({id, kAdministration})) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
 
 void CommandRun::Begin() {
   for (const int tree : kTrees) {
@@ -15,7 +32,7 @@ void CommandRun::Begin() {
   }
   target_ = ReadTarget(walk_.Tab(), selected_[walk_.Tab()]);
   ReadDatabase();
-  confirmed_ = reported_ = told_ = dialog_ = false;
+  confirmed_ = reported_ = told_ = dialog_ = warned_ = false;
 }
 
 void CommandRun::Reported(const std::wstring& report) {
@@ -23,6 +40,23 @@ void CommandRun::Reported(const std::wstring& report) {
   const Tables::Accounts& accounts = target_.tree == kUsersTree ? before_.users : before_.groups;
   EXPECT_TRUE(report.starts_with(L"DeleteRecord Error [")) << data::ToUtf8(report);
   EXPECT_NE(accounts.at(target_.account).name.find(L'\''), std::wstring::npos);
+}
+
+// The question of a removal comes before this one, a dialog only asks this one.
+void CommandRun::AnsweredOwnAccess(bool yes) {
+  warned_ = yes;
+  if (!yes) confirmed_ = false;
+}
+
+// Nobody loses his right without having been asked, and nobody is asked who keeps it. What somebody
+// else has changed since the last refresh the program does not know.
+void CommandRun::CheckOwnAccess(const Tables& now) const {
+  if (expected_.isChangedOutside) return;
+  const std::int32_t self = walk_.window.accounts.currentUserId;
+  const bool lost = HasTheRight(before_, self) && !HasTheRight(now, self);
+  EXPECT_TRUE(warned_ || !lost) << "nobody has asked";
+  const bool asked = warned_ && !reported_;
+  EXPECT_FALSE(asked && HasTheRight(now, self)) << "asked for nothing";
 }
 
 // Without a dialog the window still has what an earlier one handed back.
@@ -33,6 +67,7 @@ bool CommandRun::HasHandedBack() const {
 void CommandRun::Finish(const Command& command) {
   const Tables now = ReadTables(walk_.raw);
   EXPECT_FALSE(command.Removes() ? dialog_ : confirmed_);
+  CheckOwnAccess(now);
   if (!command.Removes()) {
     CheckWritten(command, now);
   } else if (!confirmed_ || reported_) {

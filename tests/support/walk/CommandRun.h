@@ -29,6 +29,8 @@ class CommandRun {
   void DialogShown() { dialog_ = true; }
   void Answered(bool yes) { confirmed_ = yes; }
   void ToldOfAnother() { told_ = true; }
+  // Asked whether the session's user is to lose his own right to the program.
+  void AnsweredOwnAccess(bool yes);
   // Only a name that breaks the statement may fail.
   void Reported(const std::wstring& report);
 
@@ -45,6 +47,7 @@ class CommandRun {
 
  private:
   bool HasHandedBack() const;
+  void CheckOwnAccess(const Tables& now) const;
   void CheckWritten(const Command& command, const Tables& now) const;
   void FinishAccount(const Command& command, const Tables& now);
   void FinishNew(const Tables& now);
@@ -69,6 +72,7 @@ class CommandRun {
   bool confirmed_ = false;  // the command's own question was answered with Yes
   bool reported_ = false;   // an error was reported
   bool told_ = false;       // that somebody else was faster
+  bool warned_ = false;     // of the loss of one's own right, and went on
   bool dialog_ = false;     // a dialog was shown
 };
 

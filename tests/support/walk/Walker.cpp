@@ -6,6 +6,12 @@
 #include "dialogs/frmEditUser.h"
 
 namespace test_support {
+namespace {
+
+// How the question begins whether to lose one's own right to the program.
+constexpr const wchar_t* kOwnAccess = L"Après cette modification, votre propre compte";
+
+}  // namespace
 
 Walker::Walker(browser::frmUserGroupPerm& window, User& user, CallLog& log, RawDatabase& raw,
                std::uint32_t seed)
@@ -63,6 +69,7 @@ int Walker::AnswerBox(const std::wstring& prompt, int style) {
   if (prompt.find(L" Error [") != std::wstring::npos) run_.Reported(prompt);
   if (prompt.starts_with(L"Un autre administrateur")) run_.ToldOfAnother();
   if (!asks) return controls::kResultOk;
+  if (prompt.starts_with(kOwnAccess)) run_.AnsweredOwnAccess(yes);
   if ((style & controls::kExclamation) == controls::kCritical) run_.Answered(yes);
   return yes ? controls::kResultYes : controls::kResultNo;
 }
