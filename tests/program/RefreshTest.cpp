@@ -20,6 +20,7 @@ class Refresh : public ProgramTest {
   void ChangeTheDatabase() {
     Box().Database().Run(
         L"INSERT INTO QRUSER (USERID, NAME, FULLNAME) VALUES (60000, 'Nouveau', 'Arrivé hier');"
+        L"INSERT INTO QRPERM (PERMID, NAME) VALUES (60000, 'Nouveau droit');"
         L"UPDATE QRGROUP SET NAME = 'Renommé' WHERE GROUPID = (SELECT MAX(GROUPID) FROM QRGROUPV"
         L" WHERE NAME NOT IN ('Administrators', 'Everyone'));"
         L"DELETE FROM QRUSGP WHERE USERID = (SELECT MAX(USERID) FROM QRUSGPV)"
