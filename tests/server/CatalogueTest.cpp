@@ -7,6 +7,7 @@
 namespace {
 
 using server_test::Rows;
+using test_support::Sample;
 
 // A statement of the program, how many columns it has, and what the bare library is asked for the
 // same rows, in its own words and past the views.
@@ -19,37 +20,45 @@ struct CatalogueCase {
 const CatalogueCase kSelections[] = {
     {data::SqlSelectAllUsers(), 3,
      "select userid, name, coalesce(fullname, '') from qruser where vflg = ''"},
-    {data::SqlSelectUser(9), 3,
+    {data::SqlSelectUser(Sample::kMartin), 3,
      "select userid, name, fullname from qruser where userid = 9 and vflg = ''"},
-    {data::SqlSelectUser(17), 3, "select 1 from qruser where 1 = 0"},
+    {data::SqlSelectUser(Sample::kGarnier), 3, "select 1 from qruser where 1 = 0"},
     {data::SqlSelectUser(-1), 3, "select 1 from qruser where 1 = 0"},
-    {data::SqlSelectGroupUsers(7), 3,
+    {data::SqlSelectGroupUsers(Sample::kProduction), 3,
      "select u.userid, u.name, u.fullname from qruser u join qrusgp l on l.userid = u.userid"
      " where l.groupid = 7 and u.vflg = ''"},
     {data::SqlSelectAllGroups(), 3, "select groupid, name, coalesce(descr, '') from qrgroup"},
-    {data::SqlSelectGroup(6), 3, "select groupid, name, descr from qrgroup where groupid = 6"},
-    {data::SqlSelectUserGroups(9), 3,
+    {data::SqlSelectGroup(Sample::kQualite), 3,
+     "select groupid, name, descr from qrgroup where groupid = 6"},
+    {data::SqlSelectUserGroups(Sample::kMartin), 3,
      "select groupid, name, coalesce(descr, '') from qrgroup where groupid in"
      " (select groupid from qrusgp where userid = 9)"},
-    {data::SqlSelectUserGroupIds(9), 1, "select groupid from qrusgp where userid = 9"},
-    {data::SqlSelectGroupMemberships(6), 2, "select groupid, userid from qrusgp where groupid = 6"},
-    {data::SqlSelectUserMemberships(9), 2, "select userid, groupid from qrusgp where userid = 9"},
-    {data::SqlSelectMembership(7, 9), 2, "select 9, 7"},
-    {data::SqlSelectMembership(6, 9), 2, "select 1 from qruser where 1 = 0"},
-    {data::SqlSelectUserPermIds(9), 1, "select permid from qruprm where userid = 9"},
-    {data::SqlSelectUserPermRows(9), 2, "select userid, permid from qruprm where userid = 9"},
-    {data::SqlSelectUserPermission(9, 20), 2, "select 9, 20"},
-    {data::SqlSelectUserPermissionNames(9), 2,
+    {data::SqlSelectUserGroupIds(Sample::kMartin), 1,
+     "select groupid from qrusgp where userid = 9"},
+    {data::SqlSelectGroupMemberships(Sample::kQualite), 2,
+     "select groupid, userid from qrusgp where groupid = 6"},
+    {data::SqlSelectUserMemberships(Sample::kMartin), 2,
+     "select userid, groupid from qrusgp where userid = 9"},
+    {data::SqlSelectMembership(Sample::kProduction, Sample::kMartin), 2, "select 9, 7"},
+    {data::SqlSelectMembership(Sample::kQualite, Sample::kMartin), 2,
+     "select 1 from qruser where 1 = 0"},
+    {data::SqlSelectUserPermIds(Sample::kMartin), 1, "select permid from qruprm where userid = 9"},
+    {data::SqlSelectUserPermRows(Sample::kMartin), 2,
+     "select userid, permid from qruprm where userid = 9"},
+    {data::SqlSelectUserPermission(Sample::kMartin, Sample::kReadings), 2, "select 9, 20"},
+    {data::SqlSelectUserPermissionNames(Sample::kMartin), 2,
      "select permid, name from qrperm where permid in (select permid from qruprm where userid = "
      "9)"},
-    {data::SqlSelectInheritedPermissions(9), 2,
+    {data::SqlSelectInheritedPermissions(Sample::kMartin), 2,
      "select permid, name from qrperm where permid in (select permid from qrgprm where groupid in"
      " (select groupid from qrusgp where userid = 9))"},
-    {data::SqlSelectInheritedPermissions(17), 2, "select 1 from qruser where 1 = 0"},
-    {data::SqlSelectGroupPermIds(6), 1, "select permid from qrgprm where groupid = 6"},
-    {data::SqlSelectGroupPermRows(6), 2, "select groupid, permid from qrgprm where groupid = 6"},
-    {data::SqlSelectGroupPermission(6, 21), 2, "select 6, 21"},
-    {data::SqlSelectGroupPermissionNames(6), 2,
+    {data::SqlSelectInheritedPermissions(Sample::kGarnier), 2, "select 1 from qruser where 1 = 0"},
+    {data::SqlSelectGroupPermIds(Sample::kQualite), 1,
+     "select permid from qrgprm where groupid = 6"},
+    {data::SqlSelectGroupPermRows(Sample::kQualite), 2,
+     "select groupid, permid from qrgprm where groupid = 6"},
+    {data::SqlSelectGroupPermission(Sample::kQualite, Sample::kReleasing), 2, "select 6, 21"},
+    {data::SqlSelectGroupPermissionNames(Sample::kQualite), 2,
      "select permid, name from qrperm where permid in (select permid from qrgprm where groupid = "
      "6)"},
     {data::SqlSelectAllPermissions(), 2, "select permid, name from qrperm"},
@@ -67,19 +76,24 @@ struct CatalogueChange {
 };
 
 const CatalogueChange kChanges[] = {
-    {data::SqlDeleteMembership(7, 9), 1,
+    {data::SqlDeleteMembership(Sample::kProduction, Sample::kMartin), 1,
      "select count(*) from qrusgp where groupid = 7 and userid = 9"},
-    {data::SqlDeleteMembership(6, 9), 0,
+    {data::SqlDeleteMembership(Sample::kQualite, Sample::kMartin), 0,
      "select count(*) from qrusgp where groupid = 6 and userid = 9"},
-    {data::SqlDeleteUserMemberships(9), 3, "select count(*) from qrusgp where userid = 9"},
-    {data::SqlDeleteGroupMemberships(6), 4, "select count(*) from qrusgp where groupid = 6"},
-    {data::SqlDeleteAllGroupUsers(6), 4, "select count(*) from qrusgp where groupid = 6"},
-    {data::SqlDeleteUserPermission(9, 20), 1,
+    {data::SqlDeleteUserMemberships(Sample::kMartin), 3,
+     "select count(*) from qrusgp where userid = 9"},
+    {data::SqlDeleteGroupMemberships(Sample::kQualite), 4,
+     "select count(*) from qrusgp where groupid = 6"},
+    {data::SqlDeleteAllGroupUsers(Sample::kQualite), 4,
+     "select count(*) from qrusgp where groupid = 6"},
+    {data::SqlDeleteUserPermission(Sample::kMartin, Sample::kReadings), 1,
      "select count(*) from qruprm where userid = 9 and permid = 20"},
-    {data::SqlDeleteUserPermissions(9), 2, "select count(*) from qruprm where userid = 9"},
-    {data::SqlDeleteGroupPermission(6, 21), 1,
+    {data::SqlDeleteUserPermissions(Sample::kMartin), 2,
+     "select count(*) from qruprm where userid = 9"},
+    {data::SqlDeleteGroupPermission(Sample::kQualite, Sample::kReleasing), 1,
      "select count(*) from qrgprm where groupid = 6 and permid = 21"},
-    {data::SqlDeleteGroupPermissions(6), 6, "select count(*) from qrgprm where groupid = 6"},
+    {data::SqlDeleteGroupPermissions(Sample::kQualite), 6,
+     "select count(*) from qrgprm where groupid = 6"},
 };
 
 Rows Expected(test_support::RawDatabase& raw, const std::string& sql) {
@@ -135,7 +149,7 @@ TEST_F(Catalogue, TheSessionUserIsFoundWhileTheSessionIsOpen) {
 }
 
 TEST_F(Catalogue, ColumnsAreNumbersAndTextsAsTheTablesHaveThem) {
-  const auto set = connection_->OpenResultSet(data::SqlSelectUser(20));
+  const auto set = connection_->OpenResultSet(data::SqlSelectUser(Sample::kBlanc));
   EXPECT_EQ(set->Column(0).Integer(), 20);
   EXPECT_EQ(set->Column(1).Text(), L"Blanc");
   EXPECT_TRUE(set->Column(2).IsNull());
@@ -143,7 +157,7 @@ TEST_F(Catalogue, ColumnsAreNumbersAndTextsAsTheTablesHaveThem) {
 }
 
 TEST_F(Catalogue, AnEmptyFullNameIsNoNull) {
-  const auto set = connection_->OpenResultSet(data::SqlSelectUser(26));
+  const auto set = connection_->OpenResultSet(data::SqlSelectUser(Sample::kMercier));
   EXPECT_FALSE(set->Column(2).IsNull());
   EXPECT_TRUE(set->Column(2).IsNullOrEmpty());
 }

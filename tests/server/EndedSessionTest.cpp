@@ -8,6 +8,7 @@
 namespace {
 
 using server_test::FailureOf;
+using test_support::Sample;
 
 class EndedSession : public ::testing::Test {
  protected:
@@ -29,10 +30,10 @@ class EndedSession : public ::testing::Test {
   void ExpectAllRefused(long error) {
     const auto refused = [&](auto&& call) { EXPECT_EQ(FailureOf(call).Number(), error); };
     refused([&] { connection_->BeginRead(); });
-    refused([&] { connection_->Execute(data::SqlDeleteUserMemberships(9)); });
+    refused([&] { connection_->Execute(data::SqlDeleteUserMemberships(Sample::kMartin)); });
     refused([&] { connection_->Execute(data::SqlMarkUserDeleted(L"Martin", 9)); });
     refused([&] { server_->NewIdentifier(L"QRUSRN"); });
-    const auto set = connection_->OpenResultSet(data::SqlSelectUser(9));
+    const auto set = connection_->OpenResultSet(data::SqlSelectUser(Sample::kMartin));
     set->Edit();
     set->SetColumn(L"NAME", std::wstring(L"Autre"));
     refused([&] { set->Update(); });
@@ -54,7 +55,7 @@ class EndedSession : public ::testing::Test {
 TEST_F(EndedSession, WritesAsLongAsItIsOpen) {
   connection_->BeginRead();
   connection_->EndRead();
-  EXPECT_EQ(connection_->Execute(data::SqlDeleteUserMemberships(9)), 3);
+  EXPECT_EQ(connection_->Execute(data::SqlDeleteUserMemberships(Sample::kMartin)), 3);
 }
 
 TEST_F(EndedSession, IsRefusedOnceItWasClosed) {
@@ -69,11 +70,12 @@ TEST_F(EndedSession, IsRefusedOnceItsUserWasDeleted) {
   ExpectAllRefused(server::kSessionUserGone);
 }
 
-TEST_F(EndedSession, LeavesNoTransactionBehind) {
+TEST_F(EndedSession, LeavesNoTransactionOpen) {
   CloseIt();
   EXPECT_THROW(connection_->BeginRead(), data::RunTimeError);
   sample_.Raw().Execute("update qruser set fullname = 'x' where userid = 9");
-  EXPECT_EQ(connection_->OpenResultSet(data::SqlSelectUser(9))->Column(2).Text(), L"x");
+  EXPECT_EQ(connection_->OpenResultSet(data::SqlSelectUser(Sample::kMartin))->Column(2).Text(),
+            L"x");
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 
 namespace {
 
+using test_support::Sample;
+
 // Statements of the catalogue, cut up, glued together and strewn with what hostile texts are made
 // of. Whatever comes of it, the guard either refuses it as a database error or lets through
 // something harmless: nobody's password or full name changes, no account appears or goes, nothing
@@ -14,14 +16,14 @@ class GuardFuzz : public server_test::OnSample {
  protected:
   std::wstring Statement() {
     const std::wstring whole[] = {data::SqlSelectAllUsers(),
-                                  data::SqlSelectUser(9),
-                                  data::SqlSelectGroupUsers(6),
+                                  data::SqlSelectUser(Sample::kMartin),
+                                  data::SqlSelectGroupUsers(Sample::kQualite),
                                   data::SqlMarkUserDeleted(L"Martin", 9),
                                   data::SqlMarkGroupDeleted(L"x", 6),
-                                  data::SqlDeleteMembership(6, 9),
-                                  data::SqlDeleteUserPermissions(9),
-                                  data::SqlSelectUserPermRows(9),
-                                  data::SqlSelectInheritedPermissions(9),
+                                  data::SqlDeleteMembership(Sample::kQualite, Sample::kMartin),
+                                  data::SqlDeleteUserPermissions(Sample::kMartin),
+                                  data::SqlSelectUserPermRows(Sample::kMartin),
+                                  data::SqlSelectInheritedPermissions(Sample::kMartin),
                                   data::SqlSelectGroupByName(L"Everyone")};
     std::wstring text = whole[Draw(std::size(whole))];
     for (std::size_t changes = Draw(4); changes > 0; --changes) Change(text);
@@ -29,7 +31,7 @@ class GuardFuzz : public server_test::OnSample {
   }
 
   // Everything that no statement of a client may change.
-  std::vector<std::vector<std::string>> Guarded() {
+  std::vector<std::vector<std::string>> AllRows() {
     const char* const questions[] = {
         "select userid, fullname, password from qruser order by 1",
         "select groupid, descr from qrgroup order by 1",
@@ -81,7 +83,7 @@ class GuardFuzz : public server_test::OnSample {
 };
 
 TEST_F(GuardFuzz, NothingHarmfulGetsThrough) {
-  const auto before = Guarded();
+  const auto before = AllRows();
   int accepted = 0;
   connection_->BeginRead();
   for (int round = 0; round < 20000; ++round) {
@@ -99,7 +101,7 @@ TEST_F(GuardFuzz, NothingHarmfulGetsThrough) {
   }
   connection_->EndRead();
   EXPECT_GT(accepted, 1000);
-  EXPECT_EQ(Guarded(), before);
+  EXPECT_EQ(AllRows(), before);
   EXPECT_EQ(sample_.Raw().Number("select count(*) from qruser where vflg not in ('', 'D')"), 0);
   for (const auto& row : sample_.Raw().Rows("select userid, name from qruser where vflg = 'D'")) {
     EXPECT_TRUE(row[1].ends_with("(" + row[0] + ")")) << row[1];

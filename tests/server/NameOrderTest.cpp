@@ -11,6 +11,7 @@ namespace {
 
 using server_test::FailureOf;
 using server_test::Rows;
+using test_support::Sample;
 
 // The second column of each row, which is where the program's statements have the name.
 std::vector<std::wstring> NamesIn(const Rows& rows) {
@@ -89,8 +90,8 @@ TEST_F(NameOrderOf, NamesTakesNoNoticeOfBlanksAroundThem) {
 TEST_F(NameOrderOf, WholeListsIsKeptWithoutOrderBy) {
   ExpectInOrder(NamesIn(Read(data::SqlSelectAllGroups(), 3)));
   ExpectInOrder(NamesIn(Read(data::SqlSelectAllPermissions(), 2)));
-  ExpectInOrder(NamesIn(Read(data::SqlSelectGroupUsers(2), 3)));
-  ExpectInOrder(NamesIn(Read(data::SqlSelectGroupPermissionNames(6), 2)));
+  ExpectInOrder(NamesIn(Read(data::SqlSelectGroupUsers(Sample::kEveryone), 3)));
+  ExpectInOrder(NamesIn(Read(data::SqlSelectGroupPermissionNames(Sample::kQualite), 2)));
   EXPECT_EQ(
       NamesIn(Read(data::SqlSelectAllGroups(), 3)),
       (std::vector<std::wstring>{L"Achats", L"Administrators", L"Comptabilité", L"Direction",

@@ -8,6 +8,7 @@ using data::FieldValue;
 using server_test::FailureOf;
 using server_test::NumberOf;
 using server_test::Rows;
+using test_support::Sample;
 
 const FieldValue kNull{};
 
@@ -45,7 +46,7 @@ TEST_F(ResultSet, ANewUserGoesThroughTheViewToTheTable) {
 TEST_F(ResultSet, AUserIsChangedByHisIdentifierAlone) {
   const std::string others = "select name from qruser where userid <> 9 order by userid";
   const auto before = sample_.Raw().Rows(others);
-  const auto set = Open(data::SqlSelectUser(9));
+  const auto set = Open(data::SqlSelectUser(Sample::kMartin));
   set->MoveFirst();
   for (; !set->EndOfRows(); set->MoveNext()) {
     ASSERT_EQ(set->Column(0).Integer(), 9);
@@ -81,12 +82,12 @@ TEST_F(ResultSet, LinksAreAddedByPositionWhateverRowsTheStatementFinds) {
   set->SetColumn(0, 9);
   set->SetColumn(1, 6);
   set->Update();
-  set = Open(data::SqlSelectUserPermission(9, 21));
+  set = Open(data::SqlSelectUserPermission(Sample::kMartin, Sample::kReleasing));
   set->AddNew();
   set->SetColumn(0, 9);
   set->SetColumn(1, 21);
   set->Update();
-  set = Open(data::SqlSelectGroupPermission(6, 29));
+  set = Open(data::SqlSelectGroupPermission(Sample::kQualite, Sample::kExport));
   set->AddNew();
   set->SetColumn(0, 6);
   set->SetColumn(1, 29);
@@ -97,8 +98,8 @@ TEST_F(ResultSet, LinksAreAddedByPositionWhateverRowsTheStatementFinds) {
 }
 
 TEST_F(ResultSet, SeveralRowsAreAddedOnOneSetAndSeenAfterMoveFirst) {
-  connection_->Execute(data::SqlDeleteUserPermissions(9));
-  const auto set = Open(data::SqlSelectUserPermRows(9));
+  connection_->Execute(data::SqlDeleteUserPermissions(Sample::kMartin));
+  const auto set = Open(data::SqlSelectUserPermRows(Sample::kMartin));
   for (const int permission : {4, 5, 6}) {
     set->AddNew();
     set->SetColumn(0, 9);
@@ -113,7 +114,7 @@ TEST_F(ResultSet, SeveralRowsAreAddedOnOneSetAndSeenAfterMoveFirst) {
 }
 
 TEST_F(ResultSet, ALinkThatExistsIsRefusedByTheDatabase) {
-  const auto set = Open(data::SqlSelectMembership(7, 9));
+  const auto set = Open(data::SqlSelectMembership(Sample::kProduction, Sample::kMartin));
   set->AddNew();
   set->SetColumn(L"USERID", 9);
   set->SetColumn(L"GROUPID", 7);
@@ -123,7 +124,7 @@ TEST_F(ResultSet, ALinkThatExistsIsRefusedByTheDatabase) {
 }
 
 TEST_F(ResultSet, ALinkToNobodyIsRefusedByTheDatabase) {
-  const auto set = Open(data::SqlSelectMembership(7, 4711));
+  const auto set = Open(data::SqlSelectMembership(Sample::kProduction, 4711));
   set->AddNew();
   set->SetColumn(L"USERID", 4711);
   set->SetColumn(L"GROUPID", 7);
@@ -136,18 +137,18 @@ TEST_F(ResultSet, NamesAreStoredAsTyped) {
       L"مرحبا",   {L'\xD83D', L'\xDE00', L'x'}, std::wstring(4000, L'ÿ'),           L"",
   };
   for (const std::wstring& name : names) {
-    auto set = Open(data::SqlSelectUser(9));
+    auto set = Open(data::SqlSelectUser(Sample::kMartin));
     set->Edit();
     set->SetColumn(L"NAME", name);
     set->Update();
     EXPECT_EQ(RawUser(9)[1], data::ToUtf8(name));
-    set = Open(data::SqlSelectUser(9));
+    set = Open(data::SqlSelectUser(Sample::kMartin));
     EXPECT_EQ(set->Column(1).Text(), name);
   }
 }
 
 TEST_F(ResultSet, ARowThatWasDeletedMeanwhileIsNotWritten) {
-  const auto set = Open(data::SqlSelectUser(9));
+  const auto set = Open(data::SqlSelectUser(Sample::kMartin));
   set->Edit();
   sample_.Raw().Execute("update qruser set vflg = 'D' where userid = 9");
   set->SetColumn(L"NAME", Text(L"Trop tard"));
@@ -158,7 +159,7 @@ TEST_F(ResultSet, ARowThatWasDeletedMeanwhileIsNotWritten) {
 }
 
 TEST_F(ResultSet, ARowThatIsGoneAltogetherIsNotWritten) {
-  const auto set = Open(data::SqlSelectMembership(7, 9));
+  const auto set = Open(data::SqlSelectMembership(Sample::kProduction, Sample::kMartin));
   set->Edit();
   sample_.Raw().Execute("delete from qrusgp where userid = 9 and groupid = 7");
   set->SetColumn(L"GROUPID", 6);
@@ -166,7 +167,7 @@ TEST_F(ResultSet, ARowThatIsGoneAltogetherIsNotWritten) {
 }
 
 TEST_F(ResultSet, ARowShowsWhatWasWrittenToIt) {
-  const auto set = Open(data::SqlSelectUser(9));
+  const auto set = Open(data::SqlSelectUser(Sample::kMartin));
   set->Edit();
   set->SetColumn(L"FULLNAME", kNull);
   set->SetColumn(L"NAME", Text(L"Neuf"));
@@ -178,8 +179,8 @@ TEST_F(ResultSet, ARowShowsWhatWasWrittenToIt) {
   EXPECT_TRUE(set->EndOfRows());
 }
 
-TEST_F(ResultSet, RowsBehindAWrittenOneAreStillWalked) {
-  const auto set = Open(data::SqlSelectUserPermRows(9));
+TEST_F(ResultSet, RowsAfterAWrittenOneAreStillWalked) {
+  const auto set = Open(data::SqlSelectUserPermRows(Sample::kMartin));
   // The statement asks for no order: either of the two may come first.
   const std::int32_t other = set->Column(1).Integer() == 14 ? 20 : 14;
   set->Edit();
@@ -191,7 +192,7 @@ TEST_F(ResultSet, RowsBehindAWrittenOneAreStillWalked) {
 }
 
 TEST_F(ResultSet, MoveFirstWalksTheRowsAsTheyAreNow) {
-  const auto set = Open(data::SqlSelectUserPermIds(9));
+  const auto set = Open(data::SqlSelectUserPermIds(Sample::kMartin));
   while (!set->EndOfRows()) set->MoveNext();
   sample_.Raw().Execute("delete from qruprm where userid = 9 and permid = 14");
   set->MoveFirst();
@@ -201,7 +202,7 @@ TEST_F(ResultSet, MoveFirstWalksTheRowsAsTheyAreNow) {
 }
 
 TEST_F(ResultSet, ASetWalkedToItsEndHoldsNoLock) {
-  const auto set = Open(data::SqlSelectUser(9));
+  const auto set = Open(data::SqlSelectUser(Sample::kMartin));
   set->MoveNext();
   EXPECT_TRUE(set->EndOfRows());
   sample_.Raw().Execute("pragma busy_timeout = 0; update qruser set fullname = 'x' where userid=9");
@@ -210,7 +211,7 @@ TEST_F(ResultSet, ASetWalkedToItsEndHoldsNoLock) {
 }
 
 TEST_F(ResultSet, ASetThatIsBeingWrittenThroughHoldsNoLock) {
-  const auto set = Open(data::SqlSelectUser(9));
+  const auto set = Open(data::SqlSelectUser(Sample::kMartin));
   set->Edit();
   sample_.Raw().Execute("pragma busy_timeout = 0; update qruser set fullname = 'x' where userid=9");
   set->SetColumn(L"NAME", Text(L"y"));
@@ -219,9 +220,9 @@ TEST_F(ResultSet, ASetThatIsBeingWrittenThroughHoldsNoLock) {
 }
 
 TEST_F(ResultSet, SeveralSetsOfOneShapeAreOpenAtOnce) {
-  const auto first = Open(data::SqlSelectUserGroups(9));
-  const auto second = Open(data::SqlSelectUserGroups(2));
-  const auto third = Open(data::SqlSelectUserGroups(9));
+  const auto first = Open(data::SqlSelectUserGroups(Sample::kMartin));
+  const auto second = Open(data::SqlSelectUserGroups(Sample::kMoreau));
+  const auto third = Open(data::SqlSelectUserGroups(Sample::kMartin));
   EXPECT_EQ(first->Column(1).Text(), L"Everyone");
   EXPECT_EQ(second->Column(1).Text(), L"Administrators");
   first->MoveNext();
@@ -231,7 +232,7 @@ TEST_F(ResultSet, SeveralSetsOfOneShapeAreOpenAtOnce) {
 }
 
 TEST_F(ResultSet, CallsOutOfOrderAreErrors) {
-  const auto set = Open(data::SqlSelectUser(9));
+  const auto set = Open(data::SqlSelectUser(Sample::kMartin));
   EXPECT_EQ(NumberOf([&] { set->Update(); }), server::kNothingToWrite);
   EXPECT_EQ(NumberOf([&] { set->SetColumn(L"NAME", kNull); }), server::kNothingToWrite);
   EXPECT_EQ(NumberOf([&] { set->SetColumn(0, kNull); }), server::kNothingToWrite);
@@ -244,7 +245,7 @@ TEST_F(ResultSet, CallsOutOfOrderAreErrors) {
 }
 
 TEST_F(ResultSet, UnknownColumnsAreErrors) {
-  const auto set = Open(data::SqlSelectUser(9));
+  const auto set = Open(data::SqlSelectUser(Sample::kMartin));
   EXPECT_EQ(NumberOf([&] { set->Column(4); }), server::kColumnUnknown);
   EXPECT_EQ(NumberOf([&] { set->Column(-1); }), server::kColumnUnknown);
   set->Edit();
@@ -256,7 +257,7 @@ TEST_F(ResultSet, UnknownColumnsAreErrors) {
 }
 
 TEST_F(ResultSet, AClosedSetIsAnErrorAndClosingTwiceIsNone) {
-  const auto set = Open(data::SqlSelectUser(9));
+  const auto set = Open(data::SqlSelectUser(Sample::kMartin));
   set->Close();
   set->Close();
   EXPECT_EQ(NumberOf([&] { set->EndOfRows(); }), server::kResultSetClosed);
@@ -274,9 +275,9 @@ TEST_F(ResultSet, WhatMayNotBeWrittenIsRefused) {
   const std::wstring statements[] = {data::SqlSelectAllPermissions(),
                                      data::SqlSelectSessionUser(1),
                                      data::SqlSelectAdminUser(),
-                                     data::SqlSelectGroupUsers(7),
-                                     data::SqlSelectUserPermissionNames(9),
-                                     data::SqlSelectUserGroupIds(9),
+                                     data::SqlSelectGroupUsers(Sample::kProduction),
+                                     data::SqlSelectUserPermissionNames(Sample::kMartin),
+                                     data::SqlSelectUserGroupIds(Sample::kMartin),
                                      L"SELECT NAME FROM QRUSERV",
                                      L"SELECT * FROM QRUSGPV",
                                      L"SELECT USERID, VFLG, NAME FROM QRUSER"};
@@ -288,7 +289,7 @@ TEST_F(ResultSet, WhatMayNotBeWrittenIsRefused) {
 }
 
 TEST_F(ResultSet, ANewRowNeedsItsIdentifiers) {
-  const auto set = Open(data::SqlSelectUser(9));
+  const auto set = Open(data::SqlSelectUser(Sample::kMartin));
   set->AddNew();
   set->SetColumn(L"NAME", Text(L"Sans numéro"));
   EXPECT_EQ(NumberOf([&] { set->Update(); }), server::kKeyMissing);
@@ -312,7 +313,7 @@ TEST_F(ResultSet, AValueIsConvertedToItsColumnsKind) {
 
 TEST_F(ResultSet, AnEditThatSetsNothingWritesNothing) {
   const auto before = RawUser(9);
-  const auto set = Open(data::SqlSelectUser(9));
+  const auto set = Open(data::SqlSelectUser(Sample::kMartin));
   set->Edit();
   set->Update();
   EXPECT_EQ(RawUser(9), before);
@@ -344,7 +345,8 @@ TEST_F(ResultSet, TextsOfEveryLengthAndPlaneComeBackWhole) {
       "é", "aé", "日本", "é日", "😀", "a😀é", "’", std::string(5000, 'x'), "x’y’z’", "éa", "ÿ€"};
   for (const std::string& text : texts) {
     raw.Execute("update qruser set fullname = '" + text + "' where userid = 9");
-    EXPECT_EQ(Open(data::SqlSelectUser(9))->Column(2).Text(), data::FromUtf8(text)) << text;
+    EXPECT_EQ(Open(data::SqlSelectUser(Sample::kMartin))->Column(2).Text(), data::FromUtf8(text))
+        << text;
   }
 }
 

@@ -8,33 +8,35 @@ namespace {
 
 using server_test::NumberOf;
 using server_test::Rows;
+using test_support::Sample;
 
-using Sample = server_test::OnSample;
+using SampleCompany = server_test::OnSample;
 
-TEST_F(Sample, IsACompanyOfSomeFortyUsers) {
+TEST_F(SampleCompany, IsACompanyOfSomeFortyUsers) {
   test_support::RawDatabase raw = sample_.Raw();
   EXPECT_EQ(raw.Number("select count(*) from qruserv"), 39);
   EXPECT_EQ(raw.Number("select count(*) from qrgroupv"), 12);
   EXPECT_EQ(raw.Number("select count(*) from qrperm"), 30);
 }
 
-TEST_F(Sample, HasTheProtectedAccounts) {
+TEST_F(SampleCompany, HasTheProtectedAccounts) {
   EXPECT_EQ(Read(data::SqlSelectAdminUser(), 1), (Rows{{L"1"}}));
   EXPECT_EQ(Read(data::SqlSelectProtectedGroups(), 2),
             (Rows{{L"1", L"Administrators"}, {L"2", L"Everyone"}}));
 }
 
-TEST_F(Sample, HasEveryLivingUserInEveryone) {
+TEST_F(SampleCompany, HasEveryLivingUserInEveryone) {
   EXPECT_EQ(sample_.Raw().Number("select count(*) from qruserv where userid not in"
                                  " (select userid from qrusgp where groupid = 2)"),
             0);
 }
 
-TEST_F(Sample, HasASecondAdministrator) {
-  EXPECT_EQ(Read(data::SqlSelectMembership(1, 2), 2).size(), 1U);
+TEST_F(SampleCompany, HasASecondAdministrator) {
+  EXPECT_EQ(Read(data::SqlSelectMembership(Sample::kAdministrators, Sample::kMoreau), 2).size(),
+            1U);
 }
 
-TEST_F(Sample, HasMartinWhoIsNotInQuality) {
+TEST_F(SampleCompany, HasMartinWhoIsNotInQuality) {
   EXPECT_EQ(sample_.Raw().Number("select count(*) from qruserv where name = 'Martin'"), 1);
   EXPECT_EQ(sample_.Raw().Number("select count(*) from qrusgp natural join qruserv"
                                  " where name = 'Martin' and groupid ="
@@ -42,16 +44,16 @@ TEST_F(Sample, HasMartinWhoIsNotInQuality) {
             0);
 }
 
-TEST_F(Sample, HasADeletedUserUnderHisLongerName) {
+TEST_F(SampleCompany, HasADeletedUserUnderHisLongerName) {
   EXPECT_EQ(sample_.Raw().Text("select name from qruser where vflg = 'D'"), "Garnier(17)");
 }
 
-TEST_F(Sample, HasAUserWithNothingButEveryone) {
-  EXPECT_EQ(Read(data::SqlSelectUserGroupIds(40), 1), (Rows{{L"2"}}));
-  EXPECT_TRUE(Read(data::SqlSelectUserPermIds(40), 1).empty());
+TEST_F(SampleCompany, HasAUserWithNothingButEveryone) {
+  EXPECT_EQ(Read(data::SqlSelectUserGroupIds(Sample::kStagiaire), 1), (Rows{{L"2"}}));
+  EXPECT_TRUE(Read(data::SqlSelectUserPermIds(Sample::kStagiaire), 1).empty());
 }
 
-TEST_F(Sample, NamesAreUniqueAndTrimmed) {
+TEST_F(SampleCompany, NamesAreUniqueAndTrimmed) {
   std::set<std::string_view> names;
   for (const server::sample::User& user : server::sample::Users()) {
     EXPECT_TRUE(names.insert(user.name).second) << user.name;
@@ -59,15 +61,16 @@ TEST_F(Sample, NamesAreUniqueAndTrimmed) {
   }
 }
 
-TEST_F(Sample, PasswordsAreReadWithTheKeyOfTheSource) {
-  const auto set = connection_->OpenResultSet(data::SqlSelectUser(9));
+TEST_F(SampleCompany, PasswordsAreReadWithTheKeyOfTheSource) {
+  const auto set = connection_->OpenResultSet(data::SqlSelectUser(Sample::kMartin));
   EXPECT_EQ(server_->DecryptPassword(set->Column(3).Text(), 9), L"Vardex-2026");
   EXPECT_EQ(NumberOf([&] { server_->DecryptPassword(set->Column(3).Text(), 8); }),
             server::kPasswordUnreadable);
-  EXPECT_TRUE(connection_->OpenResultSet(data::SqlSelectUser(40))->Column(3).IsNull());
+  EXPECT_TRUE(
+      connection_->OpenResultSet(data::SqlSelectUser(Sample::kStagiaire))->Column(3).IsNull());
 }
 
-TEST_F(Sample, MembershipsOfDeletedAccountsDoNotCount) {
+TEST_F(SampleCompany, MembershipsOfDeletedAccountsDoNotCount) {
   EXPECT_EQ(sample_.Raw().Number("select count(*) from qrusgp where userid = 17"), 1);
   EXPECT_EQ(sample_.Raw().Number("select count(*) from qrusgpv where userid = 17"), 0);
   sample_.Raw().Execute("update qrgroup set vflg = 'D' where groupid = 7");
@@ -129,7 +132,7 @@ TEST_F(Generated, SmallSizesHaveFewerLinks) {
   EXPECT_EQ(sample.Raw().Number("select count(*) from qruprm"), 0);
 }
 
-TEST_F(Generated, CountersGoOnBehindTheAccounts) {
+TEST_F(Generated, CountersGoOnAfterTheAccounts) {
   test_support::SampleDatabase sample(server::GeneratedSize{100, 20, 30});
   const auto server = sample.OpenServer();
   EXPECT_EQ(server->NewIdentifier(L"QRUSRN"), 101);

@@ -11,6 +11,7 @@
 #include "data/RunTimeError.h"
 #include "data/SessionServer.h"
 #include "server/core/Errors.h"
+#include "tests/support/data/Sample.h"
 #include "tests/support/data/SampleDatabase.h"
 
 namespace server_test {

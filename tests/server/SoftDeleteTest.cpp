@@ -5,6 +5,7 @@
 namespace {
 
 using server_test::FailureOf;
+using test_support::Sample;
 
 class SoftDelete : public server_test::OnSample {
  protected:
@@ -22,14 +23,14 @@ TEST_F(SoftDelete, FlagsAndRenamesTheUserAndHidesHimFromTheView) {
   EXPECT_EQ(connection_->Execute(data::SqlMarkUserDeleted(L"Martin", 9)), 1);
   EXPECT_EQ(sample_.Raw().Rows("select name, vflg from qruser where userid = 9"),
             (std::vector<std::vector<std::string>>{{"Martin(9)", "D"}}));
-  EXPECT_TRUE(Read(data::SqlSelectUser(9), 3).empty());
+  EXPECT_TRUE(Read(data::SqlSelectUser(Sample::kMartin), 3).empty());
 }
 
 TEST_F(SoftDelete, FlagsAndRenamesTheGroupAndHidesItsMemberships) {
   EXPECT_EQ(connection_->Execute(data::SqlMarkGroupDeleted(L"Qualité", 6)), 1);
   EXPECT_EQ(sample_.Raw().Rows("select name, vflg from qrgroup where groupid = 6"),
             (std::vector<std::vector<std::string>>{{"Qualité(6)", "D"}}));
-  EXPECT_TRUE(Read(data::SqlSelectGroup(6), 3).empty());
+  EXPECT_TRUE(Read(data::SqlSelectGroup(Sample::kQualite), 3).empty());
   EXPECT_EQ(Read(data::SqlSelectInheritedPermissions(21), 2).size(), 2U);
 }
 

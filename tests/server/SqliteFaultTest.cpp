@@ -18,6 +18,7 @@ namespace {
 
 using server_test::FailureOf;
 using std::chrono::milliseconds;
+using test_support::Sample;
 
 class SqliteFault : public ::testing::Test {
  protected:
@@ -112,7 +113,8 @@ TEST_F(SqliteFault, ALockedDatabaseIsReadAsSoonAsItIsFree) {
     other.Execute("commit");
   });
   reading.set_value();
-  EXPECT_EQ(server_test::ReadRows(*connection, data::SqlSelectUser(9), 2)[0][1], L"Après");
+  EXPECT_EQ(server_test::ReadRows(*connection, data::SqlSelectUser(Sample::kMartin), 2)[0][1],
+            L"Après");
   holder.join();
 }
 
@@ -122,11 +124,13 @@ TEST_F(SqliteFault, AWriterThatIsShutOutChangesNothingAndMayTryAgain) {
   const auto connection = server->DatabaseConnection();
   test_support::RawDatabase other = sample_.Raw();
   other.Execute("begin immediate");
-  EXPECT_EQ(FailureOf([&] { connection->Execute(data::SqlDeleteUserPermissions(9)); }).Text(),
+  EXPECT_EQ(FailureOf([&] {
+              connection->Execute(data::SqlDeleteUserPermissions(Sample::kMartin));
+            }).Text(),
             L"database is locked");
   EXPECT_EQ(FailureOf([&] { server->NewIdentifier(L"QRUSRN"); }).Text(), L"database is locked");
   other.Execute("rollback");
-  EXPECT_EQ(connection->Execute(data::SqlDeleteUserPermissions(9)), 2);
+  EXPECT_EQ(connection->Execute(data::SqlDeleteUserPermissions(Sample::kMartin)), 2);
   EXPECT_EQ(server->NewIdentifier(L"QRUSRN"), 41);
 }
 
@@ -176,7 +180,7 @@ TEST_F(SqliteFault, AReadOnlyFileIsReadAndItsWritesAreToldByTheDatabase) {
       sample_.File(), server::SqliteEngine::Mode::kExisting, milliseconds(20)));
   EXPECT_TRUE(database.Borrow(data::SqlSelectAllUsers(), true)->Get().Step());
   const data::RunTimeError failure =
-      FailureOf([&] { database.Execute(data::SqlDeleteUserPermissions(9)); });
+      FailureOf([&] { database.Execute(data::SqlDeleteUserPermissions(Sample::kMartin)); });
   EXPECT_EQ(failure.Number(), server::kDatabaseError);
   EXPECT_EQ(failure.Text(), L"attempt to write a readonly database");
 }

@@ -5,6 +5,7 @@
 namespace {
 
 using SqliteSchema = server_test::OnSample;
+using test_support::Sample;
 
 TEST_F(SqliteSchema, IsSound) {
   test_support::RawDatabase raw = sample_.Raw();
@@ -55,7 +56,7 @@ TEST_F(SqliteValues, AreStoredAsTheirColumnsKind) {
 TEST_F(SqliteValues, MalformedTextInTheFileIsReadAsReplacementLetters) {
   sample_.Raw().Execute(
       "update qruser set fullname = cast(x'41C341FFC3' as text) where userid = 9");
-  EXPECT_EQ(connection_->OpenResultSet(data::SqlSelectUser(9))->Column(2).Text(),
+  EXPECT_EQ(connection_->OpenResultSet(data::SqlSelectUser(Sample::kMartin))->Column(2).Text(),
             L"A\xFFFD"
             L"A\xFFFD\xFFFD");
 }

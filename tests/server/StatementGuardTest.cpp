@@ -7,6 +7,7 @@
 namespace {
 
 using server_test::FailureOf;
+using test_support::Sample;
 
 // What somebody might try through the program's names, or a broken client might send.
 const wchar_t* const kRefused[] = {
@@ -227,9 +228,10 @@ TEST_F(StatementGuard, SaysWhereAStatementGoesWrong) {
 }
 
 TEST_F(StatementGuard, DoesNotOpenADeletionNorExecuteASelection) {
-  EXPECT_EQ(
-      server_test::NumberOf([&] { connection_->OpenResultSet(data::SqlDeleteUserMemberships(9)); }),
-      server::kDatabaseError);
+  EXPECT_EQ(server_test::NumberOf([&] {
+              connection_->OpenResultSet(data::SqlDeleteUserMemberships(Sample::kMartin));
+            }),
+            server::kDatabaseError);
   EXPECT_EQ(server_test::NumberOf([&] { connection_->Execute(data::SqlSelectAllUsers()); }),
             server::kDatabaseError);
   EXPECT_EQ(sample_.Raw().Number("select count(*) from qrusgp where userid = 9"), 3);

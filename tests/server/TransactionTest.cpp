@@ -5,6 +5,7 @@
 namespace {
 
 using server_test::NumberOf;
+using test_support::Sample;
 
 class Transaction : public server_test::OnSample {
  protected:
@@ -36,13 +37,13 @@ TEST_F(Transaction, CallsNestByCounting) {
   connection_->BeginRead();
   connection_->BeginRead();
   connection_->EndRead();
-  const auto before = Read(data::SqlSelectUserPermIds(9), 1);
+  const auto before = Read(data::SqlSelectUserPermIds(Sample::kMartin), 1);
   test_support::RawDatabase other = sample_.Raw();
   WriteMeanwhile(other, "delete from qruprm");
-  EXPECT_EQ(Read(data::SqlSelectUserPermIds(9), 1), before);
+  EXPECT_EQ(Read(data::SqlSelectUserPermIds(Sample::kMartin), 1), before);
   connection_->EndRead();
   other.Execute("delete from qruprm");
-  EXPECT_TRUE(Read(data::SqlSelectUserPermIds(9), 1).empty());
+  EXPECT_TRUE(Read(data::SqlSelectUserPermIds(Sample::kMartin), 1).empty());
 }
 
 TEST_F(Transaction, EndWithoutBeginIsAnError) {
@@ -54,8 +55,8 @@ TEST_F(Transaction, EndWithoutBeginIsAnError) {
 
 TEST_F(Transaction, WritesInsideAreKept) {
   connection_->BeginRead();
-  Read(data::SqlSelectUserGroups(9), 3);
-  EXPECT_EQ(connection_->Execute(data::SqlDeleteUserPermissions(9)), 2);
+  Read(data::SqlSelectUserGroups(Sample::kMartin), 3);
+  EXPECT_EQ(connection_->Execute(data::SqlDeleteUserPermissions(Sample::kMartin)), 2);
   const std::int32_t id = server_->NewIdentifier(L"QRUSRN");
   connection_->EndRead();
   EXPECT_EQ(sample_.Raw().Number("select count(*) from qruprm where userid = 9"), 0);
@@ -64,14 +65,15 @@ TEST_F(Transaction, WritesInsideAreKept) {
 
 TEST_F(Transaction, AWriteThatFailsInsideLeavesTheReadsAsTheyAre) {
   connection_->BeginRead();
-  const auto before = Read(data::SqlSelectUserGroupIds(9), 1);
-  const auto set = connection_->OpenResultSet(data::SqlSelectMembership(7, 9));
+  const auto before = Read(data::SqlSelectUserGroupIds(Sample::kMartin), 1);
+  const auto set =
+      connection_->OpenResultSet(data::SqlSelectMembership(Sample::kProduction, Sample::kMartin));
   set->AddNew();
   set->SetColumn(L"USERID", 9);
   set->SetColumn(L"GROUPID", 7);
   EXPECT_EQ(NumberOf([&] { set->Update(); }), server::kDatabaseError);
-  EXPECT_EQ(Read(data::SqlSelectUserGroupIds(9), 1), before);
-  EXPECT_EQ(connection_->Execute(data::SqlDeleteUserPermissions(9)), 2);
+  EXPECT_EQ(Read(data::SqlSelectUserGroupIds(Sample::kMartin), 1), before);
+  EXPECT_EQ(connection_->Execute(data::SqlDeleteUserPermissions(Sample::kMartin)), 2);
   connection_->EndRead();
   EXPECT_EQ(sample_.Raw().Number("select count(*) from qruprm where userid = 9"), 0);
 }
@@ -89,14 +91,15 @@ TEST_F(Transaction, ConnectionsOfOneSessionShareTheirReads) {
   connection_->BeginRead();
   second->BeginRead();
   connection_->EndRead();
-  const auto before = server_test::ReadRows(*second, data::SqlSelectUserPermIds(9), 1);
+  const auto before =
+      server_test::ReadRows(*second, data::SqlSelectUserPermIds(Sample::kMartin), 1);
   test_support::RawDatabase other = sample_.Raw();
   WriteMeanwhile(other, "delete from qruprm");
-  EXPECT_EQ(server_test::ReadRows(*second, data::SqlSelectUserPermIds(9), 1), before);
+  EXPECT_EQ(server_test::ReadRows(*second, data::SqlSelectUserPermIds(Sample::kMartin), 1), before);
   EXPECT_EQ(NumberOf([&] { connection_->EndRead(); }), server::kReadNotBegun);
   second->EndRead();
   other.Execute("delete from qruprm");
-  EXPECT_TRUE(Read(data::SqlSelectUserPermIds(9), 1).empty());
+  EXPECT_TRUE(Read(data::SqlSelectUserPermIds(Sample::kMartin), 1).empty());
 }
 
 TEST_F(Transaction, AReadScopeThatAnErrorLeavesEndsTheRead) {

@@ -15,6 +15,8 @@ struct Sample {
   static constexpr std::int32_t kBernard = 3;
   static constexpr std::int32_t kMartin = 9;    // in Everyone, Production and Laboratoire
   static constexpr std::int32_t kGarnier = 17;  // deleted
+  static constexpr std::int32_t kBlanc = 20;    // full name null
+  static constexpr std::int32_t kMercier = 26;  // full name empty
   static constexpr std::int32_t kClement = 34;
   static constexpr std::int32_t kOeuvrard = 38;
   static constexpr std::int32_t kStagiaire = 40;  // without full name and password
@@ -30,9 +32,10 @@ struct Sample {
 
   // Permissions.
   static constexpr std::int32_t kUserAdministration = 1;
-  static constexpr std::int32_t kStock = 14;  // "Consulter le stock"; Martin's own
-  static constexpr std::int32_t kReadings =
-      20;  // "Saisir un relevé de contrôle"; his and the laboratory's
+  static constexpr std::int32_t kStock = 14;      // "Consulter le stock"; Martin's own
+  static constexpr std::int32_t kReadings = 20;   // "Saisir un relevé de contrôle"; Martin's too
+  static constexpr std::int32_t kReleasing = 21;  // "Libérer un lot"; the quality's
+  static constexpr std::int32_t kExport = 29;     // "Exporter des données"
   static constexpr std::int32_t kAudit = 30;
 
   // Rows in the order of their names, in which the server lists them.
