@@ -25,7 +25,7 @@ class Comparison {
   std::vector<double> ratios_;
 };
 
-// Prints a row of a table: the name left-aligned, the cells behind it right-aligned.
+// Prints a row of a table: the name left-aligned, the cells after it right-aligned.
 void PrintRow(const std::string& name, const std::vector<std::string>& cells);
 
 // Numbers as cells: milliseconds with one decimal, a ratio with two, a count.

@@ -99,7 +99,7 @@ function(uadmin_sources result folder)
 endfunction()
 
 # uadmin_library(TARGET FOLDER [TARGET ...]): a static library of the folder's sources that links the
-# targets named behind it.
+# targets named after it.
 function(uadmin_library target folder)
   uadmin_sources(sources ${folder})
   add_library(${target} STATIC ${sources})

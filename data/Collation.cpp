@@ -43,7 +43,7 @@ constexpr std::string_view kStackedLetters =
     "WWWWWWWWWWXXXXYYZZZZZZHTWY******AAAAAAAAAAAAAAAAAAAAAAAAEEEEEEEE"
     "EEEEEEEEIIIIOOOOOOOOOOOOOOOOOOOOOOOOUUUUUUUUUUUUUUYYYYYYYY******";
 
-// Marks that stand as characters of their own behind their letter, and the sign of each above.
+// Marks that stand as characters of their own after their letter, and the sign of each above.
 constexpr std::size_t kFirstCombining = 0x300;
 constexpr std::size_t kLastCombining = 0x36F;
 constexpr std::string_view kCombining = "`'^~--u.: o\"v";  // U+0300 to U+030C

@@ -6,11 +6,11 @@ namespace data {
 namespace {
 
 // Room for two identifiers and what stands between them, so that a statement is composed in place.
-constexpr std::size_t kRoomBehind = 64;
+constexpr std::size_t kRoomForNumbers = 64;
 
 std::wstring With(std::wstring_view text, std::int32_t id) {
   std::wstring statement;
-  statement.reserve(text.size() + kRoomBehind);
+  statement.reserve(text.size() + kRoomForNumbers);
   statement = text;
   statement += Decimal(id);
   return statement;

@@ -20,8 +20,8 @@ std::string KeyAfter(const std::wstring& name) {
 }
 
 // The first item that begins with the typed text, or else the first that follows it. Where none
-// follows, the last one that at least begins with the same letter: who types "mz" is shown the end
-// of the names in M. -1 for none.
+// follows, the last one that at least begins with the same letter: a user who types "mz" is shown
+// the end of the names in M. -1 for none.
 int FindByFirstLetters(const ListBox& list, std::wstring_view typed) {
   const std::string wanted = data::CollationKey(typed);
   const std::string letter = data::CollationKey(typed.substr(0, 1));

@@ -47,7 +47,7 @@ class CommandTest : public test_support::MainWindowFixture {
   // That somebody else was faster.
   void ExpectChangedMeanwhile(Where where = Where::current());
 
-  // Fills the dialog in and presses OK; from then on statements are noted afresh.
+  // Fills the dialog in and presses OK; statements are noted from then on only.
   template <typename Dialog, typename Fill>
   void ExpectDialog(Fill fill, Where where = Where::current()) {
     user.ExpectModal(

@@ -76,11 +76,11 @@ class LinkRemoval : public CommandTest {
     Press(window, removal);
   }
   // What each command sends after its DELETE.
-  static Strings Follow(frmUserGroupPerm& window, const Removal& removal) {
+  static Strings StatementsAfter(frmUserGroupPerm& window, const Removal& removal) {
     if (removal.tree == 0) return {data::SqlSelectInheritedPermissions(9)};
     return removal.question == kAskMember ? UserRebuild(window) : AllPermissionsRebuild(window);
   }
-  void DeleteBehindTheProgramsBack(const Removal& removal) {
+  void DeleteBySomebodyElse(const Removal& removal) {
     std::string sql = removal.rowCount;
     Raw().Execute("DELETE" + sql.substr(sql.find(" FROM")));
   }
@@ -94,7 +94,7 @@ TEST_F(LinkRemoval, SendsOneDeleteAndThenWhatBringsTheTreesUpToDate) {
     UseSample();
     Run([&](frmUserGroupPerm& window) {
       Remove(window, removal);
-      EXPECT_EQ(log.statements, Joined({removal.statement}, Follow(window, removal)));
+      EXPECT_EQ(log.statements, Joined({removal.statement}, StatementsAfter(window, removal)));
       EXPECT_EQ(Raw().Number(removal.rowCount), 0);
       EXPECT_FALSE(Has(window, removal.tree, removal.leaf));
     });
@@ -249,12 +249,12 @@ TEST_F(LinkRemoval, OfALinkThatSomebodyElseHasTakenReadsTheFolderAgainAndSaysSo)
     UseSample();
     Run([&](frmUserGroupPerm& window) {
       SelectLeaf(window, removal);
-      DeleteBehindTheProgramsBack(removal);
+      DeleteBySomebodyElse(removal);
       ExpectQuestion(kResultYes, removal.question);
       ExpectChangedMeanwhile();
       Press(window, removal);
       EXPECT_EQ(log.statements,
-                Joined({removal.statement, removal.reread}, Follow(window, removal)));
+                Joined({removal.statement, removal.reread}, StatementsAfter(window, removal)));
       EXPECT_FALSE(Has(window, removal.tree, removal.leaf));
       ExpectInStepBut(window, Stale(removal));
     });
@@ -264,7 +264,7 @@ TEST_F(LinkRemoval, OfALinkThatSomebodyElseHasTakenReadsTheFolderAgainAndSaysSo)
 TEST_F(LinkRemoval, ShowsInTheReadFolderWhatElseSomebodyHasChangedThere) {
   Run([this](frmUserGroupPerm& window) {
     SelectLeaf(window, kRemovals[2]);
-    DeleteBehindTheProgramsBack(kRemovals[2]);
+    DeleteBySomebodyElse(kRemovals[2]);
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
     ExpectQuestion(kResultYes, kAskMember);
     ExpectChangedMeanwhile();

@@ -27,7 +27,7 @@ class Lookup : public test_support::MainWindowFixture {
   }
 };
 
-TEST_F(Lookup, TheTypeOfANodeIsTheTwoCharactersBehindTheFirstTypeMarker) {
+TEST_F(Lookup, TheTypeOfANodeIsTheTwoCharactersAfterTheFirstTypeMarker) {
   Run([](frmUserGroupPerm& window) {
     EXPECT_EQ(window.Users.lookup.GetTypeNode(Keys::User(12)), L"US");
     EXPECT_EQ(window.Users.lookup.GetTypeNode(L"x\\TGR\\TUS"), L"GR");

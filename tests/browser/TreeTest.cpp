@@ -215,7 +215,7 @@ TEST_F(Trees, AccountsAreSortedByTextWithoutRegardToCaseOrAccents) {
   });
 }
 
-TEST_F(Trees, TheStoredNameStaysBehindTheDisplayedText) {
+TEST_F(Trees, TheStoredNameIsKeptBesideTheDisplayedText) {
   Run([](frmUserGroupPerm& window) {
     const TreeNodes& users = window.Users.TreeView1.Nodes();
     const TreeNodes& groups = window.Groups.TreeView1.Nodes();

@@ -1,7 +1,7 @@
 #include <random>
 
 #include "tests/controls/ControlsTest.h"
-#include "tests/support/controls/Eyes.h"
+#include "tests/support/controls/ShownContent.h"
 
 namespace controls_test {
 namespace {

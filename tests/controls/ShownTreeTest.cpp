@@ -3,7 +3,7 @@
 #include <random>
 
 #include "tests/controls/TreeTest.h"
-#include "tests/support/controls/Eyes.h"
+#include "tests/support/controls/ShownContent.h"
 
 namespace controls_test {
 namespace {

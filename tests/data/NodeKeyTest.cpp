@@ -61,7 +61,7 @@ TEST(NodeKey, AKeyWithoutTheWantedMarkerGivesNoIdentifier) {
   EXPECT_EQ(GetGroupID(L"\\TUS \\U12"), 0);
 }
 
-TEST(NodeKey, AMarkerWithNothingBehindItGivesZeroWithoutAnError) {
+TEST(NodeKey, AMarkerWithNothingAfterItGivesZeroWithoutAnError) {
   EXPECT_EQ(GetGroupID(L"\\TMO \\U12 \\G"), 0);
   EXPECT_EQ(GetUserID(L"\\TMS \\G5 \\U"), 0);
 }

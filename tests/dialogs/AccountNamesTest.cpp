@@ -94,7 +94,7 @@ TEST_F(AccountNames, OnlyTheFirstDuplicateIsTold) {
   EXPECT_TRUE(IsUserTaken(L"Martin"));
 }
 
-TEST_F(AccountNames, TheWalkGoesOnBehindTheOwnNodeToTheLastSibling) {
+TEST_F(AccountNames, TheWalkGoesOnPastTheAccountsOwnNode) {
   Add(kUser, 9, L"Martin");
   Add(kUser, 10, L"Roux");
   Add(kUser, 11, L"martin");

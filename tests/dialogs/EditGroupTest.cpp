@@ -95,7 +95,7 @@ TEST_F(EditGroup, NamesWithBlanksAroundAreShownTrimmed) {
   });
 }
 
-TEST_F(EditGroup, OkWithoutAChangeWritesEverythingAnewAndHandsBack) {
+TEST_F(EditGroup, OkWithoutAChangeWritesEverythingAgainAndHandsBack) {
   exchange.accountGone = true;
   Edit(12, [this](frmEditGroup& dialog) {
     ClearLog();

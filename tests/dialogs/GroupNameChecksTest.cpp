@@ -172,7 +172,7 @@ TEST_F(GroupNameChecks, AGroupMayBeRenamedToItsOwnName) {
 }
 
 // The trees on screen decide: what somebody else has added meanwhile is not seen.
-TEST_F(GroupNameChecks, AGroupAddedBehindTheWindowsBackIsNoDuplicate) {
+TEST_F(GroupNameChecks, AGroupThatSomebodyElseHasAddedIsNoDuplicate) {
   Raw().Execute("INSERT INTO QRGROUP (GROUPID, NAME) VALUES (500, 'Essais')");
   New([this](frmNewGroup& dialog) {
     user.Type(dialog.txtGroupName, L"Essais");

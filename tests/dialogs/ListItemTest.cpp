@@ -4,7 +4,7 @@
 #include "app/MShowHelp.h"
 #include "controls/MsgBox.h"
 #include "data/Text.h"
-#include "tests/support/controls/Eyes.h"
+#include "tests/support/controls/ShownContent.h"
 
 namespace dialogs {
 namespace {

@@ -33,7 +33,7 @@ class ContextMenu : public ProgramTest {
 };
 
 TEST_F(ContextMenu, ItsCommandsAreThoseOfTheButtons) {
-  constexpr int kAssignPermission = 5;  // behind Edit, Delete, New, Assign and Remove of groups
+  constexpr int kAssignPermission = 5;  // after Edit, Delete, New, Assign and Remove of groups
   const MainWindow window = Open(SampleSession());
   OpenMenuAt(window, {kMartin, String(app::kUserPermissions)});
   EXPECT_EQ(String(app::kUserPermissions), window.Tree(kUsersTab).Selected().text)

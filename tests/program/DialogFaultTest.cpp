@@ -71,7 +71,7 @@ TEST_F(DialogFault, ADatabaseLockedForSixSecondsIsReportedOnOkAndTheProgramGoesO
   ExpectAccountAsStored(window, kUsersTab, L"Blanc");
 }
 
-TEST_F(DialogFault, ASessionServerThatDiesBehindADialogIsReportedAndTheProgramCanBeLeft) {
+TEST_F(DialogFault, ASessionServerThatDiesUnderADialogIsReportedAndTheProgramCanBeLeft) {
   const MainWindow window = Open(MortalSession());
   window.Click(kNewUserButton);
   const DialogWindow dialog(Program(), String(app::kNewUserTitle));

@@ -65,7 +65,7 @@ TEST_F(Keyboard, AnotherTabsTreeTakesTheFocusOfTheOneItReplaces) {
   window.AwaitFocus(IDC_TREE_USERS);
 }
 
-TEST_F(Keyboard, TheMnemonicOfRefreshReadsTheTreesAnew) {
+TEST_F(Keyboard, TheMnemonicOfRefreshReadsTheTreesAgain) {
   const MainWindow window = Open(SampleSession());
   driver::TreeView tree = window.Tree(kUsersTab);
   const int before = tree.Count();

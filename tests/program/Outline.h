@@ -29,8 +29,8 @@ int CountNodes(const Outline& outline);
 // that two outlines with the same content print alike.
 std::string Print(const Outline& outline);
 
-// The first text that stands behind a sibling it should precede by the user's language; empty when
-// all siblings are in order.
+// The first text that stands after a sibling that it should precede by the user's language; empty
+// when all siblings are in order.
 std::wstring OutOfOrder(const Outline& outline);
 
 }  // namespace program

@@ -73,7 +73,7 @@ class UserLife : public ProgramTest {
     window.AwaitUsable();
   }
 
-  // Checks one item in the chooser behind an Assign button.
+  // Checks one item in the chooser that an Assign button opens.
   void Assign(const MainWindow& window, const std::wstring& folder, int button,
               const std::wstring& title, const std::wstring& item) {
     window.ClickNode(kUsersTab, {kEditedUser, folder});

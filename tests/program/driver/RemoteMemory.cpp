@@ -48,21 +48,22 @@ void* RemoteMemory::At(std::size_t offset) const {
   return static_cast<char*>(block_) + offset;
 }
 
-char* RemoteMemory::Own(std::size_t offset, std::size_t size) const {
+char* RemoteMemory::Place(std::size_t offset, std::size_t size) const {
   if (offset + size > size_) throw Failure("no such place in the shared memory");
   return static_cast<char*>(own_) + offset;
 }
 
 void RemoteMemory::Write(std::size_t offset, const void* source, std::size_t size) {
-  std::memcpy(Own(offset, size), source, size);
+  std::memcpy(Place(offset, size), source, size);
 }
 
 void RemoteMemory::Read(std::size_t offset, void* target, std::size_t size) const {
-  std::memcpy(target, Own(offset, size), size);
+  std::memcpy(target, Place(offset, size), size);
 }
 
 std::wstring RemoteMemory::ReadText(std::size_t offset, std::size_t maximum) const {
-  const auto* const text = reinterpret_cast<const wchar_t*>(Own(offset, maximum * sizeof(wchar_t)));
+  const auto* const text =
+      reinterpret_cast<const wchar_t*>(Place(offset, maximum * sizeof(wchar_t)));
   return {text, wcsnlen(text, maximum)};
 }
 

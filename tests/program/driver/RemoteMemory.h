@@ -28,7 +28,7 @@ class RemoteMemory {
   std::wstring ReadText(std::size_t offset, std::size_t maximum) const;
 
  private:
-  char* Own(std::size_t offset, std::size_t size) const;
+  char* Place(std::size_t offset, std::size_t size) const;
 
   UniqueHandle process_;
   UniqueHandle mapping_;

@@ -33,7 +33,7 @@ TEST(Manifest, GivesTheProcessTheThemedControls) {
 
 TEST(Version, IsThatOfTheBuildInNumbersAndInWords) {
   const auto bytes = ModuleResource(VS_VERSION_INFO, RT_VERSION);
-  // The fixed part stands behind a header of three words, the key and its padding.
+  // The fixed part stands after a header of three words, the key and its padding.
   constexpr std::size_t kFixedPart = 40;
   ASSERT_GT(bytes.size(), kFixedPart + sizeof(VS_FIXEDFILEINFO));
   VS_FIXEDFILEINFO fixed;

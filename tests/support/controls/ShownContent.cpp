@@ -1,4 +1,4 @@
-#include "tests/support/controls/Eyes.h"
+#include "tests/support/controls/ShownContent.h"
 
 namespace test_support {
 namespace {

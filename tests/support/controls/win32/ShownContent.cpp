@@ -1,4 +1,4 @@
-#include "tests/support/controls/Eyes.h"
+#include "tests/support/controls/ShownContent.h"
 
 #include "controls/win32/ListBoxPeer.h"
 #include "controls/win32/TreeViewPeer.h"
