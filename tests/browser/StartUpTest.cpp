@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "app/StringIds.h"
 #include "data/MSQLStatement.h"
 #include "data/RunTimeError.h"
@@ -41,10 +43,35 @@ class StartUp : public test_support::MainWindowFixture {
       return 0L;
     };
   }
+  // Runs the program, letting one of the steps fail that result sets take while the condition
+  // holds, 0 being the first; without that many none. Returns how many there were.
+  std::size_t RunFailingInside(std::size_t failing, const std::function<bool()>& counts,
+                               const WindowScript& script = {}) {
+    global.startUpFailed = false;
+    log.statements.clear();
+    failedStep_.clear();
+    std::size_t steps = 0;
+    log.FailInside = [&](const std::wstring& step) {
+      if (!counts() || steps++ != failing) return 0L;
+      failedStep_ = step;
+      return kInjected;
+    };
+    Run(script);
+    log.FailInside = {};
+    return steps;
+  }
+  std::wstring ReportOf(const std::wstring& procedure) const {
+    return procedure + L" Error [1234]\r\ninjected: " + failedStep_;
+  }
+
   void FailAt(const std::wstring& call) {
     log.FailAt = [call](const std::wstring& current) { return current == call ? kInjected : 0; };
   }
+
+  std::wstring failedStep_;
 };
+
+constexpr std::size_t kNever = std::numeric_limits<std::size_t>::max();
 
 TEST_F(StartUp, TheServerIsAskedInAFixedOrderAndTheLookupsComeBeforeTheTrees) {
   Run([](frmUserGroupPerm&) {});
@@ -171,7 +198,9 @@ TEST_F(StartUp, AServerThatCannotBeMadeIsReportedWithTheTextOfItsError) {
   global.CreateSessionServer = []() -> std::unique_ptr<data::SessionServer> {
     throw data::RunTimeError(data::kCannotCreateObject);
   };
-  user.ExpectMsgBox({.answer = kResultOk, .prompt = L"Form Load Error [429]\r\n" + Text(10429)});
+  user.ExpectMsgBox(
+      {.answer = kResultOk,
+       .prompt = L"Form Load Error [429]\r\n" + TextOfError(data::kCannotCreateObject)});
   Run();
   EXPECT_TRUE(global.startUpFailed);
 }
@@ -194,6 +223,37 @@ TEST_F(StartUp, AFailingLookupIsReportedUnderItsOwnNameAndTheProgramDoesNotGoOnU
     EXPECT_EQ(user.SeenBoxes().back().prompt,
               procedure + L" Error [1234]\r\ninjected: " + log.statements.back());
     EXPECT_TRUE(global.startUpFailed);
+  }
+}
+
+TEST_F(StartUp, AFaultAtAnyStepOfALookupsRowsIsReportedUnderItsNameAndEndsTheStartUp) {
+  const wchar_t* const procedures[] = {L"GetCurrentUser", L"GetAdminUser",
+                                       L"GetAdministratorsAndEveryoneGroup"};
+  const auto looksUp = [&] { return log.statements.size() <= std::size(procedures); };
+  const std::size_t steps = RunFailingInside(kNever, looksUp, [](frmUserGroupPerm&) {});
+  ASSERT_GT(steps, 12U);  // the end, a column, the next row and closing, for each
+  for (std::size_t step = 0; step < steps; ++step) {
+    SCOPED_TRACE(step);
+    user.ExpectMsgBox({.answer = kResultOk, .style = controls::kExclamation});
+    RunFailingInside(step, looksUp);
+    EXPECT_EQ(user.SeenBoxes().back().prompt, ReportOf(procedures[log.statements.size() - 1]));
+    EXPECT_TRUE(global.startUpFailed);
+  }
+}
+
+TEST_F(StartUp, AFaultWithinThePermissionsIsReportedAndTheProgramRuns) {
+  const auto isCounting = [this] {
+    return log.statements.back() == data::SqlSelectAllPermissions();
+  };
+  const auto isRunning = [](frmUserGroupPerm& window) { EXPECT_TRUE(window.isStarted); };
+  const std::size_t steps = RunFailingInside(kNever, isCounting, isRunning);
+  ASSERT_GT(steps, 30U);
+  for (const std::size_t step : {std::size_t{0}, std::size_t{1}, steps - 2, steps - 1}) {
+    SCOPED_TRACE(step);
+    user.ExpectMsgBox({.answer = kResultOk, .style = controls::kExclamation});
+    RunFailingInside(step, isCounting, isRunning);
+    EXPECT_EQ(user.SeenBoxes().back().prompt, ReportOf(L"GetCountPerm"));
+    EXPECT_FALSE(global.startUpFailed);
   }
 }
 
