@@ -6,6 +6,7 @@
 #include "data/RunTimeError.h"
 #include "data/Text.h"
 #include "server/core/accounts/Counters.h"
+#include "server/core/sql/BulkInsert.h"
 #include "server/core/sql/Query.h"
 
 namespace server {
@@ -30,17 +31,6 @@ std::vector<CopiedTable> CopiedTables() {
 }
 
 constexpr std::string_view kPassword = "PASSWORD";
-
-void BindField(Statement& statement, int parameter, const Field& field) {
-  switch (field.kind) {
-    case FieldKind::kNull:
-      return statement.BindNull(parameter);
-    case FieldKind::kNumber:
-      return statement.Bind(parameter, field.number);
-    case FieldKind::kText:
-      return statement.Bind(parameter, field.text);
-  }
-}
 
 // A stored password under another key.
 class PasswordChanger {
@@ -72,26 +62,23 @@ std::string Joined(const CopiedTable& table) {
 void CopyTable(Engine& from, Engine& to, const CopiedTable& table,
                const PasswordChanger& passwords) {
   const std::string names = Joined(table);
-  std::string marks = "?";
-  for (std::size_t i = 1; i < table.columns.size(); ++i) marks += ", ?";
   const std::string name(table.name);
   const auto select = from.Prepare("SELECT " + names + " FROM " + name);
-  const auto insert = to.Prepare("INSERT INTO " + name + " (" + names + ") VALUES (" + marks + ")");
+  BulkInsert insert(to, name, table.columns);
   while (select->Step()) {
-    insert->Reset();
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
-      const int column = static_cast<int>(i);
-      const Field field = select->Read(column);
+      const Field field = select->Read(static_cast<int>(i));
       if (table.columns[i] == kPassword && field.kind == FieldKind::kText) {
         const std::string stored(field.text);
         const auto userId = static_cast<std::int32_t>(select->Read(0).number);
-        insert->Bind(column + 1, passwords.Change(stored, userId));
+        const std::string changed = passwords.Change(stored, userId);
+        insert.AddField({FieldKind::kText, 0, changed});
       } else {
-        BindField(*insert, column + 1, field);
+        insert.AddField(field);
       }
     }
-    insert->Step();
   }
+  insert.Finish();
 }
 
 void CopyCounter(Engine& from, Engine& to, std::string_view name) {

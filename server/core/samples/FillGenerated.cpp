@@ -9,6 +9,7 @@
 #include "server/core/accounts/Rights.h"
 #include "server/core/samples/Filling.h"
 #include "server/core/samples/SampleData.h"
+#include "server/core/sql/BulkInsert.h"
 #include "server/core/sql/Query.h"
 
 namespace server {
@@ -86,72 +87,77 @@ PersonName PersonNumber(int number) {
 }
 
 void InsertUsers(Engine& engine, const PasswordCipher& passwords, int count) {
-  Query insert(engine, "INSERT INTO QRUSER (USERID, NAME, FULLNAME) VALUES (?, ?, ?)");
-  insert.Run(kAdmin, std::string_view("Admin"), std::string_view("Administrateur principal"));
-  Run(engine, "UPDATE QRUSER SET PASSWORD = ? WHERE USERID = ?",
-      passwords.Encrypt(data::FromUtf8(sample::kPassword), kAdmin), kAdmin);
+  BulkInsert insert(engine, "QRUSER", {"USERID", "NAME", "FULLNAME", "PASSWORD"});
+  insert.Add(kAdmin, "Admin", "Administrateur principal",
+             data::ToUtf8(passwords.Encrypt(data::FromUtf8(sample::kPassword), kAdmin)));
   for (int id = kAdmin + 1; id <= count; ++id) {
     const PersonName name = PersonNumber(id);
-    insert.Run(id, name.login, name.fullName);
+    insert.Add(id, name.login, name.fullName, nullptr);
   }
+  insert.Finish();
   RaiseCounter(engine, "QRUSRN", std::max(count, kAdmin));
 }
 
 void InsertGroups(Engine& engine, int count) {
-  Query insert(engine, "INSERT INTO QRGROUP (GROUPID, NAME, DESCR) VALUES (?, ?, ?)");
-  insert.Run(kAdministrators, kAdministratorsGroup,
-             std::string_view("Full control of the application"));
-  insert.Run(kEveryone, kEveryoneGroup, std::string_view("All users"));
+  BulkInsert insert(engine, "QRGROUP", {"GROUPID", "NAME", "DESCR"});
+  insert.Add(kAdministrators, kAdministratorsGroup, "Full control of the application");
+  insert.Add(kEveryone, kEveryoneGroup, "All users");
   for (int id = kEveryone + 1; id <= count; ++id) {
     const auto kind = static_cast<std::size_t>(id) % std::size(kDepartments);
     const std::string number = std::to_string(id);
-    insert.Run(id, std::string(kDepartments[kind]) + " " + number, "Unité n° " + number);
+    insert.Add(id, std::string(kDepartments[kind]) + " " + number, "Unité n° " + number);
   }
+  insert.Finish();
   RaiseCounter(engine, "QRGPRN", std::max(count, kEveryone));
 }
 
 void InsertPermissions(Engine& engine, int count) {
-  Query insert(engine, "INSERT INTO QRPERM (PERMID, NAME, RIGHTS) VALUES (?, ?, ?)");
-  insert.Run(kAdministerPermissionId, kAdministerPermission, kAdministerRight);
+  BulkInsert insert(engine, "QRPERM", {"PERMID", "NAME", "RIGHTS"});
+  insert.Add(kAdministerPermissionId, kAdministerPermission, kAdministerRight);
   for (int id = kAdministerPermissionId + 1; id <= count; ++id) {
     const auto index = static_cast<std::size_t>(id);
     const std::size_t subject = index / std::size(kActions) % std::size(kSubjects);
-    insert.Run(id,
+    insert.Add(id,
                std::string(kActions[index % std::size(kActions)]) + " " +
                    std::string(kSubjects[subject]) + " (" + std::to_string(id) + ")",
                0);
   }
+  insert.Finish();
 }
 
 void InsertGroupPermissions(Engine& engine, Wheel& wheel, const GeneratedSize& size) {
-  Query insert(engine, "INSERT INTO QRGPRM (GROUPID, PERMID) VALUES (?, ?)");
+  BulkInsert insert(engine, "QRGPRM", {"GROUPID", "PERMID"});
   for (int group = 1; group <= std::max(size.groups, kEveryone); ++group) {
     std::vector<int> permissions;
     if (group == kAdministrators) permissions.push_back(kAdministerPermissionId);
     wheel.Fill(permissions, kAdministerPermissionId + 1, size.permissions, kPermissionsOfGroup);
-    for (const int permission : permissions) insert.Run(group, permission);
+    for (const int permission : permissions) insert.Add(group, permission);
   }
+  insert.Finish();
 }
 
 void InsertUserLinks(Engine& engine, Wheel& wheel, const GeneratedSize& size) {
-  Query member(engine, "INSERT INTO QRUSGP (USERID, GROUPID) VALUES (?, ?)");
-  Query permit(engine, "INSERT INTO QRUPRM (USERID, PERMID) VALUES (?, ?)");
+  BulkInsert member(engine, "QRUSGP", {"USERID", "GROUPID"});
+  BulkInsert permit(engine, "QRUPRM", {"USERID", "PERMID"});
   for (int user = kAdmin; user <= std::max(size.users, kAdmin); ++user) {
     std::vector<int> groups{kEveryone};
     if (user == kAdmin) groups.push_back(kAdministrators);
     wheel.Fill(groups, kEveryone + 1, size.groups, kLinksOfUser);
-    for (const int group : groups) member.Run(user, group);
+    for (const int group : groups) member.Add(user, group);
     std::vector<int> permissions;
     wheel.Fill(permissions, kAdministerPermissionId + 1, size.permissions, kLinksOfUser);
-    for (const int permission : permissions) permit.Run(user, permission);
+    for (const int permission : permissions) permit.Add(user, permission);
   }
+  member.Finish();
+  permit.Finish();
 }
 
 void InsertDisplayTexts(Engine& engine) {
-  Query insert(engine, "INSERT INTO QRDISPLAY (CODE, GIVEN, MAPPED) VALUES (?, ?, ?)");
+  BulkInsert insert(engine, "QRDISPLAY", {"CODE", "GIVEN", "MAPPED"});
   for (const sample::DisplayText& text : sample::DisplayTexts()) {
-    insert.Run(text.code, text.given, text.mapped);
+    insert.Add(text.code, text.given, text.mapped);
   }
+  insert.Finish();
 }
 
 }  // namespace

@@ -43,8 +43,8 @@ std::vector<std::string> Statements(const std::string& sql) {
   return statements;
 }
 
-std::string ReadColumn(SQLHANDLE statement, SQLUSMALLINT column) {
-  std::vector<SQLWCHAR> text(100'000);
+// text is room for the longest that tests store.
+std::string ReadColumn(SQLHANDLE statement, SQLUSMALLINT column, server::OdbcText& text) {
   SQLLEN length = 0;
   if (!SQL_SUCCEEDED(SQLGetData(statement, column, SQL_C_WCHAR, text.data(),
                                 static_cast<SQLLEN>(text.size() * sizeof(SQLWCHAR)), &length))) {
@@ -74,10 +74,11 @@ RawDatabase::RowTexts RawOdbc::Run(const std::string& sql) {
   SQLSMALLINT columns = 0;
   SQLNumResultCols(handle.Get(), &columns);
   RawDatabase::RowTexts rows;
+  server::OdbcText room(100'000);
   while (columns > 0 && SQL_SUCCEEDED(SQLFetch(handle.Get()))) {
     auto& row = rows.emplace_back();
     for (SQLSMALLINT i = 1; i <= columns; ++i) {
-      row.push_back(ReadColumn(handle.Get(), static_cast<SQLUSMALLINT>(i)));
+      row.push_back(ReadColumn(handle.Get(), static_cast<SQLUSMALLINT>(i), room));
     }
   }
   return rows;
