@@ -72,7 +72,7 @@ std::unique_ptr<data::Connection> ReferenceServer::DatabaseConnection() {
 std::int32_t ReferenceServer::NewIdentifier(std::wstring_view counterName) {
   Database& database = *Current().database;
   const std::string name = data::ToUtf8(counterName);
-  database.RequireSession();
+  database.BeginWrite();
   if (database.Reading()) return DrawIdentifier(database.Get(), name);
   WriteTransaction transaction(database.Get());
   const std::int32_t identifier = DrawIdentifier(database.Get(), name);

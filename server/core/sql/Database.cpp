@@ -20,7 +20,12 @@ void Bind(Statement& statement, std::span<const Literal> literals) {
 }  // namespace
 
 Database::Database(std::unique_ptr<Engine> engine, std::function<void(Engine& engine)> checkSession)
-    : engine_(std::move(engine)), checkSession_(std::move(checkSession)) {}
+    : engine_(std::move(engine)), checkSession_(std::move(checkSession)), readAhead_(*engine_) {}
+
+void Database::BeginWrite() {
+  RequireSession();
+  readAhead_.ForgetRows();
+}
 
 void Database::RequireSession() {
   if (checkSession_) checkSession_(*engine_);
@@ -36,6 +41,18 @@ std::unique_ptr<CursorLoan> Database::Borrow(std::wstring_view statement, bool s
   auto cursor = std::make_unique<CursorLoan>(*engine_, std::move(known));
   Bind(cursor->Get(), shape_.Literals());
   return cursor;
+}
+
+Database::Answer Database::Ask(std::wstring_view statement) {
+  Answer answer{Borrow(statement, true), nullptr, nullptr};
+  if (!Reading() || !engine_->ReadsAhead()) return answer;
+  const std::shared_ptr<CachedStatement>& shape = answer.cursor->Shape();
+  if (shape->plan.many) {
+    answer.rows = readAhead_.Take(shape, shape_.Literals()[0].number);
+  } else {
+    answer.list = readAhead_.StartList(shape);
+  }
+  return answer;
 }
 
 std::unique_ptr<CursorLoan> Database::BorrowOwn(std::string_view sql) {
@@ -54,7 +71,7 @@ void Database::RequireSessionForRead() {
 
 std::int32_t Database::Execute(std::wstring_view statement) {
   const std::unique_ptr<CursorLoan> cursor = Borrow(statement, false);
-  RequireSession();
+  BeginWrite();
   cursor->Get().Step();
   return engine_->RowsAffected();
 }
@@ -71,6 +88,7 @@ void Database::BeginRead() {
 void Database::EndRead() {
   if (readDepth_ == 0) Fail(kReadNotBegun);
   if (--readDepth_ > 0) return;
+  readAhead_.ForgetRows();
   try {
     engine_->Commit();
   } catch (...) {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "server/core/sql/Engine.h"
+#include "server/core/sql/ReadAhead.h"
 #include "server/core/sql/StatementCache.h"
 
 namespace server {
@@ -19,8 +20,19 @@ class Database {
   explicit Database(std::unique_ptr<Engine> engine,
                     std::function<void(Engine& engine)> checkSession = nullptr);
 
-  // Raises the session's error where the session has ended.
-  void RequireSession();
+  // Comes before each write: raises the session's error where the session has ended, and lets go
+  // what was read ahead.
+  void BeginWrite();
+
+  // What a client's statement, a SELECT, is answered with.
+  struct Answer {
+    std::unique_ptr<CursorLoan> cursor;  // ready to run
+    // The rows, where they are at hand; the cursor then need not run.
+    std::unique_ptr<RowBuffer> rows;
+    // Where the first column of each row is to be noted as it is given; may be null.
+    std::shared_ptr<IdentifierList> list;
+  };
+  Answer Ask(std::wstring_view statement);
 
   // A cursor for a client's statement, its literals bound. Raises a database error for a statement
   // of another kind than wanted, before anything of it is run.
@@ -39,14 +51,18 @@ class Database {
   std::uint32_t ReadNumber() const { return readNumber_; }
 
   Engine& Get() { return *engine_; }
+  // What the rows that were read ahead take, in bytes.
+  std::size_t BytesAhead() const { return readAhead_.Bytes(); }
 
  private:
+  void RequireSession();
   void RequireSessionForRead();
 
   std::unique_ptr<Engine> engine_;
   std::function<void(Engine& engine)> checkSession_;
   StatementCache cache_;
   StatementShape shape_;
+  ReadAhead readAhead_;
   int readDepth_ = 0;
   std::uint32_t readNumber_ = 0;
 };

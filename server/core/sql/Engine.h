@@ -43,6 +43,10 @@ class Engine {
   // writing transaction. What is created holds what SchemaTables.h lists.
   virtual void CreateSchema() = 0;
 
+  // Whether a statement costs so much by itself, a journey through a network, that the rows of many
+  // are better asked for at once.
+  virtual bool ReadsAhead() const = 0;
+
   virtual std::unique_ptr<Statement> Prepare(std::string_view sql) = 0;
   // How many rows the last writing statement met, whether it changed their values or not.
   virtual std::int32_t RowsAffected() = 0;

@@ -8,23 +8,30 @@
 namespace server {
 
 void RowBuffer::Fill(Cursor& cursor) {
-  Clear();
-  columns_ = cursor.Columns();
-  do {
-    for (std::size_t column = 0; column < columns_; ++column) {
-      const data::ColumnValue value = cursor.Read(static_cast<int>(column));
-      const std::wstring_view text = value.BorrowedText();
-      if (text.empty()) {
-        cells_.push_back(value);
-        continue;
-      }
-      auto* const kept =
-          static_cast<wchar_t*>(texts_.allocate(text.size() * sizeof(wchar_t), alignof(wchar_t)));
-      std::copy(text.begin(), text.end(), kept);
-      cells_.emplace_back(std::wstring_view(kept, text.size()));
+  do Add(cursor, cursor.Columns());
+  while (cursor.Get().Step());
+}
+
+void RowBuffer::Add(Cursor& cursor, std::size_t columns) {
+  columns_ = columns;
+  for (std::size_t column = 0; column < columns_; ++column) {
+    const data::ColumnValue value = cursor.Read(static_cast<int>(column));
+    const std::wstring_view text = value.BorrowedText();
+    if (text.empty()) {
+      cells_.push_back(value);
+      continue;
     }
-    order_.push_back(order_.size());
-  } while (cursor.Get().Step());
+    const std::size_t bytes = text.size() * sizeof(wchar_t);
+    auto* const kept = static_cast<wchar_t*>(texts_.allocate(bytes, alignof(wchar_t)));
+    std::copy(text.begin(), text.end(), kept);
+    textBytes_ += bytes;
+    cells_.emplace_back(std::wstring_view(kept, text.size()));
+  }
+  order_.push_back(order_.size());
+}
+
+std::size_t RowBuffer::Bytes() const {
+  return cells_.size() * sizeof cells_[0] + order_.size() * sizeof order_[0] + textBytes_;
 }
 
 void RowBuffer::Sort(std::size_t column) {
@@ -36,14 +43,6 @@ void RowBuffer::Sort(std::size_t column) {
   }
   order_ = names.Sorted();
   current_ = 0;
-}
-
-void RowBuffer::Clear() {
-  cells_.clear();
-  order_.clear();
-  current_ = 0;
-  texts_.release();
-  changedTexts_.clear();
 }
 
 data::ColumnValue RowBuffer::Read(int column) const {

@@ -17,16 +17,22 @@ class RowBuffer {
  public:
   // Takes over the cursor's current row and all that follow it.
   void Fill(Cursor& cursor);
+  // Takes over the first columns of the cursor's current row alone, as many for each row.
+  void Add(Cursor& cursor, std::size_t columns);
   // Puts all rows in the order of names, by the text in one column.
   void Sort(std::size_t column);
-  void Clear();
+  // Goes back to the first row.
+  void Rewind() { current_ = 0; }
 
   bool EndOfRows() const { return current_ >= order_.size(); }
   void MoveNext() { ++current_; }
-  // A value of the current row; its text holds until Clear.
+  // A value of the current row; its text holds as long as the buffer.
   data::ColumnValue Read(int column) const;
   // Notes what was written to a column of the current row.
   void Change(std::size_t column, const data::FieldValue& value);
+
+  // What the rows take, in bytes.
+  std::size_t Bytes() const;
 
  private:
   std::size_t CellOf(std::size_t column) const { return order_[current_] * columns_ + column; }
@@ -36,6 +42,7 @@ class RowBuffer {
   std::vector<std::size_t> order_;        // the rows in the order in which they are walked
   std::size_t current_ = 0;               // in order_
   std::pmr::monotonic_buffer_resource texts_;
+  std::size_t textBytes_ = 0;
   std::deque<std::wstring> changedTexts_;
 };
 

@@ -39,7 +39,7 @@ void RowWriter::Set(std::size_t column, const data::FieldValue& value) {
 }
 
 void RowWriter::Write(Database& database) const {
-  database.RequireSession();
+  database.BeginWrite();
   if (keys_.empty()) {
     Insert(database);
   } else {

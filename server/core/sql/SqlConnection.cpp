@@ -16,7 +16,7 @@ SqlConnection::~SqlConnection() {
 }
 
 std::unique_ptr<data::ResultSet> SqlConnection::OpenResultSet(std::wstring_view statement) {
-  return std::make_unique<SqlResultSet>(database_, database_->Borrow(statement, true));
+  return std::make_unique<SqlResultSet>(database_, database_->Ask(statement));
 }
 
 std::int32_t SqlConnection::Execute(std::wstring_view statement) {

@@ -7,16 +7,37 @@
 
 namespace server {
 
-SqlResultSet::SqlResultSet(std::shared_ptr<Database> database, std::unique_ptr<CursorLoan> cursor)
-    : database_(std::move(database)), cursor_(std::move(cursor)) {
-  Start();
+SqlResultSet::SqlResultSet(std::shared_ptr<Database> database, Database::Answer answer)
+    : database_(std::move(database)),
+      cursor_(std::move(answer.cursor)),
+      list_(std::move(answer.list)),
+      rows_(std::move(answer.rows)) {
+  if (rows_ == nullptr) {
+    Start();
+  } else {
+    SortRows();
+  }
 }
 
 void SqlResultSet::Start() {
   onRow_ = cursor_->Get().Step();
-  if (!cursor_->Plan().nameOrder) return;
+  if (!cursor_->Plan().nameOrder) {
+    NoteRow();
+    return;
+  }
   Detach();
-  rows_.Sort(*cursor_->Plan().nameOrder);
+  SortRows();
+  if (list_ == nullptr) return;
+  for (; !rows_->EndOfRows(); rows_->MoveNext()) list_->Add(rows_->Read(0).Number());
+  rows_->Rewind();
+}
+
+void SqlResultSet::SortRows() {
+  if (cursor_->Plan().nameOrder) rows_->Sort(*cursor_->Plan().nameOrder);
+}
+
+void SqlResultSet::NoteRow() {
+  if (onRow_ && list_ != nullptr) list_->Add(cursor_->Get().Read(0).number);
 }
 
 CursorLoan& SqlResultSet::Open() {
@@ -26,7 +47,7 @@ CursorLoan& SqlResultSet::Open() {
 
 bool SqlResultSet::EndOfRows() {
   Open();
-  return detached_ ? rows_.EndOfRows() : !onRow_;
+  return rows_ != nullptr ? rows_->EndOfRows() : !onRow_;
 }
 
 void SqlResultSet::RequireRow() {
@@ -39,25 +60,26 @@ data::ColumnValue SqlResultSet::Column(int position) {
     Fail(kColumnUnknown, data::Decimal(position));
   }
   RequireRow();
-  return detached_ ? rows_.Read(position) : cursor.Rows().Read(position);
+  return rows_ != nullptr ? rows_->Read(position) : cursor.Rows().Read(position);
 }
 
 void SqlResultSet::MoveNext() {
   RequireRow();
   writer_.reset();
-  if (detached_) {
-    rows_.MoveNext();
+  if (rows_ != nullptr) {
+    rows_->MoveNext();
   } else {
     onRow_ = false;
     onRow_ = cursor_->Get().Step();
+    NoteRow();
   }
 }
 
 void SqlResultSet::MoveFirst() {
   Statement& statement = Open().Get();
   writer_.reset();
-  rows_.Clear();
-  detached_ = false;
+  rows_.reset();
+  list_.reset();
   onRow_ = false;
   statement.Reset();
   Start();
@@ -75,11 +97,11 @@ void SqlResultSet::RequireWritable() {
 }
 
 void SqlResultSet::Detach() {
-  if (detached_) return;
-  rows_.Clear();
-  if (onRow_) rows_.Fill(cursor_->Rows());
+  if (rows_ != nullptr) return;
+  auto rows = std::make_unique<RowBuffer>();
+  if (onRow_) rows->Fill(cursor_->Rows());
   cursor_->Get().Reset();
-  detached_ = true;
+  rows_ = std::move(rows);
 }
 
 void SqlResultSet::AddNew() {
@@ -103,7 +125,7 @@ std::vector<std::int64_t> SqlResultSet::CurrentKeys() {
   for (const SchemaColumn& column : plan.table->columns) {
     if (!column.key) continue;
     const auto place = std::find(plan.columns.begin(), plan.columns.end(), &column);
-    keys.push_back(rows_.Read(static_cast<int>(place - plan.columns.begin())).Integer());
+    keys.push_back(rows_->Read(static_cast<int>(place - plan.columns.begin())).Integer());
   }
   return keys;
 }
@@ -140,14 +162,15 @@ void SqlResultSet::Update() {
   writer.Write(*database_);
   if (!writer.IsNew()) {
     for (std::size_t i = 0; i < writer.Values().size(); ++i) {
-      if (writer.Values()[i]) rows_.Change(i, *writer.Values()[i]);
+      if (writer.Values()[i]) rows_->Change(i, *writer.Values()[i]);
     }
   }
 }
 
 void SqlResultSet::Close() {
   writer_.reset();
-  rows_.Clear();
+  rows_.reset();
+  list_.reset();
   cursor_.reset();
 }
 

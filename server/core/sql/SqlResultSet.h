@@ -15,7 +15,7 @@ namespace server {
 // row that was begun and not written. After Close every call but Close is an error.
 class SqlResultSet final : public data::ResultSet {
  public:
-  SqlResultSet(std::shared_ptr<Database> database, std::unique_ptr<CursorLoan> cursor);
+  SqlResultSet(std::shared_ptr<Database> database, Database::Answer answer);
 
   bool EndOfRows() override;
   data::ColumnValue Column(int position) override;
@@ -34,6 +34,9 @@ class SqlResultSet final : public data::ResultSet {
   CursorLoan& Open();
   // Runs the statement up to its first row.
   void Start();
+  void SortRows();
+  // Notes the identifier of the row that the cursor is on.
+  void NoteRow();
   void RequireRow();
   void RequireWritable();
   // Takes over the rows not yet walked, so that no lock of this set stands in the way of a write,
@@ -44,9 +47,9 @@ class SqlResultSet final : public data::ResultSet {
 
   std::shared_ptr<Database> database_;
   std::unique_ptr<CursorLoan> cursor_;  // null once closed
-  bool onRow_ = false;                  // of the cursor; unused once detached
-  bool detached_ = false;
-  RowBuffer rows_;
+  std::shared_ptr<IdentifierList> list_;
+  bool onRow_ = false;               // of the cursor; unused once detached
+  std::unique_ptr<RowBuffer> rows_;  // null as long as the rows come from the cursor
   std::optional<RowWriter> writer_;
 };
 

@@ -81,7 +81,7 @@ std::shared_ptr<CachedStatement> StatementCache::FindOwn(std::string_view sql) {
 
 std::shared_ptr<CachedStatement> StatementCache::Keep(std::string_view key, StatementPlan plan) {
   if (statements_.size() >= kMostShapes) statements_.clear();
-  auto entry = std::make_shared<CachedStatement>(CachedStatement{std::move(plan), {}});
+  auto entry = std::make_shared<CachedStatement>(CachedStatement{std::move(plan), {}, {}});
   statements_.emplace(key, entry);
   return entry;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -33,6 +34,8 @@ class Cursor {
 struct CachedStatement {
   StatementPlan plan;
   std::vector<std::unique_ptr<Cursor>> idle;
+  // Those that ask for the rows of several identifiers, by how many they have room for.
+  std::map<std::size_t, std::unique_ptr<Cursor>> many;
 };
 
 // A cursor on loan, given back to its shape when the loan ends. Several of one shape may be out at
@@ -45,6 +48,7 @@ class CursorLoan {
   CursorLoan& operator=(const CursorLoan&) = delete;
 
   const StatementPlan& Plan() const { return statement_->plan; }
+  const std::shared_ptr<CachedStatement>& Shape() const { return statement_; }
   Cursor& Rows() const { return *cursor_; }
   Statement& Get() const { return cursor_->Get(); }
 

@@ -34,7 +34,8 @@ struct ColumnName {
 
 class Parser {
  public:
-  explicit Parser(const StatementShape& shape) : tokens_(shape) {}
+  explicit Parser(const StatementShape& shape)
+      : tokens_(shape), oneLiteral_(shape.Literals().size() == 1) {}
 
   StatementPlan Parse() {
     if (tokens_.SkipWord("SELECT")) {
@@ -48,6 +49,7 @@ class Parser {
     tokens_.ExpectEnd();
     plan_.sql = tokens_.Sql();
     if (tables_.size() == 1) plan_.table = tables_[0];
+    if (identifier_ && !hasAlternatives_) AskForMany(*identifier_);
     return std::move(plan_);
   }
 
@@ -62,6 +64,7 @@ class Parser {
       while (tokens_.SkipSign(','));
     }
     const Token from = tokens_.Current();
+    from_ = from;
     tokens_.ExpectWord("FROM");
     ParseTables();
     if (all) ListAllColumns(star);
@@ -190,20 +193,43 @@ class Parser {
       } else {
         ParseComparison();
       }
+      hasAlternatives_ = hasAlternatives_ || SameName(tokens_.Current().text, "OR");
     } while (tokens_.SkipWord("AND") || tokens_.SkipWord("OR"));
   }
 
   void ParseComparison() {
-    const SchemaColumn& left = Resolve(ParseColumnName());
+    const ColumnName name = ParseColumnName();
+    const SchemaColumn& left = Resolve(name);
+    const Token sign = tokens_.Current();
     tokens_.ExpectSign('=');
     if (tokens_.Current().kind != TokenKind::kName) {
       // The rows of one group may be many; those of one user, or of a name looked for, are few.
       if (left.name != "GROUPID") narrowed_ = true;
+      if (oneLiteral_ && left.key)
+        identifier_ = Identifier{name, left.name, sign, tokens_.Current()};
       tokens_.ExpectLiteral(left.kind);
       return;
     }
     const Token place = tokens_.Current();
     if (Resolve(ParseColumnName()).kind != left.kind) tokens_.FailAt(place);
+  }
+
+  // A condition that asks for one identifier.
+  struct Identifier {
+    ColumnName name;
+    std::string_view column;
+    Token sign;
+    Token literal;
+  };
+
+  // The last change of the statement: its text as it is has been taken before.
+  void AskForMany(const Identifier& identifier) {
+    constexpr char kPlace = '\1';
+    tokens_.Insert(", " + identifier.name.Sql() + " ", from_);
+    tokens_.Replace(identifier.sign, identifier.literal, std::string(" IN (") + kPlace + ")");
+    const std::string sql = tokens_.Sql();
+    const std::size_t place = sql.find(kPlace);
+    plan_.many = {identifier.column, sql.substr(0, place), sql.substr(place + 1)};
   }
 
   void ListAllColumns(const Token& star) {
@@ -232,6 +258,10 @@ class Parser {
   StatementPlan plan_;
   std::vector<const SchemaTable*> tables_;
   bool narrowed_ = false;  // to the rows of one user, or to what was looked for
+  Token from_;
+  bool oneLiteral_;
+  bool hasAlternatives_ = false;          // an OR anywhere
+  std::optional<Identifier> identifier_;  // the only literal
 };
 
 }  // namespace

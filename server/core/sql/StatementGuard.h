@@ -38,7 +38,17 @@ struct StatementPlan {
   // place beyond the columns: then the engine reads it for the order alone.
   std::optional<std::size_t> nameOrder;
 
-  // How many columns the engine gives.
+  // The same for several identifiers at once, where the statement's only literal is one that every
+  // row of it has in a certain column: the text before and after the identifiers. The engine then
+  // gives that column too, as the last.
+  struct Many {
+    std::string_view column;
+    std::string before;
+    std::string after;
+  };
+  std::optional<Many> many;
+
+  // How many columns the engine gives for the statement itself.
   std::size_t ColumnsRead() const {
     return std::max(columns.size(), nameOrder ? *nameOrder + 1 : 0);
   }

@@ -79,14 +79,6 @@ void StatementTokens::ExpectEnd() {
   if (current_.kind != TokenKind::kEnd) FailAt(current_);
 }
 
-void StatementTokens::CopyUpTo(std::size_t place) {
-  for (; copied_ < place; ++copied_) {
-    const TokenKind kind = KindOf(text_[copied_]);
-    const bool literal = kind == TokenKind::kNumber || kind == TokenKind::kText;
-    sql_ += literal ? '?' : text_[copied_];
-  }
-}
-
 void StatementTokens::LeaveOut(const Token& first, const Token& last) {
   // What was to be spelled differently in there is left out with it.
   std::erase_if(changes_, [&](const Change& change) {
@@ -100,20 +92,36 @@ void StatementTokens::Respell(const Token& name, std::string_view spelling) {
     changes_.push_back({name.place, name.text.size(), std::string(spelling)});
 }
 
+void StatementTokens::Replace(const Token& first, const Token& last, std::string_view piece) {
+  changes_.push_back(
+      {first.place, last.place + last.text.size() - first.place, std::string(piece)});
+}
+
 void StatementTokens::Insert(std::string_view piece, const Token& before) {
   changes_.push_back({before.place, 0, std::string(piece)});
 }
 
-std::string StatementTokens::Sql() {
-  std::sort(changes_.begin(), changes_.end(),
-            [](const Change& left, const Change& right) { return left.place < right.place; });
-  for (const Change& change : changes_) {
-    CopyUpTo(change.place);
-    sql_ += change.text;
-    copied_ = change.place + change.size;
+std::string StatementTokens::Sql() const {
+  std::vector<Change> changes = changes_;
+  std::stable_sort(changes.begin(), changes.end(), [](const Change& left, const Change& right) {
+    return left.place < right.place;
+  });
+  std::string sql;
+  std::size_t copied = 0;
+  const auto copyUpTo = [&](std::size_t place) {
+    for (; copied < place; ++copied) {
+      const TokenKind kind = KindOf(text_[copied]);
+      const bool literal = kind == TokenKind::kNumber || kind == TokenKind::kText;
+      sql += literal ? '?' : text_[copied];
+    }
+  };
+  for (const Change& change : changes) {
+    copyUpTo(change.place);
+    sql += change.text;
+    copied = change.place + change.size;
   }
-  CopyUpTo(text_.size());
-  return sql_;
+  copyUpTo(text_.size());
+  return sql;
 }
 
 std::wstring StatementTokens::Piece(const Token& token) const {

@@ -35,12 +35,14 @@ class StatementTokens {
   void ExpectEnd();
   // Keeps the shape from one token up to another out of the text for the engine.
   void LeaveOut(const Token& first, const Token& last);
+  // Puts a piece into the text for the engine in the place of two tokens and what is between them.
+  void Replace(const Token& first, const Token& last, std::string_view piece);
   // Puts a name in another spelling into the text for the engine.
   void Respell(const Token& name, std::string_view spelling);
   // Puts a piece into the text for the engine in front of a token.
   void Insert(std::string_view piece, const Token& before);
   // The text for the engine: the shape with a parameter for each literal.
-  std::string Sql();
+  std::string Sql() const;
 
   // A token as it stood in the statement.
   std::wstring Piece(const Token& token) const;
@@ -55,7 +57,6 @@ class StatementTokens {
   };
 
   void Advance();
-  void CopyUpTo(std::size_t place);
 
   const StatementShape& shape_;
   std::string_view text_;
@@ -63,8 +64,6 @@ class StatementTokens {
   std::size_t next_ = 0;
   std::size_t literals_ = 0;
   std::vector<Change> changes_;
-  std::string sql_;
-  std::size_t copied_ = 0;
 };
 
 }  // namespace server

@@ -14,6 +14,7 @@ class OdbcEngine final : public Engine {
   // Raises a database error that names what is in the way when the database holds any of the
   // schema's tables or views already.
   void CreateSchema() override;
+  bool ReadsAhead() const override { return true; }
   std::unique_ptr<Statement> Prepare(std::string_view sql) override;
   std::int32_t RowsAffected() override { return session_.rowsAffected; }
   void BeginReading() override;

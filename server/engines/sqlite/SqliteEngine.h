@@ -22,6 +22,7 @@ class SqliteEngine final : public Engine {
   SqliteEngine(const std::filesystem::path& file, Mode mode, std::chrono::milliseconds lockWait);
 
   void CreateSchema() override;
+  bool ReadsAhead() const override { return false; }
   std::unique_ptr<Statement> Prepare(std::string_view sql) override;
   std::int32_t RowsAffected() override;
   void BeginReading() override { Run("BEGIN"); }
