@@ -161,7 +161,7 @@ std::vector<Command> Openings() {
 
 void Select(frmUserGroupPerm& window, const Command& command) {
   controls::TreeView& tree = window.Page(command.tree).TreeView1;
-  const int node = tree.Nodes().Find(data::FromUtf8(command.key));
+  const controls::NodeId node = tree.Nodes().Find(data::FromUtf8(command.key));
   if (node == controls::kNoNode) throw std::runtime_error("no node " + command.key);
   window.TabStrip1.SetSelectedTab(command.tree);
   tree.SetSelectedNode(node);

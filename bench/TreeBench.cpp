@@ -29,7 +29,8 @@ double BytesPerLeaf(const browser::frmUserGroupPerm& window) {
   for (const int tab : {0, 1}) {
     const controls::TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
     bytes += nodes.NodeBytes();
-    for (int node = nodes.NextIndex(0); node != controls::kNoNode; node = nodes.NextIndex(node)) {
+    for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != controls::kNoNode;
+         node = nodes.NextIndex(node)) {
       if (!nodes.HasChildren(node)) ++leaves;
     }
   }
@@ -37,10 +38,10 @@ double BytesPerLeaf(const browser::frmUserGroupPerm& window) {
 }
 
 // The child of a node that has the most children of its own.
-int LargestChild(const controls::TreeNodes& nodes, int parent) {
-  int largest = nodes.FirstChild(parent);
+controls::NodeId LargestChild(const controls::TreeNodes& nodes, controls::NodeId parent) {
+  controls::NodeId largest = nodes.FirstChild(parent);
   int most = 0;
-  for (int child = largest; child != controls::kNoNode; child = nodes.Next(child)) {
+  for (controls::NodeId child = largest; child != controls::kNoNode; child = nodes.Next(child)) {
     const int children = nodes.Children(child);
     if (children > most) {
       most = children;
@@ -54,10 +55,10 @@ int LargestChild(const controls::TreeNodes& nodes, int parent) {
 double ExpandLargestFolder(browser::frmUserGroupPerm& window) {
   controls::TreeView& groups = window.Groups.TreeView1;
   const controls::TreeNodes& nodes = groups.Nodes();
-  int largest = controls::kNoNode;
-  for (int group = nodes.FirstChild(nodes.Root()); group != controls::kNoNode;
+  controls::NodeId largest = controls::kNoNode;
+  for (controls::NodeId group = nodes.FirstChild(nodes.Root()); group != controls::kNoNode;
        group = nodes.Next(group)) {
-    const int members = LargestChild(nodes, group);
+    const controls::NodeId members = LargestChild(nodes, group);
     if (largest == controls::kNoNode || nodes.Children(members) > nodes.Children(largest)) {
       largest = members;
     }

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "controls/TreeNodes.h"
+#include "controls/NodeId.h"
 
 namespace controls {
 

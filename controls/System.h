@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "controls/NodeId.h"
 #include "controls/PopupMenu.h"
-#include "controls/TreeNodes.h"
 
 namespace controls {
 

@@ -28,8 +28,9 @@ NodeId TreeNodes::TakeIndex() {
     if (used_ >= static_cast<int>(blocks_.size()) * kBlock) {
       blocks_.push_back(std::make_unique<Node[]>(kBlock));
     }
-    At(used_) = Node{};
-    return used_++;
+    const NodeId added{used_++};
+    At(added) = Node{};
+    return added;
   }
   const NodeId node = free_.back();
   free_.pop_back();
@@ -107,12 +108,12 @@ void TreeNodes::Sweep() {
 }
 
 bool TreeNodes::Exists(NodeId node) const {
-  return node > 0 && node < used_ && At(node).alive;
+  return IndexOf(node) > 0 && IndexOf(node) < used_ && At(node).alive;
 }
 
 NodeId TreeNodes::NextIndex(NodeId node) const {
-  for (int i = std::max(node, 0) + 1; i < used_; ++i) {
-    if (At(i).alive) return i;
+  for (int i = std::max(IndexOf(node), 0) + 1; i < used_; ++i) {
+    if (At(NodeId{i}).alive) return NodeId{i};
   }
   return kNoNode;
 }
@@ -165,7 +166,7 @@ bool TreeNodes::IsBelow(NodeId node, NodeId ancestor) const {
 std::size_t TreeNodes::NodeBytes() const {
   const std::size_t indexes =
       free_.capacity() + reordered_.capacity() + ordered_.capacity() + misplaced_.capacity();
-  return blocks_.size() * kBlock * sizeof(Node) + indexes * sizeof(int) +
+  return blocks_.size() * kBlock * sizeof(Node) + indexes * sizeof(NodeId) +
          ranked_.capacity() * sizeof(std::uint64_t);
 }
 

@@ -8,15 +8,10 @@
 #include <unordered_map>
 #include <vector>
 
+#include "controls/NodeId.h"
 #include "controls/TextPool.h"
 
 namespace controls {
-
-// The index of a node in its tree, from 1; stable while the node lives.
-using NodeId = int;
-
-// No node: the parent of a root, the sibling after the last, a search without result.
-constexpr NodeId kNoNode = -1;
 
 // How a node's key is made from its parent's: the first four characters of the parent's key are
 // replaced by prefix, then suffix is appended and, where hasId is set, the node's id in decimal. A
@@ -57,7 +52,8 @@ class TreeNodes {
 
   bool Exists(NodeId node) const;
   int Count() const { return count_; }
-  // The living node with the lowest index above the one given; kNoNode when there is none.
+  // The living node with the lowest index above the one given, of all where that is kNoNode;
+  // kNoNode when there is none.
   NodeId NextIndex(NodeId node) const;
   // The first root.
   NodeId Root() const { return firstRoot_; }
@@ -161,7 +157,10 @@ class TreeNodes {
   void TakeMisplaced(NodeId parent) const;
   void Relink(NodeId parent) const;
   // Putting children in order changes nothing that could be seen before.
-  Node& Linked(NodeId node) const { return blocks_[node >> kBlockBits][node & (kBlock - 1)]; }
+  Node& Linked(NodeId node) const {
+    const int index = IndexOf(node);
+    return blocks_[index >> kBlockBits][index & (kBlock - 1)];
+  }
 
   mutable TextPool texts_;  // makes the keys by which texts are ordered when it is asked for them
   std::vector<KeyForm> forms_;

@@ -96,7 +96,8 @@ NodeId TreeNodes::Find(std::wstring_view key) const {
   const std::wstring_view tail = key.substr(kPrefixLength);
   std::vector<char> hasPrefix;
   for (const KeyForm& form : forms_) hasPrefix.push_back(key.starts_with(form.prefix) ? 1 : 0);
-  for (NodeId node = 1; node < used_; ++node) {
+  for (int i = 1; i < used_; ++i) {
+    const NodeId node{i};
     const Node& candidate = At(node);
     if (candidate.alive && hasPrefix[candidate.form] != 0 && HasTail(node, tail)) return node;
   }

@@ -67,13 +67,13 @@ void TreeNodes::SortChildrenByRank(NodeId parent) const {
   ranked_.clear();
   for (NodeId child = At(parent).firstChild; child != kNoNode; child = At(child).next) {
     const std::uint64_t rank = texts_.Rank(At(child).text);
-    ranked_.push_back(rank << 32 | static_cast<std::uint32_t>(child));
+    ranked_.push_back(rank << 32 | static_cast<std::uint32_t>(IndexOf(child)));
   }
   if (std::is_sorted(ranked_.begin(), ranked_.end())) return;
   std::sort(ranked_.begin(), ranked_.end());
   ordered_.clear();
   for (const std::uint64_t entry : ranked_) {
-    ordered_.push_back(static_cast<int>(static_cast<std::uint32_t>(entry)));
+    ordered_.push_back(NodeId{static_cast<int>(static_cast<std::uint32_t>(entry))});
   }
   Relink(parent);
 }

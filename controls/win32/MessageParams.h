@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "controls/NodeId.h"
+
 // What messages carry in their two numbers and their answer: pointers, handles and references. The
 // casts between them stand here and nowhere else.
 namespace controls {
@@ -14,6 +16,14 @@ LPARAM AsLParam(Pointed* pointer) {
 template <typename Pointed>
 WPARAM AsWParam(Pointed* pointer) {
   return reinterpret_cast<WPARAM>(pointer);
+}
+
+// The node that an item of a tree view stands for, which the item has as its parameter.
+inline LPARAM AsLParam(NodeId node) {
+  return IndexOf(node);
+}
+inline NodeId NodeIn(LPARAM parameter) {
+  return static_cast<NodeId>(parameter);
 }
 
 // A handle or pointer that a message brings, or that is its answer.

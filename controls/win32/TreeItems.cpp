@@ -105,7 +105,7 @@ NodeId TreeItems::NodeOf(HTREEITEM item) const {
   native.mask = TVIF_PARAM | TVIF_HANDLE;
   native.hItem = item;
   if (!item || !Send(TVM_GETITEMW, 0, AsLParam(&native))) return kNoNode;
-  return NodeIn(native);
+  return NodeIn(native.lParam);
 }
 
 HTREEITEM TreeItems::SelectedItem() const {

@@ -41,8 +41,6 @@ class TreeItems {
   // Whether the native control is being changed from here: what it then reports is no user's doing.
   bool Busy() const { return busy_ > 0; }
   NodeId NodeOf(HTREEITEM item) const;
-  // The node that an item stands for, which the item has as its parameter.
-  static NodeId NodeIn(const TVITEMW& item) { return static_cast<NodeId>(item.lParam); }
   // Null where the native control has not been told of the node.
   HTREEITEM ItemOf(NodeId node) const;
   HTREEITEM SelectedItem() const;

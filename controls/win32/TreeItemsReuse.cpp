@@ -32,7 +32,7 @@ TreeItems::ReusableItem TreeItems::ShownAs(NodeId node) const {
 
 // False where all items are to go. What had been opened goes in any case.
 bool TreeItems::UseReusable() {
-  const int root = nodes_.Root();
+  const NodeId root = nodes_.Root();
   if (reusable_.empty() || root == kNoNode || nodes_.Next(root) != kNoNode ||
       !nodes_.Expanded(root) || !nodes_.HasChildren(root)) {
     reusable_.clear();

@@ -22,7 +22,7 @@ using Ranks = std::unordered_map<NodeId, int>;
 
 int CALLBACK CompareRanks(LPARAM a, LPARAM b, LPARAM ranks) {
   const auto& places = StructIn<const Ranks>(ranks);
-  return places.at(static_cast<NodeId>(a)) - places.at(static_cast<NodeId>(b));
+  return places.at(NodeIn(a)) - places.at(NodeIn(b));
 }
 
 }  // namespace
@@ -217,7 +217,7 @@ TVITEMW TreeItems::Shown(NodeId node, HTREEITEM item, UINT parts) const {
   native.pszText = const_cast<wchar_t*>(nodes_.Text(node).c_str());
   native.iImage = native.iSelectedImage = nodes_.Image(node);
   native.cChildren = nodes_.HasChildren(node);
-  native.lParam = node;
+  native.lParam = AsLParam(node);
   return native;
 }
 

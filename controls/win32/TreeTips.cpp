@@ -59,7 +59,7 @@ void TreeTips::SetWidth() const {
 }
 
 void TreeTips::Answer(NMTVGETINFOTIPW& question) const {
-  const auto node = static_cast<NodeId>(question.lParam);
+  const auto node = NodeIn(question.lParam);
   std::wstring text = tree_.AskTip(node);
   // A tree view that asks leaves its own tips, over texts that have no room, to who answers.
   if (text.empty() && tree_.model.Nodes().Exists(node) && IsClipped(question.hItem)) {
@@ -117,7 +117,7 @@ bool TreeTips::Notify(NMHDR& header) {
   question.pszText = text;
   question.cchTextMax = kMostText;
   question.hItem = hovered_;
-  question.lParam = tree_.items.NodeOf(hovered_);
+  question.lParam = AsLParam(tree_.items.NodeOf(hovered_));
   SendMessageW(GetParent(tree_.window), WM_NOTIFY, question.hdr.idFrom, AsLParam(&question));
   shown_ = text;
   NotificationIn<NMTTDISPINFOW>(header).lpszText = shown_.data();

@@ -52,7 +52,7 @@ bool TreeViewPeer::Refuses() const {
 LRESULT TreeViewPeer::Notify(NMHDR& header) {
   if (items.Busy()) return 0;
   const auto& change = NotificationIn<const NMTREEVIEWW>(header);
-  const NodeId node = TreeItems::NodeIn(change.itemNew);
+  const NodeId node = NodeIn(change.itemNew.lParam);
   switch (header.code) {
     case TVN_ITEMEXPANDINGW:
       if (Refuses()) return TRUE;

@@ -119,7 +119,7 @@ TEST_F(AccountCommands, AnEditedUserIsRenamedAndMovedInBothTrees) {
   Run([this](frmUserGroupPerm& window) {
     TreeView& users = window.Users.TreeView1;
     Select(window, 0, Keys::OwnPermissions(9));
-    const int martin = users.Nodes().Find(Keys::User(9));
+    const controls::NodeId martin = users.Nodes().Find(Keys::User(9));
     ExpectDialog<dialogs::frmEditUser>([this](dialogs::frmEditUser& dialog) {
       EXPECT_EQ(dialog.UserID, 9);
       EXPECT_EQ(dialog.AdminGroupID, 1);

@@ -146,7 +146,8 @@ class CommandFaults : public CommandTest {
     TreeLines lines;
     for (const int tree : {0, 1}) {
       const controls::TreeNodes& nodes = window.Page(tree).TreeView1.Nodes();
-      for (int node = nodes.NextIndex(0); node != controls::kNoNode; node = nodes.NextIndex(node)) {
+      for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != controls::kNoNode;
+           node = nodes.NextIndex(node)) {
         const int image = nodes.Image(node) == kFolderOpen ? +kFolderClosed : nodes.Image(node);
         lines[std::to_wstring(tree) + nodes.Key(node)] =
             nodes.Text(node) + L" | " + std::to_wstring(image) + L" | " + nodes.StoredName(node);

@@ -18,7 +18,7 @@ using controls::TreeView;
 std::vector<std::int32_t> AccountsOf(const TreeView& tree) {
   const TreeNodes& nodes = tree.Nodes();
   std::vector<std::int32_t> ids;
-  for (int account = nodes.FirstChild(nodes.Root()); account != kNoNode;
+  for (controls::NodeId account = nodes.FirstChild(nodes.Root()); account != kNoNode;
        account = nodes.Next(account)) {
     ids.push_back(nodes.Id(account));
   }
@@ -52,7 +52,7 @@ Strings Without(const Strings& lines, const Strings& others) {
 
 void CommandTest::Select(frmUserGroupPerm& window, int tree, const std::wstring& key) {
   user.ChooseTab(window.TabStrip1, tree);
-  const int node = At(window, tree, key);
+  const controls::NodeId node = At(window, tree, key);
   ASSERT_NE(node, kNoNode) << data::ToUtf8(key);
   user.Select(window.Page(tree).TreeView1, node);
 }
@@ -66,7 +66,7 @@ bool CommandTest::Has(frmUserGroupPerm& window, int tree, const std::wstring& ke
   return At(window, tree, key) != kNoNode;
 }
 
-int CommandTest::At(frmUserGroupPerm& window, int tree, const std::wstring& key) {
+controls::NodeId CommandTest::At(frmUserGroupPerm& window, int tree, const std::wstring& key) {
   return window.Page(tree).TreeView1.Nodes().Find(key);
 }
 
@@ -75,7 +75,8 @@ Strings CommandTest::Look(frmUserGroupPerm& window) {
   Strings all;
   for (const int tab : {0, 1}) {
     const TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
-    for (int node = nodes.NextIndex(0); node != kNoNode; node = nodes.NextIndex(node)) {
+    for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != kNoNode;
+         node = nodes.NextIndex(node)) {
       const int image = nodes.Image(node) == kFolderOpen ? +kFolderClosed : nodes.Image(node);
       all.push_back(nodes.Key(node) + L"=" + nodes.FullPath(node) + L"|" + std::to_wstring(image) +
                     L"|" + nodes.StoredName(node));

@@ -22,7 +22,7 @@ class CommandTest : public test_support::MainWindowFixture {
   void Select(frmUserGroupPerm& window, int tree, const std::wstring& key);
   static std::wstring Selected(frmUserGroupPerm& window, int tree);
   static bool Has(frmUserGroupPerm& window, int tree, const std::wstring& key);
-  static int At(frmUserGroupPerm& window, int tree, const std::wstring& key);
+  static controls::NodeId At(frmUserGroupPerm& window, int tree, const std::wstring& key);
 
   // Every node of both trees with all that is seen of it but whether a folder is open.
   static Strings Look(frmUserGroupPerm& window);

@@ -21,7 +21,8 @@ class DeleteCommands : public CommandTest {
       user.Click(tree == 0 ? window.Users.cmdUser[kDeleteButton]
                            : window.Groups.cmdGroup[kDeleteButton]);
       EXPECT_FALSE(Has(window, tree, tree == 0 ? Keys::User(9) : Keys::Group(6))) << tree;
-      EXPECT_EQ(window.Page(tree).TreeView1.Nodes().Children(1), tree == 0 ? 38 : 11);
+      EXPECT_EQ(window.Page(tree).TreeView1.Nodes().Children(controls::NodeId{1}),
+                tree == 0 ? 38 : 11);
       ExpectInStep(window);
     });
   }

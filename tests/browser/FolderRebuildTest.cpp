@@ -54,8 +54,8 @@ class Folders : public test_support::MainWindowFixture {
 
 TEST_F(Folders, ARebuiltFolderIsReadWithTheStatementOfItsKindAlone) {
   RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree& groupsTree) {
-    const int martin = At(Users(window), Keys::User(9));
-    const int quality = At(Groups(window), Keys::Group(6));
+    const controls::NodeId martin = At(Users(window), Keys::User(9));
+    const controls::NodeId quality = At(Groups(window), Keys::Group(6));
     log.statements.clear();
     EXPECT_EQ(usersTree.EditMemberOfNode(martin), app::Outcome::kDone);
     EXPECT_EQ(usersTree.EditUserPermissionsNode(martin), app::Outcome::kDone);
@@ -88,15 +88,15 @@ TEST_F(Folders, AFolderIsTheSameAfterItsRebuildAsAfterARefresh) {
     const auto look = [&] {
       Strings shown;
       const TreeNodes& nodes = Users(window).Nodes();
-      const int folder = nodes.Find(Keys::AllPermissions(9));
-      for (int leaf = nodes.FirstChild(folder); leaf != controls::kNoNode;
+      const controls::NodeId folder = nodes.Find(Keys::AllPermissions(9));
+      for (controls::NodeId leaf = nodes.FirstChild(folder); leaf != controls::kNoNode;
            leaf = nodes.Next(leaf)) {
         shown.push_back(nodes.Key(leaf) + nodes.Text(leaf) + std::to_wstring(nodes.Image(leaf)));
       }
       return shown;
     };
     const Strings before = look();
-    const int martin = At(Users(window), Keys::User(9));
+    const controls::NodeId martin = At(Users(window), Keys::User(9));
     EXPECT_EQ(usersTree.EditUserPermissionsNode(martin), app::Outcome::kDone);
     EXPECT_EQ(usersTree.EditAllPermissionsNode(martin), app::Outcome::kDone);
     const Strings rebuilt = look();
@@ -109,9 +109,9 @@ TEST_F(Folders, AFolderIsTheSameAfterItsRebuildAsAfterARefresh) {
 TEST_F(Folders, ARebuiltFolderStaysOpenOrClosed) {
   RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree&) {
     TreeView& users = Users(window);
-    const int martin = At(users, Keys::User(9));
-    const int open = At(users, Keys::GroupsOfUser(9));
-    const int closed = At(users, Keys::AllPermissions(9));
+    const controls::NodeId martin = At(users, Keys::User(9));
+    const controls::NodeId open = At(users, Keys::GroupsOfUser(9));
+    const controls::NodeId closed = At(users, Keys::AllPermissions(9));
     user.Expand(users, open);
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
     EXPECT_EQ(usersTree.EditMemberOfNode(martin), app::Outcome::kDone);
@@ -127,7 +127,7 @@ TEST_F(Folders, AnEmptyFolderIsClosedAfterItsRebuild) {
   Raw().Execute("DELETE FROM QRUSGP WHERE GROUPID = 6");
   RunWithTrees([this](frmUserGroupPerm& window, UsersTree&, GroupsTree& groupsTree) {
     TreeView& groups = Groups(window);
-    const int folder = At(groups, Keys::MembersOfGroup(6));
+    const controls::NodeId folder = At(groups, Keys::MembersOfGroup(6));
     groups.SetExpanded(folder, true);
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (9, 6)");
     EXPECT_EQ(groupsTree.EditMembersNode(At(groups, Keys::Group(6))), app::Outcome::kDone);
@@ -152,7 +152,7 @@ TEST_F(Folders, TheSelectionInARebuiltFolderStaysOnWhatIsStillThere) {
 TEST_F(Folders, AFolderThatCannotBeReadKeepsWhatItShowedAndTheBuilderIsNamed) {
   RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree&) {
     TreeView& users = Users(window);
-    const int folder = At(users, Keys::GroupsOfUser(9));
+    const controls::NodeId folder = At(users, Keys::GroupsOfUser(9));
     const Strings before = ChildTexts(users, folder);
     log.FailAt = [](const std::wstring&) { return 3021L; };
     user.ExpectMsgBox(
@@ -166,7 +166,7 @@ TEST_F(Folders, AFolderThatCannotBeReadKeepsWhatItShowedAndTheBuilderIsNamed) {
 
 TEST_F(Folders, AnAccountWithoutFoldersIsLeftAlone) {
   RunWithTrees([this](frmUserGroupPerm& window, UsersTree& usersTree, GroupsTree&) {
-    const int martin = At(Users(window), Keys::User(9));
+    const controls::NodeId martin = At(Users(window), Keys::User(9));
     Users(window).RemoveChildren(martin);
     EXPECT_FALSE(Users(window).Nodes().HasChildren(martin));
     log.statements.clear();
@@ -197,7 +197,8 @@ TEST_F(Folders, AllMembersFoldersAreReadInOneReadInTheOrderOfTheTree) {
     EXPECT_EQ(groupsTree.EditGroupNode(), app::Outcome::kDone);
     const TreeNodes& nodes = Groups(window).Nodes();
     Strings expected{L"BeginRead"};
-    for (int group = nodes.FirstChild(1); group != controls::kNoNode; group = nodes.Next(group)) {
+    for (controls::NodeId group = nodes.FirstChild(nodes.Root()); group != controls::kNoNode;
+         group = nodes.Next(group)) {
       expected.push_back(data::SqlSelectGroupUsers(nodes.Id(group)));
     }
     expected.push_back(L"EndRead");
@@ -212,7 +213,7 @@ TEST_F(Folders, EveryUsersGroupsAndPermissionsAreReadInOneRead) {
     EXPECT_EQ(usersTree.EditUserNode(), app::Outcome::kDone);
     const TreeNodes& nodes = Users(window).Nodes();
     Strings expected{L"BeginRead"};
-    for (int account = nodes.FirstChild(1); account != controls::kNoNode;
+    for (controls::NodeId account = nodes.FirstChild(nodes.Root()); account != controls::kNoNode;
          account = nodes.Next(account)) {
       expected.push_back(data::SqlSelectUserGroups(nodes.Id(account)));
       expected.push_back(data::SqlSelectInheritedPermissions(nodes.Id(account)));

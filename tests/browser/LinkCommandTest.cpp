@@ -198,7 +198,7 @@ TEST_F(LinkAssignment, KeepsSelectionAndExpansion) {
       const auto expanded = [&window, &test] {
         const controls::TreeNodes& nodes = window.Page(test.tree).TreeView1.Nodes();
         Strings keys;
-        for (int node = nodes.NextIndex(0); node != controls::kNoNode;
+        for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != controls::kNoNode;
              node = nodes.NextIndex(node)) {
           if (nodes.Expanded(node)) keys.push_back(nodes.Key(node));
         }

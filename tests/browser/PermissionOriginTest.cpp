@@ -14,7 +14,7 @@ using test_support::Keys;
 class PermissionOrigins : public CommandTest {
  protected:
   std::wstring Tip(frmUserGroupPerm& window, const std::wstring& key) {
-    const int node = At(window, 0, key);
+    const controls::NodeId node = At(window, 0, key);
     EXPECT_NE(node, controls::kNoNode);
     return user.TipOf(window.Users.TreeView1, node);
   }

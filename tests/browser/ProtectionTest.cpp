@@ -112,7 +112,7 @@ class Protection : public test_support::MainWindowFixture {
 
   void Select(frmUserGroupPerm& window, const Row& row) {
     user.ChooseTab(window.TabStrip1, row.tree);
-    const int node = window.Page(row.tree).TreeView1.Nodes().Find(row.key);
+    const controls::NodeId node = window.Page(row.tree).TreeView1.Nodes().Find(row.key);
     ASSERT_NE(node, controls::kNoNode) << data::ToUtf8(row.key);
     if (window.Page(row.tree).TreeView1.SelectedNode() != node) {
       user.Select(window.Page(row.tree).TreeView1, node);

@@ -35,8 +35,8 @@ class Refresh : public test_support::MainWindowFixture {
 TEST_F(Refresh, BothTreesStartOnTheirRootsOpen) {
   Run([](frmUserGroupPerm& window) {
     for (const int tab : {0, 1}) ExpectOnItsRoot(window.Page(tab).TreeView1);
-    EXPECT_EQ(window.Users.TreeView1.Nodes().Text(1), L"Utilisateurs");
-    EXPECT_EQ(window.Groups.TreeView1.Nodes().Text(1), L"Groupes");
+    EXPECT_EQ(window.Users.TreeView1.Nodes().Text(controls::NodeId{1}), L"Utilisateurs");
+    EXPECT_EQ(window.Groups.TreeView1.Nodes().Text(controls::NodeId{1}), L"Groupes");
   });
 }
 
@@ -79,7 +79,7 @@ TEST_F(Refresh, RefreshingTwiceGivesTheSameTreesAndCounts) {
       std::vector<std::wstring> all;
       for (const int tab : {0, 1}) {
         const TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
-        for (int node = nodes.NextIndex(0); node != controls::kNoNode;
+        for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != controls::kNoNode;
              node = nodes.NextIndex(node)) {
           all.push_back(nodes.Key(node) + L"=" + nodes.FullPath(node));
         }

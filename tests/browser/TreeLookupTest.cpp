@@ -6,16 +6,17 @@
 namespace browser {
 namespace {
 
+using controls::NodeId;
 using controls::TreeNodes;
 using test_support::Keys;
 
 // Martin is user 9; groups 7 and 12 are his, permission 14 is his own.
 class Lookup : public test_support::MainWindowFixture {
  protected:
-  static int User(frmUserGroupPerm& window, const std::wstring& key) {
+  static NodeId User(frmUserGroupPerm& window, const std::wstring& key) {
     return window.Users.TreeView1.Nodes().Find(key);
   }
-  static int Group(frmUserGroupPerm& window, const std::wstring& key) {
+  static NodeId Group(frmUserGroupPerm& window, const std::wstring& key) {
     return window.Groups.TreeView1.Nodes().Find(key);
   }
   void ExpectReport(const wchar_t* procedure, const wchar_t* number = L"35601") {
@@ -39,10 +40,10 @@ TEST_F(Lookup, AKeyWithoutATypeHasTheEmptyTypeAndNoOwner) {
   Run([](frmUserGroupPerm& window) {
     const std::wstring tag = window.Users.lookup.GetTypeNode(L"\\U12");
     EXPECT_EQ(tag, L"");
-    EXPECT_EQ(window.Users.lookup.GetIndexUserNode(tag, 2), controls::kNoNode);
-    EXPECT_EQ(window.Groups.lookup.GetIndexGroupNode(tag, 2), controls::kNoNode);
-    EXPECT_EQ(window.Users.lookup.GetUserName(tag, 2), L"");
-    EXPECT_EQ(window.Users.lookup.GetGroupName(tag, 2), L"");
+    EXPECT_EQ(window.Users.lookup.GetIndexUserNode(tag, NodeId{2}), controls::kNoNode);
+    EXPECT_EQ(window.Groups.lookup.GetIndexGroupNode(tag, NodeId{2}), controls::kNoNode);
+    EXPECT_EQ(window.Users.lookup.GetUserName(tag, NodeId{2}), L"");
+    EXPECT_EQ(window.Users.lookup.GetGroupName(tag, NodeId{2}), L"");
   });
 }
 
@@ -65,29 +66,29 @@ TEST_F(Lookup, APermissionsNumberThatIsNoneIsReported) {
 
 TEST_F(Lookup, EveryNodeOfAUserLeadsToHisNode) {
   Run([](frmUserGroupPerm& window) {
-    const controls::NodeId martin = User(window, Keys::User(9));
+    const NodeId martin = User(window, Keys::User(9));
     for (const std::wstring& key :
          {Keys::User(9), Keys::GroupsOfUser(9), Keys::GroupOfUser(9, 12), Keys::OwnPermissions(9),
           Keys::OwnPermission(9, 14), Keys::AllPermissions(9), Keys::AnyPermission(9, 14)}) {
       const std::wstring tag = window.Users.lookup.GetTypeNode(key);
       EXPECT_EQ(window.Users.lookup.GetIndexUserNode(tag, User(window, key)), martin);
     }
-    EXPECT_EQ(window.Users.lookup.GetIndexUserNode(L"RT", 1), controls::kNoNode);
-    EXPECT_EQ(window.Users.lookup.GetIndexUserNode(L"GR", 2), controls::kNoNode);
+    EXPECT_EQ(window.Users.lookup.GetIndexUserNode(L"RT", NodeId{1}), controls::kNoNode);
+    EXPECT_EQ(window.Users.lookup.GetIndexUserNode(L"GR", NodeId{2}), controls::kNoNode);
   });
 }
 
 TEST_F(Lookup, EveryNodeOfAGroupLeadsToItsNode) {
   Run([](frmUserGroupPerm& window) {
-    const controls::NodeId quality = Group(window, Keys::Group(6));
+    const NodeId quality = Group(window, Keys::Group(6));
     for (const std::wstring& key :
          {Keys::Group(6), Keys::MembersOfGroup(6), Keys::MemberOfGroup(6, 15),
           Keys::GroupPermissions(6), Keys::GroupPermission(6, 21)}) {
       const std::wstring tag = window.Users.lookup.GetTypeNode(key);
       EXPECT_EQ(window.Groups.lookup.GetIndexGroupNode(tag, Group(window, key)), quality);
     }
-    EXPECT_EQ(window.Groups.lookup.GetIndexGroupNode(L"RT", 1), controls::kNoNode);
-    EXPECT_EQ(window.Groups.lookup.GetIndexGroupNode(L"US", 2), controls::kNoNode);
+    EXPECT_EQ(window.Groups.lookup.GetIndexGroupNode(L"RT", NodeId{1}), controls::kNoNode);
+    EXPECT_EQ(window.Groups.lookup.GetIndexGroupNode(L"US", NodeId{2}), controls::kNoNode);
   });
 }
 
@@ -98,17 +99,17 @@ TEST_F(Lookup, TheUsersNameIsGivenForHisNodesAndForMembers) {
       const std::wstring tag = window.Users.lookup.GetTypeNode(key);
       EXPECT_EQ(window.Users.lookup.GetUserName(tag, User(window, key)), L"Martin (Jean Martin)");
     }
-    const int member = Group(window, Keys::MemberOfGroup(7, 9));
+    const NodeId member = Group(window, Keys::MemberOfGroup(7, 9));
     EXPECT_EQ(window.Groups.lookup.GetUserName(L"UG", member), L"Martin (Jean Martin)");
-    EXPECT_EQ(window.Users.lookup.GetUserName(L"RT", 1), L"");
-    EXPECT_EQ(window.Users.lookup.GetUserName(L"GR", 2), L"");
+    EXPECT_EQ(window.Users.lookup.GetUserName(L"RT", NodeId{1}), L"");
+    EXPECT_EQ(window.Users.lookup.GetUserName(L"GR", NodeId{2}), L"");
   });
 }
 
 TEST_F(Lookup, TheFolderOfAllPermissionsGivesNoNameThoughItsUserIsFound) {
   Run([](frmUserGroupPerm& window) {
-    const int folder = User(window, Keys::AllPermissions(9));
-    const int leaf = User(window, Keys::AnyPermission(9, 14));
+    const NodeId folder = User(window, Keys::AllPermissions(9));
+    const NodeId leaf = User(window, Keys::AnyPermission(9, 14));
     EXPECT_EQ(window.Users.lookup.GetUserName(L"AP", folder), L"");
     EXPECT_EQ(window.Users.lookup.GetUserName(L"PA", leaf), L"");
     EXPECT_NE(window.Users.lookup.GetIndexUserNode(L"AP", folder), controls::kNoNode);
@@ -147,15 +148,15 @@ TEST_F(Lookup, ANodeThatDoesNotLiveIsReportedUnderTheOperationsName) {
     const TreeLookup& users = window.Users.lookup;
     const TreeLookup& groups = window.Groups.lookup;
     ExpectReport(L"GetIndexUserNode");
-    EXPECT_EQ(users.GetIndexUserNode(L"US", 999999), controls::kNoNode);
+    EXPECT_EQ(users.GetIndexUserNode(L"US", NodeId{999999}), controls::kNoNode);
     ExpectReport(L"GetIndexGroupNode");
-    EXPECT_EQ(groups.GetIndexGroupNode(L"UG", 1), controls::kNoNode);
+    EXPECT_EQ(groups.GetIndexGroupNode(L"UG", NodeId{1}), controls::kNoNode);
     ExpectReport(L"GetUserName");
-    EXPECT_EQ(users.GetUserName(L"US", 0), L"");
+    EXPECT_EQ(users.GetUserName(L"US", NodeId{0}), L"");
     ExpectReport(L"GetGroupName");
-    EXPECT_EQ(groups.GetGroupName(L"GR", -1), L"");
+    EXPECT_EQ(groups.GetGroupName(L"GR", controls::kNoNode), L"");
     ExpectReport(L"GetPermName");
-    EXPECT_EQ(users.GetPermName(L"PU", 999999), L"");
+    EXPECT_EQ(users.GetPermName(L"PU", NodeId{999999}), L"");
   });
 }
 

@@ -30,7 +30,7 @@ TEST_F(Trees, EveryNodeHasTheKeyOfItsKindComposedFromItsParents) {
   Run([](frmUserGroupPerm& window) {
     const TreeView& users = window.Users.TreeView1;
     const TreeNodes& nodes = users.Nodes();
-    const int martin = NodeAt(users, {L"Martin (Jean Martin)"});
+    const controls::NodeId martin = NodeAt(users, {L"Martin (Jean Martin)"});
     EXPECT_EQ(nodes.Key(nodes.Root()), Keys::Root());
     EXPECT_EQ(nodes.Key(martin), Keys::User(9));
     EXPECT_EQ(nodes.Key(Child(users, martin, L"Membre du Groupe")), Keys::GroupsOfUser(9));
@@ -55,7 +55,8 @@ TEST_F(Trees, EveryKeyReadsBackAsWhatItsNodeStandsFor) {
     for (const int tab : {0, 1}) {
       const TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
       std::set<std::wstring> keys;
-      for (int node = nodes.NextIndex(0); node != controls::kNoNode; node = nodes.NextIndex(node)) {
+      for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != controls::kNoNode;
+           node = nodes.NextIndex(node)) {
         const std::wstring key = nodes.Key(node);
         EXPECT_TRUE(keys.insert(key).second) << data::ToUtf8(key);
         const std::wstring type = data::GetTypeNode(key);
@@ -100,7 +101,7 @@ TEST_F(Trees, AllPermissionsHoldAnOwnOneThatNoGroupGives) {
   Run([](frmUserGroupPerm& window) {
     const TreeView& users = window.Users.TreeView1;
     const std::wstring text = U("Consulter les factures");
-    const int folder =
+    const controls::NodeId folder =
         NodeAt(users, {L"Morin (" + U("Agnès") + L" Morin)", L"Ensemble des Droits"});
     EXPECT_NE(Child(users, folder, text), controls::kNoNode);
   });
@@ -158,7 +159,8 @@ TEST_F(Trees, ADeletedUserIsShownNowhere) {
   Run([](frmUserGroupPerm& window) {
     for (const int tab : {0, 1}) {
       const TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
-      for (int node = nodes.NextIndex(0); node != controls::kNoNode; node = nodes.NextIndex(node)) {
+      for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != controls::kNoNode;
+           node = nodes.NextIndex(node)) {
         EXPECT_EQ(nodes.Text(node).find(L"Garnier"), std::wstring::npos);
       }
     }
@@ -174,8 +176,9 @@ TEST_F(Trees, RowsOfOneIdentifierMakeOneNode) {
   Run([](frmUserGroupPerm& window) {
     const auto nodesOfMartin = [&](int tree, const controls::KeyForm& form) {
       const TreeNodes& nodes = window.Page(tree).TreeView1.Nodes();
-      std::map<int, int> perParent;
-      for (int node = nodes.NextIndex(0); node != controls::kNoNode; node = nodes.NextIndex(node)) {
+      std::map<controls::NodeId, int> perParent;
+      for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != controls::kNoNode;
+           node = nodes.NextIndex(node)) {
         if (nodes.Id(node) == 9 && nodes.FormOf(node).prefix == form.prefix) {
           ++perParent[nodes.Parent(node)];
         }
@@ -259,7 +262,7 @@ TEST_F(Trees, NamesOfAnyKindAreShownAsTheyAre) {
     const TreeNodes& nodes = window.Users.TreeView1.Nodes();
     int shown = 1000;
     for (const std::string& name : names) {
-      const int node = nodes.Find(Keys::User(++shown));
+      const controls::NodeId node = nodes.Find(Keys::User(++shown));
       ASSERT_NE(node, controls::kNoNode);
       EXPECT_EQ(nodes.Text(node), data::FromUtf8(name));
       EXPECT_EQ(nodes.Children(node), 3);

@@ -132,8 +132,8 @@ TEST_F(Window, AFailingAboutBoxIsReported) {
 TEST_F(Window, OpeningAFolderShowsItOpenAndClosingItShowsItClosed) {
   Run([this](frmUserGroupPerm& window) {
     controls::TreeView& users = window.Users.TreeView1;
-    const int martin = NodeAt(users, {L"Martin (Jean Martin)"});
-    const int folder = Child(users, martin, L"Membre du Groupe");
+    const controls::NodeId martin = NodeAt(users, {L"Martin (Jean Martin)"});
+    const controls::NodeId folder = Child(users, martin, L"Membre du Groupe");
     const int accountImage = users.Nodes().Image(martin);
     user.Expand(users, martin);
     user.Expand(users, folder);

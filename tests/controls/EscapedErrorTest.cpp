@@ -48,10 +48,10 @@ TEST_F(EscapedError, FromAnEventOfTheProgramsOwnChangeLeavesTheChangeMade) {
 }
 
 TEST_F(EscapedError, FromATreesEventIsReported) {
-  const int root = form.tree.Add(controls::kNoNode, {L"\\TRT", L" "}, 0, L"root", 0);
+  const controls::NodeId root = form.tree.Add(controls::kNoNode, {L"\\TRT", L" "}, 0, L"root", 0);
   form.tree.Add(root, {L"\\TUS", L"\\U", true}, 1, L"child", 0);
-  form.tree.Expand = [](int) { Throw(); };
-  form.tree.NodeClick = [](int) { Throw(); };
+  form.tree.Expand = [](controls::NodeId) { Throw(); };
+  form.tree.NodeClick = [](controls::NodeId) { Throw(); };
   form.tree.SetExpanded(root, true);
   user.Select(form.tree, root);
   EXPECT_TRUE(form.tree.Nodes().Expanded(root));

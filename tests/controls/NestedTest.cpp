@@ -90,7 +90,7 @@ TEST_F(Nested, AFormMayComeUpInADoubleClick) {
 }
 
 TEST_F(Nested, AFormMayComeUpInNodeClick) {
-  tree.NodeClick = [this](int) { dialog.ShowModal(form); };
+  tree.NodeClick = [this](controls::NodeId) { dialog.ShowModal(form); };
   user.ExpectModal([this](controls::Form& shown) { user.PressKey(shown, kKeyEscape); });
   user.Select(tree, root);
   EXPECT_EQ(events, (Events{L"cancel"}));

@@ -9,13 +9,15 @@ namespace controls_test {
 namespace {
 
 using controls::kNoNode;
+using controls::NodeId;
 using test_support::ShownNode;
 using test_support::ShownNodes;
 
 // What a tree is to show of its nodes.
-void Expect(const controls::TreeView& tree, int first, int level, std::vector<ShownNode>& lines) {
+void Expect(const controls::TreeView& tree, NodeId first, int level,
+            std::vector<ShownNode>& lines) {
   const controls::TreeNodes& nodes = tree.Nodes();
-  for (int node = first; node != kNoNode; node = nodes.Next(node)) {
+  for (NodeId node = first; node != kNoNode; node = nodes.Next(node)) {
     const bool open = nodes.HasChildren(node) && nodes.Expanded(node);
     lines.push_back({level, nodes.Text(node), nodes.Image(node), node == tree.SelectedNode(),
                      nodes.HasChildren(node), open});
@@ -80,7 +82,7 @@ class RandomTree {
 
   void Compare() {
     ASSERT_EQ(ShownNodes(tree_), Expected(tree_));
-    const int selected = tree_.SelectedNode();
+    const NodeId selected = tree_.SelectedNode();
     const std::vector<ShownNode> lines = Expected(tree_);
     const bool shown = std::any_of(lines.begin(), lines.end(),
                                    [](const ShownNode& line) { return line.selected; });
@@ -92,15 +94,17 @@ class RandomTree {
   std::wstring AnyText() {
     return std::wstring(1 + Below(2), static_cast<wchar_t>(L'a' + Below(26)));
   }
-  int Any() {
-    std::vector<int> living;
+  NodeId Any() {
+    std::vector<NodeId> living;
     const controls::TreeNodes& nodes = tree_.Nodes();
-    for (int i = nodes.NextIndex(0); i != kNoNode; i = nodes.NextIndex(i)) living.push_back(i);
+    for (NodeId i = nodes.NextIndex(kNoNode); i != kNoNode; i = nodes.NextIndex(i)) {
+      living.push_back(i);
+    }
     return living[Below(static_cast<int>(living.size()))];
   }
 
   void Change() {
-    const int node = Any();
+    const NodeId node = Any();
     switch (Below(12)) {
       case 0:
         if (tree_.Nodes().Parent(node) != kNoNode) tree_.Remove(node);
@@ -129,7 +133,7 @@ class RandomTree {
   }
 
   void Gesture() {
-    const int node = Any();
+    const NodeId node = Any();
     const int kind = Below(3);
     if (kind == 0) user_.Try().Select(tree_, node);
     if (kind == 1) user_.Try().Expand(tree_, node);

@@ -47,7 +47,7 @@ TEST_F(TreeExpansion, OfANodeWithoutChildrenShowsThoseItGets) {
   tree.SetExpanded(root, true);
   tree.SetExpanded(zoe, true);
   EXPECT_EQ(events, (Events{L"expand Utilisateurs", L"expand Zoé"}));
-  const int added = tree.Add(zoe, kFolderForm, 0, L"Membre du Groupe", 2);
+  const controls::NodeId added = tree.Add(zoe, kFolderForm, 0, L"Membre du Groupe", 2);
   EXPECT_TRUE(tree.Nodes().Expanded(zoe));
   events.clear();
   user.Select(tree, added);
@@ -83,15 +83,15 @@ TEST_F(TreeExpansion, IsReportedAtOnceInsideAnUpdate) {
 }
 
 TEST_F(TreeExpansion, MayAddChildrenFromExpand) {
-  tree.Expand = [this](int node) { tree.Add(node, kUserForm, 99, L"Nouveau", 1); };
+  tree.Expand = [this](controls::NodeId node) { tree.Add(node, kUserForm, 99, L"Nouveau", 1); };
   user.Expand(tree, root);
   EXPECT_EQ(tree.Nodes().Children(root), 4);
   EXPECT_TRUE(tree.Nodes().Expanded(root));
 }
 
 TEST_F(TreeExpansion, MayChangeAnImageFromExpandAndCollapse) {
-  tree.Expand = [this](int node) { tree.SetImage(node, 4); };
-  tree.Collapse = [this](int node) { tree.SetImage(node, 2); };
+  tree.Expand = [this](controls::NodeId node) { tree.SetImage(node, 4); };
+  tree.Collapse = [this](controls::NodeId node) { tree.SetImage(node, 2); };
   user.Expand(tree, folder);
   EXPECT_EQ(tree.Nodes().Image(folder), 4);
   user.Collapse(tree, folder);
@@ -99,7 +99,7 @@ TEST_F(TreeExpansion, MayChangeAnImageFromExpandAndCollapse) {
 }
 
 TEST_F(TreeExpansion, MayUnloadItsFormFromExpand) {
-  tree.Expand = [this](int) { form.Unload(); };
+  tree.Expand = [this](controls::NodeId) { form.Unload(); };
   user.Expand(tree, root);
   EXPECT_FALSE(form.IsLoaded());
 }
@@ -115,7 +115,8 @@ TEST_F(TreeExpansion, AndSelectionAnswerAtOnceInALargeTree) {
     const controls::TextRef folderText = tree.Share(L"Membre du Groupe");
     for (int i = kUsers; i > 0; --i) {
       const std::wstring number = std::to_wstring(i + 100000);
-      const int account = tree.AddUnique(root, kUserForm, i, tree.Share(L"User " + number), 1);
+      const controls::NodeId account =
+          tree.AddUnique(root, kUserForm, i, tree.Share(L"User " + number), 1);
       tree.AddUnique(account, kFolderForm, 0, folderText, 2);
     }
     tree.SetExpanded(root, true);
@@ -124,7 +125,7 @@ TEST_F(TreeExpansion, AndSelectionAnswerAtOnceInALargeTree) {
   EXPECT_EQ(nodes.Count(), 2 * kUsers + 1);
   EXPECT_EQ(nodes.Id(nodes.FirstChild(root)), 1);
   EXPECT_EQ(nodes.Id(nodes.LastChild(root)), kUsers);
-  const int last = nodes.LastChild(root);
+  const controls::NodeId last = nodes.LastChild(root);
   events.clear();
   user.Select(tree, nodes.FirstChild(last));
   EXPECT_EQ(events, (Events{L"expand User 130000", L"click Membre du Groupe"}));

@@ -11,7 +11,7 @@ using controls::MenuItem;
 class TreeMenu : public TreeTest {
  protected:
   TreeMenu() {
-    tree.ContextMenu = [this](int node) {
+    tree.ContextMenu = [this](controls::NodeId node) {
       Note(L"menu", node);
       chosen = controls::ShowPopupMenu(tree, node, items);
     };
@@ -85,7 +85,9 @@ TEST_F(TreeMenu, ShowsItsLinesAsTheyAre) {
 }
 
 TEST_F(TreeMenu, WithoutLinesIsNotShown) {
-  tree.ContextMenu = [this](int node) { chosen = controls::ShowPopupMenu(tree, node, {}); };
+  tree.ContextMenu = [this](controls::NodeId node) {
+    chosen = controls::ShowPopupMenu(tree, node, {});
+  };
   user.RightClick(tree, root);
   EXPECT_EQ(chosen, 0);
 }
@@ -96,14 +98,14 @@ TEST_F(TreeMenu, IsNotShownForANodeThatIsNoMore) {
 }
 
 TEST_F(TreeMenu, IsNotAskedForWhenNodeClickTakesTheNodeAway) {
-  tree.NodeClick = [this](int node) { tree.Remove(node); };
+  tree.NodeClick = [this](controls::NodeId node) { tree.Remove(node); };
   user.RightClick(tree, six);
   EXPECT_FALSE(tree.Nodes().Exists(six));
   EXPECT_EQ(chosen, -1);
 }
 
 TEST_F(TreeMenu, MayTakeItsNodeAway) {
-  tree.ContextMenu = [this](int node) {
+  tree.ContextMenu = [this](controls::NodeId node) {
     if (controls::ShowPopupMenu(tree, node, items) == 1) tree.Remove(node);
   };
   user.ExpectMenu(1);
@@ -113,7 +115,7 @@ TEST_F(TreeMenu, MayTakeItsNodeAway) {
 }
 
 TEST_F(TreeMenu, MayUnloadItsForm) {
-  tree.ContextMenu = [this](int) { form.Unload(); };
+  tree.ContextMenu = [this](controls::NodeId) { form.Unload(); };
   user.RightClick(tree, root);
   EXPECT_FALSE(form.IsLoaded());
 }
@@ -121,7 +123,7 @@ TEST_F(TreeMenu, MayUnloadItsForm) {
 TEST_F(TreeMenu, MayOpenAModalForm) {
   SmallForm dialog(desktop);
   dialog.ok.Click = [&] { dialog.Unload(); };
-  tree.ContextMenu = [&](int node) {
+  tree.ContextMenu = [&](controls::NodeId node) {
     if (controls::ShowPopupMenu(tree, node, items) == 1) dialog.ShowModal(form);
   };
   user.ExpectMenu(1);
@@ -146,7 +148,7 @@ TEST_F(TreeMenu, IsLeftOutWhereTheFormHasNone) {
 }
 
 TEST_F(TreeMenu, LetsAnEscapedErrorGoWhereOthersGo) {
-  tree.ContextMenu = [](int) { throw 1; };
+  tree.ContextMenu = [](controls::NodeId) { throw 1; };
   user.RightClick(tree, root);
   EXPECT_EQ(escapedErrors, 1);
 }

@@ -102,8 +102,8 @@ TEST_F(TreeSelection, StaysWhereItIsWhenOthersAreRemovedAndSorted) {
 TEST_F(TreeSelection, PassesToACollapsedNodeFromBelowItWithoutNodeClick) {
   tree.SetSelectedNode(six);
   events.clear();
-  int selectedThen = kNoNode;
-  tree.Collapse = [&](int node) {
+  controls::NodeId selectedThen = kNoNode;
+  tree.Collapse = [&](controls::NodeId node) {
     Note(L"collapse", node);
     selectedThen = tree.SelectedNode();
   };
@@ -122,14 +122,14 @@ TEST_F(TreeSelection, PassesToANodeThatTheProgramCollapses) {
 }
 
 TEST_F(TreeSelection, MayRemoveItsNodeFromNodeClick) {
-  tree.NodeClick = [this](int node) { tree.Remove(node); };
+  tree.NodeClick = [this](controls::NodeId node) { tree.Remove(node); };
   user.Select(tree, six);
   EXPECT_FALSE(tree.Nodes().Exists(six));
   EXPECT_EQ(tree.SelectedNode(), five);
 }
 
 TEST_F(TreeSelection, MayRebuildTheTreeFromNodeClick) {
-  tree.NodeClick = [this](int) {
+  tree.NodeClick = [this](controls::NodeId) {
     controls::TreeView::Update update(tree);
     tree.Clear();
     root = tree.Add(kNoNode, kRootForm, 0, L"Groupes", 0);

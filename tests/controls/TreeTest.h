@@ -26,18 +26,20 @@ class TreeTest : public ControlsTest {
     folder = tree.Add(adam, kFolderForm, 0, L"Membre du Groupe", 2);
     five = tree.Add(folder, kLeafForm, 5, L"Qualité", 3);
     six = tree.Add(folder, kLeafForm, 6, L"Achats", 3);
-    tree.NodeClick = [this](int node) { Note(L"click", node); };
-    tree.Expand = [this](int node) { Note(L"expand", node); };
-    tree.Collapse = [this](int node) { Note(L"collapse", node); };
+    tree.NodeClick = [this](controls::NodeId node) { Note(L"click", node); };
+    tree.Expand = [this](controls::NodeId node) { Note(L"expand", node); };
+    tree.Collapse = [this](controls::NodeId node) { Note(L"collapse", node); };
   }
 
-  void Note(const std::wstring& event, int node) { events.push_back(event + L" " + Text(node)); }
-  const std::wstring& Text(int node) const { return tree.Nodes().Text(node); }
+  void Note(const std::wstring& event, controls::NodeId node) {
+    events.push_back(event + L" " + Text(node));
+  }
+  const std::wstring& Text(controls::NodeId node) const { return tree.Nodes().Text(node); }
   // The texts of a node's children, in order.
-  Events Children(int node) const {
+  Events Children(controls::NodeId node) const {
     Events texts;
     const controls::TreeNodes& nodes = tree.Nodes();
-    for (int child = nodes.FirstChild(node); child != controls::kNoNode;
+    for (controls::NodeId child = nodes.FirstChild(node); child != controls::kNoNode;
          child = nodes.Next(child)) {
       texts.push_back(nodes.Text(child));
     }
@@ -45,7 +47,7 @@ class TreeTest : public ControlsTest {
   }
 
   controls::TreeView& tree = form.tree;
-  int root = 0, zoe = 0, adam = 0, martin = 0, folder = 0, five = 0, six = 0;
+  controls::NodeId root{}, zoe{}, adam{}, martin{}, folder{}, five{}, six{};
 };
 
 }  // namespace controls_test

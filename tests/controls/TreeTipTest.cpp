@@ -9,37 +9,39 @@ class TreeTip : public TreeTest {};
 class TreeCopy : public TreeTest {
  protected:
   TreeCopy() {
-    tree.Copy = [this](int node) { Note(L"copy", node); };
+    tree.Copy = [this](controls::NodeId node) { Note(L"copy", node); };
   }
 };
 
 TEST_F(TreeTip, IsAskedForByNode) {
-  tree.Tip = [this](int node) { return L"Par le groupe " + Text(node) + L" & \"Été\""; };
+  tree.Tip = [this](controls::NodeId node) {
+    return L"Par le groupe " + Text(node) + L" & \"Été\"";
+  };
   EXPECT_EQ(user.TipOf(tree, five), L"Par le groupe Qualité & \"Été\"");
   EXPECT_EQ(user.TipOf(tree, zoe), L"Par le groupe Zoé & \"Été\"");
 }
 
 TEST_F(TreeTip, IsThereForANodeOnView) {
-  tree.Tip = [](int) { return L"Accordée directement"; };
+  tree.Tip = [](controls::NodeId) { return L"Accordée directement"; };
   user.Select(tree, six);
   EXPECT_EQ(user.TipOf(tree, six), L"Accordée directement");
 }
 
 TEST_F(TreeTip, IsEmptyWhereThereIsNothingToSay) {
   EXPECT_EQ(user.TipOf(tree, root), L"");
-  tree.Tip = [](int) { return std::wstring(); };
+  tree.Tip = [](controls::NodeId) { return std::wstring(); };
   user.Select(tree, root);
   EXPECT_EQ(user.TipOf(tree, root), L"");
 }
 
 TEST_F(TreeTip, IsEmptyForANodeThatIsNoMore) {
-  tree.Tip = [](int) { return L"?"; };
+  tree.Tip = [](controls::NodeId) { return L"?"; };
   tree.Remove(martin);
   EXPECT_EQ(user.TipOf(tree, martin), L"");
 }
 
 TEST_F(TreeTip, IsEmptyWhereAskingFails) {
-  tree.Tip = [](int) -> std::wstring { throw 1; };
+  tree.Tip = [](controls::NodeId) -> std::wstring { throw 1; };
   EXPECT_EQ(user.TipOf(tree, root), L"");
   EXPECT_EQ(escapedErrors, 1);
 }
@@ -88,7 +90,7 @@ TEST_F(TreeCopy, TakesATreeThatHasTheFocus) {
 
 TEST_F(TreeCopy, MayUnloadItsForm) {
   user.Select(tree, root);
-  tree.Copy = [this](int) { form.Unload(); };
+  tree.Copy = [this](controls::NodeId) { form.Unload(); };
   user.PressCtrl(form, test_support::kKeyC);
   EXPECT_FALSE(form.IsLoaded());
 }

@@ -4,6 +4,7 @@ namespace controls_test {
 namespace {
 
 using controls::kNoNode;
+using controls::NodeId;
 
 class TreeView : public TreeTest {};
 
@@ -21,7 +22,7 @@ TEST_F(TreeView, FindsNodesByTheirKeys) {
 }
 
 TEST_F(TreeView, GivesTheRootTheFirstIndexAndKeepsTheChildrenInTheOrderOfAdding) {
-  EXPECT_EQ(root, 1);
+  EXPECT_EQ(root, NodeId{1});
   EXPECT_EQ(Children(root), (Events{L"Zoé", L"Adam", L"Martin"}));
   EXPECT_EQ(tree.Nodes().Children(root), 3);
   EXPECT_EQ(tree.Nodes().Count(), 7);
@@ -39,8 +40,8 @@ TEST_F(TreeView, AddsOneNodeOnlyForAKeyThatTheParentHasAlready) {
 TEST_F(TreeView, AddsManyNodesWithOneText) {
   controls::TreeView::Update update(tree);
   const controls::TextRef text = tree.Share(L"Lecture");
-  const int a = tree.AddUnique(folder, kLeafForm, 8, text, 3);
-  const int b = tree.AddUnique(folder, kLeafForm, 9, text, 3);
+  const NodeId a = tree.AddUnique(folder, kLeafForm, 8, text, 3);
+  const NodeId b = tree.AddUnique(folder, kLeafForm, 9, text, 3);
   EXPECT_EQ(Text(a), L"Lecture");
   EXPECT_EQ(tree.Nodes().TextOf(a), tree.Nodes().TextOf(b));
 }
@@ -97,7 +98,7 @@ TEST_F(TreeView, RemovesTheChildrenOnly) {
   EXPECT_FALSE(tree.Nodes().HasChildren(adam));
   EXPECT_EQ(tree.Nodes().LastChild(adam), kNoNode);
   EXPECT_EQ(tree.Nodes().Count(), 4);
-  const int again = tree.Add(adam, kFolderForm, 0, L"Membre du Groupe", 2);
+  const NodeId again = tree.Add(adam, kFolderForm, 0, L"Membre du Groupe", 2);
   EXPECT_EQ(Children(adam), (Events{L"Membre du Groupe"}));
   EXPECT_EQ(tree.Nodes().Key(again), L"\\TMO \\U3 \\G");
 }
@@ -106,7 +107,7 @@ TEST_F(TreeView, KeepsTheIndexesOfWhatLivesAndUsesFreedOnesAgain) {
   tree.Remove(zoe);
   EXPECT_EQ(Text(martin), L"Martin");
   EXPECT_EQ(tree.Add(root, kUserForm, 20, L"Bruno", 1), zoe);
-  EXPECT_EQ(tree.Nodes().NextIndex(0), root);
+  EXPECT_EQ(tree.Nodes().NextIndex(kNoNode), root);
 }
 
 TEST_F(TreeView, IsEmptyAfterClearAndStartsAgainAtTheFirstIndex) {
@@ -115,7 +116,7 @@ TEST_F(TreeView, IsEmptyAfterClearAndStartsAgainAtTheFirstIndex) {
   EXPECT_EQ(tree.Nodes().Count(), 0);
   EXPECT_EQ(tree.Nodes().Root(), kNoNode);
   EXPECT_EQ(tree.SelectedNode(), kNoNode);
-  EXPECT_EQ(tree.Add(kNoNode, kRootForm, 0, L"Groupes", 0), 1);
+  EXPECT_EQ(tree.Add(kNoNode, kRootForm, 0, L"Groupes", 0), NodeId{1});
 }
 
 TEST_F(TreeView, KeepsStoredNamesBesideTheTexts) {
@@ -168,7 +169,7 @@ TEST_F(TreeView, KeepsASharedTextThroughChangesOutsideOfAnUpdate) {
   const controls::TextRef shared = tree.Share(L"Direction");
   tree.SetText(zoe, L"Nadine");
   tree.Remove(martin);
-  const int node = tree.AddUnique(root, kUserForm, 40, shared, 1);
+  const NodeId node = tree.AddUnique(root, kUserForm, 40, shared, 1);
   EXPECT_EQ(Text(node), L"Direction");
 }
 

@@ -62,7 +62,7 @@ TEST_F(UserOfTests, FailsInTheEndOnABoxThatHasNotAppeared) {
 }
 
 TEST_F(UserOfTests, FailsOnAMenuThatWasNotAnnouncedAndChoosesNothing) {
-  const int root = form.tree.Add(controls::kNoNode, {L"\\TRT", L""}, 0, L"root", 0);
+  const controls::NodeId root = form.tree.Add(controls::kNoNode, {L"\\TRT", L""}, 0, L"root", 0);
   int chosen = -1;
   EXPECT_NONFATAL_FAILURE(
       chosen = controls::ShowPopupMenu(form.tree, root, {{1, L"surprise", true}}), "surprise");
@@ -70,7 +70,7 @@ TEST_F(UserOfTests, FailsOnAMenuThatWasNotAnnouncedAndChoosesNothing) {
 }
 
 TEST_F(UserOfTests, FailsOnACommandThatTheMenuDoesNotOffer) {
-  const int root = form.tree.Add(controls::kNoNode, {L"\\TRT", L""}, 0, L"root", 0);
+  const controls::NodeId root = form.tree.Add(controls::kNoNode, {L"\\TRT", L""}, 0, L"root", 0);
   for (const int command : {1, 2}) {
     user.ExpectMenu(command);
     int chosen = -1;

@@ -19,7 +19,7 @@ class AccountNames : public ::testing::Test {
  protected:
   AccountNames() : root(tree.Add(controls::kNoNode, kRoot, 0, tree.Share(L"Utilisateurs"), 0)) {}
 
-  int Add(const controls::KeyForm& form, int id, const wchar_t* text) {
+  controls::NodeId Add(const controls::KeyForm& form, int id, const wchar_t* text) {
     return tree.Add(root, form, id, tree.Share(text), 0);
   }
   bool IsUserTaken(const wchar_t* name, int id = -1) {
@@ -36,7 +36,7 @@ class AccountNames : public ::testing::Test {
   test_support::User user{desktop};
   app::mGlobal global{desktop};
   controls::TreeNodes tree{controls::SortKey};
-  int root;
+  controls::NodeId root;
 };
 
 TEST_F(AccountNames, ANameIsTakenWhateverItsCaseAndWhateverStandsInParentheses) {
@@ -103,7 +103,7 @@ TEST_F(AccountNames, TheWalkGoesOnPastTheAccountsOwnNode) {
 }
 
 TEST_F(AccountNames, NodesBelowAnAccountDoNotCount) {
-  const int martin = Add(kUser, 9, L"Martin");
+  const controls::NodeId martin = Add(kUser, 9, L"Martin");
   tree.Add(martin, kFolder, 0, tree.Share(L"Membre du Groupe"), 0);
   EXPECT_FALSE(IsUserTaken(L"Membre du Groupe"));
 }

@@ -13,6 +13,7 @@ namespace {
 
 using controls::KeyForm;
 using controls::kNoNode;
+using controls::NodeId;
 using controls::TreeNodes;
 
 constexpr KeyForm kForms[] = {
@@ -20,23 +21,23 @@ constexpr KeyForm kForms[] = {
 
 // The plain picture of a tree that the real one is held against.
 struct Plain {
-  int parent = kNoNode;
+  NodeId parent = kNoNode;
   int level = 0;
   int id = 0;
   std::wstring text;
   bool sorted = false;
-  std::vector<int> children;
+  std::vector<NodeId> children;
 };
 
 class Picture {
  public:
   explicit Picture(unsigned seed) : random_(seed) {
-    const int root = nodes_.Add(kNoNode, kForms[0], 0, nodes_.Share(L"root"), 0);
+    const NodeId root = nodes_.Add(kNoNode, kForms[0], 0, nodes_.Share(L"root"), 0);
     plain_[root].text = L"root";
   }
 
   void Step() {
-    const int node = Any();
+    const NodeId node = Any();
     switch (Below(8)) {
       case 0:
         Remove(node);
@@ -61,7 +62,7 @@ class Picture {
   void Compare() {
     Settle();
     ASSERT_EQ(nodes_.Count(), static_cast<int>(plain_.size()));
-    int index = 0;
+    NodeId index = kNoNode;
     for (const auto& [node, plain] : plain_) {
       index = nodes_.NextIndex(index);
       ASSERT_EQ(index, node);
@@ -71,41 +72,41 @@ class Picture {
       ASSERT_EQ(nodes_.Key(node), Key(node));
     }
     ASSERT_EQ(nodes_.NextIndex(index), kNoNode);
-    const int wanted = Any();
+    const NodeId wanted = Any();
     ASSERT_EQ(nodes_.Find(Key(wanted)), wanted);
   }
 
  private:
   int Below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
-  int Any() { return std::next(plain_.begin(), Below(static_cast<int>(plain_.size())))->first; }
+  NodeId Any() { return std::next(plain_.begin(), Below(static_cast<int>(plain_.size())))->first; }
   std::wstring AnyText() {
     return std::wstring(1 + Below(2), static_cast<wchar_t>(L'a' + Below(9)));
   }
 
-  void Add(int parent) {
+  void Add(NodeId parent) {
     const int level = plain_[parent].level + 1;
     if (level == 4) return;
     const int id = kForms[level].hasId ? Below(1000) : 0;
     if (nodes_.FindChild(parent, kForms[level], id) != kNoNode) return;
     const std::wstring text = AnyText();
-    const int node = nodes_.Add(parent, kForms[level], id, nodes_.Share(text), 0);
+    const NodeId node = nodes_.Add(parent, kForms[level], id, nodes_.Share(text), 0);
     plain_[node] = {parent, level, id, text, false, {}};
     plain_[parent].children.push_back(node);
   }
 
-  void Remove(int node) {
+  void Remove(NodeId node) {
     if (plain_[node].parent == kNoNode || Below(4) > 0) return;
     std::erase(plain_[plain_[node].parent].children, node);
     nodes_.Remove(node);
     Forget(node);
   }
 
-  void Forget(int node) {
-    for (const int child : plain_[node].children) Forget(child);
+  void Forget(NodeId node) {
+    for (const NodeId child : plain_[node].children) Forget(child);
     plain_.erase(node);
   }
 
-  void SetText(int node) {
+  void SetText(NodeId node) {
     plain_[node].text = AnyText();
     nodes_.SetText(node, nodes_.Share(plain_[node].text));
   }
@@ -118,23 +119,24 @@ class Picture {
 
   void SortPlain(Plain& plain) {
     if (!plain.sorted) return;
-    std::sort(plain.children.begin(), plain.children.end(), [this](int a, int b) {
+    std::sort(plain.children.begin(), plain.children.end(), [this](NodeId a, NodeId b) {
       return std::pair(plain_[a].text, a) < std::pair(plain_[b].text, b);
     });
   }
 
-  std::vector<int> Children(int node) const {
-    std::vector<int> children;
-    for (int c = nodes_.FirstChild(node); c != kNoNode; c = nodes_.Next(c)) children.push_back(c);
-    std::vector<int> backwards;
-    for (int c = nodes_.LastChild(node); c != kNoNode; c = nodes_.Previous(c)) {
+  std::vector<NodeId> Children(NodeId node) const {
+    std::vector<NodeId> children;
+    for (NodeId c = nodes_.FirstChild(node); c != kNoNode; c = nodes_.Next(c))
+      children.push_back(c);
+    std::vector<NodeId> backwards;
+    for (NodeId c = nodes_.LastChild(node); c != kNoNode; c = nodes_.Previous(c)) {
       backwards.insert(backwards.begin(), c);
     }
     EXPECT_EQ(children, backwards);
     return children;
   }
 
-  std::wstring Key(int node) {
+  std::wstring Key(NodeId node) {
     const Plain& plain = plain_[node];
     const KeyForm& form = kForms[plain.level];
     std::wstring key(form.prefix);
@@ -145,7 +147,7 @@ class Picture {
 
   std::mt19937 random_;
   TreeNodes nodes_{[](std::wstring_view text) { return std::string(text.begin(), text.end()); }};
-  std::map<int, Plain> plain_;
+  std::map<NodeId, Plain> plain_;
 };
 
 TEST(TreeNodesAtRandom, AgreeWithAPlainPictureOfATree) {

@@ -10,6 +10,7 @@ namespace {
 
 using controls::KeyForm;
 using controls::kNoNode;
+using controls::NodeId;
 using controls::TreeNodes;
 
 constexpr KeyForm kRoot{L"\\TRT", L" "};
@@ -19,13 +20,13 @@ constexpr KeyForm kLeaf{L"\\TGU", L"", true};
 
 class TreeNodesOf : public testing::Test {
  protected:
-  int Add(int parent, const KeyForm& form, int id, const std::wstring& text) {
+  NodeId Add(NodeId parent, const KeyForm& form, int id, const std::wstring& text) {
     return nodes.Add(parent, form, id, nodes.Share(text), 0);
   }
-  std::wstring Children(int parent) const {
+  std::wstring Children(NodeId parent) const {
     std::wstring texts;
-    int previous = kNoNode;
-    for (int child = nodes.FirstChild(parent); child != kNoNode; child = nodes.Next(child)) {
+    NodeId previous = kNoNode;
+    for (NodeId child = nodes.FirstChild(parent); child != kNoNode; child = nodes.Next(child)) {
       EXPECT_EQ(nodes.Previous(child), previous);
       EXPECT_EQ(nodes.Parent(child), parent);
       previous = child;
@@ -36,24 +37,24 @@ class TreeNodesOf : public testing::Test {
   }
 
   TreeNodes nodes{[](std::wstring_view text) { return std::string(text.begin(), text.end()); }};
-  const int root = Add(kNoNode, kRoot, 0, L"root");
+  const NodeId root = Add(kNoNode, kRoot, 0, L"root");
 };
 
 TEST_F(TreeNodesOf, NoNodeAtAllAnswersNothing) {
   nodes.Clear();
   EXPECT_EQ(nodes.Count(), 0);
   EXPECT_EQ(nodes.Root(), kNoNode);
-  EXPECT_EQ(nodes.NextIndex(0), kNoNode);
+  EXPECT_EQ(nodes.NextIndex(kNoNode), kNoNode);
   EXPECT_EQ(nodes.Find(L"\\TRT "), kNoNode);
-  EXPECT_FALSE(nodes.Exists(1));
-  EXPECT_FALSE(nodes.Exists(0));
+  EXPECT_FALSE(nodes.Exists(NodeId{1}));
+  EXPECT_FALSE(nodes.Exists(NodeId{0}));
   EXPECT_FALSE(nodes.Exists(kNoNode));
   EXPECT_TRUE(nodes.TakeReordered().empty());
 }
 
 TEST_F(TreeNodesOf, SeveralRootsKeepTheOrderInWhichTheyCame) {
-  const int second = Add(kNoNode, kRoot, 0, L"second");
-  const int third = Add(kNoNode, kRoot, 0, L"third");
+  const NodeId second = Add(kNoNode, kRoot, 0, L"second");
+  const NodeId third = Add(kNoNode, kRoot, 0, L"third");
   EXPECT_EQ(nodes.Root(), root);
   EXPECT_EQ(nodes.Next(root), second);
   EXPECT_EQ(nodes.LastSibling(root), third);
@@ -66,17 +67,17 @@ TEST_F(TreeNodesOf, SeveralRootsKeepTheOrderInWhichTheyCame) {
 
 TEST_F(TreeNodesOf, IdsOfAnySizeAndSignGiveTheirDecimalText) {
   EXPECT_EQ(nodes.Key(Add(root, kUser, INT32_MAX, L"x")), L"\\TUS \\U2147483647");
-  const int lowest = Add(root, kUser, INT32_MIN, L"y");
+  const NodeId lowest = Add(root, kUser, INT32_MIN, L"y");
   EXPECT_EQ(nodes.Key(lowest), L"\\TUS \\U-2147483648");
   EXPECT_EQ(nodes.Find(L"\\TUS \\U-2147483648"), lowest);
-  const int zero = Add(root, kUser, 0, L"z");
+  const NodeId zero = Add(root, kUser, 0, L"z");
   EXPECT_EQ(nodes.Find(L"\\TUS \\U0"), zero);
 }
 
 TEST_F(TreeNodesOf, KeyFormsThatDifferInTheIdOnlyAreTwo) {
   const KeyForm bare{L"\\TUS", L"\\U"};
-  const int without = Add(root, bare, 5, L"x");
-  const int with = Add(root, kUser, 5, L"y");
+  const NodeId without = Add(root, bare, 5, L"x");
+  const NodeId with = Add(root, kUser, 5, L"y");
   EXPECT_EQ(nodes.Key(without), L"\\TUS \\U");
   EXPECT_EQ(nodes.Key(with), L"\\TUS \\U5");
   EXPECT_EQ(nodes.FindChild(root, bare, 5), without);
@@ -86,14 +87,14 @@ TEST_F(TreeNodesOf, KeyFormsThatDifferInTheIdOnlyAreTwo) {
 TEST_F(TreeNodesOf, EqualKeyFormsInDifferentPlacesAreOne) {
   const std::wstring prefix = L"\\TUS";
   const std::wstring suffix = L"\\U";
-  const int user = Add(root, kUser, 5, L"x");
+  const NodeId user = Add(root, kUser, 5, L"x");
   EXPECT_EQ(nodes.FindChild(root, {prefix, suffix, true}, 5), user);
   EXPECT_EQ(nodes.FindChild(root, {prefix, suffix, true}, 6), kNoNode);
   EXPECT_EQ(nodes.FindChild(root, {L"\\TXX", suffix, true}, 5), kNoNode);
 }
 
 TEST_F(TreeNodesOf, KeysThatNoNodeHasAreNotFound) {
-  const int user = Add(root, kUser, 12, L"x");
+  const NodeId user = Add(root, kUser, 12, L"x");
   Add(user, kFolder, 0, L"folder");
   for (const wchar_t* key : {L"", L"\\T", L"\\TUS", L"\\TUS \\U", L"\\TUS \\U1", L"\\TUS \\U112",
                              L"\\TMO \\U12", L"\\TUS \\U12 \\G"}) {
@@ -103,9 +104,9 @@ TEST_F(TreeNodesOf, KeysThatNoNodeHasAreNotFound) {
 }
 
 TEST_F(TreeNodesOf, AnIdAtTheEndOfAnotherIsNotTakenForIt) {
-  const int user = Add(root, kUser, 112, L"x");
-  const int folder = Add(user, kFolder, 0, L"folder");
-  const int leaf = Add(folder, kLeaf, 15, L"leaf");
+  const NodeId user = Add(root, kUser, 112, L"x");
+  const NodeId folder = Add(user, kFolder, 0, L"folder");
+  const NodeId leaf = Add(folder, kLeaf, 15, L"leaf");
   Add(folder, kLeaf, 5, L"other leaf");
   EXPECT_EQ(nodes.Find(L"\\TGU \\U112 \\G15"), leaf);
   EXPECT_EQ(nodes.Find(L"\\TGU \\U12 \\G15"), kNoNode);
@@ -117,8 +118,8 @@ TEST_F(TreeNodesOf, AnIdAtTheEndOfAnotherIsNotTakenForIt) {
 }
 
 TEST_F(TreeNodesOf, FreedIndexesAreUsedAgainTheLatestFirst) {
-  const int a = Add(root, kUser, 1, L"a");
-  const int b = Add(root, kUser, 2, L"b");
+  const NodeId a = Add(root, kUser, 1, L"a");
+  const NodeId b = Add(root, kUser, 2, L"b");
   nodes.Remove(a);
   nodes.Remove(b);
   EXPECT_EQ(Add(root, kUser, 3, L"c"), b);
@@ -127,15 +128,15 @@ TEST_F(TreeNodesOf, FreedIndexesAreUsedAgainTheLatestFirst) {
 }
 
 TEST_F(TreeNodesOf, AFreedNodeLeavesNothingToTheNextOfItsIndex) {
-  const int a = Add(root, kUser, 1, L"a");
+  const NodeId a = Add(root, kUser, 1, L"a");
   nodes.SetStoredName(a, L"stored");
   nodes.SetExpanded(a, true);
   nodes.SetSorted(a, true);
   Add(a, kFolder, 0, L"folder");
   nodes.Remove(a);
-  const int b = Add(root, kUser, 2, L"b");
-  const int c = Add(root, kUser, 3, L"c");
-  for (const int node : {b, c}) {
+  const NodeId b = Add(root, kUser, 2, L"b");
+  const NodeId c = Add(root, kUser, 3, L"c");
+  for (const NodeId node : {b, c}) {
     EXPECT_EQ(nodes.StoredName(node), L"");
     EXPECT_FALSE(nodes.Expanded(node));
     EXPECT_FALSE(nodes.Sorted(node));
@@ -145,31 +146,31 @@ TEST_F(TreeNodesOf, AFreedNodeLeavesNothingToTheNextOfItsIndex) {
 }
 
 TEST_F(TreeNodesOf, AWaitingParentThatIsRemovedIsNotSorted) {
-  const int user = Add(root, kUser, 1, L"u");
+  const NodeId user = Add(root, kUser, 1, L"u");
   nodes.SetSorted(user, true);
   Add(user, kLeaf, 2, L"b");
   Add(user, kLeaf, 1, L"a");
   nodes.Remove(user);
-  const int other = Add(root, kUser, 2, L"v");
+  const NodeId other = Add(root, kUser, 2, L"v");
   nodes.SetSorted(other, true);
   Add(other, kLeaf, 2, L"d");
   Add(other, kLeaf, 1, L"c");
-  EXPECT_EQ(nodes.TakeReordered(), std::vector<int>{other});
+  EXPECT_EQ(nodes.TakeReordered(), std::vector<NodeId>{other});
   EXPECT_EQ(Children(other), L"c d ");
 }
 
 TEST_F(TreeNodesOf, ASortedParentArePutInOrderWhenSomebodyAsksForThem) {
   nodes.SetSorted(root, true);
-  const int c = Add(root, kUser, 1, L"c");
-  const int b = Add(root, kUser, 2, L"b");
-  const int a = Add(root, kUser, 3, L"a");
+  const NodeId c = Add(root, kUser, 1, L"c");
+  const NodeId b = Add(root, kUser, 2, L"b");
+  const NodeId a = Add(root, kUser, 3, L"a");
   EXPECT_EQ(nodes.AnyChild(root), c);
   EXPECT_EQ(nodes.OtherSibling(c), b);
   EXPECT_EQ(nodes.OtherSibling(b), a);
   EXPECT_EQ(nodes.OtherSibling(a), kNoNode);
   EXPECT_EQ(nodes.Next(a), b) << "from a child that was found some other way";
   EXPECT_EQ(Children(root), L"a b c ");
-  const int d = Add(root, kUser, 4, L"aa");
+  const NodeId d = Add(root, kUser, 4, L"aa");
   EXPECT_EQ(nodes.Previous(d), a);
   nodes.SetText(d, nodes.Share(L"d"));
   EXPECT_EQ(nodes.LastChild(root), d);
@@ -182,7 +183,7 @@ TEST_F(TreeNodesOf, AParentThatIsNoLongerSortedKeepsItsOrder) {
   Add(root, kUser, 1, L"b");
   Add(root, kUser, 2, L"a");
   nodes.SetSorted(root, false);
-  EXPECT_EQ(nodes.TakeReordered(), std::vector<int>{root});
+  EXPECT_EQ(nodes.TakeReordered(), std::vector<NodeId>{root});
   Add(root, kUser, 3, L"0");
   EXPECT_TRUE(nodes.TakeReordered().empty());
   EXPECT_EQ(Children(root), L"a b 0 ");
@@ -192,14 +193,14 @@ TEST_F(TreeNodesOf, AParentThatIsNoLongerSortedKeepsItsOrder) {
 
 TEST_F(TreeNodesOf, AChangedTextMovesItsNodeEitherWay) {
   nodes.SetSorted(root, true);
-  int b = 0;
+  NodeId b = kNoNode;
   for (const wchar_t* text : {L"a", L"b", L"c", L"d", L"e"}) {
-    const int node = Add(root, kUser, text[0], text);
+    const NodeId node = Add(root, kUser, text[0], text);
     if (*text == L'b') b = node;
   }
   nodes.TakeReordered();
   nodes.SetText(b, nodes.Share(L"dd"));
-  EXPECT_EQ(nodes.TakeReordered(), std::vector<int>{root});
+  EXPECT_EQ(nodes.TakeReordered(), std::vector<NodeId>{root});
   EXPECT_EQ(Children(root), L"a c d dd e ");
   nodes.SetText(b, nodes.Share(L"0"));
   nodes.TakeReordered();
@@ -212,10 +213,10 @@ TEST_F(TreeNodesOf, AChangedTextMovesItsNodeEitherWay) {
 
 TEST_F(TreeNodesOf, OneTextAreOrderedByTheirIndex) {
   nodes.SetSorted(root, true);
-  const int a = Add(root, kUser, 1, L"same");
-  const int b = Add(root, kUser, 2, L"same");
+  const NodeId a = Add(root, kUser, 1, L"same");
+  const NodeId b = Add(root, kUser, 2, L"same");
   nodes.Remove(a);
-  const int again = Add(root, kUser, 3, L"same");
+  const NodeId again = Add(root, kUser, 3, L"same");
   nodes.TakeReordered();
   EXPECT_EQ(again, a);
   EXPECT_EQ(nodes.FirstChild(root), again);
@@ -223,7 +224,7 @@ TEST_F(TreeNodesOf, OneTextAreOrderedByTheirIndex) {
 }
 
 TEST_F(TreeNodesOf, ManyFoldersAreSortedTheSameByRankAsByKey) {
-  std::vector<int> folders;
+  std::vector<NodeId> folders;
   for (int f = 0; f < 500; ++f) {
     folders.push_back(Add(root, kUser, f, L"folder"));
     nodes.SetSorted(folders.back(), true);
@@ -232,13 +233,13 @@ TEST_F(TreeNodesOf, ManyFoldersAreSortedTheSameByRankAsByKey) {
     }
   }
   EXPECT_EQ(nodes.TakeReordered().size(), 500U);
-  for (const int folder : folders) {
+  for (const NodeId folder : folders) {
     EXPECT_EQ(Children(folder), L"a b c d e f g h i j k l m n o p q r s t ");
   }
 }
 
 TEST_F(TreeNodesOf, TextsNoLongerShownGoWithTheSweep) {
-  const int user = Add(root, kUser, 1, L"text 0");
+  const NodeId user = Add(root, kUser, 1, L"text 0");
   const auto rename = [&](int i) {
     nodes.SetText(user, nodes.Share(L"text " + std::to_wstring(i % 10)));
     nodes.Sweep();
@@ -276,19 +277,19 @@ TEST_F(TreeNodesOf, ANodeInTheRoomOfAClearedTreeIsNew) {
   nodes.SetStoredName(root, L"stored");
   nodes.SetSorted(Add(root, kUser, 1, L"user"), true);
   nodes.Clear();
-  const int again = Add(kNoNode, kRoot, 0, L"root");
-  const int user = Add(again, kUser, 2, L"another");
+  const NodeId again = Add(kNoNode, kRoot, 0, L"root");
+  const NodeId user = Add(again, kUser, 2, L"another");
   EXPECT_EQ(again, root);
   EXPECT_EQ(nodes.Children(again), 1);
   EXPECT_FALSE(nodes.Expanded(again));
   EXPECT_EQ(nodes.StoredName(again), L"");
   EXPECT_FALSE(nodes.Sorted(user));
-  EXPECT_FALSE(nodes.Exists(user + 1));
+  EXPECT_FALSE(nodes.Exists(NodeId{IndexOf(user) + 1}));
 }
 
 TEST_F(TreeNodesOf, ManyWaitingFoldersAreRemovedWithoutDelay) {
   for (int i = 0; i < 60000; ++i) {
-    const int user = Add(root, kUser, i, L"user");
+    const NodeId user = Add(root, kUser, i, L"user");
     nodes.SetSorted(user, true);
     Add(user, kFolder, 0, L"folder");
   }

@@ -20,7 +20,7 @@ TEST_F(NativeDriving, AButtonThatIsDisabledIsNotPressedByAnybody) {
   form.more.SetEnabled(false);
   SendMessageW(Of(form.more), BM_CLICK, 0, 0);
   SendMessageW(form.BackEnd().window, WM_COMMAND, MAKEWPARAM(form.more.Id(), BN_CLICKED),
-               reinterpret_cast<LPARAM>(Of(form.more)));
+               AsLParam(Of(form.more)));
   EXPECT_EQ(events, (Events{L"more"}));
 }
 
@@ -58,7 +58,7 @@ TEST_F(NativeDriving, ChecksMayBeSetFromOutside) {
   LVITEMW item = {};
   item.state = INDEXTOSTATEIMAGEMASK(2);
   item.stateMask = LVIS_STATEIMAGEMASK;
-  SendMessageW(Of(form.checkList), LVM_SETITEMSTATE, 0, reinterpret_cast<LPARAM>(&item));
+  SendMessageW(Of(form.checkList), LVM_SETITEMSTATE, 0, AsLParam(&item));
   EXPECT_EQ(events, (Events{L"0"}));
   EXPECT_TRUE(form.checkList.Selected(0));
   form.checkList.SetSelected(0, false);
@@ -76,8 +76,8 @@ TEST_F(NativeDriving, TabsMayBeChosenFromOutside) {
 
 TEST_F(NativeDriving, TextsMayBeSetFromOutside) {
   form.name.Change = [this] { events.push_back(form.name.Text()); };
-  SendMessageW(Of(form.name), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Durand"));
-  SendMessageW(Of(form.name), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Durand"));
+  SendMessageW(Of(form.name), WM_SETTEXT, 0, AsLParam(L"Durand"));
+  SendMessageW(Of(form.name), WM_SETTEXT, 0, AsLParam(L"Durand"));
   EXPECT_EQ(events, (Events{L"Durand"}));
 }
 

@@ -21,7 +21,7 @@ class NativeKeys : public ControlsTest {
   void AskForHelp(HWND window) {
     HELPINFO help = {};
     help.cbSize = sizeof help;
-    SendMessageW(window, WM_HELP, 0, reinterpret_cast<LPARAM>(&help));
+    SendMessageW(window, WM_HELP, 0, controls::AsLParam(&help));
   }
 };
 

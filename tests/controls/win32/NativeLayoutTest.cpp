@@ -84,7 +84,7 @@ TEST_F(NativeLayout, FollowsTheResolutionOfAnotherScreen) {
   const RECT tree = Place(form.tree);
   const LONG height = [this] {
     LOGFONTW font = {};
-    GetObjectW(reinterpret_cast<HFONT>(form.ok.BackEnd().Send(WM_GETFONT)), sizeof font, &font);
+    GetObjectW(HandleIn<HFONT>(form.ok.BackEnd().Send(WM_GETFONT)), sizeof font, &font);
     return font.lfHeight;
   }();
   RECT outer = {};
@@ -92,12 +92,12 @@ TEST_F(NativeLayout, FollowsTheResolutionOfAnotherScreen) {
   RECT twice = {outer.left, outer.top, outer.left + 2 * (outer.right - outer.left),
                 outer.top + 2 * (outer.bottom - outer.top)};
   const WPARAM dpi = 2 * form.BackEnd().dpi;
-  SendMessageW(Window(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&twice));
+  SendMessageW(Window(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), AsLParam(&twice));
   const RECT grown = Place(form.tree);
   EXPECT_EQ(grown.left, 2 * tree.left);
   EXPECT_EQ(grown.top, 2 * tree.top);
   LOGFONTW font = {};
-  GetObjectW(reinterpret_cast<HFONT>(form.ok.BackEnd().Send(WM_GETFONT)), sizeof font, &font);
+  GetObjectW(HandleIn<HFONT>(form.ok.BackEnd().Send(WM_GETFONT)), sizeof font, &font);
   EXPECT_EQ(font.lfHeight, 2 * height);
   EXPECT_EQ(form.BackEnd().dpi, dpi);
 }

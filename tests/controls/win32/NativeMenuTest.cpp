@@ -16,7 +16,7 @@ class NativeMenu : public TreeTest {
  protected:
   NativeMenu() {
     desktop.system.answers.PopupMenu = nullptr;
-    tree.ContextMenu = [this](int node) {
+    tree.ContextMenu = [this](controls::NodeId node) {
       for (const auto& [message, key] : keys) {
         PostMessageW(form.BackEnd().window, message, key, 1);
       }
@@ -97,7 +97,7 @@ TEST_F(NativeMenu, StandsWhereTheMouseAsks) {
   auto& peer = static_cast<controls::TreeViewPeer&>(tree.BackEnd());
   const RECT node = peer.ScreenPlace(adam);
   const POINT place = {node.left + 3, node.top + 3};
-  SendMessageW(peer.window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(peer.window),
+  SendMessageW(peer.window, WM_CONTEXTMENU, controls::AsWParam(peer.window),
                MAKELPARAM(place.x, place.y));
   EXPECT_EQ(tree.SelectedNode(), adam);
   ASSERT_TRUE(seenMenu.window);
@@ -112,7 +112,7 @@ TEST_F(NativeMenu, IsNotAskedForBesideTheNodes) {
   POINT place = {client.right - 2, client.bottom - 2};
   ASSERT_FALSE(peer.ItemAt(place));
   ClientToScreen(peer.window, &place);
-  SendMessageW(peer.window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(peer.window),
+  SendMessageW(peer.window, WM_CONTEXTMENU, controls::AsWParam(peer.window),
                MAKELPARAM(place.x, place.y));
   EXPECT_EQ(chosen, -1);
   EXPECT_EQ(tree.SelectedNode(), zoe);

@@ -14,7 +14,7 @@ using namespace controls;
 class NativeTip : public TreeTest {
  protected:
   NativeTip() {
-    tooltip = reinterpret_cast<HWND>(Peer().Send(TVM_GETTOOLTIPS));
+    tooltip = HandleIn<HWND>(Peer().Send(TVM_GETTOOLTIPS));
     SendMessageW(tooltip, TTM_SETDELAYTIME, TTDT_INITIAL, 0);
     SendMessageW(tooltip, TTM_SETDELAYTIME, TTDT_RESHOW, 0);
     user.Expand(tree, root);
@@ -23,7 +23,7 @@ class NativeTip : public TreeTest {
   TreeViewPeer& Peer() const { return static_cast<TreeViewPeer&>(tree.BackEnd()); }
 
   // Puts the mouse on a node.
-  void Hover(int node) const {
+  void Hover(NodeId node) const {
     const RECT place = Peer().ScreenPlace(node);
     POINT mouse = {place.left + 2, (place.top + place.bottom) / 2};
     SetCursorPos(mouse.x, mouse.y);
@@ -45,7 +45,7 @@ class NativeTip : public TreeTest {
   std::wstring ShownText() const {
     std::wstring text(2000, L'\0');
     text.resize(static_cast<std::size_t>(
-        SendMessageW(tooltip, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+        SendMessageW(tooltip, WM_GETTEXT, text.size(), AsLParam(text.data()))));
     return text;
   }
 
@@ -53,14 +53,14 @@ class NativeTip : public TreeTest {
 };
 
 TEST_F(NativeTip, AppearsOverTheNodeUnderTheMouse) {
-  tree.Tip = [this](int node) { return L"Par le groupe " + Text(node) + L" & Cie"; };
+  tree.Tip = [this](NodeId node) { return L"Par le groupe " + Text(node) + L" & Cie"; };
   Hover(adam);
   ASSERT_TRUE(Await([&] { return IsShown(); }));
   EXPECT_EQ(ShownText(), L"Par le groupe Adam & Cie");
 }
 
 TEST_F(NativeTip, FollowsTheMouseToAnotherNode) {
-  tree.Tip = [this](int node) { return L"Par le groupe " + Text(node); };
+  tree.Tip = [this](NodeId node) { return L"Par le groupe " + Text(node); };
   Hover(adam);
   ASSERT_TRUE(Await([&] { return IsShown(); }));
   Hover(zoe);
@@ -69,7 +69,7 @@ TEST_F(NativeTip, FollowsTheMouseToAnotherNode) {
 
 TEST_F(NativeTip, DoesNotAppearWhereThereIsNothingToSay) {
   int asked = 0;
-  tree.Tip = [&](int) {
+  tree.Tip = [&](NodeId) {
     ++asked;
     return std::wstring();
   };
@@ -90,7 +90,7 @@ TEST_F(NativeTip, ShowsATextThatHasNoRoomInTheTree) {
 TEST_F(NativeTip, GoesOverSeveralLinesWhenItIsLong) {
   std::wstring text;
   for (int i = 0; i < 40; ++i) text += L"Ressources humaines, ";
-  tree.Tip = [&](int) { return text; };
+  tree.Tip = [&](NodeId) { return text; };
   Hover(adam);
   ASSERT_TRUE(Await([&] { return IsShown(); }));
   RECT place = {};
@@ -100,23 +100,23 @@ TEST_F(NativeTip, GoesOverSeveralLinesWhenItIsLong) {
 }
 
 TEST_F(NativeTip, IsCutWhereTheSystemHasNoRoomForIt) {
-  tree.Tip = [](int) { return std::wstring(1022, L'a') + L"\xD83D\xDE00\xD83D\xDE00"; };
+  tree.Tip = [](NodeId) { return std::wstring(1022, L'a') + L"\xD83D\xDE00\xD83D\xDE00"; };
   EXPECT_EQ(user.TipOf(tree, adam), std::wstring(1022, L'a') + L"\x2026");
-  tree.Tip = [](int) { return std::wstring(1021, L'a') + L"\xD83D\xDE00\xD83D\xDE00"; };
+  tree.Tip = [](NodeId) { return std::wstring(1021, L'a') + L"\xD83D\xDE00\xD83D\xDE00"; };
   EXPECT_EQ(user.TipOf(tree, adam), std::wstring(1021, L'a') + L"\x2026");
-  tree.Tip = [](int) { return std::wstring(1023, L'a'); };
+  tree.Tip = [](NodeId) { return std::wstring(1023, L'a'); };
   EXPECT_EQ(user.TipOf(tree, adam), std::wstring(1023, L'a'));
 }
 
 TEST_F(NativeTip, IsNotAskedForInTheMiddleOfAChange) {
-  tree.Tip = [](int) { return L"?"; };
+  tree.Tip = [](NodeId) { return L"?"; };
   const TreeView::Update update(tree);
   EXPECT_EQ(user.TipOf(tree, adam), L"");
 }
 
 // What a system makes of descriptions cannot be read back everywhere; here they must do no harm.
 TEST_F(NativeTip, MayDescribeTheNodeThatHasTheFocus) {
-  tree.Tip = [this](int node) { return Text(node); };
+  tree.Tip = [this](NodeId node) { return Text(node); };
   user.Select(tree, adam);
   user.Select(tree, zoe);
   tree.Remove(zoe);
@@ -132,7 +132,7 @@ TEST_F(NativeTip, MayDescribeTheNodeThatHasTheFocus) {
 }
 
 TEST_F(NativeTip, GoesWhenItsNodeIsTakenAway) {
-  tree.Tip = [this](int node) { return Text(node); };
+  tree.Tip = [this](NodeId node) { return Text(node); };
   Hover(adam);
   ASSERT_TRUE(Await([&] { return IsShown(); }));
   tree.Clear();

@@ -2,15 +2,15 @@
 
 namespace controls_test {
 
+using controls::AsLParam;
 using controls::kNoNode;
 
 HTREEITEM NativeTree::Next(UINT relation, HTREEITEM item) const {
-  return reinterpret_cast<HTREEITEM>(
-      Send(TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
+  return controls::HandleIn<HTREEITEM>(Send(TVM_GETNEXTITEM, relation, AsLParam(item)));
 }
 
-HTREEITEM NativeTree::Find(int node) const {
-  const int parent = peer_.model.Nodes().Parent(node);
+HTREEITEM NativeTree::Find(controls::NodeId node) const {
+  const controls::NodeId parent = peer_.model.Nodes().Parent(node);
   HTREEITEM above = parent == kNoNode ? nullptr : Find(parent);
   if (parent != kNoNode && !above) return nullptr;
   HTREEITEM item = above ? Next(TVGN_CHILD, above) : Next(TVGN_ROOT);
@@ -23,7 +23,7 @@ TVITEMW NativeTree::Read(HTREEITEM item) const {
   native.mask = TVIF_PARAM | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN | TVIF_STATE;
   native.stateMask = TVIS_EXPANDED;
   native.hItem = item;
-  Send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&native));
+  Send(TVM_GETITEMW, 0, AsLParam(&native));
   return native;
 }
 
@@ -34,7 +34,7 @@ std::wstring NativeTree::Text(HTREEITEM item) const {
   native.hItem = item;
   native.pszText = text.data();
   native.cchTextMax = static_cast<int>(text.size());
-  Send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&native));
+  Send(TVM_GETITEMW, 0, AsLParam(&native));
   return native.pszText;
 }
 
@@ -42,7 +42,7 @@ bool NativeTree::IsOpen(HTREEITEM item) const {
   return (Read(item).state & TVIS_EXPANDED) != 0;
 }
 
-int NativeTree::Selected() const {
+controls::NodeId NativeTree::Selected() const {
   HTREEITEM item = Next(TVGN_CARET);
   return item ? NodeOf(item) : kNoNode;
 }
@@ -52,8 +52,8 @@ std::string NativeTree::Difference() const {
   return CompareChildren(Next(TVGN_ROOT), peer_.model.Nodes().Root());
 }
 
-std::string NativeTree::CompareChildren(HTREEITEM first, int firstNode) const {
-  int node = firstNode;
+std::string NativeTree::CompareChildren(HTREEITEM first, controls::NodeId firstNode) const {
+  controls::NodeId node = firstNode;
   for (HTREEITEM item = first; item || node != kNoNode; item = Next(TVGN_NEXT, item)) {
     if (!item) return "a child is missing";
     if (node == kNoNode) return "a child too many";
@@ -64,10 +64,10 @@ std::string NativeTree::CompareChildren(HTREEITEM first, int firstNode) const {
   return {};
 }
 
-std::string NativeTree::Compare(HTREEITEM item, int node) const {
+std::string NativeTree::Compare(HTREEITEM item, controls::NodeId node) const {
   const TVITEMW native = Read(item);
-  const std::string name = "node " + std::to_string(node) + ": ";
-  if (native.lParam != node) return name + "another one stands there";
+  const std::string name = "node " + std::to_string(IndexOf(node)) + ": ";
+  if (controls::NodeIn(native.lParam) != node) return name + "another one stands there";
   if (Text(item) != peer_.model.Nodes().Text(node)) return name + "text";
   const int image = peer_.model.Nodes().Image(node);
   if (native.iImage != image || native.iSelectedImage != image) return name + "image";

@@ -16,11 +16,11 @@ class NativeTree {
   int Count() const { return static_cast<int>(Send(TVM_GETCOUNT, 0, 0)); }
   HTREEITEM Next(UINT relation, HTREEITEM item = nullptr) const;
   // The control's item for a node, null where it has not been told of it.
-  HTREEITEM Find(int node) const;
-  int NodeOf(HTREEITEM item) const { return static_cast<int>(Read(item).lParam); }
+  HTREEITEM Find(controls::NodeId node) const;
+  controls::NodeId NodeOf(HTREEITEM item) const { return controls::NodeIn(Read(item).lParam); }
   std::wstring Text(HTREEITEM item) const;
   bool IsOpen(HTREEITEM item) const;
-  int Selected() const;
+  controls::NodeId Selected() const;
   LRESULT Send(UINT number, WPARAM wParam, LPARAM lParam) const {
     return SendMessageW(peer_.window, number, wParam, lParam);
   }
@@ -31,8 +31,8 @@ class NativeTree {
 
  private:
   TVITEMW Read(HTREEITEM item) const;
-  std::string Compare(HTREEITEM item, int node) const;
-  std::string CompareChildren(HTREEITEM first, int firstNode) const;
+  std::string Compare(HTREEITEM item, controls::NodeId node) const;
+  std::string CompareChildren(HTREEITEM first, controls::NodeId firstNode) const;
 
   controls::TreeViewPeer& peer_;
 };

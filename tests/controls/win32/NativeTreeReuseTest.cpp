@@ -17,7 +17,7 @@ class RebuiltNativeTree : public TreeTest {
     tree.Clear();
     root = tree.Add(kNoNode, kRootForm, 0, L"Utilisateurs", 0);
     for (int i = 0; i < users; ++i) {
-      const int account = tree.Add(root, kUserForm, i, start + std::to_wstring(i), 1);
+      const controls::NodeId account = tree.Add(root, kUserForm, i, start + std::to_wstring(i), 1);
       tree.Add(account, kFolderForm, 0, L"Membre du Groupe", 2);
     }
     tree.SetSelectedNode(root);
@@ -55,7 +55,7 @@ TEST_F(RebuiltNativeTree, TakesAsManyItemsAsItNeeds) {
 }
 
 TEST_F(RebuiltNativeTree, IsClosedBelowItsRoot) {
-  const int account = tree.Nodes().FirstChild(root);
+  const controls::NodeId account = tree.Nodes().FirstChild(root);
   tree.SetExpanded(account, true);
   tree.SetSelectedNode(tree.Nodes().FirstChild(account));
   ASSERT_EQ(native.Count(), kUsers + 2);

@@ -10,16 +10,16 @@ using controls::kNoNode;
 
 class NativeTreeView : public TreeTest {
  protected:
-  void ExpandFromOutside(int node, UINT action) {
-    native.Send(TVM_EXPAND, action, reinterpret_cast<LPARAM>(native.Find(node)));
+  void ExpandFromOutside(controls::NodeId node, UINT action) {
+    native.Send(TVM_EXPAND, action, controls::AsLParam(native.Find(node)));
   }
 
-  void ExpectInView(int node) const {
+  void ExpectInView(controls::NodeId node) const {
     HTREEITEM item = native.Find(node);
     ASSERT_NE(item, nullptr);
     RECT line = {};
     std::memcpy(&line, &item, sizeof item);
-    EXPECT_TRUE(native.Send(TVM_GETITEMRECT, FALSE, reinterpret_cast<LPARAM>(&line)));
+    EXPECT_TRUE(native.Send(TVM_GETITEMRECT, FALSE, controls::AsLParam(&line)));
     RECT client = {};
     GetClientRect(native.Window(), &client);
     EXPECT_GE(line.top, 0);
@@ -147,7 +147,7 @@ TEST_F(NativeTreeView, ReportsASelectionMadeByAnotherProgramAndNotItsOwn) {
   tree.SetExpanded(root, true);
   tree.SetSelectedNode(zoe);
   events.clear();
-  native.Send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(native.Find(martin)));
+  native.Send(TVM_SELECTITEM, TVGN_CARET, controls::AsLParam(native.Find(martin)));
   EXPECT_EQ(events, (Events{L"click Martin"}));
   EXPECT_EQ(tree.SelectedNode(), martin);
 }
@@ -175,7 +175,7 @@ TEST_F(NativeTreeView, KeepsTheTopLineWhenSomethingIsInsertedAboveIt) {
     for (int i = 0; i < 200; ++i) tree.Add(root, kUserForm, 1000 + i, L"U" + std::to_wstring(i), 1);
   }
   tree.SetExpanded(root, true);
-  native.Send(TVM_SELECTITEM, TVGN_FIRSTVISIBLE, reinterpret_cast<LPARAM>(native.Find(martin)));
+  native.Send(TVM_SELECTITEM, TVGN_FIRSTVISIBLE, controls::AsLParam(native.Find(martin)));
   HTREEITEM top = native.Next(TVGN_FIRSTVISIBLE);
   EXPECT_EQ(native.NodeOf(top), martin);
   tree.SetSorted(root, true);
@@ -211,7 +211,7 @@ TEST_F(NativeTreeView, TakesThirtyThousandAccounts) {
     root = tree.Add(kNoNode, kRootForm, 0, L"Utilisateurs", 0);
     tree.SetSorted(root, true);
     for (int i = 0; i < kAccounts; ++i) {
-      const int account =
+      const controls::NodeId account =
           tree.AddUnique(root, kUserForm, i, tree.Share(L"User " + std::to_wstring(i)), 1);
       tree.AddUnique(account, kFolderForm, 0, tree.Share(L"Membre du Groupe"), 2);
     }
@@ -219,7 +219,7 @@ TEST_F(NativeTreeView, TakesThirtyThousandAccounts) {
     tree.SetExpanded(root, true);
   }
   EXPECT_EQ(native.Count(), kAccounts + 1);
-  const int last = tree.Nodes().LastChild(root);
+  const controls::NodeId last = tree.Nodes().LastChild(root);
   EXPECT_EQ(tree.Nodes().Text(last), L"User 9999");
   tree.SetText(last, L"A new name");
   EXPECT_EQ(tree.Nodes().FirstChild(root), last);

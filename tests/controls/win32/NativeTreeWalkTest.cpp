@@ -7,23 +7,24 @@ namespace controls_test {
 namespace {
 
 using controls::kNoNode;
+using controls::NodeId;
 
 // Changes a tree at random, by the program, a user and another program.
 class NativeTreeWalk : public TreeTest, public testing::WithParamInterface<unsigned> {
  protected:
   int Below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random); }
 
-  int AnyNode() {
+  NodeId AnyNode() {
     const int count = tree.Nodes().Count();
     if (count == 0) return tree.Add(kNoNode, kRootForm, 0, L"Utilisateurs", 0);
-    int node = kNoNode;
+    NodeId node = kNoNode;
     for (int steps = Below(count) + 1; steps > 0; --steps) node = tree.Nodes().NextIndex(node);
     return node;
   }
 
   std::wstring AnyText() { return L"Node " + std::to_wstring(Below(50)); }
 
-  void ChangeTree(int node) {
+  void ChangeTree(NodeId node) {
     switch (Below(8)) {
       case 0:
         if (Below(10) == 0) return tree.Remove(node);
@@ -45,7 +46,7 @@ class NativeTreeWalk : public TreeTest, public testing::WithParamInterface<unsig
     }
   }
 
-  void AddSome(int parent, int count) {
+  void AddSome(NodeId parent, int count) {
     controls::TreeView::Update update(tree);
     for (int i = 0; i < count; ++i) {
       tree.Add(parent, kLeafForm, nextId++, AnyText(), Below(4));
@@ -55,7 +56,7 @@ class NativeTreeWalk : public TreeTest, public testing::WithParamInterface<unsig
   void ChangeFromOutside() {
     HTREEITEM item = native.Find(AnyNode());
     if (!item) return;
-    const auto parameter = reinterpret_cast<LPARAM>(item);
+    const auto parameter = controls::AsLParam(item);
     if (Below(2) == 0) {
       native.Send(TVM_EXPAND, TVE_TOGGLE, parameter);
     } else {
@@ -71,13 +72,13 @@ class NativeTreeWalk : public TreeTest, public testing::WithParamInterface<unsig
   }
 
   // All nodes added again in one update, as a refresh does: much is as before, and some is not.
-  void BuildAnew() {
+  void Rebuild() {
     controls::TreeView::Update update(tree);
     tree.Clear();
-    const int top = tree.Add(kNoNode, kRootForm, 0, L"Utilisateurs", Below(2));
+    const NodeId top = tree.Add(kNoNode, kRootForm, 0, L"Utilisateurs", Below(2));
     tree.SetSorted(top, Below(3) != 0);
     for (int i = Below(10) == 0 ? 0 : 20 + Below(8); i > 0; --i) {
-      const int account = tree.Add(top, kUserForm, i, AnyText(), Below(8) == 0 ? 1 : 0);
+      const NodeId account = tree.Add(top, kUserForm, i, AnyText(), Below(8) == 0 ? 1 : 0);
       if (Below(4) != 0) AddSome(account, 2);
     }
     if (Below(20) == 0) tree.Add(kNoNode, kRootForm, 0, L"Groupes", 0);
@@ -97,9 +98,9 @@ TEST_P(NativeTreeWalk, LeavesTheControlInStepWithTheNodes) {
   }
 }
 
-TEST_P(NativeTreeWalk, LeavesTheControlInStepWithATreeThatIsBuiltAnew) {
+TEST_P(NativeTreeWalk, LeavesTheControlInStepWithATreeThatIsRebuilt) {
   for (int step = 0; step < 200; ++step) {
-    BuildAnew();
+    Rebuild();
     ASSERT_EQ(native.Difference(), "") << "seed " << GetParam() << ", tree " << step;
     for (int i = Below(4); i > 0; --i) Step();
     ASSERT_EQ(native.Difference(), "") << "seed " << GetParam() << ", after tree " << step;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "controls/Control.h"
+#include "controls/NodeId.h"
 
 namespace controls {
 class CommandButton;
@@ -43,11 +44,11 @@ class Hands {
   bool Toggle(controls::ListBox& list, int item);
   bool DoubleClick(controls::ListBox& list, int item);
   bool ChooseTab(controls::TabStrip& tabs, int tab);
-  bool Select(controls::TreeView& tree, int node);
-  bool DoubleClick(controls::TreeView& tree, int node);
-  bool RightClick(controls::TreeView& tree, int node);
-  bool Expand(controls::TreeView& tree, int node);
-  bool Collapse(controls::TreeView& tree, int node);
+  bool Select(controls::TreeView& tree, controls::NodeId node);
+  bool DoubleClick(controls::TreeView& tree, controls::NodeId node);
+  bool RightClick(controls::TreeView& tree, controls::NodeId node);
+  bool Expand(controls::TreeView& tree, controls::NodeId node);
+  bool Collapse(controls::TreeView& tree, controls::NodeId node);
 
   // Shift+F10 in a tree that has the focus.
   bool PressMenuKey(controls::TreeView& tree);
@@ -66,7 +67,7 @@ class Hands {
 
   // What a user sees of a control, without touching anything.
   bool CanUse(const controls::Control& control) const;
-  std::wstring TipOf(controls::TreeView& tree, int node) const;
+  std::wstring TipOf(controls::TreeView& tree, controls::NodeId node) const;
   controls::Font FontOf(const controls::Control& control) const;
   controls::Font FontOf(const controls::Form& form) const;
 

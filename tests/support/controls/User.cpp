@@ -91,23 +91,23 @@ void User::ChooseTab(controls::TabStrip& tabs, int tab, Where where) {
   Require(hands_->ChooseTab(tabs, tab), "ChooseTab", tabs.Id(), where);
 }
 
-void User::Select(controls::TreeView& tree, int node, Where where) {
+void User::Select(controls::TreeView& tree, controls::NodeId node, Where where) {
   Require(hands_->Select(tree, node), "Select", tree.Id(), where);
 }
 
-void User::Expand(controls::TreeView& tree, int node, Where where) {
+void User::Expand(controls::TreeView& tree, controls::NodeId node, Where where) {
   Require(hands_->Expand(tree, node), "Expand", tree.Id(), where);
 }
 
-void User::Collapse(controls::TreeView& tree, int node, Where where) {
+void User::Collapse(controls::TreeView& tree, controls::NodeId node, Where where) {
   Require(hands_->Collapse(tree, node), "Collapse", tree.Id(), where);
 }
 
-void User::DoubleClick(controls::TreeView& tree, int node, Where where) {
+void User::DoubleClick(controls::TreeView& tree, controls::NodeId node, Where where) {
   Require(hands_->DoubleClick(tree, node), "DoubleClick", tree.Id(), where);
 }
 
-void User::RightClick(controls::TreeView& tree, int node, Where where) {
+void User::RightClick(controls::TreeView& tree, controls::NodeId node, Where where) {
   Require(hands_->RightClick(tree, node), "RightClick", tree.Id(), where);
 }
 

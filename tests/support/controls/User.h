@@ -72,15 +72,15 @@ class User {
   void ChooseTab(controls::TabStrip& tabs, int tab, Where where = Where::current());
 
   // Opens the closed nodes above first, as a person has to, and clicks the node.
-  void Select(controls::TreeView& tree, int node, Where where = Where::current());
+  void Select(controls::TreeView& tree, controls::NodeId node, Where where = Where::current());
   // Opens the closed nodes above first; fails on a node that is open or has no children.
-  void Expand(controls::TreeView& tree, int node, Where where = Where::current());
-  void Collapse(controls::TreeView& tree, int node, Where where = Where::current());
+  void Expand(controls::TreeView& tree, controls::NodeId node, Where where = Where::current());
+  void Collapse(controls::TreeView& tree, controls::NodeId node, Where where = Where::current());
 
   // Twice on the node's text, after the same.
-  void DoubleClick(controls::TreeView& tree, int node, Where where = Where::current());
+  void DoubleClick(controls::TreeView& tree, controls::NodeId node, Where where = Where::current());
   // The right mouse button on the node's text, after the same.
-  void RightClick(controls::TreeView& tree, int node, Where where = Where::current());
+  void RightClick(controls::TreeView& tree, controls::NodeId node, Where where = Where::current());
   // The keyboard's way to a menu, Shift+F10; the tree has the focus.
   void PressMenuKey(controls::TreeView& tree, Where where = Where::current());
 
@@ -108,7 +108,9 @@ class User {
   // included, and its form takes input.
   bool CanUse(const controls::Control& control) const { return hands_->CanUse(control); }
   // What the mouse brings up over a node. A tip that only repeats a text that has no room is none.
-  std::wstring TipOf(controls::TreeView& tree, int node) const { return hands_->TipOf(tree, node); }
+  std::wstring TipOf(controls::TreeView& tree, controls::NodeId node) const {
+    return hands_->TipOf(tree, node);
+  }
   // What the program has put on the clipboard last.
   const std::wstring& Clipboard() const { return clipboard_; }
   // As last set; without that a back end's own default.

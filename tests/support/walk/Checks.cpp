@@ -16,7 +16,7 @@ namespace {
 
 TreeLines ShownLines(const controls::TreeNodes& nodes) {
   TreeLines lines;
-  for (controls::NodeId node = nodes.NextIndex(0); node != controls::kNoNode;
+  for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != controls::kNoNode;
        node = nodes.NextIndex(node)) {
     const bool folder = nodes.Image(node) <= browser::kFolderOpen;
     if (folder) {
@@ -109,7 +109,7 @@ void Checks::CheckDifferences(const Tables& now) {
 
 void Checks::CheckOrder(int tree) const {
   const controls::TreeNodes& nodes = walk_.Nodes(tree);
-  for (controls::NodeId node = nodes.NextIndex(0); node != controls::kNoNode;
+  for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != controls::kNoNode;
        node = nodes.NextIndex(node)) {
     const controls::NodeId next = nodes.Next(node);
     if (next == controls::kNoNode) continue;

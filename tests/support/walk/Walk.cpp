@@ -12,7 +12,7 @@ std::wstring Walk::SelectedKey(int tree) const {
 Walk::KeySet Walk::KeysOfNodes(int tree, bool open) const {
   KeySet keys;
   const controls::TreeNodes& nodes = Nodes(tree);
-  for (controls::NodeId node = nodes.NextIndex(0); node != controls::kNoNode;
+  for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != controls::kNoNode;
        node = nodes.NextIndex(node)) {
     if (nodes.HasChildren(node) && nodes.Expanded(node) == open) keys.insert(nodes.Key(node));
   }

@@ -34,27 +34,30 @@ void MainWindowFixture::Run(const WindowScript& script, std::wstring_view userNa
   desktop.Run(window);
 }
 
-std::vector<std::wstring> MainWindowFixture::ChildTexts(const controls::TreeView& tree, int node) {
+std::vector<std::wstring> MainWindowFixture::ChildTexts(const controls::TreeView& tree,
+                                                        controls::NodeId node) {
   const controls::TreeNodes& nodes = tree.Nodes();
   std::vector<std::wstring> texts;
-  for (int child = nodes.FirstChild(node); child != controls::kNoNode; child = nodes.Next(child)) {
+  for (controls::NodeId child = nodes.FirstChild(node); child != controls::kNoNode;
+       child = nodes.Next(child)) {
     texts.push_back(nodes.Text(child));
   }
   return texts;
 }
 
-int MainWindowFixture::Child(const controls::TreeView& tree, int node, std::wstring_view text) {
+controls::NodeId MainWindowFixture::Child(const controls::TreeView& tree, controls::NodeId node,
+                                          std::wstring_view text) {
   const controls::TreeNodes& nodes = tree.Nodes();
-  int child = nodes.FirstChild(node);
+  controls::NodeId child = nodes.FirstChild(node);
   while (child != controls::kNoNode && nodes.Text(child) != text) child = nodes.Next(child);
   return child;
 }
 
-int MainWindowFixture::NodeAt(const controls::TreeView& tree,
-                              const std::vector<std::wstring>& texts) {
-  int node = tree.Nodes().Root();
+controls::NodeId MainWindowFixture::NodeAt(const controls::TreeView& tree,
+                                           const std::vector<std::wstring>& texts) {
+  controls::NodeId node = tree.Nodes().Root();
   for (const std::wstring& text : texts) {
-    const int child = Child(tree, node, text);
+    const controls::NodeId child = Child(tree, node, text);
     if (child == controls::kNoNode) {
       ADD_FAILURE() << "no node " << data::ToUtf8(text) << " below "
                     << data::ToUtf8(tree.Nodes().FullPath(node));

@@ -48,11 +48,14 @@ class MainWindowFixture : public ::testing::Test {
     return Text(app::kErrorTexts + static_cast<int>(number));
   }
   // The texts of a node's children, in their order.
-  static std::vector<std::wstring> ChildTexts(const controls::TreeView& tree, int node);
+  static std::vector<std::wstring> ChildTexts(const controls::TreeView& tree,
+                                              controls::NodeId node);
   // The child with this text; kNoNode when there is none.
-  static int Child(const controls::TreeView& tree, int node, std::wstring_view text);
+  static controls::NodeId Child(const controls::TreeView& tree, controls::NodeId node,
+                                std::wstring_view text);
   // The node that the texts lead to from the root; fails the test when there is none.
-  static int NodeAt(const controls::TreeView& tree, const std::vector<std::wstring>& texts);
+  static controls::NodeId NodeAt(const controls::TreeView& tree,
+                                 const std::vector<std::wstring>& texts);
 
   ScriptedDesktop desktop;
   User user{desktop};

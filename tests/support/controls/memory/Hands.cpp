@@ -98,7 +98,7 @@ bool Hands::ChooseTab(TabStrip& tabs, int tab) {
   return true;
 }
 
-bool Hands::Select(TreeView& tree, int node) {
+bool Hands::Select(TreeView& tree, NodeId node) {
   TreeModel& model = ModelOf(tree);
   if (!model.Nodes().Exists(node) || !Focus(tree)) return false;
   model.OpenWay(node);
@@ -106,7 +106,7 @@ bool Hands::Select(TreeView& tree, int node) {
   return true;
 }
 
-bool Hands::DoubleClick(TreeView& tree, int node) {
+bool Hands::DoubleClick(TreeView& tree, NodeId node) {
   if (!Select(tree, node)) return false;
   TreeModel& model = ModelOf(tree);
   if (!CanUse(tree) || !model.Nodes().Exists(node)) return true;
@@ -115,7 +115,7 @@ bool Hands::DoubleClick(TreeView& tree, int node) {
   return true;
 }
 
-bool Hands::RightClick(TreeView& tree, int node) {
+bool Hands::RightClick(TreeView& tree, NodeId node) {
   if (!Select(tree, node)) return false;
   if (CanUse(tree)) ModelOf(tree).AskForMenu(node);
   return true;
@@ -127,11 +127,11 @@ bool Hands::PressMenuKey(TreeView& tree) {
   return true;
 }
 
-std::wstring Hands::TipOf(TreeView& tree, int node) const {
+std::wstring Hands::TipOf(TreeView& tree, NodeId node) const {
   return ModelOf(tree).AskTip(node);
 }
 
-bool Hands::Expand(TreeView& tree, int node) {
+bool Hands::Expand(TreeView& tree, NodeId node) {
   TreeModel& model = ModelOf(tree);
   if (!model.Nodes().Exists(node) || model.Nodes().Expanded(node)) return false;
   if (!model.Nodes().HasChildren(node) || !Focus(tree)) return false;
@@ -140,7 +140,7 @@ bool Hands::Expand(TreeView& tree, int node) {
   return true;
 }
 
-bool Hands::Collapse(TreeView& tree, int node) {
+bool Hands::Collapse(TreeView& tree, NodeId node) {
   TreeModel& model = ModelOf(tree);
   if (!model.Nodes().Exists(node) || !model.Nodes().Expanded(node)) return false;
   if (!model.Nodes().HasChildren(node) || !Focus(tree)) return false;

@@ -6,9 +6,10 @@
 namespace test_support {
 namespace {
 
-void Look(const controls::TreeModel& tree, int first, int level, std::vector<ShownNode>& shown) {
+void Look(const controls::TreeModel& tree, controls::NodeId first, int level,
+          std::vector<ShownNode>& shown) {
   const controls::TreeNodes& nodes = tree.Nodes();
-  for (int node = first; node != controls::kNoNode; node = nodes.Next(node)) {
+  for (controls::NodeId node = first; node != controls::kNoNode; node = nodes.Next(node)) {
     const bool open = nodes.HasChildren(node) && nodes.Expanded(node);
     shown.push_back({level, nodes.Text(node), nodes.Image(node), node == tree.Selected(),
                      nodes.HasChildren(node), open});

@@ -63,7 +63,7 @@ bool HasMnemonic(const Control::Peer& control, wchar_t letter) {
 
 Font FontIn(HWND window, unsigned dpi) {
   LOGFONTW font = {};
-  GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
+  GetObjectW(HandleIn<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
   return {font.lfFaceName, MulDiv(-font.lfHeight, 72, static_cast<int>(dpi)), font.lfCharSet};
 }
 
@@ -138,7 +138,7 @@ bool Hands::Type(ListBox& list, const std::wstring& text) {
 // would have to share.
 bool Hands::Paste(TextBox& box, const std::wstring& text) {
   if (!Focus(box)) return false;
-  if (CanUse(box)) box.BackEnd().Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+  if (CanUse(box)) box.BackEnd().Send(EM_REPLACESEL, TRUE, AsLParam(text.c_str()));
   parts_->input.Drain();
   return true;
 }
@@ -169,13 +169,13 @@ bool Hands::ChooseTab(TabStrip& tabs, int tab) {
   if (tab < 0 || tab >= tabs.TabCount() || !Focus(tabs)) return false;
   RECT place = {};
   if (!CanUse(tabs)) return true;
-  tabs.BackEnd().Send(TCM_GETITEMRECT, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&place));
+  tabs.BackEnd().Send(TCM_GETITEMRECT, static_cast<WPARAM>(tab), AsLParam(&place));
   parts_->input.Click(tabs.BackEnd().window,
                       {(place.left + place.right) / 2, (place.top + place.bottom) / 2});
   return true;
 }
 
-bool Hands::Select(TreeView& tree, int node) {
+bool Hands::Select(TreeView& tree, NodeId node) {
   TreeViewPeer& peer = PeerOfTree(tree);
   if (!peer.model.Nodes().Exists(node) || !Focus(tree)) return false;
   TreeMouse mouse(peer, parts_->input);
@@ -184,7 +184,7 @@ bool Hands::Select(TreeView& tree, int node) {
   return true;
 }
 
-bool Hands::DoubleClick(TreeView& tree, int node) {
+bool Hands::DoubleClick(TreeView& tree, NodeId node) {
   if (!Select(tree, node)) return false;
   TreeViewPeer& peer = PeerOfTree(tree);
   TreeMouse mouse(peer, parts_->input);
@@ -192,7 +192,7 @@ bool Hands::DoubleClick(TreeView& tree, int node) {
   return true;
 }
 
-bool Hands::RightClick(TreeView& tree, int node) {
+bool Hands::RightClick(TreeView& tree, NodeId node) {
   TreeViewPeer& peer = PeerOfTree(tree);
   if (!peer.model.Nodes().Exists(node) || !Focus(tree)) return false;
   TreeMouse mouse(peer, parts_->input);
@@ -208,14 +208,14 @@ bool Hands::PressMenuKey(TreeView& tree) {
   return true;
 }
 
-std::wstring Hands::TipOf(TreeView& tree, int node) const {
+std::wstring Hands::TipOf(TreeView& tree, NodeId node) const {
   TreeViewPeer& peer = PeerOfTree(tree);
   if (!peer.window || !peer.model.Nodes().Exists(node)) return {};
   const std::wstring tip = TreeMouse(peer, parts_->input).AskTip(node);
   return tip == peer.model.Nodes().Text(node) ? std::wstring() : tip;
 }
 
-bool Hands::Expand(TreeView& tree, int node) {
+bool Hands::Expand(TreeView& tree, NodeId node) {
   TreeViewPeer& peer = PeerOfTree(tree);
   if (!peer.model.Nodes().Exists(node) || peer.model.Nodes().Expanded(node)) return false;
   if (!peer.model.Nodes().HasChildren(node) || !Focus(tree)) return false;
@@ -225,7 +225,7 @@ bool Hands::Expand(TreeView& tree, int node) {
   return true;
 }
 
-bool Hands::Collapse(TreeView& tree, int node) {
+bool Hands::Collapse(TreeView& tree, NodeId node) {
   TreeViewPeer& peer = PeerOfTree(tree);
   if (!peer.model.Nodes().Exists(node) || !peer.model.Nodes().Expanded(node)) return false;
   if (!peer.model.Nodes().HasChildren(node) || !Focus(tree)) return false;

@@ -17,15 +17,15 @@ RECT ListMouse::Line(int item) const {
   if (Checks()) {
     list_.Send(LVM_ENSUREVISIBLE, number, FALSE);
     line.left = LVIR_BOUNDS;
-    list_.Send(LVM_GETITEMRECT, number, reinterpret_cast<LPARAM>(&line));
+    list_.Send(LVM_GETITEMRECT, number, controls::AsLParam(&line));
     return line;
   }
-  list_.Send(LB_GETITEMRECT, number, reinterpret_cast<LPARAM>(&line));
+  list_.Send(LB_GETITEMRECT, number, controls::AsLParam(&line));
   RECT client = {};
   GetClientRect(list_.window, &client);
   if (line.top >= 0 && line.bottom <= client.bottom) return line;
   list_.Send(LB_SETTOPINDEX, number);
-  list_.Send(LB_GETITEMRECT, number, reinterpret_cast<LPARAM>(&line));
+  list_.Send(LB_GETITEMRECT, number, controls::AsLParam(&line));
   return line;
 }
 
@@ -42,7 +42,7 @@ POINT ListMouse::CheckPlace(int item) const {
   for (LONG x = line.left; x < line.right; ++x) {
     LVHITTESTINFO hit = {};
     hit.pt = {x, (line.top + line.bottom) / 2};
-    list_.Send(LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+    list_.Send(LVM_HITTEST, 0, controls::AsLParam(&hit));
     if (hit.iItem == item && (hit.flags & LVHT_ONITEM) == LVHT_ONITEMSTATEICON) return hit.pt;
   }
   ADD_FAILURE() << "item " << item << " has no check box";

@@ -9,8 +9,8 @@ namespace {
 constexpr int kMostText = 5000;
 
 HTREEITEM Next(const controls::TreeViewPeer& tree, UINT relation, HTREEITEM item) {
-  return reinterpret_cast<HTREEITEM>(
-      tree.Send(TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
+  return controls::HandleIn<HTREEITEM>(
+      tree.Send(TVM_GETNEXTITEM, relation, controls::AsLParam(item)));
 }
 
 ShownNode LookAt(const controls::TreeViewPeer& tree, HTREEITEM item, int level) {
@@ -22,7 +22,7 @@ ShownNode LookAt(const controls::TreeViewPeer& tree, HTREEITEM item, int level) 
   native.stateMask = TVIS_EXPANDED | TVIS_SELECTED;
   native.pszText = text.data();
   native.cchTextMax = kMostText;
-  tree.Send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&native));
+  tree.Send(TVM_GETITEMW, 0, controls::AsLParam(&native));
   text.resize(wcslen(native.pszText));
   const bool open = (native.state & TVIS_EXPANDED) && Next(tree, TVGN_CHILD, item);
   // The image of a selected node is another one of the native item; they are to be the same.
@@ -46,7 +46,7 @@ ShownItem CheckItem(const controls::ListBoxPeer& list, int item) {
   native.stateMask = LVIS_STATEIMAGEMASK | LVIS_FOCUSED;
   native.pszText = text.data();
   native.cchTextMax = kMostText;
-  list.Send(LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&native));
+  list.Send(LVM_GETITEMW, 0, controls::AsLParam(&native));
   text.resize(wcslen(native.pszText));
   const bool checked = (native.state & LVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(2);
   return {text, checked, (native.state & LVIS_FOCUSED) != 0};
@@ -55,7 +55,7 @@ ShownItem CheckItem(const controls::ListBoxPeer& list, int item) {
 ShownItem PlainItem(const controls::ListBoxPeer& list, int item) {
   const auto number = static_cast<WPARAM>(item);
   std::wstring text(static_cast<std::size_t>(list.Send(LB_GETTEXTLEN, number)) + 1, L'\0');
-  list.Send(LB_GETTEXT, number, reinterpret_cast<LPARAM>(text.data()));
+  list.Send(LB_GETTEXT, number, controls::AsLParam(text.data()));
   text.pop_back();
   const bool several = list.model.Kind() == controls::ListBox::Kind::kMultiSelect;
   const bool focused = !several && list.Send(LB_GETCURSEL) == item;
