@@ -99,6 +99,19 @@ TEST_F(NameOrderOf, WholeListsIsKeptWithoutOrderBy) {
                                  L"Production", L"Qualité", L"Ressources humaines", L"Ventes"}));
 }
 
+TEST_F(NameOrderOf, ListsInAReadingTransactionIsKeptByOrderByAlone) {
+  connection_->BeginRead();
+  ExpectInOrder(AllUsers());
+  Rows groups = Read(data::SqlSelectAllGroups(), 3);
+  connection_->EndRead();
+  // They are the same rows, in whatever order the engine has them.
+  Rows listed = Read(data::SqlSelectAllGroups(), 3);
+  ExpectInOrder(NamesIn(listed));
+  std::sort(groups.begin(), groups.end());
+  std::sort(listed.begin(), listed.end());
+  EXPECT_EQ(groups, listed);
+}
+
 TEST_F(NameOrderOf, ColumnsThatAreNotShownIsKeptToo) {
   const Rows ordered = Read(L"SELECT USERID FROM QRUSERV ORDER BY QRUSERV.FULLNAME", 1);
   // Those without a full name come first, in the order of their identifiers.

@@ -21,7 +21,7 @@ SqlResultSet::SqlResultSet(std::shared_ptr<Database> database, Database::Answer 
 
 void SqlResultSet::Start() {
   onRow_ = cursor_->Get().Step();
-  if (!cursor_->Plan().nameOrder) {
+  if (!IsPutInOrder()) {
     NoteRow();
     return;
   }
@@ -33,11 +33,16 @@ void SqlResultSet::Start() {
 }
 
 void SqlResultSet::SortRows() {
-  if (cursor_->Plan().nameOrder) rows_->Sort(*cursor_->Plan().nameOrder);
+  if (IsPutInOrder()) rows_->Sort(*cursor_->Plan().nameOrder);
 }
 
 void SqlResultSet::NoteRow() {
   if (onRow_ && list_ != nullptr) list_->Add(cursor_->Get().Read(0).number);
+}
+
+bool SqlResultSet::IsPutInOrder() const {
+  const StatementPlan& plan = cursor_->Plan();
+  return plan.nameOrder && (plan.hasOrderBy || !database_->Reading());
 }
 
 CursorLoan& SqlResultSet::Open() {

@@ -37,6 +37,7 @@ class SqlResultSet final : public data::ResultSet {
   void SortRows();
   // Notes the identifier of the row that the cursor is on.
   void NoteRow();
+  bool IsPutInOrder() const;
   void RequireRow();
   void RequireWritable();
   // Takes over the rows not yet walked, so that no lock of this set stands in the way of a write,

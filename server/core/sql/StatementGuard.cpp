@@ -86,10 +86,11 @@ class Parser {
     bool distinct;
   };
 
-  // Numbers are left to the engine. A text to order by that is not shown is read beside what is.
+  // Numbers are put in order by the engine. A text that is not shown is read as one more column.
   void OrderBy(const ColumnName& name, const OrderPlaces& places) {
     const SchemaColumn& column = Resolve(name);
     if (column.kind != ColumnKind::kText) return;
+    plan_.hasOrderBy = true;
     plan_.nameOrder = PlaceOf(column);
     if (*plan_.nameOrder == plan_.columns.size()) {
       if (places.distinct) FailDatabase(L"rows told apart are ordered by a column that they show");

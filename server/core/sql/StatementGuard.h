@@ -21,7 +21,8 @@
 // Engines order texts each in its own way, so the server puts the rows in order itself when a text
 // is ordered by, and also when a statement without ORDER BY lists names: all groups, all
 // permissions, the members of a group. What is asked for each user in turn comes as the engine
-// gives it.
+// gives it, and so does all that is asked without ORDER BY in a reading transaction: who reads
+// thousands of lists at once puts in order what is looked at.
 namespace server {
 
 enum class StatementKind { kSelect, kDelete, kMarkDeleted };
@@ -37,6 +38,8 @@ struct StatementPlan {
   // The column by whose text the server puts the rows in order, where it does. It may stand one
   // place beyond the columns: then the engine reads it for the order alone.
   std::optional<std::size_t> nameOrder;
+  // Whether the statement itself asks for that order.
+  bool hasOrderBy = false;
 
   // The same for several identifiers at once, where the statement's only literal is one that every
   // row of it has in a certain column: the text before and after the identifiers. The engine then
