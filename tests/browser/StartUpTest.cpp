@@ -236,6 +236,7 @@ TEST_F(StartUp, AFaultAtAnyStepOfALookupsRowsIsReportedUnderItsNameAndEndsTheSta
     SCOPED_TRACE(step);
     user.ExpectMsgBox({.answer = kResultOk, .style = controls::kExclamation});
     RunFailingInside(step, looksUp);
+    ASSERT_LE(log.statements.size(), std::size(procedures)) << "the start-up went on";
     EXPECT_EQ(user.SeenBoxes().back().prompt, ReportOf(procedures[log.statements.size() - 1]));
     EXPECT_TRUE(global.startUpFailed);
   }
