@@ -85,7 +85,7 @@ using Weights = std::array<Weight, kFirstRare>;
 constexpr Weights MakeWeights() {
   Weights weights{};
   for (std::size_t i = 0; i < kSigns.size(); ++i) {
-    const auto sign = static_cast<std::size_t>(kSigns[i]);
+    const auto sign = static_cast<std::uint32_t>(kSigns[i]);
     if (sign < weights.size()) weights[sign].first = static_cast<unsigned char>(kFirstSign + i);
   }
   for (unsigned i = 0; i < 10; ++i) {

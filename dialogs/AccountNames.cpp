@@ -60,7 +60,7 @@ class SameButForCase {
 // A protected group has two names: the one it is stored under and the one it is shown under.
 bool IsNameOf(const controls::TreeNodes& nodes, controls::NodeId account,
               const SameButForCase& isSame) {
-  const std::wstring text = nodes.Text(account);
+  const std::wstring& text = nodes.Text(account);
   const std::wstring stored = nodes.StoredName(account);
   const std::wstring_view shown = NameInText(text);
   return isSame(shown) || (shown != stored && isSame(data::Trim(stored)));

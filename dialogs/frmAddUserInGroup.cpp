@@ -93,7 +93,7 @@ void frmAddUserInGroup::SetEvents() {
   }
 }
 
-// The left list shows all users for a moment only, and so not at all.
+// All users are in the left list for a moment only, in which nothing is painted.
 app::Outcome frmAddUserInGroup::FillLists() {
   const ListBox::Update left(List1[kOthers]);
   const ListBox::Update right(List1[kMembers]);
@@ -158,7 +158,7 @@ void frmAddUserInGroup::cmdCancel_Click() {
 }
 
 // Memberships are only added, one for each member who has none, unless nobody is left: then all of
-// them go. Who was moved out while others stayed keeps his.
+// them go. A user who was moved out while others stayed keeps his.
 app::Outcome frmAddUserInGroup::WriteMemberships() {
   if (NewUserGroups() == app::Outcome::kFailed) return app::Outcome::kFailed;
   return List1[kMembers].ListCount() == 0 ? DeleteUserGroups() : app::Outcome::kDone;

@@ -134,9 +134,9 @@ frmAddUserInGroup::Parting frmAddUserInGroup::Part(List from,
   return parting;
 }
 
-// What is left keeps a selection as long as there is something to select: who was refused, else who
-// follows the first that is gone. The list is filled again when several items leave it: taken out
-// one by one, thousands of them would move the others each time.
+// What is left keeps a selection as long as there is something to select: the user who was refused,
+// or else the one after the first that is gone. The list is filled again when several items leave
+// it: taken out one by one, thousands of them would move the others each time.
 void frmAddUserInGroup::TakeOut(ListBox& list, const Parting& users) {
   const ListBox::Update update(list);
   if (users.moved.size() == 1) {

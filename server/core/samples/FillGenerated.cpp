@@ -50,9 +50,9 @@ constexpr int kAdministerPermissionId = 1;
 constexpr std::size_t kLinksOfUser = 5;
 constexpr std::size_t kPermissionsOfGroup = 20;
 
-// The wheel turns the same way everywhere: the library's distributions differ between compilers,
-// the generator itself does not.
-class Wheel {
+// Draws the same numbers everywhere: the library's distributions differ between compilers, the
+// generator itself does not.
+class RandomNumbers {
  public:
   // Adds different numbers from first to last to some that are taken already, up to count in all.
   void Fill(std::vector<int>& taken, int first, int last, std::size_t count) {
@@ -125,27 +125,27 @@ void InsertPermissions(Engine& engine, int count) {
   insert.Finish();
 }
 
-void InsertGroupPermissions(Engine& engine, Wheel& wheel, const GeneratedSize& size) {
+void InsertGroupPermissions(Engine& engine, RandomNumbers& numbers, const GeneratedSize& size) {
   BulkInsert insert(engine, "QRGPRM", {"GROUPID", "PERMID"});
   for (int group = 1; group <= std::max(size.groups, kEveryone); ++group) {
     std::vector<int> permissions;
     if (group == kAdministrators) permissions.push_back(kAdministerPermissionId);
-    wheel.Fill(permissions, kAdministerPermissionId + 1, size.permissions, kPermissionsOfGroup);
+    numbers.Fill(permissions, kAdministerPermissionId + 1, size.permissions, kPermissionsOfGroup);
     for (const int permission : permissions) insert.Add(group, permission);
   }
   insert.Finish();
 }
 
-void InsertUserLinks(Engine& engine, Wheel& wheel, const GeneratedSize& size) {
+void InsertUserLinks(Engine& engine, RandomNumbers& numbers, const GeneratedSize& size) {
   BulkInsert member(engine, "QRUSGP", {"USERID", "GROUPID"});
   BulkInsert permit(engine, "QRUPRM", {"USERID", "PERMID"});
   for (int user = kAdmin; user <= std::max(size.users, kAdmin); ++user) {
     std::vector<int> groups{kEveryone};
     if (user == kAdmin) groups.push_back(kAdministrators);
-    wheel.Fill(groups, kEveryone + 1, size.groups, kLinksOfUser);
+    numbers.Fill(groups, kEveryone + 1, size.groups, kLinksOfUser);
     for (const int group : groups) member.Add(user, group);
     std::vector<int> permissions;
-    wheel.Fill(permissions, kAdministerPermissionId + 1, size.permissions, kLinksOfUser);
+    numbers.Fill(permissions, kAdministerPermissionId + 1, size.permissions, kLinksOfUser);
     for (const int permission : permissions) permit.Add(user, permission);
   }
   member.Finish();
@@ -163,13 +163,13 @@ void InsertDisplayTexts(Engine& engine) {
 }  // namespace
 
 void FillGenerated(Engine& engine, const PasswordCipher& passwords, const GeneratedSize& size) {
-  Wheel wheel;
+  RandomNumbers numbers;
   WriteTransaction transaction(engine);
   InsertUsers(engine, passwords, size.users);
   InsertGroups(engine, size.groups);
   InsertPermissions(engine, size.permissions);
-  InsertGroupPermissions(engine, wheel, size);
-  InsertUserLinks(engine, wheel, size);
+  InsertGroupPermissions(engine, numbers, size);
+  InsertUserLinks(engine, numbers, size);
   InsertDisplayTexts(engine);
   transaction.Commit();
 }
