@@ -25,8 +25,10 @@ enum StringId : int {
   kRemove = 133,
   kGoToAccount = 141,
   kGoBack = 142,
+  kDuplicate = 143,
   kEnterKey = 161,
   kBackspaceKey = 162,
+  kCtrlD = 163,
   kAddUsersTitle = 201,  // followed by the group's name
   kNewGroupTitle = 202,
   kEditGroupTitle = 203,

@@ -1,5 +1,7 @@
 #include "dialogs/ListItems.h"
 
+#include <unordered_set>
+
 #include "data/Text.h"
 
 namespace dialogs {
@@ -47,6 +49,14 @@ std::vector<std::int32_t> SelectedData(const ListBox& list) {
 void CheckAll(ListBox& list, bool checked) {
   const ListBox::Update update(list);
   for (int i = 0; i < list.ListCount(); ++i) list.SetSelected(i, checked);
+}
+
+void CheckItems(controls::ListBox& list, const std::vector<std::int32_t>& itemData) {
+  const std::unordered_set<std::int32_t> wanted(itemData.begin(), itemData.end());
+  const controls::ListBox::Update update(list);
+  for (int i = 0; i < list.ListCount(); ++i) {
+    if (wanted.contains(list.ItemData(i))) list.SetSelected(i, true);
+  }
 }
 
 void SelectNone(ListBox& list) {

@@ -41,6 +41,10 @@ std::vector<std::int32_t> SelectedData(const controls::ListBox& list);
 // Checks, or unchecks, every item of a check list, from the first to the last.
 void CheckAll(controls::ListBox& list, bool checked);
 
+// Checks the items of a check list that have these item data; those that it does not list are left
+// out.
+void CheckItems(controls::ListBox& list, const std::vector<std::int32_t>& itemData);
+
 // Takes the selection away from every item of a list in which several may be selected.
 void SelectNone(controls::ListBox& list);
 

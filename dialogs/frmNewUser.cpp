@@ -22,7 +22,10 @@ app::Outcome frmNewUser::FillControls() {
   static_cast<void>(FillGroups());
   const std::int32_t everyone = GetEveryOneGroup();
   if (everyone != kNoIdentifier) DefaultGroup(everyone);
-  return FillPermissions();
+  CheckItems(List1[kGroups], GroupIDs);
+  const app::Outcome filled = FillPermissions();
+  CheckItems(List1[kPermissions], PermissionIDs);
+  return filled;
 }
 
 std::int32_t frmNewUser::GetEveryOneGroup() {

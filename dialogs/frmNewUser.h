@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "app/StringIds.h"
 #include "dialogs/UserDialog.h"
@@ -12,6 +13,10 @@ namespace dialogs {
 class frmNewUser : public UserDialog {
  public:
   explicit frmNewUser(Exchange& exchange);
+
+  // What is checked from the start, besides the group that every new user is in.
+  std::vector<std::int32_t> GroupIDs;
+  std::vector<std::int32_t> PermissionIDs;
 
  protected:
   app::Outcome FillControls() override;

@@ -40,8 +40,10 @@ UADMIN_STRING(133, "Supp&rimer...")
 // Commands of the context menu alone, and the keys that give them.
 UADMIN_STRING(141, "&Atteindre le compte")
 UADMIN_STRING(142, "Re&venir")
+UADMIN_STRING(143, "Dup&liquer...")
 UADMIN_STRING(161, "Entrée")
 UADMIN_STRING(162, "Retour arrière")
+UADMIN_STRING(163, "Ctrl+D")
 
 // Window titles. 201 is followed by the group's name, 206 by the kind of what is listed.
 UADMIN_STRING(201, "Ajouter des Utilisateurs : ")

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/ReportedLater.h"
 #include "browser/pages/PageHost.h"
@@ -81,6 +82,15 @@ class AccountPage : public PageView {
     int question;
   };
 
+  // A command that has no button: a line of the context menu, and a key.
+  struct MenuCommand {
+    int caption;  // texts of the string table
+    int keyName;
+    int keyCode;
+    std::function<bool(controls::NodeId node)> IsOn;
+    std::function<void()> Do;
+  };
+
   AccountPage(controls::Form& form, const PageLayout& layout, const PageContext& context);
 
   virtual AccountTree& Accounts() = 0;
@@ -139,6 +149,8 @@ class AccountPage : public PageView {
   const TreeContext& context_;
   dialogs::Exchange& exchange_;
   PageHost& host_;
+  // Those of the page, in the order of the menu; set by its constructor.
+  std::vector<MenuCommand> commands_;
 
  private:
   void SetEvents();

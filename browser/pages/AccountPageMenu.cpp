@@ -25,6 +25,7 @@ constexpr int kExpandCommand = 32;
 constexpr int kCollapseCommand = 33;
 constexpr int kGoToCommand = 34;
 constexpr int kGoBackCommand = 35;
+constexpr int kPageCommand = 41;  // the page's own
 
 std::wstring WithoutMnemonic(std::wstring caption) {
   caption.erase(std::remove(caption.begin(), caption.end(), L'&'), caption.end());
@@ -69,6 +70,11 @@ void AccountPage::TreeView1_ContextMenu(NodeId node) {
   items.push_back(
       {kGoToCommand, withKey(app::kGoToAccount, app::kEnterKey), Destination(node).has_value()});
   items.push_back({kGoBackCommand, withKey(app::kGoBack, app::kBackspaceKey), host_.CanGoBack()});
+  if (!commands_.empty()) items.push_back({});
+  int number = kPageCommand;
+  for (const MenuCommand& command : commands_) {
+    items.push_back({number++, withKey(command.caption, command.keyName), command.IsOn(node)});
+  }
   Perform(node, controls::ShowPopupMenu(TreeView1, node, items));
 }
 
@@ -81,6 +87,8 @@ void AccountPage::Perform(NodeId node, int command) {
     GoToAccount(node);
   } else if (command == kGoBackCommand) {
     GoBack();
+  } else if (command >= kPageCommand) {
+    commands_[static_cast<std::size_t>(command - kPageCommand)].Do();
   } else if (command >= kSecondLinkCommand) {
     cmdSecond[command - kSecondLinkCommand].Click();
   } else if (command >= kFirstLinkCommand) {
@@ -130,6 +138,9 @@ void AccountPage::KeyDown(int keyCode) {
   if (keyCode == controls::kKeyBack) GoBack();
   if (keyCode == controls::kKeyF2 && cmdAccount[kEditButton].Enabled()) {
     Perform(node, kAccountCommand + kEditButton);
+  }
+  for (const MenuCommand& command : commands_) {
+    if (keyCode == command.keyCode && command.IsOn(node)) return command.Do();
   }
 }
 

@@ -45,6 +45,12 @@ UsersPage::UsersPage(controls::Form& form, const PageContext& context)
     cmdMemberOf[Index].Click = [this, Index] { cmdMemberOf_Click(Index); };
     cmdUserPermission[Index].Click = [this, Index] { cmdUserPermission_Click(Index); };
   }
+  commands_ = {{app::kDuplicate, app::kCtrlD, controls::kKeyControl + 'D',
+                [this](NodeId node) {
+                  return NamesAreKnown() &&
+                         OwnerOf(lookup.GetTypeNode(KeyOf(node)), node) != controls::kNoNode;
+                },
+                [this] { DuplicateUser(); }}};
   TreeView1.Tip = [this](NodeId node) { return OriginOf(node); };
 }
 
@@ -171,6 +177,23 @@ bool UsersPage::DeleteUser(const Selection& at) {
 void UsersPage::NewUser() {
   if (!NamesAreKnown()) return;
   dialogs::frmNewUser dialog(exchange_);
+  ShowNewUser(dialog);
+}
+
+// What the user at hand is in and holds himself, as the tree has it.
+void UsersPage::DuplicateUser() {
+  Run([this](const Selection& at) {
+    if (at.id == -1 || !NamesAreKnown()) return true;
+    const EffectivePermissions permissions(TreeView1.Nodes(), exchange_.groupsTree.Nodes());
+    dialogs::frmNewUser dialog(exchange_);
+    dialog.GroupIDs = permissions.GroupsOf(at.account);
+    dialog.PermissionIDs = permissions.OwnOf(at.account);
+    ShowNewUser(dialog);
+    return true;
+  });
+}
+
+void UsersPage::ShowNewUser(dialogs::frmNewUser& dialog) {
   dialog.EveryoneGroupID = context_.accounts.everyoneGroupId;
   dialog.ShowModal(TreeView1.Owner());
   if (exchange_.AddNode) ShowNew(exchange_.UserID);

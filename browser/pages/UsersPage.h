@@ -3,6 +3,10 @@
 #include "browser/pages/AccountPage.h"
 #include "browser/trees/UsersTree.h"
 
+namespace dialogs {
+class frmNewUser;
+}
+
 namespace browser {
 
 // The tab of the users: their tree, and the commands on users, their groups and their permissions.
@@ -49,6 +53,8 @@ class UsersPage : public AccountPage {
   bool EditUser(const Selection& at);
   bool DeleteUser(const Selection& at);
   void NewUser();
+  void DuplicateUser();
+  void ShowNewUser(dialogs::frmNewUser& dialog);
   void AssignGroups(const Selection& at);
   void AssignPermissions(const Selection& at);
   void RemoveMembership(const Selection& at);

@@ -9,6 +9,7 @@
 #include "tests/support/data/Sample.h"
 #include "tests/support/keys/Buttons.h"
 #include "tests/support/keys/Keys.h"
+#include "tests/support/lists/Lists.h"
 
 namespace browser {
 namespace {

@@ -17,7 +17,11 @@ namespace {
 // Where the menu has the lines that are buttons as well, in the order of the buttons.
 constexpr std::size_t kButtonLines[] = {0, 1, 2, 4, 5, 7, 8};
 
+// And where it has the command that begins a new user with what another one has.
+constexpr std::size_t kDuplicateLine = 17;
+
 std::optional<Command> CommandOfMenuLine(std::size_t line) {
+  if (line == kDuplicateLine) return Command{Section::kAccount, Verb::kNew};
   for (std::size_t place = 0; place < kCommands.size(); ++place) {
     if (kButtonLines[place] == line) return kCommands[place];
   }
@@ -47,7 +51,7 @@ const std::vector<Actions::Action>& Actions::All() {
       {4, &Actions::ChooseTab},       {20, &Actions::SelectNode},  {4, &Actions::OpenOrCloseNode},
       {28, &Actions::ClickButton},    {12, &Actions::PressKey},    {8, &Actions::UseMenu},
       {1, &Actions::RefreshByButton}, {1, &Actions::RefreshByKey}, {2, &Actions::ChangeFromOutside},
-      {6, &Actions::FollowLeaf},
+      {6, &Actions::FollowLeaf},      {3, &Actions::Duplicate},
   };
   return actions;
 }
@@ -206,6 +210,19 @@ void Actions::FollowLeaf() {
   walk_.user.Try().PressKey(walk_.window, controls::kKeyBack);
   EXPECT_EQ(walk_.Tab(), from);
   EXPECT_EQ(walk_.SelectedKey(from), leaf.key);
+  checks_.AfterStep();
+}
+
+// A new user with what another one has.
+void Actions::Duplicate() {
+  if (walk_.Tab() != kUsersTree) return ChooseTab();
+  controls::TreeView& tree = walk_.TreeOf(kUsersTree);
+  walk_.user.Try().Focus(tree);
+  run_.Begin();
+  walk_.Note("duplicate at " + data::ToUtf8(run_.At().key));
+  walk_.user.PressCtrl(walk_.window, 'D');
+  EXPECT_EQ(run_.HasDialog(), run_.At().account != -1);
+  if (run_.HasDialog()) return FinishCommand({Section::kAccount, Verb::kNew});
   checks_.AfterStep();
 }
 

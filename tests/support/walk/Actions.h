@@ -35,6 +35,7 @@ class Actions {
   void PressKey();
   void UseMenu();
   void FollowLeaf();
+  void Duplicate();
   void RefreshByButton();
   void RefreshByKey();
   void ChangeFromOutside();
