@@ -39,6 +39,7 @@ frmUserGroupPerm::frmUserGroupPerm(app::mGlobal& global)
       Users(*this, {context_, ImageList1, exchange, *this}),
       Groups(*this, {context_, ImageList1, exchange, *this}),
       lblStatus(*this, IDC_STATUS),
+      lblSession(*this, IDC_SESSION),
       cmdBtn{{*this, IDC_CMD_BTN}, {*this, IDC_CMD_BTN + 1}},
       cmdAbout(*this, IDC_CMD_ABOUT),
       Command1(*this, IDC_HELP_BUTTON),
@@ -47,6 +48,7 @@ frmUserGroupPerm::frmUserGroupPerm(app::mGlobal& global)
 void frmUserGroupPerm::Form_Load() {
   isStarted = false;
   history_.Clear();
+  done_.clear();
   const app::Outcome outcome = app::Reported(global_, L"Form Load", [this] { return Start(); });
   if (outcome == app::Outcome::kFailed) {
     global_.startUpFailed = true;
@@ -65,6 +67,10 @@ app::Outcome frmUserGroupPerm::Start() {
   if (!startUp.AttachToSession()) {
     Unload();
     return app::Outcome::kDone;
+  }
+  if (!global_.sessionUserText.empty()) {
+    lblSession.SetPlainCaption(
+        app::FillIn(global_.LoadResString(app::kSessionUser), {global_.sessionUserText}));
   }
   // From here on there may be much to read, which the window shows.
   Show();
@@ -93,6 +99,7 @@ void frmUserGroupPerm::SettingControls() {
   // Exit stands last in its row; the Tab key is to come to it last, too.
   cmdBtn[kExitButton].SetTabIndex(Command1.TabIndex());
   lblStatus.SetPlainCaption({});
+  lblSession.SetPlainCaption({});
 }
 
 // The pages take what the window gains; the row of buttons keeps to its lower right corner.
@@ -100,6 +107,7 @@ void frmUserGroupPerm::SetAnchors() {
   using namespace controls;
   TabStrip1.SetAnchors(kAnchorLeft | kAnchorTop | kAnchorRight | kAnchorBottom);
   lblStatus.SetAnchors(kAnchorLeft | kAnchorRight | kAnchorBottom);
+  lblSession.SetAnchors(kAnchorLeft | kAnchorRight | kAnchorBottom);
   for (CommandButton* button :
        {&cmdBtn[kRefreshButton], &cmdBtn[kExitButton], &cmdAbout, &Command1}) {
     button->SetAnchors(kAnchorRight | kAnchorBottom);
@@ -157,6 +165,7 @@ void frmUserGroupPerm::ShowPage() {
 
 app::Outcome frmUserGroupPerm::RefreshTree() {
   leavesMissing_ = accountsMissing_ = true;
+  done_.clear();
   const app::Outcome outcome =
       app::ReportedLater(global_, L"RefreshTree", [this](app::KeptError& error) {
         const WaitPointer wait(global_.desktop);
@@ -248,14 +257,23 @@ void frmUserGroupPerm::ShowProgress(int done, int total) {
   Repaint();
 }
 
+void frmUserGroupPerm::ShowDone(const std::wstring& text) {
+  done_ = text;
+  doneAt_ = SelectedHere();
+  ShowStatus();
+}
+
 void frmUserGroupPerm::ShowStatus() {
+  if (SelectedHere() != doneAt_) done_.clear();
   lblStatus.SetPlainCaption(StatusText());
 }
 
-// What an error has left out comes first, then what the page has to say about its selection.
+// What an error has left out comes first, then what a command has done, then what the page has to
+// say about its selection.
 std::wstring frmUserGroupPerm::StatusText() const {
   if (accountsMissing_) return global_.LoadResString(app::kAccountsIncomplete);
   if (leavesMissing_) return global_.LoadResString(app::kIncomplete);
+  if (!done_.empty()) return done_;
   const std::wstring selection = Shown().SelectionText();
   if (!selection.empty()) return selection;
   return app::FillIn(global_.LoadResString(app::kCounts),

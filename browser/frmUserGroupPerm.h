@@ -4,6 +4,8 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <string>
+#include <utility>
 
 #include "app/Reported.h"
 #include "app/mGlobal.h"
@@ -55,6 +57,7 @@ class frmUserGroupPerm : public controls::Form, private PageHost {
   UsersPage Users;
   GroupsPage Groups;
   controls::Label lblStatus;
+  controls::Label lblSession;         // who the program works as
   controls::CommandButton cmdBtn[2];  // 0 Refresh, 1 Exit
   controls::CommandButton cmdAbout;
   controls::CommandButton Command1;  // help
@@ -67,6 +70,7 @@ class frmUserGroupPerm : public controls::Form, private PageHost {
  private:
   // What the pages ask for.
   void BringOthersInStep(const AccountPage& page, Change change) override;
+  void ShowDone(const std::wstring& text) override;
   void ShowStatus() override;
   void TellMissing(Missing what) override;
   bool Has(const Account& account) const override;
@@ -90,6 +94,9 @@ class frmUserGroupPerm : public controls::Form, private PageHost {
   void StartProgress(int text);
   void ShowProgress(int done, int total);
   std::wstring StatusText() const;
+  // What is selected: the tab, and the node on it.
+  using Here = std::pair<int, controls::NodeId>;
+  Here SelectedHere() const { return {TabStrip1.SelectedTab(), Shown().TreeView1.SelectedNode()}; }
 
   void TabStrip1_Click();
   void cmdBtn_Click(int Index);
@@ -99,6 +106,8 @@ class frmUserGroupPerm : public controls::Form, private PageHost {
   // In the order of the tabs.
   const std::array<AccountPage*, 2> pages_{&Users, &Groups};
   NavigationHistory history_;
+  std::wstring done_;  // by the last command, as long as doneAt_ stays selected
+  Here doneAt_;
   bool leavesMissing_ = false;
   bool accountsMissing_ = false;
   int progressText_ = 0;

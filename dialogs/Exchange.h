@@ -35,6 +35,10 @@ struct Exchange {
   // Set when the account being edited had no row any more at the moment of writing, because
   // somebody else was faster.
   bool accountGone = false;
+  // How many links a dialog that assigns them has added.
+  int linksAdded = 0;
+  // All members of the group were taken out of it.
+  bool membersRemoved = false;
   // The account concerned, -1 for none, and the text of its node.
   std::int32_t UserID = -1;
   std::wstring UserName = {};

@@ -174,6 +174,7 @@ app::Outcome frmAddUserInGroup::NewUserGroups() {
         rows->SetColumn(L"GROUPID", GroupID);
         rows->SetColumn(L"USERID", user.itemData);
         rows->Update();
+        ++exchange_.linksAdded;
       }
       rows->Close();
     }
@@ -181,8 +182,10 @@ app::Outcome frmAddUserInGroup::NewUserGroups() {
 }
 
 app::Outcome frmAddUserInGroup::DeleteUserGroups() {
-  return Reported(L"DeleteUserGroups",
-                  [this] { Connection().Execute(data::SqlDeleteAllGroupUsers(GroupID)); });
+  return Reported(L"DeleteUserGroups", [this] {
+    Connection().Execute(data::SqlDeleteAllGroupUsers(GroupID));
+    exchange_.membersRemoved = true;
+  });
 }
 
 }  // namespace dialogs

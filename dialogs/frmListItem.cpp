@@ -163,7 +163,10 @@ void frmListItem::cmdOK_Click() {
 app::Outcome frmListItem::UpdateData(const std::wstring& relationName) {
   return Reported(L"UpdateData", [&] {
     const Relation relation = RelationOf(relationName);
-    for (const std::int32_t id : SelectedData(List1)) AddLink(relation, id);
+    for (const std::int32_t id : SelectedData(List1)) {
+      AddLink(relation, id);
+      ++exchange_.linksAdded;
+    }
   });
 }
 

@@ -47,6 +47,7 @@
 #define IDC_CMD_BTN 1070               // Refresh, Exit
 #define IDC_CMD_ABOUT 1072
 #define IDC_STATUS 1080
+#define IDC_SESSION 1081
 
 // Controls of the user dialogs.
 #define IDC_LBL_USER_NAME 1101

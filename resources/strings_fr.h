@@ -111,6 +111,30 @@ UADMIN_STRING(425, "Le serveur de session Vardex.Vardex.1 ne connaît pas l'opé
 // An elevated process does not see what is registered for the user alone.
 UADMIN_STRING(426, "Le serveur de session Vardex.Vardex.1 n'est enregistré que pour votre compte, et un programme lancé en tant qu'administrateur ne le voit pas. Relancez Admin Utilisateurs sans élévation, ou faites enregistrer le serveur pour tous les utilisateurs du poste.")
 
+// What a command has done. %1: the account.
+UADMIN_STRING(431, "Utilisateur %1 créé")
+UADMIN_STRING(432, "Utilisateur %1 modifié")
+UADMIN_STRING(433, "Utilisateur %1 supprimé")
+UADMIN_STRING(434, "Groupe %1 créé")
+UADMIN_STRING(435, "Groupe %1 modifié")
+UADMIN_STRING(436, "Groupe %1 supprimé")
+// %1: how many, none or one in the first of two, several in the second. %2: the account.
+UADMIN_STRING(437, "%1 groupe affecté à %2")
+UADMIN_STRING(438, "%1 groupes affectés à %2")
+UADMIN_STRING(439, "%1 permission affectée à %2")
+UADMIN_STRING(440, "%1 permissions affectées à %2")
+UADMIN_STRING(441, "%1 utilisateur affecté à %2")
+UADMIN_STRING(442, "%1 utilisateurs affectés à %2")
+// %1: what was taken away, %2: the account whose it was.
+UADMIN_STRING(443, "%2 ne fait plus partie du groupe %1")
+UADMIN_STRING(444, "%1 ne fait plus partie du groupe %2")
+UADMIN_STRING(445, "Permission %1 retirée à %2")
+// %1: the group.
+UADMIN_STRING(446, "Le groupe %1 n'a plus de membres")
+
+// Who the program works as. %1: the session server's text for the user.
+UADMIN_STRING(447, "Session : %1")
+
 // Where a permission comes from. %1: a group, or several joined by 506 and, before the last, 507.
 UADMIN_STRING(501, "Accordée directement")
 UADMIN_STRING(502, "Par le groupe %1")

@@ -1,5 +1,7 @@
 #include "browser/pages/AccountPage.h"
 
+#include <set>
+
 #include "app/Reported.h"
 #include "browser/pages/WaitPointer.h"
 #include "browser/rules/ButtonRules.h"
@@ -50,6 +52,25 @@ app::Outcome AccountPage::Fill(app::KeptError& error) {
 void AccountPage::Rebuild(const std::function<app::Outcome()>& work) {
   const WaitPointer wait(Global().desktop);
   if (work() == app::Outcome::kFailed) host_.TellMissing(Missing::kLeaves);
+}
+
+void AccountPage::RebuildAndReveal(const Selection& at, const controls::KeyForm& folder,
+                                   const std::function<app::Outcome()>& work) {
+  const controls::TreeNodes& nodes = TreeView1.Nodes();
+  std::set<std::int32_t> before;
+  const auto leaves = [&](const std::function<bool(NodeId leaf)>& see) {
+    const NodeId parent = nodes.FindChild(at.account, folder, 0);
+    if (parent == controls::kNoNode) return;
+    NodeId leaf = nodes.FirstChild(parent);
+    while (leaf != controls::kNoNode && see(leaf)) leaf = nodes.Next(leaf);
+  };
+  leaves([&](NodeId leaf) { return before.insert(nodes.Id(leaf)).second; });
+  Rebuild(work);
+  leaves([&](NodeId leaf) {
+    const bool known = before.contains(nodes.Id(leaf));
+    if (!known) TreeView1.EnsureVisible(leaf);
+    return known;
+  });
 }
 
 // What was selected may have gone.
@@ -104,6 +125,8 @@ AccountPage::Selection AccountPage::ReadSelection() {
   SelectedID() = at.id;
   exchange_.AddNode = false;
   exchange_.accountGone = false;
+  exchange_.linksAdded = 0;
+  exchange_.membersRemoved = false;
   Protect(at.node);
   return at;
 }
@@ -111,8 +134,10 @@ AccountPage::Selection AccountPage::ReadSelection() {
 // A button that was clicked has the focus, and its letters: a letter typed to find an account would
 // press another button.
 void AccountPage::Run(const std::function<bool(const Selection& at)>& command) {
+  done_.clear();
   const Selection at = ReadSelection();
   if (command(at)) RefreshSelection();
+  host_.ShowDone(done_);
   TreeView1.SetFocus();
 }
 

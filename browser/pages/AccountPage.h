@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -80,6 +81,7 @@ class AccountPage : public PageView {
     int warning1;  // texts of the string table
     int warning2;
     int question;
+    int done;  // says that the leaf %1 was taken from the account %2
   };
 
   // A command that has no button: a line of the context menu, and a key.
@@ -135,11 +137,21 @@ class AccountPage : public PageView {
                   const std::wstring& statement, const std::function<app::Outcome()>& rebuildFolder,
                   const std::function<void()>& after);
 
+  // What the status line is to say of the command when it is over; without it, nothing.
+  void TellDone(int text, std::initializer_list<std::wstring> values);
+  // How many links a dialog has added to the account; one has the text for at most one of them.
+  void TellAssigned(const Selection& at, int one, int many);
+  std::wstring NameOf(controls::NodeId account) const;
+
   // What the trees tell of the right that the session's user has to this program.
   OwnAccess Access() const;
 
   // Brings folders up to date under the wait pointer; a failure shows in the status line.
   void Rebuild(const std::function<app::Outcome()>& work);
+  // The same, of a folder of the account among others: the first leaf that it gains is brought into
+  // view, where it is open.
+  void RebuildAndReveal(const Selection& at, const controls::KeyForm& folder,
+                        const std::function<app::Outcome()>& work);
 
   std::wstring KeyOf(controls::NodeId node) const;
   void ClearSelection();
@@ -170,6 +182,7 @@ class AccountPage : public PageView {
   int CommandOfDelete(controls::NodeId node) const;
 
   const controls::ImageList& images_;
+  std::wstring done_;  // by the command that runs
 };
 
 }  // namespace browser

@@ -5,8 +5,10 @@
 #include "app/StringIds.h"
 #include "browser/pages/AccountPage.h"
 #include "browser/pages/DeleteRecord.h"
+#include "browser/rules/AccountName.h"
 #include "browser/trees/AccountRows.h"
 #include "controls/Desktop.h"
+#include "data/Text.h"
 #include "dialogs/frmListItem.h"
 
 namespace browser {
@@ -17,6 +19,19 @@ bool AccountPage::WarnUnselected(const Selection& at, int text, int style) {
   if (at.id != -1) return false;
   Global().desktop.MsgBox(Global().LoadResString(text), style, Global().LoadResString(app::kTitle));
   return true;
+}
+
+std::wstring AccountPage::NameOf(NodeId account) const {
+  return AccountName(TreeView1.Nodes(), account);
+}
+
+void AccountPage::TellDone(int text, std::initializer_list<std::wstring> values) {
+  done_ = app::FillIn(Global().LoadResString(text), values);
+}
+
+void AccountPage::TellAssigned(const Selection& at, int one, int many) {
+  const int count = exchange_.linksAdded;
+  TellDone(count > 1 ? many : one, {data::Decimal(count), NameOf(at.account)});
 }
 
 void AccountPage::ShowEdited(const Selection& at, const std::wstring& text,
@@ -41,8 +56,10 @@ void AccountPage::DeleteAccount(const Selection& at, int question, bool ownAcces
                                                             std::int32_t id)) {
   if (!Confirm(question, ownAccessEnds)) return;
   const std::wstring name = TreeView1.Nodes().StoredName(at.account);
+  const std::wstring shownName = NameOf(at.account);
   const auto rows = DeleteRecord(Global(), markDeleted(name, at.id));
   if (!rows) return;
+  if (*rows != 0) TellDone(layout_.deleted, {shownName});
   RemoveAccount(at.account);
   if (*rows == 0) TellChangedMeanwhile(Global());
 }
@@ -69,7 +86,10 @@ void AccountPage::ShowNew(std::int32_t id) {
   });
   CountNew();
   const NodeId added = Accounts().Find(id);
-  if (added != controls::kNoNode) TreeView1.SetSelectedNode(added);
+  if (added != controls::kNoNode) {
+    TreeView1.SetSelectedNode(added);
+    TellDone(layout_.created, {NameOf(added)});
+  }
   host_.BringOthersInStep(*this, Change::kAccounts);
 }
 
@@ -98,8 +118,11 @@ void AccountPage::RemoveLink(const Selection& at, const LinkKind& kind, bool own
     return;
   }
   if (!Confirm(kind.question, ownAccessEnds)) return;
+  const bool isAccount = kind.done != app::kPermissionRemoved;
+  const std::wstring leaf = isAccount ? NameOf(at.node) : TreeView1.Nodes().Text(at.node);
   const auto rows = DeleteRecord(Global(), statement);
   if (!rows) return;
+  if (*rows != 0) TellDone(kind.done, {leaf, NameOf(at.account)});
   if (*rows == 0) {
     Rebuild(rebuildFolder);
   } else {

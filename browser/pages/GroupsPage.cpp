@@ -4,6 +4,7 @@
 #include "app/Reported.h"
 #include "app/StringIds.h"
 #include "browser/rules/Protection.h"
+#include "browser/rules/TreeKeys.h"
 #include "controls/MsgBox.h"
 #include "data/MSQLStatement.h"
 #include "data/NodeKey.h"
@@ -31,6 +32,9 @@ constexpr PageLayout kLayout{
     .accountCaption = app::kGroups,
     .firstCaption = app::kMembers,
     .secondCaption = app::kGroupPermissions,
+    .created = app::kGroupCreated,
+    .changed = app::kGroupChanged,
+    .deleted = app::kGroupDeleted,
 };
 
 }  // namespace
@@ -144,6 +148,7 @@ bool GroupsPage::EditGroup(const Selection& at) {
         {groups_.EditMembersNode(at.account), groups_.EditGroupPermissionsNode(at.account)});
   });
   ShowEdited(at, text, storedName);
+  TellDone(layout_.changed, {NameOf(at.account)});
   return true;
 }
 
@@ -172,7 +177,12 @@ void GroupsPage::AssignMembers(const Selection& at) {
   dialog.GroupName = TreeView1.Nodes().Text(at.account);
   dialog.ShowModal(TreeView1.Owner());
   if (!exchange_.AddNode) return;
-  Rebuild([&] { return groups_.EditMembersNode(at.account); });
+  RebuildAndReveal(at, kMembersKey, [&] { return groups_.EditMembersNode(at.account); });
+  if (exchange_.membersRemoved) {
+    TellDone(app::kMembersRemoved, {NameOf(at.account)});
+  } else {
+    TellAssigned(at, app::kUserAssigned, app::kUsersAssigned);
+  }
   host_.BringOthersInStep(*this, Change::kAccounts);
 }
 
@@ -181,13 +191,15 @@ void GroupsPage::AssignPermissions(const Selection& at) {
   ShowListItem(Global().LoadResString(app::kPermissions), context_.captions.groupPermissionsCaption,
                at.id);
   if (!exchange_.AddNode) return;
-  Rebuild([&] { return groups_.EditGroupPermissionsNode(at.account); });
+  RebuildAndReveal(at, kGroupPermissionsKey,
+                   [&] { return groups_.EditGroupPermissionsNode(at.account); });
+  TellAssigned(at, app::kPermissionAssigned, app::kPermissionsAssigned);
   host_.BringOthersInStep(*this, Change::kGroupPermissions);
 }
 
 void GroupsPage::RemoveMember(const Selection& at) {
   static constexpr LinkKind kKind{L"UG", app::kSelectToRemoveGroup, app::kInMembers,
-                                  app::kAskRemoveMember};
+                                  app::kAskRemoveMember, app::kMemberRemoved};
   const std::int32_t user = data::GetUserID(at.key);
   if (at.tag == kKind.leafTag) {
     const MemberRemoval removal = ProtectMember(context_.accounts, at.id, user);
@@ -204,7 +216,7 @@ void GroupsPage::RemoveMember(const Selection& at) {
 
 void GroupsPage::RemovePermission(const Selection& at) {
   static constexpr LinkKind kKind{L"PG", app::kSelectToRemovePermission, app::kInGroupPermissions,
-                                  app::kAskRemoveGroupPermission};
+                                  app::kAskRemoveGroupPermission, app::kPermissionRemoved};
   if (at.tag == kKind.leafTag && ProtectGroup(context_.accounts, at.id, {}).permissions) return;
   const std::int32_t permission = lookup.GetPermID(at.key);
   RemoveLink(

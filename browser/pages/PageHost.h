@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace browser {
 
@@ -32,6 +33,8 @@ class PageHost {
  public:
   // A command on the page has changed something: the other pages are to show it too.
   virtual void BringOthersInStep(const AccountPage& page, Change change) = 0;
+  // What a command has done, empty for nothing; said as long as the same node stays selected.
+  virtual void ShowDone(const std::wstring& text) = 0;
   // What a page has to say about its selection may have changed.
   virtual void ShowStatus() = 0;
   // An error, already reported, has kept a page from showing all that it should.

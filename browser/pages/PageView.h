@@ -29,6 +29,9 @@ struct PageLayout {
   int accountCaption;  // of the frame, and of the tree's root
   int firstCaption;
   int secondCaption;
+  int created;  // what has been done to an account, %1
+  int changed;
+  int deleted;
 };
 
 // The controls of one tab: a tree with its label, and three sections of buttons, for accounts and

@@ -5,6 +5,7 @@
 #include "browser/rules/EffectivePermissions.h"
 #include "browser/rules/PermissionOrigin.h"
 #include "browser/rules/Protection.h"
+#include "browser/rules/TreeKeys.h"
 #include "controls/MsgBox.h"
 #include "data/MSQLStatement.h"
 #include "data/NodeKey.h"
@@ -32,6 +33,9 @@ constexpr PageLayout kLayout{
     .accountCaption = app::kUsers,
     .firstCaption = app::kMemberOf,
     .secondCaption = app::kUserPermissions,
+    .created = app::kUserCreated,
+    .changed = app::kUserChanged,
+    .deleted = app::kUserDeleted,
 };
 
 }  // namespace
@@ -163,6 +167,7 @@ bool UsersPage::EditUser(const Selection& at) {
   });
   // What "Admin" is called cannot have changed; the groups tree is left for the next refresh.
   if (!data::IsProtectedId(context_.accounts.adminUserId, at.id)) ShowEdited(at, text, storedName);
+  TellDone(layout_.changed, {NameOf(at.account)});
   return true;
 }
 
@@ -203,10 +208,11 @@ void UsersPage::AssignGroups(const Selection& at) {
   if (at.id == -1) return;
   ShowListItem(Global().LoadResString(app::kGroups), context_.captions.memberOfCaption, at.id);
   if (!exchange_.AddNode) return;
-  Rebuild([&] {
+  RebuildAndReveal(at, kMemberOfKey, [&] {
     return AllDone(
         {users_.EditMemberOfNode(at.account), users_.EditAllPermissionsNode(at.account)});
   });
+  TellAssigned(at, app::kGroupAssigned, app::kGroupsAssigned);
   host_.BringOthersInStep(*this, Change::kAccounts);
 }
 
@@ -215,16 +221,17 @@ void UsersPage::AssignPermissions(const Selection& at) {
   ShowListItem(Global().LoadResString(app::kPermissions), context_.captions.userPermissionsCaption,
                at.id);
   if (!exchange_.AddNode) return;
-  Rebuild([&] {
+  RebuildAndReveal(at, kUserPermissionsKey, [&] {
     return AllDone(
         {users_.EditUserPermissionsNode(at.account), users_.EditAllPermissionsNode(at.account)});
   });
+  TellAssigned(at, app::kPermissionAssigned, app::kPermissionsAssigned);
 }
 
 // The groups tree is left as it is: the group goes on to list the user until it is next rebuilt.
 void UsersPage::RemoveMembership(const Selection& at) {
   static constexpr LinkKind kKind{L"GU", app::kSelectToRemoveGroup, app::kInMemberOf,
-                                  app::kAskRemoveMembership};
+                                  app::kAskRemoveMembership, app::kGroupRemoved};
   const std::int32_t group = data::GetGroupID(at.key);
   if (ProtectUser(context_.accounts, at.id, group).membership) return;
   RemoveLink(
@@ -235,7 +242,7 @@ void UsersPage::RemoveMembership(const Selection& at) {
 
 void UsersPage::RemovePermission(const Selection& at) {
   static constexpr LinkKind kKind{L"PU", app::kSelectToRemovePermission, app::kInUserPermissions,
-                                  app::kAskRemoveUserPermission};
+                                  app::kAskRemoveUserPermission, app::kPermissionRemoved};
   const std::int32_t permission = lookup.GetPermID(at.key);
   RemoveLink(
       at, kKind, Access().EndsWithoutUserPermission(at.id, permission),

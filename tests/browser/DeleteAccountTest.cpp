@@ -217,7 +217,7 @@ TEST_F(DeleteCommands, TheWindowSaysHowFarItIsWhileAllUsersAreBroughtUpToDateSlo
     user.Click(window.Groups.cmdGroup[kDeleteButton]);
     log.FailAt = nullptr;
     EXPECT_TRUE(told);
-    EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 11 groupes, 30 permissions");
+    EXPECT_EQ(window.lblStatus.Caption(), L"Groupe Qualité supprimé");
   });
 }
 

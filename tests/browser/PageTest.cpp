@@ -18,6 +18,7 @@ using test_support::Keys;
 class NotedHost final : public PageHost {
  public:
   void BringOthersInStep(const AccountPage&, Change change) override { changes.push_back(change); }
+  void ShowDone(const std::wstring& text) override { done.push_back(text); }
   void ShowStatus() override {}
   void TellMissing(Missing what) override { missing.push_back(what); }
   bool Has(const Account&) const override { return true; }
@@ -29,6 +30,7 @@ class NotedHost final : public PageHost {
   std::vector<Change> changes;
   std::vector<Missing> missing;
   std::vector<std::int32_t> destinations;
+  std::vector<std::wstring> done;
   bool known = true;
 };
 

@@ -196,6 +196,7 @@ void Actions::FollowLeaf() {
   const Target leaf = ReadTarget(from, walk_.Nodes(from).Key(node));
   walk_.Note("follow " + data::ToUtf8(leaf.key));
   EXPECT_TRUE(walk_.user.Try().Select(walk_.TreeOf(from), node));
+  checks_.AfterStep();
   walk_.user.Try().PressKey(walk_.window, controls::kKeyReturn);
   const int to = walk_.Tab();
   checks_.AfterStep();

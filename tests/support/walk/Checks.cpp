@@ -209,6 +209,13 @@ void Checks::CheckStatements() {
 
 void Checks::CheckStatus(const Tables& now) const {
   const std::wstring status = walk_.window.lblStatus.Caption();
+  if (expected_.doneAt != std::pair(walk_.Tab(), walk_.SelectedKey(walk_.Tab()))) {
+    expected_.done.clear();
+  }
+  if (!expected_.done.empty()) {
+    EXPECT_NE(status.find(expected_.done), std::wstring::npos) << data::ToUtf8(status);
+    return;
+  }
   if (walk_.Tab() == kUsersTree &&
       ReadTarget(kUsersTree, walk_.SelectedKey(kUsersTree)).tag == L"PA") {
     EXPECT_TRUE(status.starts_with(L"Accord") || status.starts_with(L"Par ") ||

@@ -59,6 +59,26 @@ void CommandRun::CheckOwnAccess(const Tables& now) const {
   EXPECT_FALSE(asked && HasTheRight(now, self)) << "asked for nothing";
 }
 
+// What the status line says of the command, if it has done something.
+void CommandRun::ExpectToBeTold(const Command& command) {
+  constexpr const wchar_t* kWords[] = {L"modifié", L"supprimé", L"créé", L" à ", L""};
+  // A command whose button is off does not even begin, and leaves what is said as it is.
+  const std::wstring status = walk_.window.lblStatus.Caption();
+  if (DidNothing() && status.find(expected_.done) != std::wstring::npos) return;
+  expected_.done.clear();
+  expected_.doneAt = {walk_.Tab(), walk_.SelectedKey(walk_.Tab())};
+  const bool done = command.Removes() ? confirmed_ && !reported_ && !told_ : HasHandedBack();
+  if (!done) return;
+  expected_.done = kWords[static_cast<int>(command.verb)];
+  if (command.verb == Verb::kAssign && walk_.window.exchange.membersRemoved) {
+    expected_.done = L"n'a plus de membres";
+  }
+  if (command.verb == Verb::kRemove) {
+    expected_.done =
+        command.section == Section::kFirstLinks ? L"ne fait plus partie du groupe" : L"retirée à";
+  }
+}
+
 // Without a dialog the window still has what an earlier one handed back.
 bool CommandRun::HasHandedBack() const {
   return dialog_ && walk_.window.exchange.AddNode;
@@ -68,6 +88,7 @@ void CommandRun::Finish(const Command& command) {
   const Tables now = ReadTables(walk_.raw);
   EXPECT_FALSE(command.Removes() ? dialog_ : confirmed_);
   CheckOwnAccess(now);
+  ExpectToBeTold(command);
   if (!command.Removes()) {
     CheckWritten(command, now);
   } else if (!confirmed_ || reported_) {

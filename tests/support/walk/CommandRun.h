@@ -48,6 +48,7 @@ class CommandRun {
  private:
   bool HasHandedBack() const;
   void CheckOwnAccess(const Tables& now) const;
+  void ExpectToBeTold(const Command& command);
   void CheckWritten(const Command& command, const Tables& now) const;
   void FinishAccount(const Command& command, const Tables& now);
   void FinishNew(const Tables& now);

@@ -2,6 +2,7 @@
 
 #include <set>
 #include <string>
+#include <utility>
 
 #include "tests/support/walk/Tables.h"
 #include "tests/support/walk/Walk.h"
@@ -19,6 +20,7 @@ struct Expected {
     trees.Refresh(now);
     differing.clear();
     isChangedOutside = false;
+    done.clear();
   }
 
   WantedTrees trees;
@@ -26,6 +28,10 @@ struct Expected {
   std::set<std::wstring> differing;
   // Somebody else has changed the database since the last refresh.
   bool isChangedOutside = false;
+  // A word of what the status line says of the last command, as long as what was selected after it
+  // stays selected; empty where it says nothing of it.
+  std::wstring done;
+  std::pair<int, std::wstring> doneAt;
 };
 
 }  // namespace test_support
