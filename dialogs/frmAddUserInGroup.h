@@ -89,7 +89,7 @@ class frmAddUserInGroup : public EditingDialog {
   void MoveSelected(List from);
   void Move(List from, const std::vector<bool>& chosen);
   Parting Part(List from, const std::vector<bool>& chosen) const;
-  void TakeOut(controls::ListBox& list, const Parting& users);
+  static void TakeOut(controls::ListBox& list, const Parting& users);
   bool IsKept(List from, const ListItem& user) const;
 };
 

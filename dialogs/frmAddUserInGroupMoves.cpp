@@ -98,8 +98,10 @@ void frmAddUserInGroup::MoveAll(const wchar_t* procedure, List from) {
 }
 
 void frmAddUserInGroup::MoveSelected(List from) {
-  std::vector<bool> chosen;
-  for (int i = 0; i < List1[from].ListCount(); ++i) chosen.push_back(List1[from].Selected(i));
+  std::vector<bool> chosen(static_cast<std::size_t>(List1[from].ListCount()));
+  for (std::size_t i = 0; i < chosen.size(); ++i) {
+    chosen[i] = List1[from].Selected(static_cast<int>(i));
+  }
   Move(from, chosen);
 }
 
