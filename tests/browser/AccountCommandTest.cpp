@@ -43,7 +43,7 @@ TEST_F(AccountCommands, EditingWithoutAUserOnlyWarns) {
 
 TEST_F(AccountCommands, EditingWithoutAGroupWarnsWithoutAnIconAndDeletingWithOne) {
   Run([this](frmUserGroupPerm& window) {
-    user.ChooseTab(window.TabStrip1, 1);
+    user.ChooseTab(window.TabStrip1, kGroupsTree);
     const Strings before = Look(window);
     ExpectWarning(L"Sélectionnez le groupe à modifier puis cliquez sur le bouton Supprimer.",
                   controls::kOkOnly);
@@ -71,7 +71,7 @@ TEST_F(AccountCommands, ANewUserIsSelectedAndStandsInBothTrees) {
                                       data::SqlSelectUserPermissionNames(id),
                                       data::SqlSelectInheritedPermissions(id)},
                                      GroupRebuild(window)));
-    EXPECT_EQ(Selected(window, 0), Keys::User(id));
+    EXPECT_EQ(Selected(window, kUsersTree), Keys::User(id));
     EXPECT_EQ(window.exchange.UserID, id);
     EXPECT_TRUE(window.Users.cmdUser[kDeleteButton].Enabled());
     EXPECT_EQ(window.Users.accountCount, 40);
@@ -97,7 +97,7 @@ TEST_F(AccountCommands, AnAccountThatCannotBeCountedIsReportedAndShownAllTheSame
 
 TEST_F(AccountCommands, ANewGroupIsSelectedAndStandsInBothTrees) {
   Run([this](frmUserGroupPerm& window) {
-    user.ChooseTab(window.TabStrip1, 1);
+    user.ChooseTab(window.TabStrip1, kGroupsTree);
     ExpectDialog<dialogs::frmNewGroup>([this](dialogs::frmNewGroup& dialog) {
       user.Type(dialog.txtGroupName, L"Logistique");
       user.Type(dialog.txtDesc, U("Quai et dépôt"));
@@ -109,7 +109,7 @@ TEST_F(AccountCommands, ANewGroupIsSelectedAndStandsInBothTrees) {
     EXPECT_EQ(log.statements, Joined({data::SqlSelectGroup(id), data::SqlSelectGroupUsers(id),
                                       data::SqlSelectGroupPermissionNames(id)},
                                      UserRebuild(window)));
-    EXPECT_EQ(Selected(window, 1), Keys::Group(id));
+    EXPECT_EQ(Selected(window, kGroupsTree), Keys::Group(id));
     EXPECT_EQ(window.Groups.accountCount, 13);
     ExpectInStep(window);
   });
@@ -118,7 +118,7 @@ TEST_F(AccountCommands, ANewGroupIsSelectedAndStandsInBothTrees) {
 TEST_F(AccountCommands, AnEditedUserIsRenamedAndMovedInBothTrees) {
   Run([this](frmUserGroupPerm& window) {
     TreeView& users = window.Users.TreeView1;
-    Select(window, 0, Keys::OwnPermissions(9));
+    Select(window, kUsersTree, Keys::OwnPermissions(9));
     const controls::NodeId martin = users.Nodes().Find(Keys::User(9));
     ExpectDialog<dialogs::frmEditUser>([this](dialogs::frmEditUser& dialog) {
       EXPECT_EQ(dialog.UserID, 9);
@@ -138,14 +138,14 @@ TEST_F(AccountCommands, AnEditedUserIsRenamedAndMovedInBothTrees) {
     EXPECT_EQ(users.Nodes().Text(martin), U("Zola (Émile Zola)"));
     EXPECT_EQ(users.Nodes().StoredName(martin), L"Zola");
     EXPECT_TRUE(users.Nodes().Expanded(martin));
-    EXPECT_EQ(Selected(window, 0), Keys::OwnPermissions(9));
+    EXPECT_EQ(Selected(window, kUsersTree), Keys::OwnPermissions(9));
     ExpectInStep(window);
   });
 }
 
 TEST_F(AccountCommands, AnEditedGroupIsRenamedInBothTrees) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::Group(12));
+    Select(window, kGroupsTree, Keys::Group(12));
     ExpectDialog<dialogs::frmEditGroup>([this](dialogs::frmEditGroup& dialog) {
       EXPECT_EQ(dialog.GroupID, 12);
       user.Type(dialog.txtGroupName, L"Labo");
@@ -154,7 +154,7 @@ TEST_F(AccountCommands, AnEditedGroupIsRenamedInBothTrees) {
     EXPECT_EQ(log.statements,
               Joined({data::SqlSelectGroupUsers(12), data::SqlSelectGroupPermissionNames(12)},
                      UserRebuild(window)));
-    EXPECT_TRUE(Has(window, 0, Keys::GroupOfUser(9, 12)));
+    EXPECT_TRUE(Has(window, kUsersTree, Keys::GroupOfUser(9, 12)));
     NodeAt(window.Users.TreeView1,
            {L"Martin (Jean Martin)", L"Membre du Groupe", L"Labo (Mesures et essais)"});
     NodeAt(window.Groups.TreeView1, {L"Labo (Mesures et essais)"});
@@ -166,8 +166,8 @@ TEST_F(AccountCommands, AnAccountIsRenamedAlsoWhereAFolderThatWasOpenAndEmptyIsF
   Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 9");
   Raw().Execute("DELETE FROM QRGPRM WHERE GROUPID = 6");
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::User(9));
-    window.Users.TreeView1.SetExpanded(At(window, 0, Keys::OwnPermissions(9)), true);
+    Select(window, kUsersTree, Keys::User(9));
+    window.Users.TreeView1.SetExpanded(At(window, kUsersTree, Keys::OwnPermissions(9)), true);
     ExpectDialog<dialogs::frmEditUser>([this](dialogs::frmEditUser& dialog) {
       user.Type(dialog.txtUserName, L"Zola");
       user.Type(dialog.txtPassword, L"secret1");
@@ -175,10 +175,10 @@ TEST_F(AccountCommands, AnAccountIsRenamedAlsoWhereAFolderThatWasOpenAndEmptyIsF
       Toggle(dialog.List1[kPermissionsList], L"Consulter le stock");
     });
     user.Click(window.Users.cmdUser[kEditButton]);
-    EXPECT_EQ(window.Users.TreeView1.Nodes().Text(At(window, 0, Keys::User(9))),
+    EXPECT_EQ(window.Users.TreeView1.Nodes().Text(At(window, kUsersTree, Keys::User(9))),
               L"Zola (Jean Martin)");
-    Select(window, 1, Keys::Group(6));
-    window.Groups.TreeView1.SetExpanded(At(window, 1, Keys::GroupPermissions(6)), true);
+    Select(window, kGroupsTree, Keys::Group(6));
+    window.Groups.TreeView1.SetExpanded(At(window, kGroupsTree, Keys::GroupPermissions(6)), true);
     ExpectDialog<dialogs::frmEditGroup>([this](dialogs::frmEditGroup& dialog) {
       user.Type(dialog.txtGroupName, L"Labo");
       Toggle(dialog.List1[kPermissionsList], L"Consulter le stock");
@@ -191,7 +191,7 @@ TEST_F(AccountCommands, AnAccountIsRenamedAlsoWhereAFolderThatWasOpenAndEmptyIsF
 TEST_F(AccountCommands, EditingAdminRefreshesHisFoldersButNeitherHisTextNorTheGroups) {
   Run([this](frmUserGroupPerm& window) {
     Raw().Execute("UPDATE QRUSER SET FULLNAME = 'Somebody else wrote this' WHERE USERID = 1");
-    Select(window, 0, Keys::User(1));
+    Select(window, kUsersTree, Keys::User(1));
     ExpectDialog<dialogs::frmEditUser>([this](dialogs::frmEditUser& dialog) {
       EXPECT_FALSE(dialog.IsRemoveAdministrator);
       user.Type(dialog.txtPassword, L"secret1");
@@ -202,8 +202,8 @@ TEST_F(AccountCommands, EditingAdminRefreshesHisFoldersButNeitherHisTextNorTheGr
     EXPECT_EQ(log.statements,
               (Strings{data::SqlSelectUserGroups(1), data::SqlSelectUserPermissionNames(1),
                        data::SqlSelectInheritedPermissions(1)}));
-    EXPECT_TRUE(Has(window, 0, Keys::GroupOfUser(1, 6)));
-    EXPECT_FALSE(Has(window, 1, Keys::MemberOfGroup(6, 1)));
+    EXPECT_TRUE(Has(window, kUsersTree, Keys::GroupOfUser(1, 6)));
+    EXPECT_FALSE(Has(window, kGroupsTree, Keys::MemberOfGroup(6, 1)));
     NodeAt(window.Users.TreeView1, {L"Admin (Administrateur principal)"});
   });
 }
@@ -215,13 +215,13 @@ TEST_F(AccountCommands, CancellingADialogChangesNoNode) {
       user.PressKey(form, test_support::kKeyEscape);
       log.statements.clear();
     };
-    Select(window, 0, Keys::User(9));
+    Select(window, kUsersTree, Keys::User(9));
     for (const int Index : {kEditButton, kNewButton}) {
       user.ExpectModal(cancel);
       user.Click(window.Users.cmdUser[Index]);
       EXPECT_TRUE(log.statements.empty());
     }
-    Select(window, 1, Keys::Group(6));
+    Select(window, kGroupsTree, Keys::Group(6));
     for (const int Index : {kEditButton, kNewButton}) {
       user.ExpectModal(cancel);
       user.Click(window.Groups.cmdGroup[Index]);
@@ -234,7 +234,7 @@ TEST_F(AccountCommands, CancellingADialogChangesNoNode) {
 
 TEST_F(AccountCommands, AUserWhomSomebodyDeletedMeanwhileGoesFromTheTreesAndTheUserIsTold) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::User(9));
+    Select(window, kUsersTree, Keys::User(9));
     user.ExpectModal([this](controls::Form& form) {
       auto& dialog = dynamic_cast<dialogs::frmEditUser&>(form);
       user.Type(dialog.txtPassword, L"secret1");
@@ -245,7 +245,7 @@ TEST_F(AccountCommands, AUserWhomSomebodyDeletedMeanwhileGoesFromTheTreesAndTheU
     });
     user.Click(window.Users.cmdUser[kEditButton]);
     EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"Un autre administrateur"));
-    EXPECT_FALSE(Has(window, 0, Keys::User(9)));
+    EXPECT_FALSE(Has(window, kUsersTree, Keys::User(9)));
     EXPECT_EQ(Raw().Text("SELECT NAME FROM QRUSER WHERE USERID = 9"), "Martin(9)");
     ExpectInStep(window);
   });
@@ -253,7 +253,7 @@ TEST_F(AccountCommands, AUserWhomSomebodyDeletedMeanwhileGoesFromTheTreesAndTheU
 
 TEST_F(AccountCommands, AGroupWhomSomebodyDeletedBeforeGoesFromTheTreesInsteadOfBeingEdited) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::Group(6));
+    Select(window, kGroupsTree, Keys::Group(6));
     Raw().Execute("UPDATE QRGROUP SET NAME = 'Qualité(6)', VFLG = 'D' WHERE GROUPID = 6");
     user.ExpectMsgBox({.answer = controls::kResultOk, .style = controls::kInformation});
     user.Click(window.Groups.cmdGroup[kEditButton]);
@@ -272,7 +272,7 @@ TEST_F(AccountCommands, ANewUserIsSelectedAlsoWhereAnotherShowsTheSameText) {
     });
     user.Click(window.Users.cmdUser[kNewButton]);
     EXPECT_EQ(
-        Selected(window, 0),
+        Selected(window, kUsersTree),
         Keys::User(static_cast<std::int32_t>(Raw().Number("SELECT MAX(USERID) FROM QRUSER"))));
     ExpectInStep(window);
   });

@@ -144,7 +144,7 @@ class CommandFaults : public CommandTest {
   // What is seen of each node of both trees, without what stands above it.
   static TreeLines Lines(frmUserGroupPerm& window) {
     TreeLines lines;
-    for (const int tree : {0, 1}) {
+    for (const int tree : {kUsersTree, kGroupsTree}) {
       const controls::TreeNodes& nodes = window.Page(tree).TreeView1.Nodes();
       for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != controls::kNoNode;
            node = nodes.NextIndex(node)) {
@@ -243,7 +243,7 @@ class CommandFaults : public CommandTest {
     EXPECT_EQ(window.RefreshTree(), app::Outcome::kDone);
     test_support::WantedTrees wanted(window.accounts);
     wanted.Refresh(test_support::ReadTables(raw));
-    for (const int tree : {0, 1}) {
+    for (const int tree : {kUsersTree, kGroupsTree}) {
       int nodes = 0;
       for (const auto& [key, line] : wanted.Lines(tree)) {
         nodes += Has(window, tree, key.c_str()) ? 1 : 0;

@@ -21,7 +21,7 @@ class CommandFocus : public CommandTest {
 
 TEST_F(CommandFocus, GoesBackToTheTreeSoThatKeysWork) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::GroupOfUser(9, 12));
+    Select(window, kUsersTree, Keys::GroupOfUser(9, 12));
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer ce membre du groupe ?");
     user.Click(window.Users.cmdMemberOf[kRemoveButton]);
     EXPECT_TRUE(window.Users.TreeView1.HasFocus());
@@ -37,17 +37,17 @@ TEST_F(CommandFocus, GoesBackToTheTreeSoThatKeysWork) {
 
 TEST_F(CommandFocus, IsOnTheNodeThatTheCommandLeftSelected) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::MemberOfGroup(6, 15));
+    Select(window, kGroupsTree, Keys::MemberOfGroup(6, 15));
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce membre ?");
     user.Click(window.Groups.cmdMember[kRemoveButton]);
     EXPECT_TRUE(window.Groups.TreeView1.HasFocus());
-    const std::wstring next = Selected(window, 1);
+    const std::wstring next = Selected(window, kGroupsTree);
     EXPECT_NE(next, Keys::MemberOfGroup(6, 15));
-    EXPECT_EQ(window.Groups.TreeView1.Nodes().Parent(At(window, 1, next)),
-              At(window, 1, Keys::MembersOfGroup(6)));
+    EXPECT_EQ(window.Groups.TreeView1.Nodes().Parent(At(window, kGroupsTree, next)),
+              At(window, kGroupsTree, Keys::MembersOfGroup(6)));
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce membre ?");
     user.PressKey(window, controls::kKeyDelete);
-    EXPECT_FALSE(Has(window, 1, next));
+    EXPECT_FALSE(Has(window, kGroupsTree, next));
   });
 }
 
@@ -67,7 +67,7 @@ TEST_F(CommandFocus, IsOnANewAccount) {
 
 TEST_F(CommandFocus, GoesBackToTheTreeAfterARefreshByTheButton) {
   Run([this](frmUserGroupPerm& window) {
-    user.ChooseTab(window.TabStrip1, 1);
+    user.ChooseTab(window.TabStrip1, kGroupsTree);
     user.Click(window.cmdBtn[kRefreshButton]);
     EXPECT_TRUE(window.Groups.TreeView1.HasFocus());
   });

@@ -73,7 +73,7 @@ controls::NodeId CommandTest::At(frmUserGroupPerm& window, int tree, const std::
 // The order of siblings follows from their texts, which is for the tests of the control.
 Strings CommandTest::Look(frmUserGroupPerm& window) {
   Strings all;
-  for (const int tab : {0, 1}) {
+  for (const int tab : {kUsersTree, kGroupsTree}) {
     const TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
     for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != kNoNode;
          node = nodes.NextIndex(node)) {

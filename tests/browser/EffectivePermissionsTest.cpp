@@ -109,7 +109,7 @@ TEST_F(WhoHasWhat, IsAnsweredWithoutAnythingBeingSent) {
     const EffectivePermissions permissions(window.Users.TreeView1.Nodes(),
                                            window.Groups.TreeView1.Nodes());
     EXPECT_FALSE(permissions.HoldersOf(2).empty());
-    EXPECT_FALSE(permissions.PermissionsOf(At(window, 0, Keys::User(9))).empty());
+    EXPECT_FALSE(permissions.PermissionsOf(At(window, kUsersTree, Keys::User(9))).empty());
     EXPECT_TRUE(log.calls.empty());
   });
 }
@@ -128,16 +128,16 @@ TEST_F(AccountNames, AreTheTwoPartsOfWhatANodeShows) {
   Run([this](frmUserGroupPerm& window) {
     const TreeNodes& users = window.Users.TreeView1.Nodes();
     const TreeNodes& groups = window.Groups.TreeView1.Nodes();
-    const NodeId martin = At(window, 0, Keys::User(9));
+    const NodeId martin = At(window, kUsersTree, Keys::User(9));
     EXPECT_EQ(AccountName(users, martin), L"Martin");
     EXPECT_EQ(AccountAddition(users, martin), L"Jean (dit \"le grand\") Martin");
-    const NodeId plain = At(window, 0, Keys::User(10));
+    const NodeId plain = At(window, kUsersTree, Keys::User(10));
     EXPECT_EQ(AccountName(users, plain), users.Text(plain));
     EXPECT_EQ(AccountAddition(users, plain), L"");
-    const NodeId everyone = At(window, 1, Keys::Group(2));
+    const NodeId everyone = At(window, kGroupsTree, Keys::Group(2));
     EXPECT_EQ(AccountName(groups, everyone), L"Tout le monde");
     EXPECT_EQ(AccountAddition(groups, everyone), L"Tous les utilisateurs");
-    const NodeId laboratory = At(window, 1, Keys::Group(7));
+    const NodeId laboratory = At(window, kGroupsTree, Keys::Group(7));
     EXPECT_EQ(AccountName(groups, laboratory), L"Labo (A) (B)");
     EXPECT_EQ(AccountAddition(groups, laboratory), L"");
   });

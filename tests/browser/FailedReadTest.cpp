@@ -37,7 +37,7 @@ class FailedReads : public CommandTest {
   }
 
   void ExpectAccountButtons(frmUserGroupPerm& window, bool edit, bool create) {
-    for (const int tab : {0, 1}) {
+    for (const int tab : {kUsersTree, kGroupsTree}) {
       const AccountPage& page = window.Page(tab);
       EXPECT_EQ(page.cmdAccount[kEditButton].Enabled(), edit) << tab;
       EXPECT_EQ(page.cmdAccount[kNewButton].Enabled(), create) << tab;
@@ -53,12 +53,12 @@ TEST_F(FailedReads, OfARefreshSwitchEditAndNewOffOnBothTabsUntilOneSucceeds) {
     FailToRefresh(window, data::SqlSelectAllUsers());
     EXPECT_EQ(window.Users.TreeView1.Nodes().Count(), 1);
     EXPECT_EQ(window.lblStatus.Caption(), Text(app::kAccountsIncomplete));
-    Select(window, 1, Keys::Group(6));
+    Select(window, kGroupsTree, Keys::Group(6));
     ExpectAccountButtons(window, false, false);
     EXPECT_TRUE(window.Groups.cmdGroup[kDeleteButton].Enabled());
     user.Click(window.cmdBtn[kRefreshButton]);
     ExpectAccountButtons(window, false, true);
-    Select(window, 0, Keys::User(9));
+    Select(window, kUsersTree, Keys::User(9));
     EXPECT_TRUE(window.Users.cmdUser[kEditButton].Enabled());
     EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 12 groupes, 30 permissions");
   });
@@ -67,17 +67,17 @@ TEST_F(FailedReads, OfARefreshSwitchEditAndNewOffOnBothTabsUntilOneSucceeds) {
 TEST_F(FailedReads, OfARefreshKeepAccountsFromBeingEditedOrMadePastTheButtonsToo) {
   Run([this](frmUserGroupPerm& window) {
     FailToRefresh(window, data::SqlSelectGroupUsers(6));
-    Select(window, 0, Keys::User(9));
+    Select(window, kUsersTree, Keys::User(9));
     user.PressKey(window, controls::kKeyF2);
     for (const int Index : {kEditButton, kNewButton}) window.Users.cmdUser_Click(Index);
-    Select(window, 1, Keys::Group(1));
+    Select(window, kGroupsTree, Keys::Group(1));
     for (const int Index : {kEditButton, kNewButton}) window.Groups.cmdGroup_Click(Index);
   });
 }
 
 TEST_F(FailedReads, OfAFolderLeaveEditAndNewOn) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::GroupOfUser(9, 12));
+    Select(window, kUsersTree, Keys::GroupOfUser(9, 12));
     FailFrom(data::SqlSelectInheritedPermissions(9));
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce membre du groupe ?");
     user.ExpectMsgBox(controls::kResultOk);
@@ -104,7 +104,7 @@ TEST_F(FailedReads, OfANewAccountSwitchEditAndNewOff) {
       user.ExpectMsgBox(controls::kResultOk);
       user.Click(dialog.cmdOK);
     });
-    user.ChooseTab(window.TabStrip1, 1);
+    user.ChooseTab(window.TabStrip1, kGroupsTree);
     user.Click(window.Groups.cmdGroup[kNewButton]);
     log.FailAt = {};
     EXPECT_TRUE(user.SeenBoxes().back().prompt.starts_with(L"GroupNode Error [1234]"));
@@ -133,7 +133,7 @@ TEST_F(FailedReads, OfARefreshAreReportedOnceTheTransactionIsOver) {
 
 TEST_F(FailedReads, OfAllAccountsAreReportedOnceTheTransactionIsOver) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::MemberOfGroup(6, 15));
+    Select(window, kGroupsTree, Keys::MemberOfGroup(6, 15));
     WatchBoxes();
     FailFrom(data::SqlSelectUserGroups(9));
     user.Click(window.Groups.cmdMember[kRemoveButton]);

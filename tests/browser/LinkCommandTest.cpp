@@ -54,7 +54,7 @@ class LinkAssignment : public CommandTest {
 
 TEST_F(LinkAssignment, OfGroupsToAUserWritesThemAndUpdatesHimAndEveryGroup) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::GroupsOfUser(9));
+    Select(window, kUsersTree, Keys::GroupsOfUser(9));
     log.statements.clear();
     ExpectChooser(L"Groupes", L"Membre du Groupe", 9, {6, 3});
     user.Click(window.Users.cmdMemberOf[kAssignButton]);
@@ -65,16 +65,16 @@ TEST_F(LinkAssignment, OfGroupsToAUserWritesThemAndUpdatesHimAndEveryGroup) {
                      GroupRebuild(window)));
     EXPECT_EQ(Raw().Rows("SELECT GROUPID FROM QRUSGP WHERE USERID = 9 ORDER BY 1"),
               (Rows{{"2"}, {"3"}, {"6"}, {"7"}, {"12"}}));
-    EXPECT_TRUE(Has(window, 0, Keys::GroupOfUser(9, 6)));
-    EXPECT_TRUE(Has(window, 0, Keys::AnyPermission(9, 23)));
-    EXPECT_TRUE(Has(window, 1, Keys::MemberOfGroup(6, 9)));
+    EXPECT_TRUE(Has(window, kUsersTree, Keys::GroupOfUser(9, 6)));
+    EXPECT_TRUE(Has(window, kUsersTree, Keys::AnyPermission(9, 23)));
+    EXPECT_TRUE(Has(window, kGroupsTree, Keys::MemberOfGroup(6, 9)));
     ExpectInStep(window);
   });
 }
 
 TEST_F(LinkAssignment, OfPermissionsToAUserWritesThemAndUpdatesHisFolders) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::OwnPermissions(9));
+    Select(window, kUsersTree, Keys::OwnPermissions(9));
     log.statements.clear();
     ExpectChooser(L"Permissions", L"Droits Utilisateur", 9, {16, 30});
     user.Click(window.Users.cmdUserPermission[kAssignButton]);
@@ -85,14 +85,14 @@ TEST_F(LinkAssignment, OfPermissionsToAUserWritesThemAndUpdatesHisFolders) {
                  data::SqlSelectUserPermissionNames(9), data::SqlSelectInheritedPermissions(9)}));
     EXPECT_EQ(Raw().Rows("SELECT PERMID FROM QRUPRM WHERE USERID = 9 ORDER BY 1"),
               (Rows{{"14"}, {"16"}, {"20"}, {"30"}}));
-    EXPECT_TRUE(Has(window, 0, Keys::AnyPermission(9, 30)));
+    EXPECT_TRUE(Has(window, kUsersTree, Keys::AnyPermission(9, 30)));
     ExpectInStep(window);
   });
 }
 
 TEST_F(LinkAssignment, OfMembersToAGroupAddsThemAndUpdatesItAndEveryUser) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::MembersOfGroup(6));
+    Select(window, kGroupsTree, Keys::MembersOfGroup(6));
     log.statements.clear();
     ExpectMembersChooser({9, 40}, [](dialogs::frmAddUserInGroup& dialog) {
       EXPECT_TRUE(dialog.IsRemoveAdmin);
@@ -110,15 +110,15 @@ TEST_F(LinkAssignment, OfMembersToAGroupAddsThemAndUpdatesItAndEveryUser) {
                      Joined({data::SqlSelectGroupUsers(6)}, UserRebuild(window))));
     EXPECT_EQ(Raw().Rows("SELECT USERID FROM QRUSGP WHERE GROUPID = 6 ORDER BY 1"),
               (Rows{{"9"}, {"15"}, {"21"}, {"34"}, {"38"}, {"40"}}));
-    EXPECT_TRUE(Has(window, 1, Keys::MemberOfGroup(6, 9)));
-    EXPECT_TRUE(Has(window, 0, Keys::AnyPermission(40, 23)));
+    EXPECT_TRUE(Has(window, kGroupsTree, Keys::MemberOfGroup(6, 9)));
+    EXPECT_TRUE(Has(window, kUsersTree, Keys::AnyPermission(40, 23)));
     ExpectInStep(window);
   });
 }
 
 TEST_F(LinkAssignment, OfPermissionsToAGroupAddsThemAndUpdatesEveryUsersPermissions) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::GroupPermissions(6));
+    Select(window, kGroupsTree, Keys::GroupPermissions(6));
     log.statements.clear();
     ExpectChooser(L"Permissions", L"Droits du Groupe", 6, {30});
     user.Click(window.Groups.cmdGroupPermission[kAssignButton]);
@@ -130,7 +130,7 @@ TEST_F(LinkAssignment, OfPermissionsToAGroupAddsThemAndUpdatesEveryUsersPermissi
     EXPECT_EQ(Raw().Number("SELECT COUNT(*) FROM QRGPRM WHERE GROUPID = 6 AND PERMID = 30"), 1);
     for (const std::wstring& key :
          {Keys::AnyPermission(15, 30), Keys::AnyPermission(21, 30), Keys::AnyPermission(38, 30)}) {
-      EXPECT_TRUE(Has(window, 0, key));
+      EXPECT_TRUE(Has(window, kUsersTree, key));
     }
     ExpectInStep(window);
   });
@@ -138,7 +138,7 @@ TEST_F(LinkAssignment, OfPermissionsToAGroupAddsThemAndUpdatesEveryUsersPermissi
 
 TEST_F(LinkAssignment, TellsTheMembersDialogThatAdminStaysInAdministrators) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::Group(1));
+    Select(window, kGroupsTree, Keys::Group(1));
     ExpectMembersChooser({9}, [this](dialogs::frmAddUserInGroup& dialog) {
       EXPECT_FALSE(dialog.IsRemoveAdmin);
       EXPECT_EQ(dialog.adminUserId, 1);
@@ -155,7 +155,7 @@ TEST_F(LinkAssignment, TellsTheMembersDialogThatAdminStaysInAdministrators) {
 
 TEST_F(LinkAssignment, ThatEmptiesAGroupTakesEveryMembershipOfIt) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::MemberOfGroup(6, 15));
+    Select(window, kGroupsTree, Keys::MemberOfGroup(6, 15));
     ExpectMembersChooser({}, [this](dialogs::frmAddUserInGroup& dialog) {
       user.Click(dialog.cmdBtn[kTakeAllButton]);
       log.statements.clear();
@@ -164,7 +164,7 @@ TEST_F(LinkAssignment, ThatEmptiesAGroupTakesEveryMembershipOfIt) {
     EXPECT_EQ(log.statements, Joined({L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID =  6",
                                       data::SqlSelectGroupUsers(6)},
                                      UserRebuild(window)));
-    EXPECT_EQ(Selected(window, 1), Keys::MembersOfGroup(6));
+    EXPECT_EQ(Selected(window, kGroupsTree), Keys::MembersOfGroup(6));
     EXPECT_FALSE(window.Groups.cmdMember[kRemoveButton].Enabled());
     ExpectInStep(window);
   });
@@ -177,20 +177,22 @@ TEST_F(LinkAssignment, KeepsSelectionAndExpansion) {
     controls::CommandButton* (*button)(frmUserGroupPerm& window);
   };
   const Case cases[] = {
-      {0, Keys::GroupOfUser(9, 7),
+      {kUsersTree, Keys::GroupOfUser(9, 7),
        [](frmUserGroupPerm& w) { return &w.Users.cmdMemberOf[kAssignButton]; }},
-      {0, Keys::OwnPermission(9, 14),
+      {kUsersTree, Keys::OwnPermission(9, 14),
        [](frmUserGroupPerm& w) { return &w.Users.cmdUserPermission[kAssignButton]; }},
-      {1, Keys::GroupPermission(6, 21),
+      {kGroupsTree, Keys::GroupPermission(6, 21),
        [](frmUserGroupPerm& w) { return &w.Groups.cmdGroupPermission[kAssignButton]; }},
-      {0, Keys::User(3), [](frmUserGroupPerm& w) { return &w.Users.cmdMemberOf[kAssignButton]; }},
-      {0, Keys::User(3),
+      {kUsersTree, Keys::User(3),
+       [](frmUserGroupPerm& w) { return &w.Users.cmdMemberOf[kAssignButton]; }},
+      {kUsersTree, Keys::User(3),
        [](frmUserGroupPerm& w) { return &w.Users.cmdUserPermission[kAssignButton]; }},
-      {1, Keys::Group(12),
+      {kGroupsTree, Keys::Group(12),
        [](frmUserGroupPerm& w) { return &w.Groups.cmdGroupPermission[kAssignButton]; }},
-      {1, Keys::MemberOfGroup(6, 34),
+      {kGroupsTree, Keys::MemberOfGroup(6, 34),
        [](frmUserGroupPerm& w) { return &w.Groups.cmdMember[kAssignButton]; }},
-      {1, Keys::Group(12), [](frmUserGroupPerm& w) { return &w.Groups.cmdMember[kAssignButton]; }},
+      {kGroupsTree, Keys::Group(12),
+       [](frmUserGroupPerm& w) { return &w.Groups.cmdMember[kAssignButton]; }},
   };
   for (const Case& test : cases) {
     UseSample();
@@ -245,10 +247,11 @@ TEST_F(LinkAssignment, OfNothingTickedOrCancelledChangesNoNode) {
       user.Click(button);
       EXPECT_TRUE(log.statements.empty());
     };
-    nothing(0, Keys::GroupsOfUser(9), window.Users.cmdMemberOf[kAssignButton]);
-    nothing(0, Keys::OwnPermissions(9), window.Users.cmdUserPermission[kAssignButton]);
-    nothing(1, Keys::GroupPermissions(6), window.Groups.cmdGroupPermission[kAssignButton]);
-    Select(window, 1, Keys::MembersOfGroup(6));
+    nothing(kUsersTree, Keys::GroupsOfUser(9), window.Users.cmdMemberOf[kAssignButton]);
+    nothing(kUsersTree, Keys::OwnPermissions(9), window.Users.cmdUserPermission[kAssignButton]);
+    nothing(kGroupsTree, Keys::GroupPermissions(6),
+            window.Groups.cmdGroupPermission[kAssignButton]);
+    Select(window, kGroupsTree, Keys::MembersOfGroup(6));
     user.ExpectModal([this](controls::Form& form) {
       user.PressKey(form, test_support::kKeyEscape);
       log.statements.clear();
@@ -264,7 +267,7 @@ TEST_F(LinkAssignment, WithoutAnAccountOpensNothing) {
     log.statements.clear();
     window.Users.cmdMemberOf_Click(kAssignButton);
     window.Users.cmdUserPermission_Click(kAssignButton);
-    user.ChooseTab(window.TabStrip1, 1);
+    user.ChooseTab(window.TabStrip1, kGroupsTree);
     window.Groups.cmdMember_Click(kAssignButton);
     window.Groups.cmdGroupPermission_Click(kAssignButton);
     EXPECT_TRUE(log.statements.empty());
@@ -273,7 +276,7 @@ TEST_F(LinkAssignment, WithoutAnAccountOpensNothing) {
 
 TEST_F(LinkAssignment, ForgetsWhatAnEarlierDialogHasHandedBack) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::User(9));
+    Select(window, kUsersTree, Keys::User(9));
     window.exchange.AddNode = true;
     user.ExpectModal([](controls::Form& form) { form.Unload(); });
     user.Click(window.Users.cmdMemberOf[kAssignButton]);
@@ -283,30 +286,30 @@ TEST_F(LinkAssignment, ForgetsWhatAnEarlierDialogHasHandedBack) {
 
 TEST_F(LinkAssignment, OnTheUsersTabBringsBackInStepWhatARemovalThereHadLeft) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::GroupOfUser(9, 12));
+    Select(window, kUsersTree, Keys::GroupOfUser(9, 12));
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce membre du groupe ?");
     user.Click(window.Users.cmdMemberOf[kRemoveButton]);
-    EXPECT_TRUE(Has(window, 1, Keys::MemberOfGroup(12, 9)));
+    EXPECT_TRUE(Has(window, kGroupsTree, Keys::MemberOfGroup(12, 9)));
     ExpectChooser(L"Groupes", L"Membre du Groupe", 9, {6});
     user.Click(window.Users.cmdMemberOf[kAssignButton]);
-    EXPECT_FALSE(Has(window, 1, Keys::MemberOfGroup(12, 9)));
+    EXPECT_FALSE(Has(window, kGroupsTree, Keys::MemberOfGroup(12, 9)));
     ExpectInStep(window);
   });
 }
 
 TEST_F(LinkAssignment, OfAGroupToAdminIsNoEditOfHimAndShowsInBothTrees) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::User(1));
+    Select(window, kUsersTree, Keys::User(1));
     ExpectChooser(L"Groupes", L"Membre du Groupe", 1, {6});
     user.Click(window.Users.cmdMemberOf[kAssignButton]);
-    EXPECT_TRUE(Has(window, 1, Keys::MemberOfGroup(6, 1)));
+    EXPECT_TRUE(Has(window, kGroupsTree, Keys::MemberOfGroup(6, 1)));
     ExpectInStep(window);
   });
 }
 
 TEST_F(LinkAssignment, OfALinkThatSomebodyElseHasMadeMeanwhileIsReportedAndKeepsWhatWasWritten) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::User(9));
+    Select(window, kUsersTree, Keys::User(9));
     const Strings before = Look(window);
     user.ExpectModal([this](controls::Form& form) {
       auto& dialog = dynamic_cast<dialogs::frmListItem&>(form);
@@ -321,7 +324,7 @@ TEST_F(LinkAssignment, OfALinkThatSomebodyElseHasMadeMeanwhileIsReportedAndKeeps
     EXPECT_EQ(Look(window), before);
     EXPECT_EQ(Raw().Number("SELECT COUNT(*) FROM QRUSGP WHERE USERID = 9 AND GROUPID = 3"), 1);
     EXPECT_EQ(window.RefreshTree(), app::Outcome::kDone);
-    EXPECT_TRUE(Has(window, 0, Keys::GroupOfUser(9, 3)));
+    EXPECT_TRUE(Has(window, kUsersTree, Keys::GroupOfUser(9, 3)));
   });
 }
 

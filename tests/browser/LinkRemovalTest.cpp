@@ -115,29 +115,30 @@ TEST_F(LinkRemoval, OfAMembershipOnTheUsersTabUpdatesThatUsersPermissionsAndNotT
   Run([this](frmUserGroupPerm& window) {
     const Removal& membership = kRemovals[0];
     const Strings groups =
-        ChildTexts(window.Groups.TreeView1, At(window, 1, Keys::MembersOfGroup(12)));
+        ChildTexts(window.Groups.TreeView1, At(window, kGroupsTree, Keys::MembersOfGroup(12)));
     // 20 is Martin's own, too; without that it would come from the group alone.
     Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 9 AND PERMID = 20");
     Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (8, 12)");
     EXPECT_EQ(window.RefreshTree(), app::Outcome::kDone);
-    EXPECT_TRUE(Has(window, 0, Keys::AnyPermission(9, 20)));
+    EXPECT_TRUE(Has(window, kUsersTree, Keys::AnyPermission(9, 20)));
     Remove(window, membership);
-    EXPECT_FALSE(Has(window, 0, Keys::AnyPermission(9, 20)));
-    EXPECT_TRUE(Has(window, 0, Keys::AnyPermission(8, 20)));
-    EXPECT_TRUE(Has(window, 1, Keys::MemberOfGroup(12, 9)));
-    EXPECT_EQ(ChildTexts(window.Groups.TreeView1, At(window, 1, Keys::MembersOfGroup(12))).size(),
+    EXPECT_FALSE(Has(window, kUsersTree, Keys::AnyPermission(9, 20)));
+    EXPECT_TRUE(Has(window, kUsersTree, Keys::AnyPermission(8, 20)));
+    EXPECT_TRUE(Has(window, kGroupsTree, Keys::MemberOfGroup(12, 9)));
+    EXPECT_EQ(ChildTexts(window.Groups.TreeView1, At(window, kGroupsTree, Keys::MembersOfGroup(12)))
+                  .size(),
               groups.size() + 1);
     user.Click(window.cmdBtn[kRefreshButton]);
-    EXPECT_FALSE(Has(window, 1, Keys::MemberOfGroup(12, 9)));
+    EXPECT_FALSE(Has(window, kGroupsTree, Keys::MemberOfGroup(12, 9)));
   });
 }
 
 TEST_F(LinkRemoval, OfThatSameMembershipOnTheGroupsTabUpdatesTheUsersAtOnce) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::MemberOfGroup(12, 9));
+    Select(window, kGroupsTree, Keys::MemberOfGroup(12, 9));
     ExpectQuestion(kResultYes, kAskMember);
     user.Click(window.Groups.cmdMember[kRemoveButton]);
-    EXPECT_FALSE(Has(window, 0, Keys::GroupOfUser(9, 12)));
+    EXPECT_FALSE(Has(window, kUsersTree, Keys::GroupOfUser(9, 12)));
     ExpectInStep(window);
   });
 }
@@ -146,24 +147,25 @@ TEST_F(LinkRemoval, OfAGroupsPermissionTakesItFromEveryUserWhoHadItThroughThatGr
   Run([this](frmUserGroupPerm& window) {
     for (const std::wstring& key : {Keys::AnyPermission(15, 21), Keys::AnyPermission(34, 21),
                                     Keys::AnyPermission(38, 21), Keys::AnyPermission(21, 21)}) {
-      EXPECT_TRUE(Has(window, 0, key));
+      EXPECT_TRUE(Has(window, kUsersTree, key));
     }
     Remove(window, kRemovals[3]);
     for (const std::wstring& key :
          {Keys::AnyPermission(15, 21), Keys::AnyPermission(34, 21), Keys::AnyPermission(38, 21)}) {
-      EXPECT_FALSE(Has(window, 0, key));
+      EXPECT_FALSE(Has(window, kUsersTree, key));
     }
     // Guérin holds it himself as well.
-    EXPECT_TRUE(Has(window, 0, Keys::AnyPermission(21, 21)));
+    EXPECT_TRUE(Has(window, kUsersTree, Keys::AnyPermission(21, 21)));
   });
 }
 
 TEST_F(LinkRemoval, OfAUsersPermissionLeavesItAmongAllWhereAGroupGivesIt) {
   Run([this](frmUserGroupPerm& window) {
     Remove(window, kRemovals[1]);
-    EXPECT_TRUE(Has(window, 0, Keys::AnyPermission(9, 14)));
-    EXPECT_EQ(user.TipOf(window.Users.TreeView1, At(window, 0, Keys::AnyPermission(9, 14))),
-              L"Par le groupe Production");
+    EXPECT_TRUE(Has(window, kUsersTree, Keys::AnyPermission(9, 14)));
+    EXPECT_EQ(
+        user.TipOf(window.Users.TreeView1, At(window, kUsersTree, Keys::AnyPermission(9, 14))),
+        L"Par le groupe Production");
   });
 }
 
@@ -269,8 +271,8 @@ TEST_F(LinkRemoval, ShowsInTheReadFolderWhatElseSomebodyHasChangedThere) {
     ExpectQuestion(kResultYes, kAskMember);
     ExpectChangedMeanwhile();
     Press(window, kRemovals[2]);
-    EXPECT_TRUE(Has(window, 1, Keys::MemberOfGroup(6, 9)));
-    EXPECT_TRUE(Has(window, 0, Keys::GroupOfUser(9, 6)));
+    EXPECT_TRUE(Has(window, kGroupsTree, Keys::MemberOfGroup(6, 9)));
+    EXPECT_TRUE(Has(window, kUsersTree, Keys::GroupOfUser(9, 6)));
     ExpectInStep(window);
   });
 }
@@ -278,16 +280,17 @@ TEST_F(LinkRemoval, ShowsInTheReadFolderWhatElseSomebodyHasChangedThere) {
 TEST_F(LinkRemoval, PassesTheSelectionToTheNextLinkAndKeepsTheFoldersOpen) {
   Run([this](frmUserGroupPerm& window) {
     Remove(window, kRemovals[0]);
-    EXPECT_EQ(Selected(window, 0), Keys::GroupOfUser(9, 7));
+    EXPECT_EQ(Selected(window, kUsersTree), Keys::GroupOfUser(9, 7));
     EXPECT_TRUE(window.Users.cmdMemberOf[kRemoveButton].Enabled());
-    EXPECT_TRUE(window.Users.TreeView1.Nodes().Expanded(At(window, 0, Keys::User(9))));
-    EXPECT_TRUE(window.Users.TreeView1.Nodes().Expanded(At(window, 0, Keys::GroupsOfUser(9))));
+    EXPECT_TRUE(window.Users.TreeView1.Nodes().Expanded(At(window, kUsersTree, Keys::User(9))));
+    EXPECT_TRUE(
+        window.Users.TreeView1.Nodes().Expanded(At(window, kUsersTree, Keys::GroupsOfUser(9))));
     EXPECT_EQ(window.exchange.UserID, 9);
     EXPECT_EQ(window.exchange.GroupID, 7);
     ExpectQuestion(kResultYes, kAskMembership);
     user.Click(window.Users.cmdMemberOf[kRemoveButton]);
     // Nobody leaves Everyone, which is left.
-    EXPECT_EQ(Selected(window, 0), Keys::GroupOfUser(9, 2));
+    EXPECT_EQ(Selected(window, kUsersTree), Keys::GroupOfUser(9, 2));
     EXPECT_FALSE(window.Users.cmdMemberOf[kRemoveButton].Enabled());
   });
 }
@@ -296,7 +299,7 @@ TEST_F(LinkRemoval, OfTheLastLinkPassesTheSelectionToTheFolder) {
   Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 9 AND PERMID = 20");
   Run([this](frmUserGroupPerm& window) {
     Remove(window, kRemovals[1]);
-    EXPECT_EQ(Selected(window, 0), Keys::OwnPermissions(9));
+    EXPECT_EQ(Selected(window, kUsersTree), Keys::OwnPermissions(9));
     EXPECT_FALSE(window.Users.cmdUserPermission[kRemoveButton].Enabled());
     EXPECT_EQ(window.Users.selectedPermId, -1);
     ExpectInStep(window);
@@ -305,20 +308,21 @@ TEST_F(LinkRemoval, OfTheLastLinkPassesTheSelectionToTheFolder) {
 
 TEST_F(LinkRemoval, KeepsTheOtherTabsSelectionWhereItsNodeIsStillThere) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::AnyPermission(15, 20));
+    Select(window, kUsersTree, Keys::AnyPermission(15, 20));
     Remove(window, kRemovals[3]);
-    EXPECT_EQ(Selected(window, 0), Keys::AnyPermission(15, 20));
-    EXPECT_TRUE(window.Users.TreeView1.Nodes().Expanded(At(window, 0, Keys::AllPermissions(15))));
+    EXPECT_EQ(Selected(window, kUsersTree), Keys::AnyPermission(15, 20));
+    EXPECT_TRUE(
+        window.Users.TreeView1.Nodes().Expanded(At(window, kUsersTree, Keys::AllPermissions(15))));
   });
 }
 
 TEST_F(LinkRemoval, SetsTheOtherTabsButtonsForWhatItsSelectionHasPassedTo) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::GroupOfUser(15, 6));
+    Select(window, kUsersTree, Keys::GroupOfUser(15, 6));
     EXPECT_TRUE(window.Users.cmdMemberOf[kRemoveButton].Enabled());
     Remove(window, kRemovals[2]);
-    EXPECT_EQ(Selected(window, 0), Keys::GroupOfUser(15, 2));
-    user.ChooseTab(window.TabStrip1, 0);
+    EXPECT_EQ(Selected(window, kUsersTree), Keys::GroupOfUser(15, 2));
+    user.ChooseTab(window.TabStrip1, kUsersTree);
     EXPECT_FALSE(window.Users.cmdMemberOf[kRemoveButton].Enabled());
   });
 }
@@ -326,13 +330,13 @@ TEST_F(LinkRemoval, SetsTheOtherTabsButtonsForWhatItsSelectionHasPassedTo) {
 TEST_F(LinkRemoval, OfAdminFromAdministratorsIsRefusedBeforeAnythingIsAsked) {
   Run([this](frmUserGroupPerm& window) {
     const Strings before = Look(window);
-    Select(window, 1, Keys::MemberOfGroup(1, 1));
+    Select(window, kGroupsTree, Keys::MemberOfGroup(1, 1));
     log.statements.clear();
     ExpectWarning(
         L"Impossible de supprimer l'utilisateur de 'Admin (Administrateur principal)' le groupe.",
         kInformation);
     user.Click(window.Groups.cmdMember[kRemoveButton]);
-    Select(window, 0, Keys::GroupOfUser(1, 1));
+    Select(window, kUsersTree, Keys::GroupOfUser(1, 1));
     EXPECT_FALSE(window.Users.cmdMemberOf[kRemoveButton].Enabled());
     window.Users.cmdMemberOf_Click(kRemoveButton);
     EXPECT_TRUE(log.statements.empty());
@@ -343,7 +347,7 @@ TEST_F(LinkRemoval, OfAdminFromAdministratorsIsRefusedBeforeAnythingIsAsked) {
 
 TEST_F(LinkRemoval, OfAnotherMemberOfAdministratorsIsAllowed) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::MemberOfGroup(1, 2));
+    Select(window, kGroupsTree, Keys::MemberOfGroup(1, 2));
     ExpectQuestion(kResultYes, kAskMember);
     user.Click(window.Groups.cmdMember[kRemoveButton]);
     EXPECT_EQ(Raw().Rows("SELECT USERID FROM QRUSGP WHERE GROUPID = 1"), (Rows{{"1"}}));
@@ -354,10 +358,10 @@ TEST_F(LinkRemoval, OfAnotherMemberOfAdministratorsIsAllowed) {
 TEST_F(LinkRemoval, OfAdminFromAnOrdinaryGroupIsAllowed) {
   Raw().Execute("INSERT INTO QRUSGP (USERID, GROUPID) VALUES (1, 6)");
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::MemberOfGroup(6, 1));
+    Select(window, kGroupsTree, Keys::MemberOfGroup(6, 1));
     ExpectQuestion(kResultYes, kAskMember);
     user.Click(window.Groups.cmdMember[kRemoveButton]);
-    EXPECT_FALSE(Has(window, 0, Keys::GroupOfUser(1, 6)));
+    EXPECT_FALSE(Has(window, kUsersTree, Keys::GroupOfUser(1, 6)));
     ExpectInStep(window);
   });
 }
@@ -367,11 +371,11 @@ TEST_F(LinkRemoval, OfAdminFromAnOrdinaryGroupIsAllowed) {
 TEST_F(LinkRemoval, OfAMemberWhomTheUsersTabHasTakenOutAlreadyReadsTheFolderAgain) {
   Run([this](frmUserGroupPerm& window) {
     Remove(window, kRemovals[0]);
-    Select(window, 1, Keys::MemberOfGroup(12, 9));
+    Select(window, kGroupsTree, Keys::MemberOfGroup(12, 9));
     ExpectQuestion(kResultYes, kAskMember);
     ExpectChangedMeanwhile();
     user.Click(window.Groups.cmdMember[kRemoveButton]);
-    EXPECT_FALSE(Has(window, 1, Keys::MemberOfGroup(12, 9)));
+    EXPECT_FALSE(Has(window, kGroupsTree, Keys::MemberOfGroup(12, 9)));
     ExpectInStep(window);
   });
 }

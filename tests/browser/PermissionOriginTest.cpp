@@ -14,7 +14,7 @@ using test_support::Keys;
 class PermissionOrigins : public CommandTest {
  protected:
   std::wstring Tip(frmUserGroupPerm& window, const std::wstring& key) {
-    const controls::NodeId node = At(window, 0, key);
+    const controls::NodeId node = At(window, kUsersTree, key);
     EXPECT_NE(node, controls::kNoNode);
     return user.TipOf(window.Users.TreeView1, node);
   }
@@ -69,7 +69,7 @@ TEST_F(PermissionOrigins, AGroupWhoseNameHoldsAPlaceholderIsNamedAsItIs) {
   Raw().Execute("UPDATE QRGROUP SET NAME = '%1 & %2 \"x\"', DESCR = NULL WHERE GROUPID = 7");
   Run([this](frmUserGroupPerm& window) {
     EXPECT_EQ(Tip(window, Keys::AnyPermission(9, 16)), L"Par le groupe %1 & %2 \"x\"");
-    Select(window, 0, Keys::AnyPermission(9, 16));
+    Select(window, kUsersTree, Keys::AnyPermission(9, 16));
     EXPECT_EQ(window.lblStatus.Caption(), L"Par le groupe %1 & %2 \"x\"");
   });
 }
@@ -77,7 +77,7 @@ TEST_F(PermissionOrigins, AGroupWhoseNameHoldsAPlaceholderIsNamedAsItIs) {
 // The trees may be out of step until the next refresh.
 TEST_F(PermissionOrigins, WhatTheTreesDoNotTellIsSaidToBeUnknown) {
   Run([this](frmUserGroupPerm& window) {
-    window.Groups.TreeView1.Remove(At(window, 1, Keys::GroupPermission(7, 16)));
+    window.Groups.TreeView1.Remove(At(window, kGroupsTree, Keys::GroupPermission(7, 16)));
     EXPECT_EQ(Tip(window, Keys::AnyPermission(9, 16)),
               L"Origine inconnue : cliquez sur Rafraîchir.");
   });
@@ -99,21 +99,21 @@ TEST_F(PermissionOrigins, AreKnownWithoutAnythingBeingSent) {
   Run([this](frmUserGroupPerm& window) {
     log.calls.clear();
     Tip(window, Keys::AnyPermission(9, 16));
-    Select(window, 0, Keys::AnyPermission(9, 14));
+    Select(window, kUsersTree, Keys::AnyPermission(9, 14));
     EXPECT_TRUE(log.calls.empty());
   });
 }
 
 TEST_F(PermissionOrigins, TheStatusLineShowsThatOfTheSelectedPermission) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::AnyPermission(3, 11));
+    Select(window, kUsersTree, Keys::AnyPermission(3, 11));
     EXPECT_EQ(window.lblStatus.Caption(), L"Accordée directement");
-    Select(window, 0, Keys::AllPermissions(3));
+    Select(window, kUsersTree, Keys::AllPermissions(3));
     EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 12 groupes, 30 permissions");
-    Select(window, 0, Keys::AnyPermission(3, 11));
-    Select(window, 1, Keys::Group(6));
+    Select(window, kUsersTree, Keys::AnyPermission(3, 11));
+    Select(window, kGroupsTree, Keys::Group(6));
     EXPECT_EQ(window.lblStatus.Caption(), L"39 utilisateurs, 12 groupes, 30 permissions");
-    user.ChooseTab(window.TabStrip1, 0);
+    user.ChooseTab(window.TabStrip1, kUsersTree);
     EXPECT_EQ(window.lblStatus.Caption(), L"Accordée directement");
   });
 }
@@ -122,7 +122,7 @@ TEST_F(PermissionOrigins, FollowACommandAtOnce) {
   Run([this](frmUserGroupPerm& window) {
     EXPECT_EQ(Tip(window, Keys::AnyPermission(9, 20)),
               L"Accordée directement et par le groupe Laboratoire");
-    Select(window, 0, Keys::GroupOfUser(9, 12));
+    Select(window, kUsersTree, Keys::GroupOfUser(9, 12));
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce membre du groupe ?");
     user.Click(window.Users.cmdMemberOf[kRemoveButton]);
     EXPECT_EQ(Tip(window, Keys::AnyPermission(9, 20)), L"Accordée directement");
@@ -135,7 +135,7 @@ TEST_F(PermissionOrigins, WhatAnErrorHasLeftOutComesFirstInTheStatusLine) {
     user.ExpectMsgBox(controls::kResultOk);
     EXPECT_EQ(window.RefreshTree(), app::Outcome::kFailed);
     log.FailAt = {};
-    Select(window, 0, Keys::AnyPermission(3, 11));
+    Select(window, kUsersTree, Keys::AnyPermission(3, 11));
     EXPECT_EQ(window.lblStatus.Caption(), Text(app::kAccountsIncomplete));
   });
 }

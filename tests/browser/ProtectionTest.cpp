@@ -19,6 +19,8 @@ namespace {
 using controls::CommandButton;
 using controls::TreeView;
 using test_support::Keys;
+using test_support::kGroupsTree;
+using test_support::kUsersTree;
 
 // The buttons of a tab that a node leaves enabled: Edit, Delete and New, then Assign and Remove of
 // the first links, then of the second; a dash stands for one that is off.
@@ -31,60 +33,60 @@ struct Row {
 // Users 1 (Admin), 2 (Moreau, another administrator) and 9 (Martin); groups 1 (Administrators),
 // 2 (Everyone) and 6 (Qualité).
 const Row kForEverybody[] = {
-    {0, Keys::Root(), "--N -- --"},
-    {0, Keys::User(1), "E-N A- A-"},
-    {0, Keys::GroupsOfUser(1), "E-N A- --"},
-    {0, Keys::GroupOfUser(1, 1), "E-N A- --"},
-    {0, Keys::GroupOfUser(1, 2), "E-N A- --"},
-    {0, Keys::OwnPermissions(1), "E-N -- A-"},
-    {0, Keys::OwnPermission(1, 30), "E-N -- AR"},
-    {0, Keys::AllPermissions(1), "E-N -- --"},
-    {0, Keys::AnyPermission(1, 30), "E-N -- --"},
-    {0, Keys::User(9), "EDN A- A-"},
-    {0, Keys::GroupsOfUser(9), "EDN A- --"},
-    {0, Keys::GroupOfUser(9, 12), "EDN AR --"},
-    {0, Keys::GroupOfUser(9, 2), "EDN A- --"},
-    {0, Keys::OwnPermissions(9), "EDN -- A-"},
-    {0, Keys::OwnPermission(9, 14), "EDN -- AR"},
-    {0, Keys::AllPermissions(9), "EDN -- --"},
-    {0, Keys::AnyPermission(9, 14), "EDN -- --"},
-    {1, Keys::Root(), "--N -- --"},
-    {1, Keys::Group(1), "E-N A- --"},
-    {1, Keys::MembersOfGroup(1), "E-N A- --"},
+    {kUsersTree, Keys::Root(), "--N -- --"},
+    {kUsersTree, Keys::User(1), "E-N A- A-"},
+    {kUsersTree, Keys::GroupsOfUser(1), "E-N A- --"},
+    {kUsersTree, Keys::GroupOfUser(1, 1), "E-N A- --"},
+    {kUsersTree, Keys::GroupOfUser(1, 2), "E-N A- --"},
+    {kUsersTree, Keys::OwnPermissions(1), "E-N -- A-"},
+    {kUsersTree, Keys::OwnPermission(1, 30), "E-N -- AR"},
+    {kUsersTree, Keys::AllPermissions(1), "E-N -- --"},
+    {kUsersTree, Keys::AnyPermission(1, 30), "E-N -- --"},
+    {kUsersTree, Keys::User(9), "EDN A- A-"},
+    {kUsersTree, Keys::GroupsOfUser(9), "EDN A- --"},
+    {kUsersTree, Keys::GroupOfUser(9, 12), "EDN AR --"},
+    {kUsersTree, Keys::GroupOfUser(9, 2), "EDN A- --"},
+    {kUsersTree, Keys::OwnPermissions(9), "EDN -- A-"},
+    {kUsersTree, Keys::OwnPermission(9, 14), "EDN -- AR"},
+    {kUsersTree, Keys::AllPermissions(9), "EDN -- --"},
+    {kUsersTree, Keys::AnyPermission(9, 14), "EDN -- --"},
+    {kGroupsTree, Keys::Root(), "--N -- --"},
+    {kGroupsTree, Keys::Group(1), "E-N A- --"},
+    {kGroupsTree, Keys::MembersOfGroup(1), "E-N A- --"},
     // Shown as "Admin (Administrateur principal)", which is not the bare name.
-    {1, Keys::MemberOfGroup(1, 1), "E-N AR --"},
-    {1, Keys::MemberOfGroup(1, 2), "E-N AR --"},
-    {1, Keys::GroupPermissions(1), "E-N -- --"},
-    {1, Keys::GroupPermission(1, 29), "E-N -- --"},
-    {1, Keys::Group(2), "E-N A- A-"},
-    {1, Keys::MembersOfGroup(2), "E-N A- --"},
-    {1, Keys::MemberOfGroup(2, 1), "E-N A- --"},
-    {1, Keys::MemberOfGroup(2, 9), "E-N A- --"},
-    {1, Keys::GroupPermissions(2), "E-N -- A-"},
-    {1, Keys::GroupPermission(2, 2), "E-N -- AR"},
-    {1, Keys::Group(6), "EDN A- A-"},
-    {1, Keys::MembersOfGroup(6), "EDN A- --"},
-    {1, Keys::MemberOfGroup(6, 15), "EDN AR --"},
-    {1, Keys::GroupPermissions(6), "EDN -- A-"},
-    {1, Keys::GroupPermission(6, 14), "EDN -- AR"},
+    {kGroupsTree, Keys::MemberOfGroup(1, 1), "E-N AR --"},
+    {kGroupsTree, Keys::MemberOfGroup(1, 2), "E-N AR --"},
+    {kGroupsTree, Keys::GroupPermissions(1), "E-N -- --"},
+    {kGroupsTree, Keys::GroupPermission(1, 29), "E-N -- --"},
+    {kGroupsTree, Keys::Group(2), "E-N A- A-"},
+    {kGroupsTree, Keys::MembersOfGroup(2), "E-N A- --"},
+    {kGroupsTree, Keys::MemberOfGroup(2, 1), "E-N A- --"},
+    {kGroupsTree, Keys::MemberOfGroup(2, 9), "E-N A- --"},
+    {kGroupsTree, Keys::GroupPermissions(2), "E-N -- A-"},
+    {kGroupsTree, Keys::GroupPermission(2, 2), "E-N -- AR"},
+    {kGroupsTree, Keys::Group(6), "EDN A- A-"},
+    {kGroupsTree, Keys::MembersOfGroup(6), "EDN A- --"},
+    {kGroupsTree, Keys::MemberOfGroup(6, 15), "EDN AR --"},
+    {kGroupsTree, Keys::GroupPermissions(6), "EDN -- A-"},
+    {kGroupsTree, Keys::GroupPermission(6, 14), "EDN -- AR"},
 };
 
 // Moreau's own nodes, for Admin and for himself.
 const Row kMoreauForAdmin[] = {
-    {0, Keys::User(2), "EDN A- A-"},
-    {0, Keys::GroupOfUser(2, 1), "EDN AR --"},
-    {0, Keys::GroupOfUser(2, 2), "EDN A- --"},
-    {0, Keys::GroupOfUser(2, 11), "EDN AR --"},
-    {0, Keys::OwnPermission(2, 29), "EDN -- AR"},
-    {0, Keys::AllPermissions(2), "EDN -- --"},
+    {kUsersTree, Keys::User(2), "EDN A- A-"},
+    {kUsersTree, Keys::GroupOfUser(2, 1), "EDN AR --"},
+    {kUsersTree, Keys::GroupOfUser(2, 2), "EDN A- --"},
+    {kUsersTree, Keys::GroupOfUser(2, 11), "EDN AR --"},
+    {kUsersTree, Keys::OwnPermission(2, 29), "EDN -- AR"},
+    {kUsersTree, Keys::AllPermissions(2), "EDN -- --"},
 };
 const Row kMoreauForHimself[] = {
-    {0, Keys::User(2), "E-N A- A-"},
-    {0, Keys::GroupOfUser(2, 1), "E-N AR --"},
-    {0, Keys::GroupOfUser(2, 2), "E-N A- --"},
-    {0, Keys::GroupOfUser(2, 11), "E-N AR --"},
-    {0, Keys::OwnPermission(2, 29), "E-N -- AR"},
-    {0, Keys::AllPermissions(2), "E-N -- --"},
+    {kUsersTree, Keys::User(2), "E-N A- A-"},
+    {kUsersTree, Keys::GroupOfUser(2, 1), "E-N AR --"},
+    {kUsersTree, Keys::GroupOfUser(2, 2), "E-N A- --"},
+    {kUsersTree, Keys::GroupOfUser(2, 11), "E-N AR --"},
+    {kUsersTree, Keys::OwnPermission(2, 29), "E-N -- AR"},
+    {kUsersTree, Keys::AllPermissions(2), "E-N -- --"},
 };
 
 class Protection : public test_support::MainWindowFixture {
@@ -257,7 +259,7 @@ TEST_F(Protection, SoItIsForAnotherAdministrator) {
 TEST_F(Protection, AdminShownByHisBareNameCannotBeTakenOutOfAdministrators) {
   Raw().Execute("UPDATE QRUSER SET FULLNAME = NULL WHERE USERID = 1");
   Run([this](frmUserGroupPerm& window) {
-    const Row row{1, Keys::MemberOfGroup(1, 1), "E-N A- --"};
+    const Row row{kGroupsTree, Keys::MemberOfGroup(1, 1), "E-N A- --"};
     Select(window, row);
     EXPECT_EQ(Enabled(window, 1), row.buttons);
   });
@@ -270,13 +272,13 @@ TEST_F(Protection, WhereTheProtectedAccountsAreMissingNothingIsProtected) {
   Run(
       [this](frmUserGroupPerm& window) {
         const Row kRows[] = {
-            {0, Keys::User(1), "EDN A- A-"},
-            {0, Keys::GroupOfUser(1, 1), "EDN AR --"},
-            {0, Keys::GroupOfUser(9, 2), "EDN AR --"},
-            {1, Keys::Group(1), "EDN A- A-"},
-            {1, Keys::MemberOfGroup(1, 1), "EDN AR --"},
-            {1, Keys::GroupPermission(1, 29), "EDN -- AR"},
-            {1, Keys::MemberOfGroup(2, 9), "EDN AR --"},
+            {kUsersTree, Keys::User(1), "EDN A- A-"},
+            {kUsersTree, Keys::GroupOfUser(1, 1), "EDN AR --"},
+            {kUsersTree, Keys::GroupOfUser(9, 2), "EDN AR --"},
+            {kGroupsTree, Keys::Group(1), "EDN A- A-"},
+            {kGroupsTree, Keys::MemberOfGroup(1, 1), "EDN AR --"},
+            {kGroupsTree, Keys::GroupPermission(1, 29), "EDN -- AR"},
+            {kGroupsTree, Keys::MemberOfGroup(2, 9), "EDN AR --"},
         };
         ExpectButtons(window, kRows);
         EXPECT_TRUE(window.Groups.IsRemoveAdmin);
@@ -288,20 +290,20 @@ TEST_F(Protection, WhereTheProtectedAccountsAreMissingNothingIsProtected) {
 TEST_F(Protection, TheFlagsForTheDialogsFollowTheSelection) {
   Run([this](frmUserGroupPerm& window) {
     const auto select = [&](int tree, const std::wstring& key) { Select(window, {tree, key, ""}); };
-    select(0, Keys::OwnPermissions(1));
+    select(kUsersTree, Keys::OwnPermissions(1));
     EXPECT_FALSE(window.Users.IsRemoveAdministrator);
-    select(0, Keys::GroupOfUser(9, 12));
+    select(kUsersTree, Keys::GroupOfUser(9, 12));
     EXPECT_TRUE(window.Users.IsRemoveAdministrator);
-    select(1, Keys::GroupPermissions(1));
+    select(kGroupsTree, Keys::GroupPermissions(1));
     EXPECT_FALSE(window.Groups.IsRemoveAdmin);
-    select(1, Keys::Group(2));
+    select(kGroupsTree, Keys::Group(2));
     EXPECT_TRUE(window.Groups.IsRemoveAdmin);
   });
 }
 
 TEST_F(Protection, ClosingTheNodeAboveTheSelectionSetsTheButtonsForTheNodeItPassesTo) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, {0, Keys::GroupOfUser(9, 12), ""});
+    Select(window, {kUsersTree, Keys::GroupOfUser(9, 12), ""});
     EXPECT_EQ(Enabled(window, 0), "EDN AR --");
     TreeView& users = window.Users.TreeView1;
     user.Collapse(users, users.Nodes().Find(Keys::GroupsOfUser(9)));
@@ -316,20 +318,20 @@ TEST_F(Protection, CommandsGivenPastTheButtonsLeaveProtectedAccountsAlone) {
   Run([this](frmUserGroupPerm& window) {
     const auto before = Stored();
     const auto select = [&](int tree, const std::wstring& key) { Select(window, {tree, key, ""}); };
-    select(0, Keys::User(1));
+    select(kUsersTree, Keys::User(1));
     window.Users.cmdUser_Click(kDeleteButton);
-    select(0, Keys::GroupOfUser(1, 1));
+    select(kUsersTree, Keys::GroupOfUser(1, 1));
     window.Users.cmdMemberOf_Click(kRemoveButton);
-    select(0, Keys::GroupOfUser(9, 2));
+    select(kUsersTree, Keys::GroupOfUser(9, 2));
     window.Users.cmdMemberOf_Click(kRemoveButton);
-    select(1, Keys::Group(1));
+    select(kGroupsTree, Keys::Group(1));
     window.Groups.cmdGroup_Click(kDeleteButton);
     window.Groups.cmdGroupPermission_Click(kAssignButton);
-    select(1, Keys::GroupPermission(1, 29));
+    select(kGroupsTree, Keys::GroupPermission(1, 29));
     window.Groups.cmdGroupPermission_Click(kRemoveButton);
-    select(1, Keys::Group(2));
+    select(kGroupsTree, Keys::Group(2));
     window.Groups.cmdGroup_Click(kDeleteButton);
-    select(1, Keys::MemberOfGroup(2, 9));
+    select(kGroupsTree, Keys::MemberOfGroup(2, 9));
     window.Groups.cmdMember_Click(kRemoveButton);
     EXPECT_EQ(Stored(), before);
   });

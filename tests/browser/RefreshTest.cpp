@@ -34,7 +34,7 @@ class Refresh : public test_support::MainWindowFixture {
 
 TEST_F(Refresh, BothTreesStartOnTheirRootsOpen) {
   Run([](frmUserGroupPerm& window) {
-    for (const int tab : {0, 1}) ExpectOnItsRoot(window.Page(tab).TreeView1);
+    for (const int tab : {kUsersTree, kGroupsTree}) ExpectOnItsRoot(window.Page(tab).TreeView1);
     EXPECT_EQ(window.Users.TreeView1.Nodes().Text(controls::NodeId{1}), L"Utilisateurs");
     EXPECT_EQ(window.Groups.TreeView1.Nodes().Text(controls::NodeId{1}), L"Groupes");
   });
@@ -48,7 +48,7 @@ TEST_F(Refresh, TheButtonShowsWhatTheDatabaseHoldsByThenAndReturnsToTheRoots) {
     Raw().Execute("UPDATE QRGROUP SET NAME = 'Labo' WHERE GROUPID = 12");
     Raw().Execute("DELETE FROM QRUSGP WHERE USERID = 9 AND GROUPID = 7");
     user.Click(window.cmdBtn[kRefreshButton]);
-    for (const int tab : {0, 1}) ExpectOnItsRoot(window.Page(tab).TreeView1);
+    for (const int tab : {kUsersTree, kGroupsTree}) ExpectOnItsRoot(window.Page(tab).TreeView1);
     NodeAt(users, {L"Nouvelle (Anne)"});
     EXPECT_EQ(ChildTexts(users, NodeAt(users, {L"Martin (Jean Martin)", L"Membre du Groupe"})),
               (std::vector<std::wstring>{L"Labo (Mesures et essais)",
@@ -77,7 +77,7 @@ TEST_F(Refresh, RefreshingTwiceGivesTheSameTreesAndCounts) {
   Run([this](frmUserGroupPerm& window) {
     const auto dump = [&window] {
       std::vector<std::wstring> all;
-      for (const int tab : {0, 1}) {
+      for (const int tab : {kUsersTree, kGroupsTree}) {
         const TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
         for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != controls::kNoNode;
              node = nodes.NextIndex(node)) {

@@ -52,7 +52,7 @@ TEST_F(Trees, EveryNodeHasTheKeyOfItsKindComposedFromItsParents) {
 
 TEST_F(Trees, EveryKeyReadsBackAsWhatItsNodeStandsFor) {
   Run([](frmUserGroupPerm& window) {
-    for (const int tab : {0, 1}) {
+    for (const int tab : {kUsersTree, kGroupsTree}) {
       const TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
       std::set<std::wstring> keys;
       for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != controls::kNoNode;
@@ -157,7 +157,7 @@ TEST_F(Trees, AnAccountWithoutFullNameOrDescriptionShowsItsNameAlone) {
 
 TEST_F(Trees, ADeletedUserIsShownNowhere) {
   Run([](frmUserGroupPerm& window) {
-    for (const int tab : {0, 1}) {
+    for (const int tab : {kUsersTree, kGroupsTree}) {
       const TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
       for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != controls::kNoNode;
            node = nodes.NextIndex(node)) {

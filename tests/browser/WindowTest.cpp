@@ -58,9 +58,9 @@ TEST_F(Window, ATabShowsItsTreeAndItsSectionsAndHidesTheOthers) {
       EXPECT_EQ(window.Groups.fraGroupPermission.Visible(), !users);
     };
     expectPage(true);
-    user.ChooseTab(window.TabStrip1, 1);
+    user.ChooseTab(window.TabStrip1, kGroupsTree);
     expectPage(false);
-    user.ChooseTab(window.TabStrip1, 0);
+    user.ChooseTab(window.TabStrip1, kUsersTree);
     expectPage(true);
   });
 }

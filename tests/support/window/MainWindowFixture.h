@@ -16,6 +16,7 @@
 #include "tests/support/controls/User.h"
 #include "tests/support/data/SampleDatabase.h"
 #include "tests/support/keys/Buttons.h"
+#include "tests/support/keys/Keys.h"
 #include "tests/support/recording/CallLog.h"
 
 namespace test_support {
@@ -29,6 +30,8 @@ class MainWindowFixture : public ::testing::Test {
   using enum ChooserButton;
   using enum MoveButton;
   using enum DialogList;
+  static constexpr int kUsersTree = test_support::kUsersTree;
+  static constexpr int kGroupsTree = test_support::kGroupsTree;
 
   MainWindowFixture();
 
