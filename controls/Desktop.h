@@ -28,6 +28,10 @@ class Desktop {
   void Beep() { system_.Beep(); }
   // Puts a text on the clipboard; false when another program keeps it occupied.
   bool SetClipboardText(const std::wstring& text);
+  void BlockSessionEnd(const Form& form, const std::wstring& reason) {
+    system_.BlockSessionEnd(form, reason);
+  }
+  void UnblockSessionEnd(const Form& form) { system_.UnblockSessionEnd(form); }
   void SetMousePointer(MousePointer pointer);
   MousePointer Pointer() const;
 

@@ -82,6 +82,10 @@ class Form {
   virtual void Form_KeyDown(int keyCode);
   virtual void Form_KeyUp(int keyCode);
 
+  // Why the user's session should not end now, for him to read: what he has changed would be lost.
+  // Empty while there is nothing to lose.
+  virtual std::wstring UnsavedChanges() const { return {}; }
+
  private:
   Desktop& desktop_;
   int templateId_;

@@ -38,6 +38,9 @@ class System {
   // On behalf of the owner, null for none; false when another program keeps the clipboard occupied.
   virtual bool SetClipboardText(const Form* owner, const std::wstring& text) = 0;
   virtual void Beep() = 0;
+  // Tells why the user's session should not end as long as the form is as it is, or that it may.
+  virtual void BlockSessionEnd(const Form& form, const std::wstring& reason) = 0;
+  virtual void UnblockSessionEnd(const Form& form) = 0;
   // Handles the user's input, of whichever form, until this form is unloaded.
   virtual void HandleInput(Form& form) = 0;
 

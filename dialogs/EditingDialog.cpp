@@ -91,6 +91,10 @@ void EditingDialog::Form_Unload(bool& cancel) {
   }
 }
 
+std::wstring EditingDialog::UnsavedChanges() const {
+  return bChanged ? Text(app::kUnsavedChanges) : std::wstring();
+}
+
 void EditingDialog::Form_KeyUp(int keyCode) {
   if (keyCode == controls::kKeyF1) app::MShowHelp(exchange_.global, *this, Topic());
 }

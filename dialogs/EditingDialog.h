@@ -29,6 +29,7 @@ class EditingDialog : public controls::Form {
   // Asks when something has changed; any answer but Yes keeps the dialog.
   void Form_Unload(bool& cancel) override;
   void Form_KeyUp(int keyCode) override;
+  std::wstring UnsavedChanges() const override;
 
  protected:
   // Captions, events and contents of the dialog.

@@ -82,6 +82,11 @@ UADMIN_STRING(323, "Cochez un élément puis cliquez sur OK. ")
 // Names of the trees for screen readers; never drawn.
 UADMIN_STRING(331, "Arborescence des utilisateurs")
 UADMIN_STRING(332, "Arborescence des groupes")
+// The arrows of the add-users dialog, 114 to 117, for screen readers.
+UADMIN_STRING(333, "Ajouter l'utilisateur choisi au groupe")
+UADMIN_STRING(334, "Ajouter tous les utilisateurs au groupe")
+UADMIN_STRING(335, "Retirer l'utilisateur choisi du groupe")
+UADMIN_STRING(336, "Retirer tous les utilisateurs du groupe")
 
 // Status line. %1 of %2: rows read so far and in all.
 UADMIN_STRING(402, "Lecture des utilisateurs : %1 sur %2")
@@ -110,6 +115,9 @@ UADMIN_STRING(424, "Le serveur de session Vardex.Vardex.1 ne répond plus. Quitt
 UADMIN_STRING(425, "Le serveur de session Vardex.Vardex.1 ne connaît pas l'opération %1. Installez une version plus récente.")
 // An elevated process does not see what is registered for the user alone.
 UADMIN_STRING(426, "Le serveur de session Vardex.Vardex.1 n'est enregistré que pour votre compte, et un programme lancé en tant qu'administrateur ne le voit pas. Relancez Admin Utilisateurs sans élévation, ou faites enregistrer le serveur pour tous les utilisateurs du poste.")
+// A server in another process that does not take a call.
+UADMIN_STRING(427, "Le serveur de session Vardex.Vardex.1 est occupé et n'a pas accepté l'opération. Recommencez dans un instant.")
+UADMIN_STRING(428, "Le serveur de session Vardex.Vardex.1 est occupé. Voulez-vous attendre encore ?")
 
 // What a command has done. %1: the account.
 UADMIN_STRING(431, "Utilisateur %1 créé")
@@ -180,6 +188,8 @@ UADMIN_STRING(771, "L'affichage a été mis à jour ; vérifiez-le avant de pour
 // Followed by 701.
 UADMIN_STRING(772, "Après cette modification, votre propre compte n'aura plus le droit d'administrer les utilisateurs :")
 UADMIN_STRING(773, "l'accès à ce programme vous sera refusé au prochain démarrage.")
+// What the system shows of a window that the end of the session waits for.
+UADMIN_STRING(776, "Des modifications ne sont pas enregistrées.")
 
 // Pieces of refusals: 1006 'name' 1007 and 1009 'name' 1008. The word order is meant so.
 UADMIN_STRING(1006, "Impossible de supprimer")

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "controls/SessionEnd.h"
 #include "controls/win32/DesktopPeer.h"
 #include "controls/win32/FormPeer.h"
 
@@ -16,6 +17,11 @@ INT_PTR Form::Peer::Handle(const Message& message) {
       return Notify(message);
     case WM_CLOSE:
       if (TakesInput()) form.Unload();
+      return TRUE;
+    case WM_QUERYENDSESSION:
+      return MayEndSession();
+    case WM_ENDSESSION:
+      SessionEnds(message.wParam != 0);
       return TRUE;
     case WM_HELP:
       keys.Help();
@@ -89,6 +95,38 @@ INT_PTR Form::Peer::Activate(bool active) {
     keys.Forget();
   }
   return TRUE;
+}
+
+// The window that was asked answers, even where the form has no window any more.
+INT_PTR Form::Peer::MayEndSession() {
+  HWND asked = window;
+  const bool may = controls::MayEndSession(form, TakesInput());
+  SetWindowLongPtrW(asked, DWLP_MSGRESULT, may ? TRUE : FALSE);
+  answers_ = true;
+  return TRUE;
+}
+
+// Nobody can be asked any more. In the middle of a call to the session server, or of work that only
+// paints, the forms stay as they are: the system ends the process, the database takes back what was
+// not finished.
+void Form::Peer::SessionEnds(bool ends) {
+  if (!ends) return desktop.UnblockSessionEnd(form);
+  const Desktop::Peer& surroundings = desktop.BackEnd();
+  if (surroundings.inputHeld || surroundings.inputHolds > 0) return;
+  bool stoodOver = false;
+  while (!surroundings.forms.empty() && surroundings.forms.back() != this) {
+    surroundings.forms.back()->EndLife();
+    stoodOver = true;
+  }
+  if (!window) return;
+  if (!stoodOver) return EndLife();
+  // The procedure that showed what stood over this form ends first.
+  PostMessageW(window, WM_CLOSE, 0, 0);
+}
+
+void Form::Peer::EndLife() {
+  if (form.UnsavedChanges().empty()) form.Unload();
+  if (window) Close();
 }
 
 INT_PTR Form::Peer::SetPointer(const Message& message) {

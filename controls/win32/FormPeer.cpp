@@ -135,6 +135,8 @@ void Form::Peer::DropWindows() {
 Form::Peer::MessageScope::~MessageScope() {
   if (--form_.scopes_ > 0) return;
   form_.RepaintChanged();
+  // A dialog's answer is read off its window when its procedure is over.
+  if (std::exchange(form_.answers_, false)) return;
   if (!form_.closed_.empty()) form_.DropWindows();
 }
 

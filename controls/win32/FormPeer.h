@@ -102,11 +102,15 @@ struct Form::Peer : FormLife {
   INT_PTR Notify(const Message& message);
   INT_PTR Activate(bool active);
   INT_PTR SetPointer(const Message& message);
+  INT_PTR MayEndSession();
+  void SessionEnds(bool ends);
+  void EndLife();
   void LimitSize(MINMAXINFO& limits) const;
   void Resized(WPARAM kind);
   void DpiChanged(unsigned newDpi, const RECT& place);
 
   int scopes_ = 0;
+  bool answers_ = false;          // a window that is over still has to hand over an answer
   std::vector<FormLife> closed_;  // lives that are over, whose windows end with the last scope
 };
 

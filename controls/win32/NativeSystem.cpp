@@ -61,6 +61,14 @@ void NativeSystem::Beep() {
   MessageBeep(MB_OK);
 }
 
+void NativeSystem::BlockSessionEnd(const Form& form, const std::wstring& reason) {
+  ShutdownBlockReasonCreate(WindowOf(&form), reason.c_str());
+}
+
+void NativeSystem::UnblockSessionEnd(const Form& form) {
+  ShutdownBlockReasonDestroy(WindowOf(&form));
+}
+
 void NativeSystem::HandleInput(Form& form) {
   form.OwnerDesktop().BackEnd().LoopWhileLoaded(form);
 }

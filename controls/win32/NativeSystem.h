@@ -14,6 +14,8 @@ class NativeSystem : public System {
   HelpOutcome HtmlHelp(const Form& form, const std::wstring& file, int topic) override;
   bool SetClipboardText(const Form* owner, const std::wstring& text) override;
   void Beep() override;
+  void BlockSessionEnd(const Form& form, const std::wstring& reason) override;
+  void UnblockSessionEnd(const Form& form) override;
   void HandleInput(Form& form) override;
 
   std::wstring LoadResString(int id) const override;

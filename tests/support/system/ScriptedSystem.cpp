@@ -40,6 +40,16 @@ void ScriptedSystem::Beep() {
   below_->Beep();
 }
 
+void ScriptedSystem::BlockSessionEnd(const controls::Form& form, const std::wstring& reason) {
+  if (answers.BlockSessionEnd) return answers.BlockSessionEnd(form, reason);
+  below_->BlockSessionEnd(form, reason);
+}
+
+void ScriptedSystem::UnblockSessionEnd(const controls::Form& form) {
+  if (answers.UnblockSessionEnd) return answers.UnblockSessionEnd(form);
+  below_->UnblockSessionEnd(form);
+}
+
 void ScriptedSystem::HandleInput(controls::Form& form) {
   if (answers.ModalShown) answers.ModalShown(form);
   below_->HandleInput(form);

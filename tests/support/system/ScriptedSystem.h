@@ -17,6 +17,8 @@ struct SystemAnswers {
   std::function<void(controls::Form& form)> ModalShown;
   std::function<int(const std::vector<controls::MenuItem>& items)> PopupMenu;
   std::function<void()> Beep;
+  std::function<void(const controls::Form& form, const std::wstring& reason)> BlockSessionEnd;
+  std::function<void(const controls::Form& form)> UnblockSessionEnd;
   std::function<bool(const std::wstring& text)> SetClipboardText;
   std::function<int()> UserDefaultLcid;
   std::function<std::wstring()> ProgramFolder;
@@ -44,6 +46,8 @@ class ScriptedSystem : public controls::System {
                                  int topic) override;
   bool SetClipboardText(const controls::Form* owner, const std::wstring& text) override;
   void Beep() override;
+  void BlockSessionEnd(const controls::Form& form, const std::wstring& reason) override;
+  void UnblockSessionEnd(const controls::Form& form) override;
   void HandleInput(controls::Form& form) override;
 
   std::wstring LoadResString(int id) const override;

@@ -42,6 +42,8 @@ class UnattendedSystem : public controls::System {
   }
   bool SetClipboardText(const controls::Form*, const std::wstring&) override { return false; }
   void Beep() override {}
+  void BlockSessionEnd(const controls::Form&, const std::wstring&) override {}
+  void UnblockSessionEnd(const controls::Form&) override {}
   void HandleInput(controls::Form& form) override {
     form.OwnerDesktop().BackEnd().HandleUntilUnloaded(form);
   }
