@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 namespace com {
 
 // The single-threaded apartment that the session server lives in. Made by the main function before
@@ -7,7 +9,9 @@ namespace com {
 // thread cannot have one.
 class Apartment {
  public:
-  Apartment();
+  // waitsOn is asked whether to go on waiting for a server in another process that has been busy
+  // for a while (see MessageFilter.h); without it such a call fails then.
+  explicit Apartment(std::function<bool()> waitsOn = {});
   ~Apartment();
   Apartment(const Apartment&) = delete;
   Apartment& operator=(const Apartment&) = delete;

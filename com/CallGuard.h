@@ -8,6 +8,10 @@ namespace com {
 // of the structured exception. The guard does so: it asks the frames below it first, so that a
 // server which handles its own exceptions is left alone, and takes what nobody else wants.
 //
+// So a C++ or CLR server catches its own exceptions whether it throws them in a call or calls
+// itself by way of this program. One that its code lets escape ends here, at the innermost guard:
+// further out lie frames of this program, whose destructors such an exception would pass over.
+//
 // Whether the guard takes an exception that nobody below it wants: a failure of the system's or of
 // the server's. Warnings, what debuggers say to each other and a fault of this program's own code,
 // which a server may call back, are left to those who handle them, and a stack overflow to the

@@ -11,6 +11,10 @@ class CallObserver {
 
   virtual void CallBegins() noexcept = 0;
   virtual void CallEnds() noexcept = 0;
+
+  // Between the two all reads see one state of the database, and nobody is to be asked anything.
+  virtual void ReadBegins() noexcept {}
+  virtual void ReadEnds() noexcept {}
 };
 
 }  // namespace com

@@ -35,9 +35,12 @@ std::int32_t ComConnection::Execute(std::wstring_view statement) {
 
 void ComConnection::BeginRead() {
   object_.CallIfThere(Member::kBeginRead);
+  if (object_.Observer() != nullptr) object_.Observer()->ReadBegins();
 }
 
+// Over is what failed to end, too.
 void ComConnection::EndRead() {
+  if (object_.Observer() != nullptr) object_.Observer()->ReadEnds();
   object_.CallIfThere(Member::kEndRead);
 }
 

@@ -38,6 +38,11 @@ bool SaysThatTheObjectIsGone(HRESULT result) {
   }
 }
 
+bool SaysThatTheServerIsBusy(HRESULT result) {
+  return result == RPC_E_CALL_REJECTED || result == RPC_E_SERVERCALL_RETRYLATER ||
+         result == RPC_E_SERVERCALL_REJECTED;
+}
+
 bool SaysThatTheMemberIsUnknown(HRESULT result) {
   return result == DISP_E_UNKNOWNNAME || result == DISP_E_MEMBERNOTFOUND;
 }

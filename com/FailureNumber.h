@@ -11,6 +11,9 @@ long FailureNumber(HRESULT result);
 // Whether a result says that the object, or the process that it lives in, is no longer there.
 bool SaysThatTheObjectIsGone(HRESULT result);
 
+// Whether a result says that the server, in another process, is busy and has not taken the call.
+bool SaysThatTheServerIsBusy(HRESULT result);
+
 // Whether a result says that the object has no such member.
 bool SaysThatTheMemberIsUnknown(HRESULT result);
 

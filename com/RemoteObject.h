@@ -39,6 +39,9 @@ class RemoteObject {
     return Invoke(member, nullptr, arguments...);
   }
 
+  // Who is told of the server's calls; null for nobody.
+  CallObserver* Observer() const { return server_->Observer(); }
+
   // The same for a method that an object may do without; it then does nothing.
   void CallIfThere(Member member);
 

@@ -34,6 +34,7 @@ void RemoteObject::RaiseCall(Member member, HRESULT answer) const {
 
 void RemoteObject::RaiseResult(HRESULT result) const {
   if (SaysThatTheObjectIsGone(result)) throw data::RunTimeError(result, server_->Texts().lost);
+  if (SaysThatTheServerIsBusy(result)) throw data::RunTimeError(result, server_->Texts().busy);
   throw data::RunTimeError(FailureNumber(result), ErrorObjectText());
 }
 

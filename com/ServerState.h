@@ -25,6 +25,9 @@ class ServerState {
     if (IsDead()) RaiseLost();
   }
 
+  // The observer; null where nobody is told.
+  CallObserver* Observer() const { return observer_; }
+
   // Does something with the server. The callable must not throw. Raises the number of the
   // structured exception when the server died of it, or was dead already; it is then not called.
   template <typename Callable>

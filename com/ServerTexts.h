@@ -13,6 +13,7 @@ struct ServerTexts {
   std::wstring lost = {};           // the server ended in the middle of a call
   std::wstring memberMissing = {};  // %1: the member that the server does not have
   std::wstring forUserOnly = {};  // registered for the user, which an elevated program does not see
+  std::wstring busy = {};         // the server, in another process, did not take the call
 };
 
 }  // namespace com

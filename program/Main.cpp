@@ -1,8 +1,10 @@
 #include <windows.h>
 
 #include <exception>
+#include <functional>
 
 #include "app/ErrorReport.h"
+#include "app/MQVXMsgBox.h"
 #include "app/StringIds.h"
 #include "app/mGlobal.h"
 #include "browser/frmUserGroupPerm.h"
@@ -11,6 +13,7 @@
 #include "com/ComSessionServer.h"
 #include "controls/Desktop.h"
 #include "controls/InputHold.h"
+#include "controls/MsgBox.h"
 #include "controls/win32/NativeSystem.h"
 #include "data/RunTimeError.h"
 
@@ -31,9 +34,14 @@ class InputHolder final : public com::CallObserver {
 
   void CallBegins() noexcept override { controls::HoldInput(desktop_); }
   void CallEnds() noexcept override { controls::ReleaseInput(desktop_); }
+  void ReadBegins() noexcept override { reads_ = true; }
+  void ReadEnds() noexcept override { reads_ = false; }
+
+  bool Reads() const { return reads_; }
 
  private:
   controls::Desktop& desktop_;
+  bool reads_ = false;
 };
 
 std::unique_ptr<data::SessionServer> CreateSessionServer(const controls::Desktop& desktop,
@@ -45,13 +53,24 @@ std::unique_ptr<data::SessionServer> CreateSessionServer(const controls::Desktop
   texts.lost = desktop.LoadResString(app::kServerLost);
   texts.memberMissing = desktop.LoadResString(app::kServerMemberMissing);
   texts.forUserOnly = desktop.LoadResString(app::kServerForUserOnly);
+  texts.busy = desktop.LoadResString(app::kServerBusy);
   return com::CreateSessionServer(kProgId, texts, &observer);
 }
 
+// Whether to go on waiting for a busy server. In the middle of a reading transaction nobody is
+// asked: other administrators would wait for the answer.
+bool WaitsOn(const app::mGlobal& global, const InputHolder& holder) {
+  if (holder.Reads()) return false;
+  app::MQVXMsgBox box(global);
+  return box.AskYesNo(global.LoadResString(app::kAskWaitForServer)) == controls::kResultYes;
+}
+
 int Run(controls::Desktop& desktop) {
-  const com::Apartment apartment;
+  std::function<bool()> waitsOn;
+  const com::Apartment apartment([&waitsOn] { return waitsOn && waitsOn(); });
   InputHolder holder(desktop);
   app::mGlobal global(desktop);
+  waitsOn = [&] { return WaitsOn(global, holder); };
   global.CreateSessionServer = [&] { return CreateSessionServer(desktop, holder); };
   desktop.EscapedError = [&global] { app::ReportError(global, kProgram); };
   browser::frmUserGroupPerm window(global);

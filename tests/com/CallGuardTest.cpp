@@ -53,5 +53,22 @@ TEST(CallGuard, IsAskedAfterWhoeverHandlesAnExceptionInside) {
   }
 }
 
+// A server calls this program, which calls the server again: what escapes from there must not pass
+// over the program's own frames to whoever might handle it in the server further out.
+TEST(CallGuard, LetsNoForeignExceptionPassOverThisProgramsFrames) {
+  for (const DWORD code : {DWORD{0xE06D7363}, DWORD{0xE0434352}}) {
+    DWORD innermost = 0;
+    bool returned = false;
+    const auto raise = [code]() noexcept { RaiseException(code, 0, 0, nullptr); };
+    const auto program = [&]() noexcept {
+      innermost = ::com::FaultOf(raise);
+      returned = true;
+    };
+    EXPECT_EQ(0U, ::com::FaultOf(program));
+    EXPECT_EQ(code, innermost);
+    EXPECT_TRUE(returned);
+  }
+}
+
 }  // namespace
 }  // namespace com_test

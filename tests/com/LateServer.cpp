@@ -7,8 +7,13 @@ using Microsoft::WRL::ComPtr;
 namespace com_test {
 
 std::unique_ptr<data::SessionServer> Adapt(IDispatch* server, ::com::CallObserver* observer) {
-  const ::com::ServerTexts texts{L"not registered", L"file missing", L"wrong bitness", kLost,
-                                 kNoMember};
+  const ::com::ServerTexts texts{L"not registered",
+                                 L"file missing",
+                                 L"wrong bitness",
+                                 kLost,
+                                 kNoMember,
+                                 L"for the user only",
+                                 kBusy};
   auto state = std::make_shared<::com::ServerState>(texts, observer);
   if (server != nullptr) server->AddRef();
   return std::make_unique<::com::SessionServerAdapter>(

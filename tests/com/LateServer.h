@@ -14,6 +14,7 @@ inline constexpr long kAccessViolation = static_cast<long>(0xC0000005);
 
 // Texts that the adapter is given, told apart easily.
 inline constexpr const wchar_t* kLost = L"lost";
+inline constexpr const wchar_t* kBusy = L"busy";
 inline constexpr const wchar_t* kNoMember = L"no %1 here";
 
 // The adapter over an object of the test. The observer is told of its calls.
