@@ -265,7 +265,10 @@ void frmUserGroupPerm::ShowDone(const std::wstring& text) {
 
 void frmUserGroupPerm::ShowStatus() {
   if (SelectedHere() != doneAt_) done_.clear();
-  lblStatus.SetPlainCaption(StatusText());
+  const std::wstring text = StatusText();
+  if (text == lblStatus.Caption()) return;
+  lblStatus.SetPlainCaption(text);
+  lblStatus.Announce();
 }
 
 // What an error has left out comes first, then what a command has done, then what the page has to

@@ -15,6 +15,11 @@ class CommandButton : public Control {
   // An ampersand marks the mnemonic.
   void SetCaption(const std::wstring& caption);
 
+  // What screen readers say in place of a caption that cannot be spoken; the caption stays. Empty
+  // where they say the caption.
+  const std::wstring& AccessibleName() const;
+  void SetAccessibleName(const std::wstring& name);
+
   std::function<void()> Click;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "controls/Control.h"
 
@@ -17,6 +18,7 @@ struct ControlState {
   const ControlState* container = nullptr;
   unsigned anchors = kAnchorLeft | kAnchorTop;
   std::optional<Font> font;  // one of its own
+  std::wstring accessibleName;
 };
 
 // What both back ends know of a control; a back end's Control::Peer derives from it.
@@ -24,6 +26,9 @@ struct ControlModel {
   virtual bool TakesFocus() const { return true; }
   // A button is what Enter presses while it has the focus.
   virtual bool IsButton() const { return false; }
+  // Control and Tab, or Page Down and Page Up: a row of tabs turns to the next one, or the one
+  // before. False where the control has no tabs.
+  virtual bool TurnTabs(bool /*backwards*/) { return false; }
   // The focus has come to the control, before GotFocus is raised.
   virtual void FocusGained() {}
 

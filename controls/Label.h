@@ -15,6 +15,9 @@ class Label : public Control {
   std::wstring Caption() const;
   void SetCaption(const std::wstring& caption);
   void SetPlainCaption(const std::wstring& caption);
+
+  // Has screen readers say the text, when they have said what they are at.
+  void Announce();
 };
 
 }  // namespace controls

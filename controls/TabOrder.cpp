@@ -66,4 +66,11 @@ void TabOrder::MoveTo(ControlModel* control) {
   Raise(form_, control->control->GotFocus);
 }
 
+bool TabOrder::TurnTabs(bool backwards) const {
+  for (ControlModel* control : order_) {
+    if (control->MayHaveFocus() && control->TurnTabs(backwards)) return true;
+  }
+  return false;
+}
+
 }  // namespace controls

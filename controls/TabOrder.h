@@ -45,6 +45,9 @@ class TabOrder {
   // the focus on, or unload the form.
   void MoveTo(ControlModel* control);
 
+  // Turns the tabs of the first row of them that a user can reach. False where there is none.
+  bool TurnTabs(bool backwards) const;
+
   void SetDefaultButton(ControlModel& button) { default_ = &button; }
   void SetCancelButton(ControlModel& button) { cancel_ = &button; }
   // What Enter or Escape presses; null for nothing.

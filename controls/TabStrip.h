@@ -23,6 +23,9 @@ class TabStrip : public Control {
   // Raises Click when the tab changes, as a user's choice does.
   void SetSelectedTab(int tab);
 
+  // The tab after the selected one, after the last the first, or the other way round.
+  void SelectNext(bool backwards);
+
   std::function<void()> Click;
 };
 

@@ -50,7 +50,10 @@ void frmAddUserInGroup::SetCaptions() {
   fraAvailableUser.SetCaption(Text(app::kAvailableUsers));
   fraSelecteUsers.SetCaption(Text(app::kSelectedUsers));
   for (int Index : lbl1.Numbers()) lbl1[Index].SetCaption(Text(app::kAddUsersStep1 + Index - 1));
-  for (int Index : cmdBtn.Numbers()) cmdBtn[Index].SetCaption(Text(app::kMoveRight + Index - 1));
+  for (int Index : cmdBtn.Numbers()) {
+    cmdBtn[Index].SetCaption(Text(app::kMoveRight + Index - 1));
+    cmdBtn[Index].SetAccessibleName(Text(app::kMoveRightName + Index - 1));
+  }
 }
 
 // The two sides share what the window gains; the buttons stay between them.

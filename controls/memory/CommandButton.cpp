@@ -33,4 +33,12 @@ void CommandButton::SetCaption(const std::wstring& caption) {
   PeerOf<CommandButtonPeer>(*this).caption = caption;
 }
 
+const std::wstring& CommandButton::AccessibleName() const {
+  return BackEnd().state.accessibleName;
+}
+
+void CommandButton::SetAccessibleName(const std::wstring& name) {
+  BackEnd().state.accessibleName = name;
+}
+
 }  // namespace controls

@@ -39,4 +39,6 @@ void Label::SetPlainCaption(const std::wstring& caption) {
   peer.plain = true;
 }
 
+void Label::Announce() {}
+
 }  // namespace controls

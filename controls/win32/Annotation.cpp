@@ -15,6 +15,13 @@ constexpr GUID kServicesInterface = {
 constexpr GUID kDescription = {
     0x4d48dfe4, 0xbd3f, 0x491f, {0xa6, 0x48, 0x49, 0x2d, 0x6f, 0x20, 0xc5, 0x88}};
 
+constexpr GUID kName = {
+    0x608d3df8, 0x8128, 0x4aa7, {0xa4, 0x28, 0xf5, 0x5e, 0x49, 0x26, 0x72, 0x91}};
+
+constexpr GUID kLiveSetting = {
+    0xc12bcd8e, 0x2a8e, 0x4950, {0x8a, 0xe7, 0x36, 0x25, 0x11, 0x1d, 0x58, 0xeb}};
+constexpr LONG kPolite = 1;
+
 constexpr DWORD kClient = static_cast<DWORD>(OBJID_CLIENT);
 
 }  // namespace
@@ -28,20 +35,39 @@ bool Annotation::Prepare() {
   return possible_;
 }
 
-void Annotation::Set(HWND window, DWORD child, const std::wstring& description) {
-  Clear();
-  if (description.empty() || !Prepare()) return;
-  if (FAILED(
-          services_->SetHwndPropStr(window, kClient, child, kDescription, description.c_str()))) {
-    return;
+const GUID& Annotation::Property() const {
+  switch (kind_) {
+    case Kind::kName:
+      return kName;
+    case Kind::kLive:
+      return kLiveSetting;
+    default:
+      return kDescription;
   }
+}
+
+void Annotation::Set(HWND window, DWORD child, const std::wstring& text) {
+  Clear();
+  if (text.empty() || !Prepare()) return;
+  if (FAILED(services_->SetHwndPropStr(window, kClient, child, Property(), text.c_str()))) return;
   window_ = window;
   child_ = child;
 }
 
+void Annotation::SetLive(HWND window) {
+  Clear();
+  if (!Prepare()) return;
+  VARIANT polite;
+  polite.vt = VT_I4;
+  polite.lVal = kPolite;
+  if (FAILED(services_->SetHwndProp(window, kClient, CHILDID_SELF, Property(), polite))) return;
+  window_ = window;
+  child_ = CHILDID_SELF;
+}
+
 void Annotation::Clear() {
   HWND window = std::exchange(window_, nullptr);
-  if (window) services_->ClearHwndProps(window, kClient, child_, &kDescription, 1);
+  if (window) services_->ClearHwndProps(window, kClient, child_, &Property(), 1);
 }
 
 void Annotation::Reset() {

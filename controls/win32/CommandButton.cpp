@@ -1,5 +1,6 @@
 #include "controls/CommandButton.h"
 
+#include "controls/win32/Annotation.h"
 #include "controls/win32/ControlPeer.h"
 
 namespace controls {
@@ -15,6 +16,15 @@ struct CommandButtonPeer : Control::Peer {
     if (code == BN_CLICKED && TakesInput())
       Raise(form, static_cast<CommandButton&>(*control).Click);
   }
+
+  void Detached() override { name_.Reset(); }
+
+  void ShowName() {
+    if (window) name_.Set(window, CHILDID_SELF, state.accessibleName);
+  }
+
+ private:
+  Annotation name_{Annotation::Kind::kName};
 };
 
 }  // namespace
@@ -28,6 +38,15 @@ std::wstring CommandButton::Caption() const {
 
 void CommandButton::SetCaption(const std::wstring& caption) {
   BackEnd().ShowText(caption);
+}
+
+const std::wstring& CommandButton::AccessibleName() const {
+  return BackEnd().state.accessibleName;
+}
+
+void CommandButton::SetAccessibleName(const std::wstring& name) {
+  BackEnd().state.accessibleName = name;
+  static_cast<CommandButtonPeer&>(BackEnd()).ShowName();
 }
 
 }  // namespace controls

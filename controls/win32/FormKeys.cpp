@@ -33,9 +33,12 @@ bool FormKeys::Down(int keyCode) {
 bool FormKeys::Navigate(int keyCode) {
   switch (keyCode) {
     case VK_TAB:
-      if (IsPressed(VK_CONTROL)) return false;
+      if (IsPressed(VK_CONTROL)) return form_.order.TurnTabs(IsPressed(VK_SHIFT));
       form_.focus.Advance(IsPressed(VK_SHIFT));
       return true;
+    case VK_NEXT:
+    case VK_PRIOR:
+      return IsPressed(VK_CONTROL) && form_.order.TurnTabs(keyCode == VK_PRIOR);
     case VK_RETURN:
       Press(form_.order.EnterButton());
       return true;

@@ -1,9 +1,13 @@
 #include "controls/Label.h"
 
+#include "controls/win32/Annotation.h"
 #include "controls/win32/ControlPeer.h"
 
 namespace controls {
 namespace {
+
+// Not every set of headers knows it.
+constexpr DWORD kLiveRegionChanged = 0x8019;
 
 struct LabelPeer : Control::Peer {
   using Peer::Peer;
@@ -19,6 +23,21 @@ struct LabelPeer : Control::Peer {
     // The new text may be shorter, or the same with another meaning of its ampersands.
     InvalidateRect(window, nullptr, TRUE);
   }
+
+  void Detached() override {
+    live_.Reset();
+    isLive_ = false;
+  }
+
+  void Announce() {
+    if (!window) return;
+    if (!std::exchange(isLive_, true)) live_.SetLive(window);
+    NotifyWinEvent(kLiveRegionChanged, window, OBJID_CLIENT, CHILDID_SELF);
+  }
+
+ private:
+  Annotation live_{Annotation::Kind::kLive};
+  bool isLive_ = false;
 };
 
 }  // namespace
@@ -35,6 +54,10 @@ void Label::SetCaption(const std::wstring& caption) {
 
 void Label::SetPlainCaption(const std::wstring& caption) {
   static_cast<LabelPeer&>(BackEnd()).SetText(caption, true);
+}
+
+void Label::Announce() {
+  static_cast<LabelPeer&>(BackEnd()).Announce();
 }
 
 }  // namespace controls

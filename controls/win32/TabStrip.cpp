@@ -20,6 +20,11 @@ struct TabStripPeer : Control::Peer {
     selected = -1;
   }
 
+  bool TurnTabs(bool backwards) override {
+    static_cast<TabStrip&>(*control).SelectNext(backwards);
+    return true;
+  }
+
   LRESULT Notify(NMHDR& header) override {
     if (header.code == TCN_SELCHANGING) return !TakesInput();
     if (header.code == TCN_SELCHANGE) Chosen(static_cast<int>(Send(TCM_GETCURSEL)));

@@ -60,5 +60,29 @@ TEST_F(TabStrip, TakesNothingFromTheUserWhileItIsDisabled) {
   EXPECT_EQ(tabs.SelectedTab(), 0);
 }
 
+TEST_F(TabStrip, IsTurnedByKeysWhereverTheFocusIs) {
+  AddTabs();
+  user.Focus(form.name);
+  user.PressCtrl(form, test_support::kKeyTab);
+  user.PressCtrl(form, test_support::kKeyPageDown);
+  EXPECT_EQ(tabs.SelectedTab(), 2);
+  user.PressCtrl(form, test_support::kKeyTab);
+  user.PressCtrl(form, test_support::kKeyPageUp);
+  user.PressCtrl(form, test_support::kKeyPageUp);
+  EXPECT_EQ(events, (Events{L"1", L"2", L"0", L"2", L"1"}));
+  EXPECT_TRUE(form.name.HasFocus());
+}
+
+TEST_F(TabStrip, IsNotTurnedByKeysWhileItIsDisabledOrEmpty) {
+  user.Focus(form.name);
+  user.PressCtrl(form, test_support::kKeyTab);
+  EXPECT_EQ(tabs.SelectedTab(), -1);
+  AddTabs();
+  tabs.SetEnabled(false);
+  user.PressCtrl(form, test_support::kKeyPageDown);
+  EXPECT_EQ(tabs.SelectedTab(), 0);
+  EXPECT_EQ(events, Events{});
+}
+
 }  // namespace
 }  // namespace controls_test

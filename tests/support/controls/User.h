@@ -19,6 +19,8 @@ enum Key : int {
   kKeyEnter = 13,
   kKeyEscape = 27,
   kKeySpace = 32,
+  kKeyPageUp = 33,
+  kKeyPageDown = 34,
   kKeyInsert = 45,
   kKeyC = 67,
 };
@@ -89,7 +91,8 @@ class User {
   // focused button or types a blank. All reach the form's key procedures first.
   void PressKey(controls::Form& form, int keyCode, Where where = Where::current());
   void PressShiftTab(controls::Form& form, Where where = Where::current());
-  // A key with the Control key held: kKeyC or kKeyInsert copies in a tree that has the focus.
+  // A key with the Control key held: kKeyC or kKeyInsert copies in a tree that has the focus,
+  // kKeyTab or a page key turns the tabs.
   void PressCtrl(controls::Form& form, int keyCode, Where where = Where::current());
   // Alt and a letter: presses the button, or focuses the control behind the label or frame, that
   // has the letter as its mnemonic. Hidden and disabled ones do not answer.

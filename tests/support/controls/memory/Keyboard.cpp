@@ -60,6 +60,9 @@ void PressOnControls(Form::Peer& form, int keyCode, bool shift) {
 }
 
 void PressCtrlOnControls(Form::Peer& form, int keyCode) {
+  if (keyCode == kKeyTab || keyCode == kKeyPageUp || keyCode == kKeyPageDown) {
+    form.order.TurnTabs(keyCode == kKeyPageUp);
+  }
   if (keyCode != kKeyC && keyCode != kKeyInsert) return;
   Control* const focused = ControlOf(form.order.Holder());
   if (focused == nullptr) return;
