@@ -121,6 +121,9 @@ void Form::Peer::Close() {
   SetWindowLongPtrW(window, DWLP_USER, 0);
   if (owner && active) SetActiveWindow(owner);
   ShowWindow(window, SW_HIDE);
+  // What has closed the form may be a message that was sent, which the loop that waits for the
+  // form's end does not come back from GetMessage for.
+  PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
   FormLife& life = *this;
   closed_.push_back(std::exchange(life, {}));
   if (scopes_ == 0) DropWindows();
