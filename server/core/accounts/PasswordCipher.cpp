@@ -15,7 +15,8 @@ std::string BoundTo(std::int32_t userId) {
   return "password of user " + std::to_string(userId);
 }
 
-// A plain password in bytes, which is overwritten at the end of its scope, also when an error ends it.
+// A plain password in bytes, which is overwritten at the end of its scope, also when an error ends
+// it.
 struct PlainBytes {
   std::string bytes;
   ~PlainBytes() { data::Wipe(bytes); }

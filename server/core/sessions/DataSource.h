@@ -30,8 +30,8 @@ struct DataSource {
 // in UTF-8, "key = PATH" and either "database = PATH" or "odbc = CONNECTION STRING", the latter
 // with "user = NAME", "password = PATH", "connect-time = SECONDS" and "statement-time = SECONDS"
 // where they are wanted. keys/NAME.key is the key itself and keys/NAME.password the database's
-// password, which only those who administer the source may read (PrivateFile.h). A name has up to 64
-// ASCII letters, digits, '-' and '_'.
+// password, which only those who administer the source may read (PrivateFile.h). A name has up to
+// 64 ASCII letters, digits, '-' and '_'.
 class DataSources {
  public:
   // administrators is the group whose members may use the keys of the sources that are created,
