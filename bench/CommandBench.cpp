@@ -9,11 +9,11 @@
 #include <string>
 #include <vector>
 
+#include "bench/Command.h"
 #include "bench/Floor.h"
 #include "bench/Program.h"
 #include "bench/Row.h"
 #include "data/Text.h"
-#include "dialogs/frmAddUserInGroup.h"
 #include "dialogs/frmEditUser.h"
 
 #ifdef _WIN32
@@ -33,43 +33,8 @@ constexpr int kPairs = 5;
 constexpr int kUser = 500;
 constexpr int kGroup = 50;
 
-struct Command {
-  const char* name;
-  int tree;
-  std::string key;  // the node that is selected
-  std::function<void(frmUserGroupPerm& window)> press;
-  std::function<void(controls::Form& form)> answer;  // what is done in its dialog
-  std::vector<std::string> writes;                   // what the dialog's result sets write
-  std::vector<std::string> undo;
-};
-
-std::string Number(std::int64_t number) {
-  return std::to_string(number);
-}
-
 void Escape(controls::Form& form) {
   form.Unload();
-}
-
-Command AddMember(test_support::RawDatabase& raw) {
-  const std::string group = Number(kGroup);
-  const std::int64_t user = raw.Number(
-      "SELECT MAX(USERID) FROM QRUSERV WHERE USERID NOT IN (SELECT USERID FROM QRUSGP WHERE "
-      "GROUPID = " +
-      group + ")");
-  Command command{"add a user to a group", 1, "\\TMS \\G" + group + " \\U", {}, {}, {}, {}};
-  command.press = [](frmUserGroupPerm& window) { window.Groups.cmdMember_Click(0); };
-  command.answer = [user](controls::Form& form) {
-    auto& dialog = dynamic_cast<dialogs::frmAddUserInGroup&>(form);
-    controls::ListBox& others = dialog.List1[1];
-    for (int i = 0; i < others.ListCount(); ++i) others.SetSelected(i, others.ItemData(i) == user);
-    dialog.cmdBtn[1].Click();
-    dialog.cmdOK.Click();
-  };
-  command.writes = {"INSERT INTO QRUSGP (USERID, GROUPID) VALUES (" + Number(user) + ", " + group +
-                    ")"};
-  command.undo = {"DELETE FROM QRUSGP WHERE USERID = " + Number(user) + " AND GROUPID = " + group};
-  return command;
 }
 
 Command RemovePermission(test_support::RawDatabase& raw) {
@@ -159,15 +124,6 @@ std::vector<Command> Openings() {
   };
 }
 
-void Select(frmUserGroupPerm& window, const Command& command) {
-  controls::TreeView& tree = window.Page(command.tree).TreeView1;
-  const controls::NodeId node = tree.Nodes().Find(data::FromUtf8(command.key));
-  if (node == controls::kNoNode) throw std::runtime_error("no node " + command.key);
-  window.TabStrip1.SetSelectedTab(command.tree);
-  tree.SetSelectedNode(node);
-  Settle(window);
-}
-
 void Measure(Program& program, const Command& command) {
   program.AnswerDialogs(command.answer);
   const auto select = [&](frmUserGroupPerm& window) { Select(window, command); };
@@ -207,7 +163,7 @@ int Run(int users) {
     Program program({users, kGroups, kPermissions});
     test_support::RawDatabase raw = program.Raw();
     for (const auto& command :
-         {AddMember(raw), RemovePermission(raw), RenameUser(raw), DeleteGroup(raw)}) {
+         {AddMember(raw, kGroup), RemovePermission(raw), RenameUser(raw), DeleteGroup(raw)}) {
       Measure(program, command);
     }
     for (const Command& opening : Openings()) Measure(program, opening);

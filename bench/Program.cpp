@@ -83,6 +83,30 @@ std::vector<std::wstring> Program::Statements(
   return StatementsOf(calls, writes);
 }
 
+namespace {
+
+constexpr std::string_view kPort = "Port=";
+
+}  // namespace
+
+int Program::ServerPort() const {
+  const std::string& text = Source().odbc->connectionString;
+  return std::stoi(text.substr(text.find(kPort) + kPort.size()));
+}
+
+void Program::ReachBy(int port) const {
+  server::OdbcDescription odbc = *Source().odbc;
+  const std::size_t digits = odbc.connectionString.find(kPort) + kPort.size();
+  const std::size_t end = odbc.connectionString.find(';', digits);
+  odbc.connectionString.replace(digits, end - digits, std::to_string(port));
+  const std::filesystem::path key = Source().keyFile;
+  const std::filesystem::path kept = database_.Home() / "kept.key";
+  std::filesystem::rename(key, kept);
+  server::DataSources(database_.Home())
+      .Create(Source().name, odbc, server::ReadDatabasePassword(Source()));
+  std::filesystem::rename(kept, key);
+}
+
 void Program::AnswerDialogs(std::function<void(controls::Form& form)> answer) {
   desktop_.system.answers.ModalShown = std::move(answer);
 }

@@ -33,6 +33,11 @@ class Program {
 
   std::string DatabaseFile() const { return database_.File().string(); }
   test_support::RawDatabase Raw() const { return database_.Raw(); }
+  const server::DataSource& Source() const { return database_.Source(); }
+  // Behind a database server: the port of the loopback that it is reached by, and another one for
+  // the runs to come.
+  int ServerPort() const;
+  void ReachBy(int port) const;
 
  private:
   std::unique_ptr<browser::frmUserGroupPerm> Start(

@@ -1,20 +1,20 @@
 #include <functional>
 #include <random>
 
-#include "FarEngine.h"
 #include "ServerTest.h"
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
 #include "server/core/sql/Query.h"
 #include "server/core/sql/SqlConnection.h"
+#include "tests/support/data/CountedEngine.h"
 
 namespace {
 
 using server_test::FailureOf;
-using server_test::FarEngine;
 using server_test::ReadRows;
 using server_test::Rows;
-using server_test::Traffic;
+using test_support::CountedEngine;
+using test_support::Traffic;
 
 int ColumnsOf(std::wstring_view statement) {
   const std::wstring_view list = statement.substr(0, statement.find(L"FROM"));
@@ -29,7 +29,7 @@ class FarAccounts {
     std::unique_ptr<server::Engine> engine = sample_.Engine();
     // No two texts of one password are alike.
     server::Run(*engine, "UPDATE QRUSER SET PASSWORD = NULL");
-    if (ahead) engine = std::make_unique<FarEngine>(std::move(engine), traffic);
+    if (ahead) engine = std::make_unique<CountedEngine>(std::move(engine), traffic);
     database = std::make_shared<server::Database>(std::move(engine));
     connection = std::make_unique<server::SqlConnection>(database);
   }

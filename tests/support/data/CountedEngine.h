@@ -1,12 +1,13 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <string>
 
 #include "server/core/sql/Engine.h"
 
-namespace server_test {
+namespace test_support {
 
 // What was asked of an engine, and what is to fail.
 struct Traffic {
@@ -17,11 +18,11 @@ struct Traffic {
   std::function<void(const std::string& sql)> beforeRun = [](const std::string&) {};
 };
 
-// An engine as if it were far away: what is asked of it is counted, and it says that it is better
-// asked for much at once.
-class FarEngine final : public server::Engine {
+// An engine whose statements are counted, as if it were far away: it says that it is better asked
+// for much at once.
+class CountedEngine final : public server::Engine {
  public:
-  FarEngine(std::unique_ptr<server::Engine> engine, Traffic& traffic)
+  CountedEngine(std::unique_ptr<server::Engine> engine, Traffic& traffic)
       : engine_(std::move(engine)), traffic_(traffic) {}
 
   void CreateSchema() override { engine_->CreateSchema(); }
@@ -83,4 +84,4 @@ class FarEngine final : public server::Engine {
   Traffic& traffic_;
 };
 
-}  // namespace server_test
+}  // namespace test_support
