@@ -39,6 +39,7 @@ enum SessionError : long {
   kRowGone = data::kRowGone,                  // 23: changed or deleted by somebody else
   kReadNotBegun = -2147220968,                // 24: EndRead without BeginRead
   kDatabasePasswordUnreadable = -2147220967,  // 25: the file with the database's password
+  kWriteUncertain = -2147220966,              // 26: the connection was lost during a write
 };
 
 // Raises the error with its text. detail names the thing that the text speaks of.

@@ -9,9 +9,9 @@ namespace server {
 namespace {
 
 std::unique_ptr<Engine> OpenOdbc(const OdbcDescription& odbc, std::string_view password) {
-  return std::make_unique<OdbcEngine>(
-      OdbcTarget{odbc.connectionString, odbc.user, std::string(password), odbc.connectTime},
-      odbc.statementTime);
+  return std::make_unique<OdbcEngine>(OdbcTarget{odbc.connectionString, odbc.user,
+                                                 std::string(password), odbc.connectTime,
+                                                 odbc.statementTime, odbc.hosts});
 }
 
 void CreateSchema(Engine& engine) {

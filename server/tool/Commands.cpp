@@ -13,8 +13,8 @@ constexpr Option kPassword{"--password"};
 constexpr Option kPasswordInput{"--password-stdin", true};
 
 constexpr Option kCreateOptions[] = {
-    kSource,        {"--file"},        {"--odbc"},          {"--user"},
-    kPasswordInput, {"--force", true}, {"--administrators"}};
+    kSource,        {"--file"},        {"--odbc"},           {"--user"},
+    kPasswordInput, {"--force", true}, {"--administrators"}, {"--hosts"}};
 constexpr Option kSourceOnly[] = {kSource};
 constexpr Option kGeneratedOptions[] = {
     kSource, {"--users", false, true}, {"--groups"}, {"--permissions"}};

@@ -66,8 +66,8 @@ server::DataSources Sources(const Arguments& arguments, const Surroundings& surr
 
 void CreateFileDatabase(const Arguments& arguments, const Surroundings& surroundings,
                         const std::string& name) {
-  if (arguments.Has("--user") || arguments.Has("--password-stdin")) {
-    throw UsageError("--user and --password-stdin go with --odbc");
+  if (arguments.Has("--user") || arguments.Has("--password-stdin") || arguments.Has("--hosts")) {
+    throw UsageError("--user, --hosts and --password-stdin go with --odbc");
   }
   const std::filesystem::path file = server::PathFromUtf8(arguments.Value("--file"));
   if (file.empty()) throw UsageError("--file is empty");
@@ -89,6 +89,7 @@ void CreateOdbcDatabase(const Arguments& arguments, const Surroundings& surround
     throw UsageError("the password must not stand in --odbc; give it with --password-stdin");
   }
   if (arguments.Has("--user")) odbc.user = arguments.Value("--user");
+  if (arguments.Has("--hosts")) odbc.hosts = server::HostsIn(arguments.Value("--hosts"));
   const std::string password =
       arguments.Has("--password-stdin") ? ReadLine(surroundings) : std::string();
   const server::DataSources sources = Sources(arguments, surroundings);

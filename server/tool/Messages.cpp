@@ -25,6 +25,8 @@ std::string MessageOf(const data::RunTimeError& error) {
       return "the data source's key file is missing, is no key or cannot be written";
     case server::kDatabasePasswordUnreadable:
       return "the file with the database's password is missing or cannot be read or written";
+    case server::kWriteUncertain:
+      return "the connection was lost during a write; see whether it was done";
     case server::kRandomFailed:
       return "the system gives no random numbers";
     default:

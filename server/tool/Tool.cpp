@@ -15,7 +15,8 @@ constexpr std::string_view kHelp =
 
   create-database --source NAME --file PATH [--force]
       Create an empty database and the data source that names it. --force replaces both.
-  create-database --source NAME --odbc "CONNECTION STRING" [--user NAME] [--password-stdin] [--force]
+  create-database --source NAME --odbc "CONNECTION STRING" [--hosts HOST,HOST] [--user NAME]
+                  [--password-stdin] [--force]
       Create the schema in an empty database that an ODBC driver reaches, and the data source that
       names it, with the database's user and password. --force replaces the data source only.
       Both take --administrators GROUP: its members may use the source too, besides who creates it

@@ -18,7 +18,10 @@ using test_support::TestEngine;
 class Odbc : public odbc_test::OnServer {
  protected:
   server::OdbcTarget Target() const {
-    return {database_.Description().connectionString, "", ServerDatabase::Password()};
+    server::OdbcTarget target;
+    target.connectionString = database_.Description().connectionString;
+    target.password = ServerDatabase::Password();
+    return target;
   }
 };
 
@@ -76,7 +79,9 @@ TEST_F(Odbc, ThePasswordIsKeptForItsReadersAlone) {
 }
 
 TEST_F(Odbc, AStatementThatTakesTooLongIsEndedByTheDatabase) {
-  server::OdbcEngine engine(Target(), std::chrono::seconds(1));
+  server::OdbcTarget target = Target();
+  target.statementTime = std::chrono::seconds(1);
+  server::OdbcEngine engine(target);
   const bool postgresql = test_support::EngineUnderTest() == TestEngine::kPostgresql;
   const auto start = std::chrono::steady_clock::now();
   try {
@@ -90,7 +95,7 @@ TEST_F(Odbc, AStatementThatTakesTooLongIsEndedByTheDatabase) {
 }
 
 TEST_F(Odbc, TextsOfEveryLengthComeBackWholeFromOneSet) {
-  server::OdbcEngine engine(Target(), std::chrono::seconds(30));
+  server::OdbcEngine engine(Target());
   engine.CreateSchema();
   server::Query insert(engine, "INSERT INTO QRUSER (USERID, NAME) VALUES (?, ?)");
   std::vector<std::string> names;
@@ -114,7 +119,7 @@ TEST_F(Odbc, TextsOfEveryLengthComeBackWholeFromOneSet) {
 }
 
 TEST_F(Odbc, NamesAreTheSameOnlyLetterForLetter) {
-  server::OdbcEngine engine(Target(), std::chrono::seconds(30));
+  server::OdbcEngine engine(Target());
   engine.CreateSchema();
   server::Run(engine, "INSERT INTO QRUSER (USERID, NAME) VALUES (?, ?)", 1,
               std::string_view("Ève "));
@@ -126,7 +131,7 @@ TEST_F(Odbc, NamesAreTheSameOnlyLetterForLetter) {
 }
 
 TEST_F(Odbc, AnUpdateCountsTheRowsThatItMeetsChangedOrNot) {
-  server::OdbcEngine engine(Target(), std::chrono::seconds(30));
+  server::OdbcEngine engine(Target());
   engine.CreateSchema();
   server::Run(engine, "INSERT INTO QRUSER (USERID, NAME) VALUES (1, 'a')");
   server::Query update(engine, "UPDATE QRUSER SET NAME = ? WHERE USERID = ?");

@@ -29,4 +29,18 @@ TEST(ConnectionString, PutsAValueInBracesWhereItMustStandInSome) {
   EXPECT_EQ(ConnectionValue(" blank"), "{ blank}");
 }
 
+TEST(ConnectionString, TakesAnotherValueInThePlaceOfEveryOtherOne) {
+  EXPECT_EQ(server::WithValue("Driver=x;Port=1;port = 2;Uid=u", "Port", "3"),
+            "Driver=x;Uid=u;Port=3;");
+  EXPECT_EQ(server::WithValue("", "Server", "a b"), "Server={a b};");
+}
+
+TEST(ConnectionString, TakesAHostWithOrWithoutItsPort) {
+  EXPECT_EQ(server::WithHost("Driver=x;Server=old;Port=1", "db.example.org"),
+            "Driver=x;Port=1;Server=db.example.org;");
+  EXPECT_EQ(server::WithHost("Driver=x;Server=old;Port=1", "db2:3307"),
+            "Driver=x;Server=db2;Port=3307;");
+  EXPECT_EQ(server::WithHost("Driver=x;Port=1", "[::1]:3307"), "Driver=x;Server=::1;Port=3307;");
+}
+
 }  // namespace

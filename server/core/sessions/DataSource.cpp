@@ -61,9 +61,16 @@ void ReadTime(const Lines& lines, std::string_view name, std::chrono::seconds& t
   }
 }
 
+std::string Joined(const std::vector<std::string>& hosts) {
+  std::string text;
+  for (const std::string& host : hosts) text.append(text.empty() ? "" : ", ").append(host);
+  return text;
+}
+
 OdbcDescription ReadOdbc(const Lines& lines) {
   OdbcDescription odbc;
   odbc.connectionString = ValueOf(lines, "odbc");
+  odbc.hosts = HostsIn(ValueOf(lines, "hosts"));
   odbc.user = ValueOf(lines, "user");
   odbc.passwordFile = PathFromUtf8(ValueOf(lines, "password"));
   ReadTime(lines, "connect-time", odbc.connectTime);
@@ -73,6 +80,7 @@ OdbcDescription ReadOdbc(const Lines& lines) {
 
 void WriteOdbc(std::ostream& file, const OdbcDescription& odbc) {
   file << "odbc = " << odbc.connectionString << "\n";
+  if (!odbc.hosts.empty()) file << "hosts = " << Joined(odbc.hosts) << "\n";
   if (!odbc.user.empty()) file << "user = " << odbc.user << "\n";
   if (!odbc.passwordFile.empty()) file << "password = " << PathToUtf8(odbc.passwordFile) << "\n";
   file << "connect-time = " << odbc.connectTime.count() << "\n"
@@ -85,6 +93,19 @@ bool IsNameLetter(char letter) {
 }
 
 }  // namespace
+
+std::vector<std::string> HostsIn(std::string_view text) {
+  std::vector<std::string> hosts;
+  while (!text.empty()) {
+    const std::size_t comma = std::min(text.find(','), text.size());
+    std::string_view host = text.substr(0, comma);
+    text.remove_prefix(std::min(comma + 1, text.size()));
+    while (host.starts_with(' ')) host.remove_prefix(1);
+    while (host.ends_with(' ')) host.remove_suffix(1);
+    if (!host.empty()) hosts.emplace_back(host);
+  }
+  return hosts;
+}
 
 std::filesystem::path DataSources::DefaultHome() {
   std::filesystem::path own = Environment("VARDEX_HOME");

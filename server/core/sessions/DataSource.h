@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace server {
 
@@ -13,10 +14,16 @@ struct OdbcDescription {
   std::string connectionString;        // UTF-8; holds no password
   std::string user;                    // empty where the connection string or the system names him
   std::filesystem::path passwordFile;  // empty where none is needed
+  // The hosts that the database is on, each NAME, NAME:PORT or [ADDRESS]:PORT, in the order in
+  // which they are tried; empty for the one that the connection string names.
+  std::vector<std::string> hosts = {};
   // How long a connection and a statement may take.
   std::chrono::seconds connectTime{10};
   std::chrono::seconds statementTime{30};
 };
+
+// The hosts in a text in which commas part them.
+std::vector<std::string> HostsIn(std::string_view text);
 
 // A named database: where it is and where the key of its passwords is kept.
 struct DataSource {
@@ -28,10 +35,10 @@ struct DataSource {
 
 // The folder that the data sources of this machine are described in: sources/NAME.ini holds lines
 // in UTF-8, "key = PATH" and either "database = PATH" or "odbc = CONNECTION STRING", the latter
-// with "user = NAME", "password = PATH", "connect-time = SECONDS" and "statement-time = SECONDS"
-// where they are wanted. keys/NAME.key is the key itself and keys/NAME.password the database's
-// password, which only those who administer the source may read (PrivateFile.h). A name has up to
-// 64 ASCII letters, digits, '-' and '_'.
+// with "hosts = HOST, HOST", "user = NAME", "password = PATH", "connect-time = SECONDS" and
+// "statement-time = SECONDS" where they are wanted. keys/NAME.key is the key itself and
+// keys/NAME.password the database's password, which only those who administer the source may read
+// (PrivateFile.h). A name has up to 64 ASCII letters, digits, '-' and '_'.
 class DataSources {
  public:
   // administrators is the group whose members may use the keys of the sources that are created,

@@ -1,6 +1,7 @@
 #include "server/engines/odbc/ConnectionString.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace server {
 namespace {
@@ -35,6 +36,27 @@ std::size_t EndOfValue(std::string_view text, std::size_t place) {
   return std::min(text.find(';', std::min(place, text.size())), text.size());
 }
 
+// A keyword with its value, up to and with the semicolon.
+struct Place {
+  std::size_t begin;
+  std::size_t end;
+};
+
+std::optional<Place> Find(std::string_view connectionString, std::string_view keyword) {
+  std::size_t place = 0;
+  while (place < connectionString.size()) {
+    const std::size_t sign = connectionString.find('=', place);
+    if (sign == std::string_view::npos) return std::nullopt;
+    const std::size_t end =
+        std::min(EndOfValue(connectionString, sign + 1) + 1, connectionString.size());
+    if (SameKeyword(Trimmed(connectionString.substr(place, sign - place)), keyword)) {
+      return Place{place, end};
+    }
+    place = end;
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::string ConnectionValue(std::string_view value) {
@@ -45,14 +67,28 @@ std::string ConnectionValue(std::string_view value) {
 }
 
 bool HasKeyword(std::string_view connectionString, std::string_view keyword) {
-  std::size_t place = 0;
-  while (place < connectionString.size()) {
-    const std::size_t sign = connectionString.find('=', place);
-    if (sign == std::string_view::npos) return false;
-    if (SameKeyword(Trimmed(connectionString.substr(place, sign - place)), keyword)) return true;
-    place = EndOfValue(connectionString, sign + 1) + 1;
+  return Find(connectionString, keyword).has_value();
+}
+
+std::string WithValue(std::string_view connectionString, std::string_view keyword,
+                      std::string_view value) {
+  std::string text(connectionString);
+  while (const auto place = Find(text, keyword)) {
+    text.erase(place->begin, place->end - place->begin);
   }
-  return false;
+  if (!text.empty() && !text.ends_with(';')) text += ';';
+  return text.append(keyword).append("=").append(ConnectionValue(value)).append(";");
+}
+
+std::string WithHost(std::string_view connectionString, std::string_view host) {
+  std::string_view port;
+  const std::size_t bracket = host.starts_with('[') ? host.find(']') : std::string_view::npos;
+  const std::size_t sign = host.find(':', bracket == std::string_view::npos ? 0 : bracket);
+  if (sign != std::string_view::npos) port = host.substr(sign + 1);
+  std::string_view name = host.substr(0, sign);
+  if (bracket != std::string_view::npos) name = host.substr(1, bracket - 1);
+  const std::string text = WithValue(connectionString, "Server", name);
+  return port.empty() ? text : WithValue(text, "Port", port);
 }
 
 }  // namespace server

@@ -21,8 +21,19 @@ std::string WithOptions(std::string text) {
   return text;
 }
 
+// A server that hangs answers nothing, not even that time is up: this driver then gives up by
+// itself.
+std::string WithPatience(std::string text, const OdbcTarget& target) {
+  const std::string seconds = std::to_string(target.statementTime.count() + 5);
+  for (const char* const keyword : {"READ_TIMEOUT", "WRITE_TIMEOUT"}) {
+    if (!HasKeyword(text, keyword)) text = WithValue(text, keyword, seconds);
+  }
+  const std::string patience = std::to_string(target.connectTime.count());
+  return HasKeyword(text, "CONN_TIMEOUT") ? text : WithValue(text, "CONN_TIMEOUT", patience);
+}
+
 std::string WholeString(const OdbcTarget& target) {
-  std::string text = WithOptions(target.connectionString);
+  std::string text = WithPatience(WithOptions(target.connectionString), target);
   if (!target.user.empty()) text += "UID=" + ConnectionValue(target.user) + ";";
   if (!target.password.empty()) text += "PWD=" + ConnectionValue(target.password) + ";";
   return text;
@@ -60,6 +71,19 @@ OdbcConnection::~OdbcConnection() {
   // A connection with an open transaction is not let go.
   Rollback();
   SQLDisconnect(connection_.Get());
+}
+
+bool OdbcConnection::IsLost(std::wstring_view message) const {
+  // Connection exceptions, a server that is shutting down, and MariaDB's own words.
+  for (const std::wstring_view sign : {L"08", L"57P01", L"57P02", L"57P03", L"HYT01"}) {
+    if (message.starts_with(sign)) return true;
+  }
+  for (const std::wstring_view words : {L"server has gone away", L"Lost connection"}) {
+    if (message.find(words) != std::wstring_view::npos) return true;
+  }
+  SQLUINTEGER dead = SQL_CD_FALSE;
+  SQLGetConnectAttr(connection_.Get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
+  return dead == SQL_CD_TRUE;
 }
 
 void OdbcConnection::Check(SQLRETURN result) const {

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "server/engines/odbc/OdbcHandle.h"
 
@@ -14,6 +15,12 @@ struct OdbcTarget {
   std::string user;              // empty where the connection string or the system names him
   std::string password;
   std::chrono::seconds connectTime{10};
+  // A statement that takes longer is ended with an error, and so is one that has to wait that long
+  // for somebody else's lock.
+  std::chrono::seconds statementTime{30};
+  // The hosts that the database is on, in the place of the one that the connection string names;
+  // see WithHost. Empty for that one alone.
+  std::vector<std::string> hosts = {};
 };
 
 // An open connection to a data source. Failures are database errors with the driver's own state and
@@ -27,6 +34,9 @@ class OdbcConnection {
 
   // A new statement handle.
   OdbcStatementHandle NewStatement() const;
+  // Whether nothing can be asked on this connection any more, as far as the driver knows after a
+  // failure with this message.
+  bool IsLost(std::wstring_view message) const;
   // Runs a statement without parameters whose rows, if any, do not matter.
   void Run(std::string_view sql) const;
   // The first column of the first row; empty when there is no row.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "server/engines/odbc/OdbcSession.h"
 
 namespace server {
@@ -7,9 +9,8 @@ namespace server {
 // A database behind an ODBC driver.
 class OdbcEngine final : public Engine {
  public:
-  // Connects. A statement that takes longer than statementTime is ended with an error, and so is
-  // one that has to wait that long for somebody else's lock.
-  OdbcEngine(const OdbcTarget& target, std::chrono::seconds statementTime);
+  // Connects.
+  explicit OdbcEngine(OdbcTarget target) : session_(std::move(target)) {}
 
   // Raises a database error that names what is in the way when the database holds any of the
   // schema's tables or views already.
@@ -17,13 +18,13 @@ class OdbcEngine final : public Engine {
   bool ReadsAhead() const override { return true; }
   std::unique_ptr<Statement> Prepare(std::string_view sql) override;
   std::int32_t RowsAffected() override { return session_.rowsAffected; }
-  void BeginReading() override;
-  void BeginWriting() override;
-  void Commit() override;
-  void Rollback() noexcept override;
+  void BeginReading() override { session_.BeginReading(); }
+  void BeginWriting() override { session_.BeginWriting(); }
+  void Commit() override { session_.Commit(); }
+  void Rollback() noexcept override { session_.Rollback(); }
 
  private:
-  void RemoveSchema() const noexcept;
+  void RemoveSchema() noexcept;
 
   OdbcSession session_;
 };

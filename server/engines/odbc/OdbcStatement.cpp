@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "server/core/Errors.h"
 #include "server/engines/odbc/OdbcError.h"
 
 namespace server {
@@ -17,15 +18,30 @@ constexpr std::size_t kUsualText = 4000;
 }  // namespace
 
 OdbcStatement::OdbcStatement(OdbcSession& session, std::string_view sql)
-    : session_(session),
-      reads_(IsSelect(sql)),
-      statement_(session.connection.NewStatement()),
-      rows_(statement_.Get(), session.dialect->textForm) {
-  if (reads_ && session.dialect->textForm == TextForm::kUtf8) {
+    : session_(session), sql_(sql), reads_(IsSelect(sql)), rows_(nullptr, TextForm::kWide) {
+  Prepare();
+}
+
+// Some drivers ask the server already here. Nothing is done by it that could be done twice.
+void OdbcStatement::Prepare() {
+  try {
+    PrepareOnce();
+  } catch (const data::RunTimeError& error) {
+    if (!session_.NoteLoss(error) || session_.InTransaction()) throw;
+    PrepareOnce();
+  }
+}
+
+void OdbcStatement::PrepareOnce() {
+  connection_ = session_.Use();
+  statement_ = connection_->NewStatement();
+  const TextForm form = session_.Kind().textForm;
+  rows_ = RowBlock(statement_.Get(), form);
+  if (reads_ && form == TextForm::kUtf8) {
     Check(SQLSetStmtAttr(statement_.Get(), SQL_ATTR_CURSOR_TYPE,
                          reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(SQL_CURSOR_STATIC)), 0));
   }
-  OdbcText text = ToOdbc(sql);
+  OdbcText text = ToOdbc(sql_);
   Check(SQLPrepareW(statement_.Get(), text.data(), static_cast<SQLINTEGER>(text.size())));
 }
 
@@ -49,7 +65,7 @@ void OdbcStatement::Bind(int parameter, std::int64_t number) {
 void OdbcStatement::Bind(int parameter, std::string_view text) {
   Parameter& bound = ParameterAt(parameter);
   bound.isNumber = false;
-  if (session_.dialect->textForm == TextForm::kWide) {
+  if (session_.Kind().textForm == TextForm::kWide) {
     const OdbcText wide = ToOdbc(text);
     bound.text.assign(reinterpret_cast<const char*>(wide.data()), wide.size() * sizeof(SQLWCHAR));
   } else {
@@ -79,7 +95,7 @@ void OdbcStatement::BindParameters() {
 }
 
 void OdbcStatement::BindText(SQLUSMALLINT position, Parameter& bound) {
-  const bool wide = session_.dialect->textForm == TextForm::kWide;
+  const bool wide = session_.Kind().textForm == TextForm::kWide;
   // In the driver's units; drivers do not take a column without any.
   const std::size_t size =
       std::max<std::size_t>(bound.text.size() / (wide ? sizeof(SQLWCHAR) : 1), 1);
@@ -98,24 +114,33 @@ void OdbcStatement::Execute() {
   executed_ = true;
 }
 
-// A write that fails within a reading transaction must leave its reads as they are.
-void OdbcStatement::ExecuteApart() {
-  session_.connection.Run("SAVEPOINT before_write");
+// A statement that fails within a reading transaction must leave it as it is.
+void OdbcStatement::Run() {
+  if (connection_ != session_.Use()) Prepare();
+  if (reads_) {
+    session_.BeforeRead();
+  } else {
+    session_.BeforeWrite();
+  }
   try {
     Execute();
-  } catch (...) {
-    session_.connection.Run("ROLLBACK TO SAVEPOINT before_write");
+  } catch (const data::RunTimeError& error) {
+    if (session_.NoteLoss(error) && !reads_ && !session_.InTransaction()) {
+      Fail(kWriteUncertain, error.Text());
+    }
+    session_.AfterFailedStatement();
     throw;
   }
-  session_.connection.Run("RELEASE SAVEPOINT before_write");
+  if (!reads_) session_.AfterWrite();
 }
 
 bool OdbcStatement::Step() {
   if (executed_) return rows_.Next();
-  if (!reads_ && session_.reading && session_.dialect->errorEndsTransaction) {
-    ExecuteApart();
-  } else {
-    Execute();
+  try {
+    Run();
+  } catch (const data::RunTimeError& error) {
+    if (!reads_ || session_.InTransaction() || !session_.NoteLoss(error)) throw;
+    Run();
   }
   SQLSMALLINT columns = 0;
   Check(SQLNumResultCols(statement_.Get(), &columns));

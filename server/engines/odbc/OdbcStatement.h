@@ -9,7 +9,9 @@
 
 namespace server {
 
-// A prepared statement of an ODBC connection, which must outlive it.
+// A prepared statement of a session, which must outlive it. Where its connection was lost it is
+// prepared again on the next. One that only reads, outside a transaction, is asked once more there;
+// a write is not, and raises kWriteUncertain when nobody knows whether it was done.
 class OdbcStatement final : public Statement {
  public:
   OdbcStatement(OdbcSession& session, std::string_view sql);
@@ -30,14 +32,18 @@ class OdbcStatement final : public Statement {
   };
 
   Parameter& ParameterAt(int parameter);
+  void Prepare();
+  void PrepareOnce();
   void Execute();
-  void ExecuteApart();
+  void Run();
   void BindParameters();
   void BindText(SQLUSMALLINT position, Parameter& bound);
   void Check(SQLRETURN result) const;
 
   OdbcSession& session_;
-  bool reads_;  // whether it is a SELECT
+  std::string sql_;
+  bool reads_;                                  // whether it is a SELECT
+  std::shared_ptr<OdbcConnection> connection_;  // that it is prepared on
   OdbcStatementHandle statement_;
   std::vector<Parameter> parameters_;
   RowBlock rows_;

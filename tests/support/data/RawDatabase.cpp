@@ -8,8 +8,11 @@ namespace {
 
 std::unique_ptr<RawDatabase::Access> AccessTo(const server::DataSource& source) {
   if (!source.odbc) return std::make_unique<RawSqlite>(source.database);
-  return std::make_unique<RawOdbc>(server::OdbcTarget{
-      source.odbc->connectionString, source.odbc->user, server::ReadDatabasePassword(source)});
+  server::OdbcTarget target;
+  target.connectionString = source.odbc->connectionString;
+  target.user = source.odbc->user;
+  target.password = server::ReadDatabasePassword(source);
+  return std::make_unique<RawOdbc>(target);
 }
 
 }  // namespace

@@ -26,7 +26,10 @@ std::string FirstLine(const std::string& name) {
 }
 
 server::OdbcTarget TargetOf(const std::string& database) {
-  return {FirstLine("connection") + ";Database=" + database, "", ServerDatabase::Password()};
+  server::OdbcTarget target;
+  target.connectionString = FirstLine("connection") + ";Database=" + database;
+  target.password = ServerDatabase::Password();
+  return target;
 }
 
 // On the database that the server itself has.
@@ -42,7 +45,7 @@ std::string NewName() {
 
 // The server copies no database as a whole.
 void CopyTables(const std::string& from, const std::string& to) {
-  server::OdbcEngine engine(TargetOf(to), std::chrono::seconds(30));
+  server::OdbcEngine engine(TargetOf(to));
   server::WriteTransaction transaction(engine);
   engine.CreateSchema();
   server::Run(engine, "DELETE FROM QRCOUNTER");

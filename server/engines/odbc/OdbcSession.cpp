@@ -1,0 +1,100 @@
+#include "server/engines/odbc/OdbcSession.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "server/core/Errors.h"
+#include "server/engines/odbc/ConnectionString.h"
+
+namespace server {
+
+OdbcSession::OdbcSession(OdbcTarget target) : target_(std::move(target)) {
+  Connect();
+}
+
+void OdbcSession::Connect() {
+  OdbcTarget target = target_;
+  const std::size_t hosts = std::max<std::size_t>(target_.hosts.size(), 1);
+  for (std::size_t tried = 1;; ++tried) {
+    if (!target_.hosts.empty()) {
+      target.connectionString = WithHost(target_.connectionString, target_.hosts[host_]);
+    }
+    try {
+      auto connection = std::make_shared<OdbcConnection>(target);
+      const Dialect& dialect = DialectFor(connection->Info(SQL_DBMS_NAME));
+      connection->Run(dialect.settings(target.statementTime));
+      connection_ = std::move(connection);
+      dialect_ = &dialect;
+      lost_ = false;
+      return;
+    } catch (const data::RunTimeError&) {
+      host_ = (host_ + 1) % hosts;
+      if (tried == hosts) throw;
+    }
+  }
+}
+
+const std::shared_ptr<OdbcConnection>& OdbcSession::Use() {
+  if (lost_) {
+    if (inTransaction_) FailDatabase(L"08003: the connection to the database was lost");
+    Connect();
+  }
+  return connection_;
+}
+
+bool OdbcSession::NoteLoss(const data::RunTimeError& error) {
+  if (error.Number() == kDatabaseError && connection_->IsLost(error.Text())) lost_ = true;
+  return lost_;
+}
+
+void OdbcSession::BeginReading() {
+  Use()->Begin(SQL_TXN_REPEATABLE_READ);
+  inTransaction_ = true;
+  reading_ = true;
+}
+
+void OdbcSession::BeginWriting() {
+  Use()->Begin(SQL_TXN_READ_COMMITTED);
+  inTransaction_ = true;
+}
+
+void OdbcSession::Commit() {
+  if (!inTransaction_) return;
+  try {
+    Use()->Commit();
+  } catch (const data::RunTimeError& error) {
+    const bool known = lost_;
+    if (NoteLoss(error) && !known && wrote_) Fail(kWriteUncertain, error.Text());
+    throw;
+  }
+  inTransaction_ = reading_ = wrote_ = savepoint_ = false;
+}
+
+void OdbcSession::Rollback() noexcept {
+  connection_->Rollback();
+  inTransaction_ = reading_ = wrote_ = savepoint_ = false;
+}
+
+void OdbcSession::BeforeRead() {
+  if (!NeedsSavepoint() || savepoint_) return;
+  connection_->Run("SAVEPOINT before_error");
+  savepoint_ = true;
+}
+
+void OdbcSession::BeforeWrite() {
+  if (NeedsSavepoint()) connection_->Run("SAVEPOINT before_error");
+}
+
+// What was written must not be undone by a later statement that fails.
+void OdbcSession::AfterWrite() {
+  wrote_ = inTransaction_;
+  if (!NeedsSavepoint()) return;
+  connection_->Run("RELEASE SAVEPOINT before_error");
+  savepoint_ = false;
+}
+
+void OdbcSession::AfterFailedStatement() {
+  if (NeedsSavepoint() && !lost_) connection_->Run("ROLLBACK TO SAVEPOINT before_error");
+}
+
+}  // namespace server

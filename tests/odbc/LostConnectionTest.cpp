@@ -1,0 +1,184 @@
+#include <chrono>
+#include <fstream>
+#include <thread>
+
+#include "OnServer.h"
+#include "data/MSQLStatement.h"
+#include "server/core/Errors.h"
+#include "server/core/sql/Query.h"
+#include "tests/support/network/Forwarder.h"
+
+namespace {
+
+using test_support::Forwarder;
+
+// A session on the sample, reached by two networks of its own as if they led to two hosts.
+class LostConnection : public ::testing::Test {
+ protected:
+  static bool OnPostgresql() {
+    return test_support::EngineUnderTest() == test_support::TestEngine::kPostgresql;
+  }
+  int ServerPort() const {
+    const std::string& text = sample_.Source().odbc->connectionString;
+    return std::stoi(text.substr(text.find("Port=") + 5));
+  }
+  // Rewrites the source's description.
+  void Open(const std::string& lines = "") {
+    const std::string hosts = "127.0.0.1:" + std::to_string(first_.Port()) +
+                              ", 127.0.0.1:" + std::to_string(second_.Port());
+    std::ofstream(sample_.Home() / "sources" / "test.ini", std::ios::app)
+        << "hosts = " << hosts << "\n"
+        << lines;
+    server_ = sample_.OpenServer();
+    connection_ = server_->DatabaseConnection();
+  }
+  // How many rows a statement gives.
+  int Rows(const std::wstring& statement) {
+    int rows = 0;
+    const auto set = connection_->OpenResultSet(statement);
+    for (; !set->EndOfRows(); set->MoveNext()) ++rows;
+    return rows;
+  }
+  template <class Call>
+  long NumberOf(Call&& call) {
+    try {
+      call();
+    } catch (const data::RunTimeError& error) {
+      return error.Number();
+    }
+    return 0;
+  }
+  // Until the database server has a statement wait for somebody else's lock.
+  bool SomebodyWaits() {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    test_support::RawDatabase raw = sample_.Raw();
+    const char* const question =
+        OnPostgresql()
+            ? "select count(*) from pg_stat_activity where wait_event_type = 'Lock' and datname = "
+              "current_database()"
+            : "select count(*) from information_schema.processlist where db = database() and info "
+              "like 'UPDATE QRUSER%' and time_ms > 200";
+    while (raw.Number(question) == 0) {
+      if (std::chrono::steady_clock::now() > deadline) return false;
+      std::this_thread::yield();
+    }
+    return true;
+  }
+
+  test_support::SampleDatabase sample_;
+  Forwarder first_{ServerPort()};
+  Forwarder second_{ServerPort()};
+  std::unique_ptr<server::ReferenceServer> server_;
+  std::unique_ptr<data::Connection> connection_;
+};
+
+TEST_F(LostConnection, IsFoundAgainOnTheSameHost) {
+  Open();
+  second_.Cut();
+  const int users = Rows(data::SqlSelectAllUsers());
+  const int port = first_.Port();
+  first_.Cut();
+  const Forwarder again(ServerPort(), {}, port);
+  EXPECT_EQ(Rows(data::SqlSelectAllUsers()), users);
+  EXPECT_EQ(connection_->Execute(data::SqlDeleteUserPermissions(9)), 2);
+}
+
+TEST_F(LostConnection, IsFoundAgainOnTheNextHost) {
+  Open();
+  const int users = Rows(data::SqlSelectAllUsers());
+  first_.Cut();
+  EXPECT_EQ(Rows(data::SqlSelectAllUsers()), users);
+}
+
+TEST_F(LostConnection, IsFoundAgainBeforeAWriteThatWasNotSent) {
+  Open();
+  first_.Cut();
+  EXPECT_EQ(connection_->Execute(data::SqlDeleteUserPermissions(9)), 2);
+  EXPECT_EQ(sample_.Raw().Number("select count(*) from qruprm where userid = 9"), 0);
+}
+
+TEST_F(LostConnection, IsFoundAgainBeforeAnIdentifierIsDrawn) {
+  Open();
+  const std::int32_t before = server_->NewIdentifier(L"QRUSRN");
+  first_.Cut();
+  EXPECT_EQ(server_->NewIdentifier(L"QRUSRN"), before + 1);
+}
+
+TEST_F(LostConnection, EndsAReadingTransactionAndIsFoundAgainAfterIt) {
+  Open();
+  const int users = Rows(data::SqlSelectAllUsers());
+  connection_->BeginRead();
+  EXPECT_EQ(Rows(data::SqlSelectAllUsers()), users);
+  first_.Cut();
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(NumberOf([this] { Rows(data::SqlSelectAllUsers()); }), server::kDatabaseError);
+  }
+  EXPECT_EQ(NumberOf([this] { connection_->EndRead(); }), server::kDatabaseError);
+  EXPECT_EQ(Rows(data::SqlSelectAllUsers()), users);
+  connection_->BeginRead();
+  EXPECT_EQ(Rows(data::SqlSelectAllUsers()), users);
+  connection_->EndRead();
+}
+
+TEST_F(LostConnection, DuringAWriteIsToldAsSuch) {
+  Open();
+  const auto other = sample_.Engine();
+  long number = 0;
+  std::thread writer;
+  {
+    server::WriteTransaction transaction(*other);
+    server::Run(*other, "UPDATE QRUSER SET FULLNAME = NAME WHERE USERID = 9");
+    writer = std::thread([&] {
+      number = NumberOf([this] { connection_->Execute(data::SqlMarkUserDeleted(L"Martin", 9)); });
+    });
+    EXPECT_TRUE(SomebodyWaits());
+    first_.Cut();
+    writer.join();
+  }
+  EXPECT_EQ(number, server::kWriteUncertain);
+  EXPECT_GT(Rows(data::SqlSelectAllUsers()), 30);
+}
+
+TEST_F(LostConnection, WithoutAnyHostLeftIsToldAndFoundAgainLater) {
+  Open();
+  const int users = Rows(data::SqlSelectAllUsers());
+  const int port = second_.Port();
+  first_.Cut();
+  second_.Cut();
+  EXPECT_EQ(NumberOf([this] { Rows(data::SqlSelectAllUsers()); }), server::kDatabaseError);
+  EXPECT_EQ(NumberOf([this] { connection_->Execute(data::SqlDeleteUserPermissions(9)); }),
+            server::kDatabaseError);
+  const Forwarder again(ServerPort(), {}, port);
+  EXPECT_EQ(Rows(data::SqlSelectAllUsers()), users);
+  EXPECT_EQ(sample_.Raw().Number("select count(*) from qruprm where userid = 9"), 2);
+}
+
+TEST_F(LostConnection, AHostThatHangsGivesWayToTheNext) {
+  first_.Hang();
+  const auto start = std::chrono::steady_clock::now();
+  Open("connect-time = 2\n");
+  EXPECT_GT(Rows(data::SqlSelectAllUsers()), 30);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+}
+
+TEST_F(LostConnection, AStatementThatFailsLeavesTheReadingTransactionAsItIs) {
+  Open();
+  sample_.Raw().Execute("insert into qruprm (userid, permid) values (11, 3)");
+  const std::int64_t links = sample_.Raw().Number("select count(*) from qruprm where userid = 11");
+  connection_->BeginRead();
+  EXPECT_EQ(Rows(data::SqlSelectUserPermRows(9)), 2);
+  sample_.Raw().Execute("drop view qrusgpv");
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(NumberOf([this] { Rows(data::SqlSelectInheritedPermissions(9)); }),
+              server::kDatabaseError);
+    sample_.Raw().Execute("delete from qruprm where userid = 9");
+    EXPECT_EQ(Rows(data::SqlSelectUserPermRows(9)), 2);
+  }
+  EXPECT_EQ(connection_->Execute(data::SqlDeleteUserPermissions(11)), links);
+  EXPECT_EQ(NumberOf([this] { Rows(data::SqlSelectInheritedPermissions(9)); }),
+            server::kDatabaseError);
+  connection_->EndRead();
+  EXPECT_EQ(sample_.Raw().Number("select count(*) from qruprm where userid = 11"), 0);
+}
+
+}  // namespace
