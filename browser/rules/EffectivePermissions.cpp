@@ -22,13 +22,14 @@ bool Lists(const TreeNodes& nodes, NodeId account, const controls::KeyForm& fold
   return node != kNoNode && nodes.FindChild(node, leaf, id) != kNoNode;
 }
 
-// The identifiers that the leaves of an account's folder stand for, in their order.
+// The identifiers that the leaves of an account's folder stand for, in no order: nobody may ever
+// ask how the leaves of most folders stand.
 std::vector<std::int32_t> LeavesOf(const TreeNodes& nodes, NodeId account,
                                    const controls::KeyForm& keyForm) {
   std::vector<std::int32_t> ids;
   const NodeId folder = Folder(nodes, account, keyForm);
   if (folder == kNoNode) return ids;
-  for (NodeId leaf = nodes.FirstChild(folder); leaf != kNoNode; leaf = nodes.Next(leaf)) {
+  for (NodeId leaf = nodes.AnyChild(folder); leaf != kNoNode; leaf = nodes.OtherSibling(leaf)) {
     ids.push_back(nodes.Id(leaf));
   }
   return ids;
@@ -52,7 +53,13 @@ EffectivePermissions::EffectivePermissions(const TreeNodes& users, const TreeNod
 }
 
 std::vector<std::int32_t> EffectivePermissions::GroupsOf(NodeId user) const {
-  return LeavesOf(users_, user, kMemberOfKey);
+  std::vector<std::int32_t> ids;
+  const NodeId folder = Folder(users_, user, kMemberOfKey);
+  if (folder == kNoNode) return ids;
+  for (NodeId leaf = users_.FirstChild(folder); leaf != kNoNode; leaf = users_.Next(leaf)) {
+    ids.push_back(users_.Id(leaf));
+  }
+  return ids;
 }
 
 std::vector<std::int32_t> EffectivePermissions::OwnOf(NodeId user) const {

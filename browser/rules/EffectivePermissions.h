@@ -41,7 +41,8 @@ class EffectivePermissions {
   bool Has(controls::NodeId user, std::int32_t permission) const;
   // All that a user has, in the order of his folder.
   std::vector<HeldPermission> PermissionsOf(controls::NodeId user) const;
-  // What he holds himself, and the groups that he is in, by identifier.
+  // What he holds himself, in no order, and the groups that he is in, in that of his folder; by
+  // identifier.
   std::vector<std::int32_t> OwnOf(controls::NodeId user) const;
   std::vector<std::int32_t> GroupsOf(controls::NodeId user) const;
   // What a group gives, in ascending order; nothing where there is no such group.

@@ -137,7 +137,11 @@ class CommandFaults : public CommandTest {
     window.exchange.AddNode = false;
     log.FailAt = [&](const std::wstring& call) { return failAt(call, false); };
     log.FailInside = [&](const std::wstring& call) { return failAt(call, true); };
-    user.Click(*test.button(window));
+    if (test.button != nullptr) {
+      user.Click(*test.button(window));
+    } else {
+      user.PressCtrl(window, test.letter);
+    }
     StopAnswering();
   }
 

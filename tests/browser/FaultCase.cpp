@@ -203,6 +203,7 @@ std::vector<FaultCase> AccountCases() {
        Deletion(L"UPDATE QRUSER") + kAllMembers},
       {"new user", 0, Keys::Root(), [](Window& w) { return &w.Users.cmdUser[kNewButton]; },
        FillUser, NewUserPhases()},
+      {"new user like another", 0, Keys::User(9), nullptr, FillUser, NewUserPhases(), L'D'},
       {"edit group", 1, Keys::Group(6), [](Window& w) { return &w.Groups.cmdGroup[kEditButton]; },
        FillGroup, EditGroupPhases()},
       {"delete group",

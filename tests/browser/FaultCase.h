@@ -22,11 +22,12 @@ struct FaultPhase {
 struct FaultCase {
   const char* name;
   int tree;
-  std::wstring key;  // of the node that it is given at
-  controls::CommandButton* (*button)(frmUserGroupPerm& window);
+  std::wstring key;                                              // of the node that it is given at
+  controls::CommandButton* (*button)(frmUserGroupPerm& window);  // null where it has none
   // Fills the dialog in and presses OK; empty for a command that only asks.
   std::function<void(test_support::User& user, controls::Form& form)> Fill;
   std::vector<FaultPhase> phases;
+  wchar_t letter = 0;  // gives it together with Control, where it has no button
 };
 
 // All commands, on the sample as it is cut down for walks.
