@@ -277,7 +277,7 @@ std::wstring frmUserGroupPerm::StatusText() const {
   if (accountsMissing_) return global_.LoadResString(app::kAccountsIncomplete);
   if (leavesMissing_) return global_.LoadResString(app::kIncomplete);
   if (!done_.empty()) return done_;
-  const std::wstring selection = Shown().SelectionText();
+  std::wstring selection = Shown().SelectionText();
   if (!selection.empty()) return selection;
   return app::FillIn(global_.LoadResString(app::kCounts),
                      {data::Decimal(Users.accountCount), data::Decimal(Groups.accountCount),
