@@ -82,7 +82,7 @@ void Control::Peer::SetNativeFont(HFONT handle) const {
 
 void Control::Peer::RenewFont() {
   if (!state.font) return;
-  FontHandle handle = MakeFont(*state.font, form.BackEnd().dpi);
+  FontHandle handle = MakeFont(*state.font, form.BackEnd().life.dpi);
   SetNativeFont(handle.Get());
   fontHandle = std::move(handle);
 }

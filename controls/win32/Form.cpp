@@ -14,50 +14,52 @@ Form::Form(Desktop& desktop, int templateId)
 Form::~Form() = default;
 
 void Form::Load() {
-  if (peer_->window) return;
+  if (peer_->life.window) return;
   peer_->Create();
   RunEventProcedure(desktop_, [this] { Form_Load(); });
 }
 
 void Form::Show() {
   Load();
-  if (peer_->window) peer_->Show();
+  if (peer_->life.window) peer_->Show();
 }
 
 void Form::ShowModal(Form& owner) {
   Load();
-  if (!peer_->window) return;
+  if (!peer_->life.window) return;
   peer_->StandOver(owner.BackEnd());
   peer_->Show();
   desktop_.HandleInput(*this);
 }
 
 void Form::Unload() {
-  if (!peer_->window || peer_->unloading) return;
-  peer_->unloading = true;
+  if (!peer_->life.window || peer_->life.unloading) return;
+  peer_->life.unloading = true;
   bool cancel = false;
   RunEventProcedure(desktop_, [&] { Form_Unload(cancel); });
-  peer_->unloading = false;
-  if (!cancel && peer_->window) peer_->Close();
+  peer_->life.unloading = false;
+  if (!cancel && peer_->life.window) peer_->Close();
 }
 
 bool Form::IsLoaded() const {
-  return peer_->window != nullptr;
+  return peer_->life.window != nullptr;
 }
 
 bool Form::IsVisible() const {
-  return peer_->shown;
+  return peer_->life.shown;
 }
 
 std::wstring Form::Caption() const {
-  if (!peer_->window) return {};
-  std::wstring caption(static_cast<std::size_t>(GetWindowTextLengthW(peer_->window)) + 1, L'\0');
-  caption.resize(GetWindowTextW(peer_->window, caption.data(), static_cast<int>(caption.size())));
+  if (!peer_->life.window) return {};
+  std::wstring caption(static_cast<std::size_t>(GetWindowTextLengthW(peer_->life.window)) + 1,
+                       L'\0');
+  caption.resize(
+      GetWindowTextW(peer_->life.window, caption.data(), static_cast<int>(caption.size())));
   return caption;
 }
 
 void Form::SetCaption(const std::wstring& caption) {
-  if (peer_->window) SetWindowTextW(peer_->window, caption.c_str());
+  if (peer_->life.window) SetWindowTextW(peer_->life.window, caption.c_str());
 }
 
 void Form::SetFont(const Font& font) {
@@ -82,9 +84,9 @@ void Form::SetResizable(bool resizable) {
 }
 
 void Form::Repaint() {
-  if (!peer_->window) return;
+  if (!peer_->life.window) return;
   peer_->RepaintChanged();
-  desktop_.BackEnd().PaintOnly(peer_->window);
+  desktop_.BackEnd().PaintOnly(peer_->life.window);
 }
 
 void Form::Form_Unload(bool& /*cancel*/) {}

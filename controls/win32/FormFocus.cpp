@@ -5,9 +5,10 @@
 namespace controls {
 
 void FormFocus::Give(Control::Peer& control) {
-  if (!form_.shown) return order_.Want(control);
+  if (!form_.life.shown) return order_.Want(control);
   const unsigned before = order_.Moves();
-  if (GetFocus() != control.window && IsWindowEnabled(form_.window)) ::SetFocus(control.window);
+  if (GetFocus() != control.window && IsWindowEnabled(form_.life.window))
+    ::SetFocus(control.window);
   // A procedure that was told of it may have moved the focus on, or unloaded the form.
   if (order_.Moves() == before) order_.MoveTo(&control);
 }
@@ -28,7 +29,7 @@ void FormFocus::LeaveUnfit() {
   const ControlModel& holder = *order_.Holder();
   if (ControlModel* next = order_.Next(&holder, false)) return Give(PeerOf(*next));
   // A hidden window would go on taking the keys.
-  if (GetFocus() == PeerOf(holder).window) ::SetFocus(form_.window);
+  if (GetFocus() == PeerOf(holder).window) ::SetFocus(form_.life.window);
   order_.MoveTo(nullptr);
 }
 

@@ -18,16 +18,16 @@ bool FormKeys::Preview(const MSG& message) {
   if (keyCode == kKeyF1) f1Down_ = false;
   if (!form_.TakesInput()) return false;
   RunEventProcedure(form_.desktop, [&] { form_.form.Form_KeyUp(keyCode); });
-  return !form_.window;
+  return !form_.life.window;
 }
 
 bool FormKeys::Down(int keyCode) {
   if (!form_.TakesInput()) return false;
   if (keyCode == kKeyF1) f1Down_ = true;
-  const HWND before = form_.window;
+  const HWND before = form_.life.window;
   const int held = IsPressed(VK_CONTROL) && !IsPressed(VK_MENU) ? +kKeyControl : 0;
   RunEventProcedure(form_.desktop, [&] { form_.form.Form_KeyDown(keyCode + held); });
-  return form_.window != before || Navigate(keyCode);
+  return form_.life.window != before || Navigate(keyCode);
 }
 
 bool FormKeys::Navigate(int keyCode) {

@@ -35,7 +35,7 @@ INT_PTR Form::Peer::Handle(const Message& message) {
       return SetPointer(message);
     case WM_GETFONT:
       // A dialog knows its template's font only.
-      return fontHandle ? Answer(AsLParam(fontHandle.Get())) : FALSE;
+      return life.fontHandle ? Answer(AsLParam(life.fontHandle.Get())) : FALSE;
     case WM_GETMINMAXINFO:
       LimitSize(StructIn<MINMAXINFO>(message.lParam));
       return TRUE;
@@ -50,19 +50,20 @@ INT_PTR Form::Peer::Handle(const Message& message) {
       return FALSE;
     case WM_ERASEBKGND:
     case WM_PRINTCLIENT:
-      background.Erase(window, context);
+      life.background.Erase(life.window, context);
       return Answer(TRUE);
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
       // The brush itself is the answer, where there is one.
-      return reinterpret_cast<INT_PTR>(background.Behind(HandleIn<HWND>(message.lParam), context));
+      return reinterpret_cast<INT_PTR>(
+          life.background.Behind(HandleIn<HWND>(message.lParam), context));
     default:
       return FALSE;
   }
 }
 
 INT_PTR Form::Peer::Answer(LRESULT result) const {
-  if (window) SetWindowLongPtrW(window, DWLP_MSGRESULT, result);
+  if (life.window) SetWindowLongPtrW(life.window, DWLP_MSGRESULT, result);
   return TRUE;
 }
 
@@ -73,7 +74,7 @@ Control::Peer* Form::Peer::ControlOf(HWND native) const {
 
 INT_PTR Form::Peer::Command(const Message& message) {
   HWND from = HandleIn<HWND>(message.lParam);
-  if (!from) from = GetDlgItem(window, LOWORD(message.wParam));
+  if (!from) from = GetDlgItem(life.window, LOWORD(message.wParam));
   Control::Peer* control = ControlOf(from);
   if (control) control->Command(HIWORD(message.wParam));
   return TRUE;
@@ -99,7 +100,7 @@ INT_PTR Form::Peer::Activate(bool active) {
 
 // The window that was asked answers, even where the form has no window any more.
 INT_PTR Form::Peer::MayEndSession() {
-  HWND asked = window;
+  HWND asked = life.window;
   const bool may = controls::MayEndSession(form, TakesInput());
   SetWindowLongPtrW(asked, DWLP_MSGRESULT, may ? TRUE : FALSE);
   answers_ = true;
@@ -118,15 +119,15 @@ void Form::Peer::SessionEnds(bool ends) {
     surroundings.forms.back()->EndLife();
     stoodOver = true;
   }
-  if (!window) return;
+  if (!life.window) return;
   if (!stoodOver) return EndLife();
   // The procedure that showed what stood over this form ends first.
-  PostMessageW(window, WM_CLOSE, 0, 0);
+  PostMessageW(life.window, WM_CLOSE, 0, 0);
 }
 
 void Form::Peer::EndLife() {
   if (form.UnsavedChanges().empty()) form.Unload();
-  if (window) Close();
+  if (life.window) Close();
 }
 
 INT_PTR Form::Peer::SetPointer(const Message& message) {
@@ -137,27 +138,28 @@ INT_PTR Form::Peer::SetPointer(const Message& message) {
 }
 
 void Form::Peer::LimitSize(MINMAXINFO& limits) const {
-  if (!resizable || !window) return;
-  RECT least = {0, 0, layout.BaseSize().cx, layout.BaseSize().cy};
-  AdjustWindowRectExForDpi(&least, static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE)), FALSE,
-                           static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE)), dpi);
+  if (!life.resizable || !life.window) return;
+  RECT least = {0, 0, life.layout.BaseSize().cx, life.layout.BaseSize().cy};
+  AdjustWindowRectExForDpi(&least, static_cast<DWORD>(GetWindowLongPtrW(life.window, GWL_STYLE)),
+                           FALSE, static_cast<DWORD>(GetWindowLongPtrW(life.window, GWL_EXSTYLE)),
+                           life.dpi);
   limits.ptMinTrackSize = {least.right - least.left, least.bottom - least.top};
 }
 
 void Form::Peer::Resized(WPARAM kind) {
-  if (kind == SIZE_MINIMIZED || !window) return;
-  layout.Apply(window);
+  if (kind == SIZE_MINIMIZED || !life.window) return;
+  life.layout.Apply(life.window);
   RepaintLater(nullptr);
 }
 
 void Form::Peer::DpiChanged(unsigned newDpi, const RECT& place) {
-  const unsigned oldDpi = std::exchange(dpi, newDpi);
-  layout.Rescale(oldDpi, newDpi);
+  const unsigned oldDpi = std::exchange(life.dpi, newDpi);
+  life.layout.Rescale(oldDpi, newDpi);
   ShowFont();
-  background.Forget();
-  if (icon) SetIcon(icon);
+  life.background.Forget();
+  if (life.icon) SetIcon(life.icon);
   for (Control::Peer* control : controls) control->DpiChanged();
-  SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
+  SetWindowPos(life.window, nullptr, place.left, place.top, place.right - place.left,
                place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
   Resized(SIZE_RESTORED);
 }

@@ -31,7 +31,7 @@ Form::Peer::Peer(Form& owned, Desktop& surroundings)
       keys(*this) {}
 
 Form::Peer::~Peer() {
-  if (window) Close();
+  if (life.window) Close();
   DropWindows();
 }
 
@@ -43,56 +43,56 @@ void Form::Peer::Add(Control::Peer& control) {
 void Form::Peer::Remove(Control::Peer& control) {
   std::erase(controls, &control);
   order.Remove(control);
-  layout.Clear();
+  life.layout.Clear();
 }
 
 void Form::Peer::Create() {
   order.Restart();
-  window = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(form.TemplateId()),
-                              nullptr, FormProcedure, AsLParam(this));
-  Require(window != nullptr, "a form's dialog template is missing or broken");
+  life.window = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(form.TemplateId()),
+                                   nullptr, FormProcedure, AsLParam(this));
+  Require(life.window != nullptr, "a form's dialog template is missing or broken");
   desktop.BackEnd().forms.push_back(this);
-  KeepLayoutFromSystem(window);
-  dpi = templateDpi = GetDpiForWindow(window);
-  templateFont = HandleIn<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
+  KeepLayoutFromSystem(life.window);
+  life.dpi = life.templateDpi = GetDpiForWindow(life.window);
+  life.templateFont = HandleIn<HFONT>(SendMessageW(life.window, WM_GETFONT, 0, 0));
   // The form paints what lies behind its frames, which are children like any other.
-  const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
-  SetWindowLongPtrW(window, GWL_STYLE, style & ~WS_CLIPCHILDREN);
+  const LONG_PTR style = GetWindowLongPtrW(life.window, GWL_STYLE);
+  SetWindowLongPtrW(life.window, GWL_STYLE, style & ~WS_CLIPCHILDREN);
   AttachControls();
-  layout.Capture(window, controls);
-  background.Capture(window);
+  life.layout.Capture(life.window, controls);
+  life.background.Capture(life.window);
 }
 
 void Form::Peer::AttachControls() {
   for (Control::Peer* control : controls) {
-    HWND native = GetDlgItem(window, control->id);
+    HWND native = GetDlgItem(life.window, control->id);
     Require(native != nullptr, "a control is not in its form's dialog template");
     control->Attach(native);
   }
 }
 
 void Form::Peer::Show() {
-  if (shown) return;
+  if (life.shown) return;
   for (Control::Peer* control : controls) control->Showing();
-  ShowWindow(window, SW_SHOW);
-  UpdateWindow(window);
-  shown = true;
+  ShowWindow(life.window, SW_SHOW);
+  UpdateWindow(life.window);
+  life.shown = true;
   focus.Start();
 }
 
 void Form::Peer::StandOver(Peer& below) {
-  if (!below.window) return;
-  ownerWindow = below.window;
-  SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(below.window));
-  if (!shown) CenterOver(below.window);
-  EnableWindow(below.window, FALSE);
+  if (!below.life.window) return;
+  life.ownerWindow = below.life.window;
+  SetWindowLongPtrW(life.window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(below.life.window));
+  if (!life.shown) CenterOver(below.life.window);
+  EnableWindow(below.life.window, FALSE);
 }
 
 void Form::Peer::CenterOver(HWND below) const {
   RECT over = {};
   RECT own = {};
   GetWindowRect(below, &over);
-  GetWindowRect(window, &own);
+  GetWindowRect(life.window, &own);
   MONITORINFO monitor = {};
   monitor.cbSize = sizeof monitor;
   GetMonitorInfoW(MonitorFromWindow(below, MONITOR_DEFAULTTONEAREST), &monitor);
@@ -104,35 +104,34 @@ void Form::Peer::CenterOver(HWND below) const {
       std::max(work.left, std::min((over.left + over.right - width) / 2, work.right - width));
   const LONG top =
       std::max(work.top, std::min((over.top + over.bottom - height) / 2, work.bottom - height));
-  SetWindowPos(window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(life.window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Form::Peer::Close() {
-  const bool active = GetActiveWindow() == window;
-  shown = false;
+  const bool active = GetActiveWindow() == life.window;
+  life.shown = false;
   // The form below has to take input again before this one goes, or the system would make a window
   // of another program the active one.
-  const HWND owner = ownerWindow;
+  const HWND owner = life.ownerWindow;
   if (owner) EnableWindow(owner, TRUE);
   for (Control::Peer* control : controls) control->Detach();
   order.Restart();
   keys.Forget();
   std::erase(desktop.BackEnd().forms, this);
-  SetWindowLongPtrW(window, DWLP_USER, 0);
+  SetWindowLongPtrW(life.window, DWLP_USER, 0);
   if (owner && active) SetActiveWindow(owner);
-  ShowWindow(window, SW_HIDE);
+  ShowWindow(life.window, SW_HIDE);
   // What has closed the form may be a message that was sent, which the loop that waits for the
   // form's end does not come back from GetMessage for.
   PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
-  FormLife& life = *this;
   closed_.push_back(std::exchange(life, {}));
   if (scopes_ == 0) DropWindows();
 }
 
 void Form::Peer::DropWindows() {
   // Moved out first: the end of a window sends messages.
-  const std::vector<FormLife> dropped = std::exchange(closed_, {});
-  for (const FormLife& life : dropped) DestroyWindow(life.window);
+  const std::vector<Life> dropped = std::exchange(closed_, {});
+  for (const Life& over : dropped) DestroyWindow(over.window);
 }
 
 Form::Peer::MessageScope::~MessageScope() {
@@ -145,89 +144,92 @@ Form::Peer::MessageScope::~MessageScope() {
 
 bool Form::Peer::TakesInput() const {
   const Desktop::Peer& surroundings = desktop.BackEnd();
-  return shown && IsWindowEnabled(window) && !surroundings.inputHeld &&
+  return life.shown && IsWindowEnabled(life.window) && !surroundings.inputHeld &&
          surroundings.inputHolds == 0;
 }
 
 void Form::Peer::ShowStates() {
-  if (!window) return;
+  if (!life.window) return;
   for (const Control::Peer* control : controls) {
     if (!control->ShowState()) continue;
-    const RECT place = PlaceIn(window, control->window);
-    UnionRect(&changed, &changed, &place);
+    const RECT place = PlaceIn(life.window, control->window);
+    UnionRect(&life.changed, &life.changed, &place);
   }
   if (scopes_ == 0) RepaintChanged();
   focus.LeaveUnfit();
 }
 
 void Form::Peer::RepaintChanged() {
-  const RECT area = std::exchange(changed, {});
-  if (window && !IsRectEmpty(&area)) RepaintLater(&area);
+  const RECT area = std::exchange(life.changed, {});
+  if (life.window && !IsRectEmpty(&area)) RepaintLater(&area);
 }
 
 // With all below it: what a frame lets be seen is painted by the form. A null area is all of it.
 void Form::Peer::RepaintLater(const RECT* area) const {
-  RedrawWindow(window, area, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+  RedrawWindow(life.window, area, nullptr,
+               RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 void Form::Peer::LookChanged() {
-  background.Forget();
+  life.background.Forget();
 }
 
 void Form::Peer::SetFont(const Font& wanted) {
-  if (!window) return;
-  font = wanted;
+  if (!life.window) return;
+  life.font = wanted;
   for (Control::Peer* control : controls) control->state.font.reset();
   ShowFont();
 }
 
 // Gives the form and all that has no font of its own the font asked for, else the template's.
 void Form::Peer::ShowFont() {
-  FontHandle handle = font ? MakeFont(*font, dpi) : ScaleFont(templateFont, templateDpi, dpi);
+  FontHandle handle = life.font ? MakeFont(*life.font, life.dpi)
+                                : ScaleFont(life.templateFont, life.templateDpi, life.dpi);
   const auto shownFont = AsWParam(handle.Get());
-  for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+  for (HWND child = GetWindow(life.window, GW_CHILD); child;
+       child = GetWindow(child, GW_HWNDNEXT)) {
     SendMessageW(child, WM_SETFONT, shownFont, TRUE);
   }
   for (Control::Peer* control : controls) control->RenewFont();
-  fontHandle = std::move(handle);
+  life.fontHandle = std::move(handle);
 }
 
 void Form::Peer::SetIcon(int iconResource) {
-  if (!window) return;
-  icon = iconResource;
+  if (!life.window) return;
+  life.icon = iconResource;
   const auto load = [&](int metric) {
-    const int size = GetSystemMetricsForDpi(metric, dpi);
+    const int size = GetSystemMetricsForDpi(metric, life.dpi);
     return IconHandle(
         static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(iconResource),
                                       IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
   };
   IconHandle big = load(SM_CXICON);
   IconHandle small = load(SM_CXSMICON);
-  SendMessageW(window, WM_SETICON, ICON_BIG, AsLParam(big.Get()));
-  SendMessageW(window, WM_SETICON, ICON_SMALL, AsLParam(small.Get()));
-  bigIcon = std::move(big);
-  smallIcon = std::move(small);
+  SendMessageW(life.window, WM_SETICON, ICON_BIG, AsLParam(big.Get()));
+  SendMessageW(life.window, WM_SETICON, ICON_SMALL, AsLParam(small.Get()));
+  life.bigIcon = std::move(big);
+  life.smallIcon = std::move(small);
 }
 
 void Form::Peer::SetResizable(bool wanted) {
-  if (!window) return;
-  resizable = wanted;
+  if (!life.window) return;
+  life.resizable = wanted;
   RECT client = {};
-  GetClientRect(window, &client);
-  LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
-  LONG_PTR extended = GetWindowLongPtrW(window, GWL_EXSTYLE);
+  GetClientRect(life.window, &client);
+  LONG_PTR style = GetWindowLongPtrW(life.window, GWL_STYLE);
+  LONG_PTR extended = GetWindowLongPtrW(life.window, GWL_EXSTYLE);
   if (wanted) {
     style = (style & ~DS_MODALFRAME) | WS_THICKFRAME;
     extended &= ~static_cast<LONG_PTR>(WS_EX_DLGMODALFRAME);
   } else {
     style &= ~static_cast<LONG_PTR>(WS_THICKFRAME | WS_MAXIMIZEBOX);
   }
-  SetWindowLongPtrW(window, GWL_STYLE, style);
-  SetWindowLongPtrW(window, GWL_EXSTYLE, extended);
+  SetWindowLongPtrW(life.window, GWL_STYLE, style);
+  SetWindowLongPtrW(life.window, GWL_EXSTYLE, extended);
   // The other frame has another width: what it holds keeps its size.
   AdjustWindowRectExForDpi(&client, static_cast<DWORD>(style), FALSE, static_cast<DWORD>(extended),
-                           dpi);
-  SetWindowPos(window, nullptr, 0, 0, client.right - client.left, client.bottom - client.top,
+                           life.dpi);
+  SetWindowPos(life.window, nullptr, 0, 0, client.right - client.left, client.bottom - client.top,
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
 }
 

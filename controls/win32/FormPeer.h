@@ -12,28 +12,28 @@
 
 namespace controls {
 
-// All of a form that ends when it is unloaded; a new one takes its place.
-struct FormLife {
-  HWND window = nullptr;
-  unsigned dpi = USER_DEFAULT_SCREEN_DPI;
-  bool shown = false;
-  bool unloading = false;
-  HWND ownerWindow = nullptr;  // of the form that this one stands over
-  AnchorLayout layout;
-  FormBackground background;
-  RECT changed = {};  // where controls have been shown or hidden, and not painted since
-  bool resizable = false;
-  int icon = 0;
-  IconHandle bigIcon;
-  IconHandle smallIcon;
-  std::optional<Font> font;
-  FontHandle fontHandle;
-  HFONT templateFont = nullptr;
-  unsigned templateDpi = USER_DEFAULT_SCREEN_DPI;
-};
-
 // The form's own part of its native window, a modeless dialog made from the template.
-struct Form::Peer : FormLife {
+struct Form::Peer {
+  // All that ends when the form is unloaded; a new one takes its place.
+  struct Life {
+    HWND window = nullptr;
+    unsigned dpi = USER_DEFAULT_SCREEN_DPI;
+    bool shown = false;
+    bool unloading = false;
+    HWND ownerWindow = nullptr;  // of the form that this one stands over
+    AnchorLayout layout;
+    FormBackground background;
+    RECT changed = {};  // where controls have been shown or hidden, and not painted since
+    bool resizable = false;
+    int icon = 0;
+    IconHandle bigIcon;
+    IconHandle smallIcon;
+    std::optional<Font> font;
+    FontHandle fontHandle;
+    HFONT templateFont = nullptr;
+    unsigned templateDpi = USER_DEFAULT_SCREEN_DPI;
+  };
+
   Peer(Form& owner, Desktop& surroundings);
   ~Peer();
   Peer(const Peer&) = delete;
@@ -83,6 +83,7 @@ struct Form::Peer : FormLife {
 
   Form& form;
   Desktop& desktop;
+  Life life;
   std::vector<Control::Peer*> controls;
   TabOrder order;
   FormFocus focus;
@@ -110,8 +111,8 @@ struct Form::Peer : FormLife {
   void DpiChanged(unsigned newDpi, const RECT& place);
 
   int scopes_ = 0;
-  bool answers_ = false;          // a window that is over still has to hand over an answer
-  std::vector<FormLife> closed_;  // lives that are over, whose windows end with the last scope
+  bool answers_ = false;      // a window that is over still has to hand over an answer
+  std::vector<Life> closed_;  // lives that are over, whose windows end with the last scope
 };
 
 }  // namespace controls

@@ -30,7 +30,7 @@ void Desktop::Peer::LoopWhileLoaded(Form& form) {
 void Desktop::Peer::Process(MSG& message) {
   Form::Peer* form = FormOf(message.hwnd);
   if (form && form->keys.Preview(message)) return;
-  if (form && form->window && IsDialogMessageW(form->window, &message)) return;
+  if (form && form->life.window && IsDialogMessageW(form->life.window, &message)) return;
   TranslateMessage(&message);
   DispatchMessageW(&message);
 }
@@ -53,13 +53,14 @@ void Desktop::Peer::PaintOnly(HWND window) {
 
 Form::Peer* Desktop::Peer::FormOf(HWND window) const {
   HWND root = window ? GetAncestor(window, GA_ROOT) : nullptr;
-  const auto found = std::ranges::find(forms, root, [](Form::Peer* form) { return form->window; });
+  const auto found =
+      std::ranges::find(forms, root, [](Form::Peer* form) { return form->life.window; });
   return root && found != forms.end() ? *found : nullptr;
 }
 
 const Form* Desktop::Peer::ActiveForm() const {
   for (const Form::Peer* form : std::views::reverse(forms)) {
-    if (form->shown && IsWindowEnabled(form->window)) return &form->form;
+    if (form->life.shown && IsWindowEnabled(form->life.window)) return &form->form;
   }
   return nullptr;
 }

@@ -12,7 +12,7 @@ namespace controls {
 namespace {
 
 HWND WindowOf(const Form* form) {
-  return form ? form->BackEnd().window : nullptr;
+  return form ? form->BackEnd().life.window : nullptr;
 }
 
 MenuHandle MakeMenu(const std::vector<MenuItem>& items) {

@@ -54,7 +54,7 @@ void TreeTips::Detach() {
 // Longer texts go over several lines.
 void TreeTips::SetWidth() const {
   if (!tooltip_) return;
-  const int dpi = static_cast<int>(tree_.form.BackEnd().dpi);
+  const int dpi = static_cast<int>(tree_.form.BackEnd().life.dpi);
   SendMessageW(tooltip_, TTM_SETMAXTIPWIDTH, 0, MulDiv(kWidth, dpi, USER_DEFAULT_SCREEN_DPI));
 }
 

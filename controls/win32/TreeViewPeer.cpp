@@ -29,7 +29,7 @@ void TreeViewPeer::DpiChanged() {
 
 void TreeViewPeer::ShowImages() const {
   if (!images || !window) return;
-  HIMAGELIST list = images->BackEnd().At(form.BackEnd().dpi);
+  HIMAGELIST list = images->BackEnd().At(form.BackEnd().life.dpi);
   Send(TVM_SETIMAGELIST, TVSIL_NORMAL, AsLParam(list));
 }
 

@@ -1,3 +1,4 @@
+#include "resources/ResourceIds.h"
 #include "tests/controls/ControlsTest.h"
 
 namespace controls_test {
@@ -184,6 +185,21 @@ TEST_F(FormLife, HasNoFontOfAnEarlierLoad) {
   EXPECT_EQ(user.FontOf(form).size, first.size);
   EXPECT_EQ(user.FontOf(form).face, first.face);
   EXPECT_EQ(user.FontOf(form.more).size, first.size);
+}
+
+TEST_F(FormLife, TakesTheFontAndTheIconOfItsSecondLoad) {
+  form.Show();
+  form.SetFont({L"MS Shell Dlg", 19, 0});
+  form.SetIcon(IDI_PROGRAM);
+  EXPECT_TRUE(user.HasIcon(form));
+  form.Unload();
+  form.Show();
+  EXPECT_FALSE(user.HasIcon(form));
+  form.SetFont({L"MS Shell Dlg", 11, 0});
+  form.SetIcon(IDI_USER);
+  EXPECT_EQ(user.FontOf(form).size, 11);
+  EXPECT_EQ(user.FontOf(form.name).size, 11);
+  EXPECT_TRUE(user.HasIcon(form));
 }
 
 TEST_F(FormLife, TakesAnchorsAndSizes) {

@@ -14,7 +14,7 @@ class NativeClipboard : public ControlsTest {
 
   std::wstring Read() const {
     std::wstring text;
-    if (!OpenClipboard(form.BackEnd().window)) return L"occupied";
+    if (!OpenClipboard(form.BackEnd().life.window)) return L"occupied";
     if (HANDLE block = GetClipboardData(CF_UNICODETEXT)) {
       text = static_cast<const wchar_t*>(GlobalLock(block));
       GlobalUnlock(block);

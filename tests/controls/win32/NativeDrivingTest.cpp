@@ -19,7 +19,7 @@ TEST_F(NativeDriving, AButtonThatIsDisabledIsNotPressedByAnybody) {
   SendMessageW(Of(form.more), BM_CLICK, 0, 0);
   form.more.SetEnabled(false);
   SendMessageW(Of(form.more), BM_CLICK, 0, 0);
-  SendMessageW(form.BackEnd().window, WM_COMMAND, MAKEWPARAM(form.more.Id(), BN_CLICKED),
+  SendMessageW(form.BackEnd().life.window, WM_COMMAND, MAKEWPARAM(form.more.Id(), BN_CLICKED),
                AsLParam(Of(form.more)));
   EXPECT_EQ(events, (Events{L"more"}));
 }
@@ -27,9 +27,9 @@ TEST_F(NativeDriving, AButtonThatIsDisabledIsNotPressedByAnybody) {
 TEST_F(NativeDriving, AFormBelowAModalOneIsNotClosedByAnybody) {
   SmallForm dialog(desktop);
   user.ExpectModal([this](Form& shown) {
-    SendMessageW(form.BackEnd().window, WM_CLOSE, 0, 0);
+    SendMessageW(form.BackEnd().life.window, WM_CLOSE, 0, 0);
     EXPECT_TRUE(form.IsLoaded());
-    SendMessageW(shown.BackEnd().window, WM_CLOSE, 0, 0);
+    SendMessageW(shown.BackEnd().life.window, WM_CLOSE, 0, 0);
   });
   dialog.ShowModal(form);
   EXPECT_TRUE(form.IsLoaded());
@@ -43,7 +43,7 @@ TEST_F(NativeDriving, NothingReachesAFormWhileInputIsHeld) {
   SendMessageW(Of(form.more), WM_KEYDOWN, VK_SPACE, 0);
   SendMessageW(Of(form.more), WM_KEYUP, VK_SPACE, 0);
   SendMessageW(Of(form.name), WM_CHAR, L'x', 0);
-  SendMessageW(form.BackEnd().window, WM_CLOSE, 0, 0);
+  SendMessageW(form.BackEnd().life.window, WM_CLOSE, 0, 0);
   controls::ReleaseInput(desktop);
   EXPECT_TRUE(events.empty());
   EXPECT_EQ(form.name.Text(), L"");
@@ -93,8 +93,8 @@ TEST_F(NativeDriving, TheLoopOfAModalFormHandlesWhatIsPosted) {
   dialog.OnLoad = [&] { PostMessageW(dialog.ok.BackEnd().window, BM_CLICK, 0, 0); };
   dialog.ShowModal(form);
   EXPECT_FALSE(dialog.IsLoaded());
-  EXPECT_TRUE(IsWindowEnabled(form.BackEnd().window));
-  EXPECT_EQ(GetActiveWindow(), form.BackEnd().window);
+  EXPECT_TRUE(IsWindowEnabled(form.BackEnd().life.window));
+  EXPECT_EQ(GetActiveWindow(), form.BackEnd().life.window);
   dialog.ShowModal(form);
   EXPECT_FALSE(dialog.IsLoaded());
 }
@@ -111,7 +111,7 @@ TEST_F(NativeDriving, TheLoopEndsWhenTheProgramIsToEnd) {
 }
 
 TEST_F(NativeDriving, NoWindowIsLeftBehind) {
-  const HWND window = form.BackEnd().window;
+  const HWND window = form.BackEnd().life.window;
   form.more.Click = [this] { form.Unload(); };
   user.Click(form.more);
   EXPECT_FALSE(form.IsLoaded());
@@ -119,7 +119,7 @@ TEST_F(NativeDriving, NoWindowIsLeftBehind) {
 }
 
 TEST_F(NativeDriving, AFormMayBeLoadedAgainByTheClickThatUnloadedIt) {
-  const HWND window = form.BackEnd().window;
+  const HWND window = form.BackEnd().life.window;
   form.more.Click = [this] {
     form.Unload();
     form.Show();

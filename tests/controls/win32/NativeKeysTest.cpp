@@ -41,13 +41,13 @@ TEST_F(NativeKeys, F1ReachesTheFormOnceAsAKeyThatTheSystemTurnsIntoARequestForHe
 TEST_F(NativeKeys, F1ReachesTheFormOnceAsARequestForHelpAlone) {
   AskForHelp(Box());
   EXPECT_EQ(events, (Events{L"up 112"}));
-  AskForHelp(form.BackEnd().window);
+  AskForHelp(form.BackEnd().life.window);
   EXPECT_EQ(events, (Events{L"up 112", L"up 112"}));
 }
 
 TEST_F(NativeKeys, F1ReachesTheFormAfterItsReleaseWasLost) {
   Post(Box(), WM_KEYDOWN, VK_F1);
-  SendMessageW(form.BackEnd().window, WM_ACTIVATE, WA_INACTIVE, 0);
+  SendMessageW(form.BackEnd().life.window, WM_ACTIVATE, WA_INACTIVE, 0);
   events.clear();
   AskForHelp(Box());
   EXPECT_EQ(events, (Events{L"up 112"}));
@@ -58,8 +58,8 @@ TEST_F(NativeKeys, ARequestForHelpDoesNotReachTheFormBelowAModalOne) {
   int asked = 0;
   dialog.OnKeyUp = [&](int) { ++asked; };
   user.ExpectModal([&](controls::Form& shown) {
-    AskForHelp(shown.BackEnd().window);
-    AskForHelp(form.BackEnd().window);
+    AskForHelp(shown.BackEnd().life.window);
+    AskForHelp(form.BackEnd().life.window);
     user.Close(shown);
   });
   dialog.ShowModal(form);

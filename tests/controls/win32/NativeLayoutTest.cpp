@@ -1,5 +1,6 @@
 #include "controls/win32/FormPeer.h"
 #include "controls/win32/WindowPlace.h"
+#include "resources/ResourceIds.h"
 #include "tests/controls/ControlsTest.h"
 
 namespace controls_test {
@@ -15,7 +16,7 @@ class NativeLayout : public ControlsTest {
     form.more.SetAnchors(kAnchorRight | kAnchorBottom);
   }
 
-  HWND Window() const { return form.BackEnd().window; }
+  HWND Window() const { return form.BackEnd().life.window; }
   RECT Place(const Control& control) const { return PlaceIn(Window(), control.BackEnd().window); }
   void Grow(int dx, int dy) const {
     RECT outer = {};
@@ -91,7 +92,7 @@ TEST_F(NativeLayout, FollowsTheResolutionOfAnotherScreen) {
   GetWindowRect(Window(), &outer);
   RECT twice = {outer.left, outer.top, outer.left + 2 * (outer.right - outer.left),
                 outer.top + 2 * (outer.bottom - outer.top)};
-  const WPARAM dpi = 2 * form.BackEnd().dpi;
+  const WPARAM dpi = 2 * form.BackEnd().life.dpi;
   SendMessageW(Window(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), AsLParam(&twice));
   const RECT grown = Place(form.tree);
   EXPECT_EQ(grown.left, 2 * tree.left);
@@ -99,7 +100,22 @@ TEST_F(NativeLayout, FollowsTheResolutionOfAnotherScreen) {
   LOGFONTW font = {};
   GetObjectW(HandleIn<HFONT>(form.ok.BackEnd().Send(WM_GETFONT)), sizeof font, &font);
   EXPECT_EQ(font.lfHeight, 2 * height);
-  EXPECT_EQ(form.BackEnd().dpi, dpi);
+  EXPECT_EQ(form.BackEnd().life.dpi, dpi);
+}
+
+TEST_F(NativeLayout, AnotherResolutionBringsBackNoFontOrIconOfAnEarlierLoad) {
+  const controls::Font first = user.FontOf(form.ok);
+  form.SetFont({L"MS Shell Dlg", 19, 0});
+  form.SetIcon(IDI_PROGRAM);
+  form.Unload();
+  form.Show();
+  const WPARAM dpi = 2 * form.BackEnd().life.dpi;
+  RECT place = {};
+  GetWindowRect(Window(), &place);
+  SendMessageW(Window(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), AsLParam(&place));
+  EXPECT_FALSE(user.HasIcon(form));
+  EXPECT_EQ(user.FontOf(form).size, first.size);
+  EXPECT_EQ(user.FontOf(form.ok).size, first.size);
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ class NativeMenu : public TreeTest {
     desktop.system.answers.PopupMenu = nullptr;
     tree.ContextMenu = [this](controls::NodeId node) {
       for (const auto& [message, key] : keys) {
-        PostMessageW(form.BackEnd().window, message, key, 1);
+        PostMessageW(form.BackEnd().life.window, message, key, 1);
       }
       chosen = controls::ShowPopupMenu(tree, node, items);
     };
@@ -81,7 +81,7 @@ TEST_F(NativeMenu, DoesNotGiveADisabledCommand) {
 
 TEST_F(NativeMenu, StandsBelowItsNodeWhenTheKeyboardAsks) {
   seenMenu = {};
-  SetTimer(form.BackEnd().window, 1, USER_TIMER_MINIMUM, LookAtMenu);
+  SetTimer(form.BackEnd().life.window, 1, USER_TIMER_MINIMUM, LookAtMenu);
   user.PressMenuKey(tree);
   ASSERT_TRUE(seenMenu.window);
   auto& peer = static_cast<controls::TreeViewPeer&>(tree.BackEnd());
@@ -93,7 +93,7 @@ TEST_F(NativeMenu, StandsBelowItsNodeWhenTheKeyboardAsks) {
 
 TEST_F(NativeMenu, StandsWhereTheMouseAsks) {
   seenMenu = {};
-  SetTimer(form.BackEnd().window, 1, USER_TIMER_MINIMUM, LookAtMenu);
+  SetTimer(form.BackEnd().life.window, 1, USER_TIMER_MINIMUM, LookAtMenu);
   auto& peer = static_cast<controls::TreeViewPeer&>(tree.BackEnd());
   const RECT node = peer.ScreenPlace(adam);
   const POINT place = {node.left + 3, node.top + 3};

@@ -38,10 +38,10 @@ class NativeSessionEnd : public testing::Test {
     return &form == &below ? L"below" : L"above";
   }
   static LRESULT Query(const controls::Form& form) {
-    return SendMessageW(form.BackEnd().window, WM_QUERYENDSESSION, 0, ENDSESSION_LOGOFF);
+    return SendMessageW(form.BackEnd().life.window, WM_QUERYENDSESSION, 0, ENDSESSION_LOGOFF);
   }
   static void End(const controls::Form& form, bool ends) {
-    SendMessageW(form.BackEnd().window, WM_ENDSESSION, ends ? TRUE : FALSE, ENDSESSION_LOGOFF);
+    SendMessageW(form.BackEnd().life.window, WM_ENDSESSION, ends ? TRUE : FALSE, ENDSESSION_LOGOFF);
   }
 
   test_support::ScriptedDesktop desktop;

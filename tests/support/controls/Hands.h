@@ -70,6 +70,7 @@ class Hands {
   std::wstring TipOf(controls::TreeView& tree, controls::NodeId node) const;
   controls::Font FontOf(const controls::Control& control) const;
   controls::Font FontOf(const controls::Form& form) const;
+  bool HasIcon(const controls::Form& form) const;
 
   // Takes a form away without asking it, so that a failing test comes to its end.
   void Discard(controls::Form& form);

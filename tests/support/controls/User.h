@@ -119,6 +119,8 @@ class User {
   // As last set; without that a back end's own default.
   controls::Font FontOf(const controls::Control& control) const { return hands_->FontOf(control); }
   controls::Font FontOf(const controls::Form& form) const { return hands_->FontOf(form); }
+  // One of its own in the caption.
+  bool HasIcon(const controls::Form& form) const { return hands_->HasIcon(form); }
 
   // --- What is going to appear, in this order ---
 

@@ -33,6 +33,9 @@ Font Hands::FontOf(const Control& control) const {
 Font Hands::FontOf(const Form& form) const {
   return form.BackEnd().life.font;
 }
+bool Hands::HasIcon(const Form& form) const {
+  return form.BackEnd().life.icon != 0;
+}
 
 bool Hands::Focus(Control& control) {
   if (!CanUse(control) || !control.BackEnd().TakesFocus()) return false;

@@ -38,7 +38,7 @@ POINT Middle(HWND window) {
 
 // Where a key pressed in the form arrives.
 HWND KeyTarget(const Form& form) {
-  HWND window = form.BackEnd().window;
+  HWND window = form.BackEnd().life.window;
   HWND focus = GetFocus();
   if (focus && (focus == window || IsChild(window, focus))) return focus;
   SetActiveWindow(window);
@@ -85,10 +85,13 @@ bool Hands::CanUse(const Control& control) const {
 }
 
 Font Hands::FontOf(const Control& control) const {
-  return FontIn(control.BackEnd().window, control.Owner().BackEnd().dpi);
+  return FontIn(control.BackEnd().window, control.Owner().BackEnd().life.dpi);
 }
 Font Hands::FontOf(const Form& form) const {
-  return FontIn(form.BackEnd().window, form.BackEnd().dpi);
+  return FontIn(form.BackEnd().life.window, form.BackEnd().life.dpi);
+}
+bool Hands::HasIcon(const Form& form) const {
+  return SendMessageW(form.BackEnd().life.window, WM_GETICON, ICON_BIG, 0) != 0;
 }
 
 bool Hands::Focus(Control& control) {
@@ -263,7 +266,7 @@ bool Hands::Mnemonic(Form& form, wchar_t letter) {
 
 bool Hands::Close(Form& form) {
   if (!form.BackEnd().TakesInput()) return false;
-  parts_->input.Send(form.BackEnd().window, WM_SYSCOMMAND, SC_CLOSE, 0);
+  parts_->input.Send(form.BackEnd().life.window, WM_SYSCOMMAND, SC_CLOSE, 0);
   parts_->input.Drain();
   return true;
 }
