@@ -1,120 +1,246 @@
 #include "controls/win32/TreeItems.h"
 
+#include <optional>
 #include <utility>
 
+#include "controls/win32/ScrollBarFreeze.h"
+
 namespace controls {
+namespace {
+
+// From this many new children on it is cheaper to put them at the end and have the control sort.
+constexpr std::size_t kSortFrom = 64;
+
+// How far down the window a line is looked for that stays.
+constexpr int kMostLines = 500;
+
+}  // namespace
+
+// While it stands the native control does not paint: each change of its structure would otherwise
+// cost a walk over all that stands below. Told so itself, it still has its scroll bars painted as
+// they change; those are kept still as well, and painted at the end only if they are others then.
+class TreeItems::RedrawOff {
+ public:
+  RedrawOff(TreeItems& items, bool structural) : items_(items), window_(items.control_.Window()) {
+    if (items_.busy_++ > 0 || !structural) return;
+    structural_ = true;
+    bars_.emplace(window_);
+    SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
+  }
+  ~RedrawOff() {
+    --items_.busy_;
+    if (!structural_) return;
+    SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
+    const UINT frame = bars_->End() ? RDW_FRAME : 0;
+    if (!bars_->Shown()) return;
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | frame);
+  }
+  RedrawOff(const RedrawOff&) = delete;
+  RedrawOff& operator=(const RedrawOff&) = delete;
+
+ private:
+  TreeItems& items_;
+  HWND window_;
+  bool structural_ = false;  // the outermost, and there is more to do than to select
+  std::optional<ScrollBarFreeze> bars_;
+};
 
 void TreeItems::Attach(HWND window) {
-  window_ = window;
-  Forget();
-}
-
-void TreeItems::Detach() {
-  window_ = nullptr;
-  Forget();
+  control_.Attach(window);
+  map_.Clear();
+  changes_ = {};
+  reusable_.Forget();
 }
 
 void TreeItems::Added(NodeId parent) {
-  if (parent == kNoNode || items_.contains(parent)) changedParents_.insert(parent);
+  if (parent == kNoNode || map_.Has(parent)) changes_.parents.insert(parent);
 }
 
 void TreeItems::Removing(NodeId node) {
-  const auto found = items_.find(node);
-  const NodeId parent = nodes_.Parent(node);
-  if (found != items_.end()) removals_.push_back({found->second, false});
-  if (parent == kNoNode || items_.contains(parent)) changedParents_.insert(parent);
-  Forget(node);
+  if (map_.Has(node)) changes_.removals.push_back({map_.ItemOf(node), false});
+  Added(nodes_.Parent(node));
+  map_.Forget(node);
 }
 
 // All at once, for each item alone would cost the control a search among all it has. What comes in
 // their place is told of when it is shown.
 void TreeItems::RemovingChildren(NodeId node) {
-  const auto found = items_.find(node);
-  if (found == items_.end()) return;
-  changedParents_.insert(node);
-  if (!filled_.contains(node)) return;
-  removals_.push_back({found->second, true});
-  ForgetBelow(node);
-}
-
-// The index of a node that goes may be given to another one before the native control follows.
-void TreeItems::Forget(NodeId node) {
-  items_.erase(node);
-  ForgetBelow(node);
-}
-
-void TreeItems::ForgetBelow(NodeId node) {
-  const auto found = filled_.find(node);
-  if (found == filled_.end()) return;
-  const std::vector<NodeId> children = std::move(found->second);
-  filled_.erase(found);
-  for (const NodeId child : children) {
-    if (nodes_.Exists(child) && nodes_.Parent(child) == node) Forget(child);
-  }
+  if (!map_.Has(node)) return;
+  changes_.parents.insert(node);
+  if (!map_.IsTold(node)) return;
+  changes_.removals.push_back({map_.ItemOf(node), true});
+  map_.ForgetBelow(node);
 }
 
 void TreeItems::Clearing() {
-  if (!cleared_) KeepReusable();
-  std::vector<ReusableItem> reusable = std::move(reusable_);
-  Forget();
-  reusable_ = std::move(reusable);
-  cleared_ = true;
-}
-
-void TreeItems::Forget() {
-  items_.clear();
-  filled_.clear();
-  filled_[kNoNode];
-  removals_.clear();
-  changedParents_.clear();
-  changedNodes_.clear();
-  changedExpansions_.clear();
-  reusable_.clear();
-  cleared_ = false;
+  if (control_.Window() && !changes_.Any()) reusable_.Keep();
+  map_.Clear();
+  changes_ = {};
+  changes_.cleared = true;
 }
 
 void TreeItems::Changed(NodeId node) {
-  if (items_.contains(node)) changedNodes_.insert(node);
+  if (map_.Has(node)) changes_.nodes.insert(node);
 }
 
 void TreeItems::ExpansionChanged(NodeId node) {
-  if (items_.contains(node)) changedExpansions_.insert(node);
+  if (map_.Has(node)) changes_.expansions.insert(node);
 }
 
 void TreeItems::Reordered(const std::vector<NodeId>& parents) {
   for (const NodeId parent : parents) {
-    if (filled_.contains(parent)) changedParents_.insert(parent);
+    if (map_.IsTold(parent)) changes_.parents.insert(parent);
   }
 }
 
-bool TreeItems::Pending() const {
-  return cleared_ || !removals_.empty() || !changedParents_.empty() || !changedExpansions_.empty();
+void TreeItems::Synchronise(NodeId selected, bool reveal) {
+  if (!control_.Window()) return;
+  if (busy_ > 0) {
+    // Texts may be swept before the next time, and what the reusable items show could not be told
+    // any more.
+    if (changes_.cleared) reusable_.Forget();
+    return;
+  }
+  const bool rebuilt = changes_.cleared;
+  HTREEITEM top = nullptr;
+  {
+    const RedrawOff redrawOff(*this, changes_.Structural());
+    top = TopThatStays();
+    FollowNodes(selected);
+  }
+  ++busy_;
+  if (rebuilt) control_.ScrollToStart();
+  if (HTREEITEM line = ShownLine(top)) control_.ScrollTo(line);
+  HTREEITEM item = map_.ItemOf(selected);
+  if (reveal && item) control_.Reveal(item);
+  --busy_;
 }
 
-HTREEITEM TreeItems::ItemOf(NodeId node) const {
-  const auto found = items_.find(node);
-  return found == items_.end() ? nullptr : found->second;
+void TreeItems::FollowNodes(NodeId selected) {
+  DeleteRemoved();
+  const auto parents = std::exchange(changes_.parents, {});
+  for (const NodeId parent : parents) SynchroniseChildren(parent);
+  for (const NodeId node : std::exchange(changes_.nodes, {})) ShowLook(node);
+  for (const NodeId node : parents) ShowExpansion(node);
+  for (const NodeId node : std::exchange(changes_.expansions, {})) ShowExpansion(node);
+  reusable_.DeleteRest();
+  HTREEITEM item = map_.ItemOf(selected);
+  if (control_.Next(TVGN_CARET) != item) control_.Select(item);
 }
 
-NodeId TreeItems::FirstChild(NodeId parent) const {
-  return parent == kNoNode ? nodes_.Root() : nodes_.FirstChild(parent);
+// The topmost line of the window that will still be there.
+HTREEITEM TreeItems::TopThatStays() const {
+  if (changes_.cleared || !changes_.Structural()) return nullptr;
+  HTREEITEM line = control_.Next(TVGN_FIRSTVISIBLE);
+  for (int lines = 0; line && lines < kMostLines; ++lines) {
+    if (map_.ItemOf(control_.NodeOf(line)) == line) return line;
+    line = control_.Next(TVGN_NEXTVISIBLE, line);
+  }
+  return nullptr;
 }
 
-NodeId TreeItems::NodeOf(HTREEITEM item) const {
-  TVITEMW native = {};
-  native.mask = TVIF_PARAM | TVIF_HANDLE;
-  native.hItem = item;
-  if (!item || !Send(TVM_GETITEMW, 0, AsLParam(&native))) return kNoNode;
-  return NodeIn(native.lParam);
+// The item, or the closed one above it that stands in its place.
+HTREEITEM TreeItems::ShownLine(HTREEITEM item) const {
+  if (!item) return nullptr;
+  NodeId shown = control_.NodeOf(item);
+  for (NodeId above = shown; above != kNoNode; above = nodes_.Parent(above)) {
+    if (above != shown && !nodes_.Expanded(above)) shown = above;
+  }
+  return map_.ItemOf(shown);
 }
 
-HTREEITEM TreeItems::SelectedItem() const {
-  return HandleIn<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_CARET, 0));
+void TreeItems::DeleteRemoved() {
+  if (std::exchange(changes_.cleared, false) && !reusable_.Begin()) control_.DeleteAll();
+  for (const TreeChanges::Removal& removal : std::exchange(changes_.removals, {})) {
+    if (removal.childrenOnly) {
+      control_.DeleteChildren(removal.item);
+    } else {
+      control_.Delete(removal.item);
+    }
+  }
+  // Before anything is inserted, for a new child may have the index of one that has gone.
+  for (const NodeId parent : changes_.parents) map_.DropRemoved(parent);
 }
 
-bool TreeItems::IsOpen(NodeId node) const {
-  const auto item = AsWParam(ItemOf(node));
-  return item && (Send(TVM_GETITEMSTATE, item, TVIS_EXPANDED) & TVIS_EXPANDED);
+void TreeItems::SynchroniseChildren(NodeId parent) {
+  if (parent != kNoNode && !map_.Has(parent)) return;
+  if (map_.IsTold(parent)) {
+    const std::vector<NodeId> wanted = ChildrenOf(parent);
+    const std::vector<NodeId>& told = map_.ChildrenOf(parent);
+    const bool many = wanted.size() - told.size() >= kSortFrom && !told.empty();
+    if (!many && InOrder(told, wanted)) {
+      InsertInPlace(wanted);
+    } else {
+      for (const NodeId child : wanted) {
+        if (!map_.Has(child)) Insert(child, TVI_LAST);
+      }
+      control_.Sort(map_.ItemOf(parent), wanted);
+    }
+    map_.SetChildren(parent, wanted);
+  }
+  if (parent != kNoNode) ShowLook(parent);
+}
+
+// In their order; of kNoNode the roots.
+std::vector<NodeId> TreeItems::ChildrenOf(NodeId parent) const {
+  std::vector<NodeId> children;
+  NodeId child = parent == kNoNode ? nodes_.Root() : nodes_.FirstChild(parent);
+  for (; child != kNoNode; child = nodes_.Next(child)) children.push_back(child);
+  return children;
+}
+
+// Whether the children told of stand as they should, but for new ones between them.
+bool TreeItems::InOrder(const std::vector<NodeId>& told, const std::vector<NodeId>& wanted) const {
+  auto next = told.begin();
+  for (const NodeId child : wanted) {
+    if (!map_.Has(child)) continue;
+    if (next == told.end() || *next++ != child) return false;
+  }
+  return true;
+}
+
+void TreeItems::InsertInPlace(const std::vector<NodeId>& wanted) {
+  // What follows the last child that the control knows is simply put at the end, which is cheap.
+  std::size_t tail = wanted.size();
+  while (tail > 0 && !map_.Has(wanted[tail - 1])) --tail;
+  HTREEITEM previous = TVI_FIRST;
+  for (std::size_t i = 0; i < wanted.size(); ++i) {
+    if (!map_.Has(wanted[i])) Insert(wanted[i], i >= tail ? TVI_LAST : previous);
+    previous = map_.ItemOf(wanted[i]);
+  }
+}
+
+void TreeItems::Insert(NodeId node, HTREEITEM after) {
+  HTREEITEM item = reusable_.Take(node);
+  if (!item) item = control_.Insert(node, map_.ItemOf(nodes_.Parent(node)), after);
+  map_.Set(node, item);
+  if (nodes_.Expanded(node)) ShowExpansion(node);
+}
+
+void TreeItems::ShowLook(NodeId node) const {
+  if (HTREEITEM item = map_.ItemOf(node)) control_.Change(item, node, TreeControl::kLook);
+}
+
+void TreeItems::ShowExpansion(NodeId node) {
+  HTREEITEM item = map_.ItemOf(node);
+  if (!item) return;
+  const bool open = nodes_.Expanded(node) && nodes_.HasChildren(node);
+  if (open) Fill(node);
+  if (open == control_.IsOpen(item)) return;
+  const RedrawOff redrawOff(*this, true);
+  if (nodes_.HasChildren(node)) {
+    control_.SetOpen(item, open);
+  } else {
+    control_.MarkClosed(item);
+  }
+}
+
+void TreeItems::Fill(NodeId node) {
+  if (!map_.Has(node) || map_.IsTold(node)) return;
+  const RedrawOff redrawOff(*this, true);
+  std::vector<NodeId> children = ChildrenOf(node);
+  for (const NodeId child : children) Insert(child, TVI_LAST);
+  map_.SetChildren(node, std::move(children));
 }
 
 }  // namespace controls

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <vector>
+
+#include "controls/TreeNodes.h"
+#include "controls/win32/Handles.h"
+
+namespace controls {
+
+// The native tree view's messages as calls. What an item shows is read from the nodes.
+class TreeControl {
+ public:
+  // All that a user sees of an item.
+  static constexpr UINT kLook = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
+
+  explicit TreeControl(const TreeNodes& nodes) : nodes_(nodes) {}
+
+  // The native window, null while there is none. Without one nothing may be called but this.
+  void Attach(HWND window) { window_ = window; }
+  HWND Window() const { return window_; }
+
+  // The item that stands in a relation (TVGN_...) to another one; null where there is none.
+  HTREEITEM Next(UINT relation, HTREEITEM item = nullptr) const;
+  // kNoNode for a null item.
+  NodeId NodeOf(HTREEITEM item) const;
+  // False for a null item.
+  bool IsOpen(HTREEITEM item) const;
+
+  // A new item below another one, null for a root, after a sibling or at TVI_FIRST or TVI_LAST.
+  HTREEITEM Insert(NodeId node, HTREEITEM parent, HTREEITEM after) const;
+  // Has an item show parts (TVIF_...) of the node.
+  void Change(HTREEITEM item, NodeId node, UINT parts) const;
+  void SetOpen(HTREEITEM item, bool open) const;
+  // For an item that has lost its children, which the control does not close.
+  void MarkClosed(HTREEITEM item) const;
+  // Puts the items below another one, null for the roots, into this order.
+  void Sort(HTREEITEM parent, const std::vector<NodeId>& order) const;
+  void Delete(HTREEITEM item) const;
+  void DeleteChildren(HTREEITEM item) const;
+  void DeleteAll() const { Delete(TVI_ROOT); }
+
+  // Null for none.
+  void Select(HTREEITEM item) const;
+  void Reveal(HTREEITEM item) const;
+  // Makes the item the topmost line of the window, as far as that goes.
+  void ScrollTo(HTREEITEM item) const;
+  // Back to the first line and column, as a tree does whose items have all been inserted.
+  void ScrollToStart() const;
+
+ private:
+  TVITEMW Shown(NodeId node, HTREEITEM item, UINT parts) const;
+  LRESULT Send(UINT number, WPARAM wParam, LPARAM lParam) const {
+    return SendMessageW(window_, number, wParam, lParam);
+  }
+
+  const TreeNodes& nodes_;
+  HWND window_ = nullptr;
+};
+
+}  // namespace controls
