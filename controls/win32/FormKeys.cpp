@@ -27,6 +27,8 @@ bool FormKeys::Down(int keyCode) {
   const HWND before = form_.life.window;
   const int held = IsPressed(VK_CONTROL) && !IsPressed(VK_MENU) ? +kKeyControl : 0;
   RunEventProcedure(form_.desktop, [&] { form_.form.Form_KeyDown(keyCode + held); });
+  // While a dialog stood, Control may have come up: the key would type its letter now.
+  if (held != 0 && !IsPressed(VK_CONTROL)) return true;
   return form_.life.window != before || Navigate(keyCode);
 }
 
