@@ -26,7 +26,7 @@ class TreeControl {
   // False for a null item.
   bool IsOpen(HTREEITEM item) const;
 
-  // A new item below another one, null for a root, after a sibling or at TVI_FIRST or TVI_LAST.
+  // A new item below another one, null for a root, after a sibling or at TVI_FIRST.
   HTREEITEM Insert(NodeId node, HTREEITEM parent, HTREEITEM after) const;
   // Has an item show parts (TVIF_...) of the node.
   void Change(HTREEITEM item, NodeId node, UINT parts) const;

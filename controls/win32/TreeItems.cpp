@@ -8,7 +8,7 @@
 namespace controls {
 namespace {
 
-// From this many new children on it is cheaper to put them at the end and have the control sort.
+// From this many new children on it is cheaper to put them in front and have the control sort.
 constexpr std::size_t kSortFrom = 64;
 
 // How far down the window a line is looked for that stays.
@@ -165,18 +165,9 @@ void TreeItems::DeleteRemoved() {
 void TreeItems::SynchroniseChildren(NodeId parent) {
   if (parent != kNoNode && !map_.Has(parent)) return;
   if (map_.IsTold(parent)) {
-    const std::vector<NodeId> wanted = ChildrenOf(parent);
-    const std::vector<NodeId>& told = map_.ChildrenOf(parent);
-    const bool many = wanted.size() - told.size() >= kSortFrom && !told.empty();
-    if (!many && InOrder(told, wanted)) {
-      InsertInPlace(wanted);
-    } else {
-      for (const NodeId child : wanted) {
-        if (!map_.Has(child)) Insert(child, TVI_LAST);
-      }
-      control_.Sort(map_.ItemOf(parent), wanted);
-    }
-    map_.SetChildren(parent, wanted);
+    std::vector<NodeId> wanted = ChildrenOf(parent);
+    Insert(parent, wanted, InOrder(map_.ChildrenOf(parent), wanted));
+    map_.SetChildren(parent, std::move(wanted));
   }
   if (parent != kNoNode) ShowLook(parent);
 }
@@ -199,22 +190,51 @@ bool TreeItems::InOrder(const std::vector<NodeId>& told, const std::vector<NodeI
   return true;
 }
 
-void TreeItems::InsertInPlace(const std::vector<NodeId>& wanted) {
-  // What follows the last child that the control knows is simply put at the end, which is cheap.
-  std::size_t tail = wanted.size();
-  while (tail > 0 && !map_.Has(wanted[tail - 1])) --tail;
-  HTREEITEM previous = TVI_FIRST;
-  for (std::size_t i = 0; i < wanted.size(); ++i) {
-    if (!map_.Has(wanted[i])) Insert(wanted[i], i >= tail ? TVI_LAST : previous);
-    previous = map_.ItemOf(wanted[i]);
+// Of many new children none names a sibling, nor the end: the control would look for that place
+// among all it has. From the last to the first, each goes in front of the others.
+void TreeItems::Insert(NodeId parent, const std::vector<NodeId>& wanted, bool inOrder) {
+  const std::vector<NodeId> missing = NotYetTold(wanted);
+  std::vector<NodeId> added;
+  for (const NodeId child : missing) {
+    if (HTREEITEM item = reusable_.Take(child)) {
+      map_.Set(child, item);
+    } else {
+      added.push_back(child);
+    }
+  }
+  const bool beginning = added.size() == wanted.size();
+  if (inOrder && !beginning && added.size() < kSortFrom) {
+    InsertInPlace(parent, wanted);
+  } else {
+    for (auto child = added.rbegin(); child != added.rend(); ++child) {
+      InsertAfter(TVI_FIRST, *child, parent);
+    }
+    if (!beginning) control_.Sort(map_.ItemOf(parent), wanted);
+  }
+  for (const NodeId child : missing) {
+    if (nodes_.Expanded(child)) ShowExpansion(child);
   }
 }
 
-void TreeItems::Insert(NodeId node, HTREEITEM after) {
-  HTREEITEM item = reusable_.Take(node);
-  if (!item) item = control_.Insert(node, map_.ItemOf(nodes_.Parent(node)), after);
-  map_.Set(node, item);
-  if (nodes_.Expanded(node)) ShowExpansion(node);
+// Those of the nodes that the control does not know, in their order.
+std::vector<NodeId> TreeItems::NotYetTold(const std::vector<NodeId>& nodes) const {
+  std::vector<NodeId> unknown;
+  for (const NodeId node : nodes) {
+    if (!map_.Has(node)) unknown.push_back(node);
+  }
+  return unknown;
+}
+
+void TreeItems::InsertInPlace(NodeId parent, const std::vector<NodeId>& wanted) {
+  HTREEITEM previous = TVI_FIRST;
+  for (const NodeId child : wanted) {
+    if (!map_.Has(child)) InsertAfter(previous, child, parent);
+    previous = map_.ItemOf(child);
+  }
+}
+
+void TreeItems::InsertAfter(HTREEITEM previous, NodeId node, NodeId parent) {
+  map_.Set(node, control_.Insert(node, map_.ItemOf(parent), previous));
 }
 
 void TreeItems::ShowLook(NodeId node) const {
@@ -239,7 +259,7 @@ void TreeItems::Fill(NodeId node) {
   if (!map_.Has(node) || map_.IsTold(node)) return;
   const RedrawOff redrawOff(*this, true);
   std::vector<NodeId> children = ChildrenOf(node);
-  for (const NodeId child : children) Insert(child, TVI_LAST);
+  Insert(node, children, true);
   map_.SetChildren(node, std::move(children));
 }
 

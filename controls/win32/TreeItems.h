@@ -59,8 +59,12 @@ class TreeItems {
   void SynchroniseChildren(NodeId parent);
   std::vector<NodeId> ChildrenOf(NodeId parent) const;
   bool InOrder(const std::vector<NodeId>& told, const std::vector<NodeId>& wanted) const;
-  void InsertInPlace(const std::vector<NodeId>& wanted);
-  void Insert(NodeId node, HTREEITEM after);
+  // Tells of those of a node's children that the control does not know yet. wanted is all of them;
+  // inOrder says whether those that it knows stand in that order.
+  void Insert(NodeId parent, const std::vector<NodeId>& wanted, bool inOrder);
+  std::vector<NodeId> NotYetTold(const std::vector<NodeId>& nodes) const;
+  void InsertInPlace(NodeId parent, const std::vector<NodeId>& wanted);
+  void InsertAfter(HTREEITEM previous, NodeId node, NodeId parent);
   void ShowLook(NodeId node) const;
   void ShowExpansion(NodeId node);
 

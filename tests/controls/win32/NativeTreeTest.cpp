@@ -1,12 +1,32 @@
 #include <cstring>
 
 #include "tests/controls/TreeTest.h"
+#include "tests/controls/win32/MessageWatch.h"
 #include "tests/controls/win32/NativeTree.h"
 
 namespace controls_test {
 namespace {
 
 using controls::kNoNode;
+
+// Where items are inserted: in front of all their siblings, or at a place that the native control
+// has to look for among them, after one that is named or at the end.
+class InsertedPlaces {
+ public:
+  explicit InsertedPlaces(HWND window)
+      : watch_(window, TVM_INSERTITEMW, [this](WPARAM, LPARAM item) {
+          const auto& native = controls::StructIn<const TVINSERTSTRUCTW>(item);
+          ++(native.hInsertAfter == TVI_FIRST ? inFront_ : elsewhere_);
+        }) {}
+
+  int InFront() const { return inFront_; }
+  int Elsewhere() const { return elsewhere_; }
+
+ private:
+  int inFront_ = 0;
+  int elsewhere_ = 0;
+  MessageWatch watch_;
+};
 
 class NativeTreeView : public TreeTest {
  protected:
@@ -201,6 +221,30 @@ TEST_F(NativeTreeView, BringsAnotherNodeIntoViewWithoutSelectingIt) {
   tree.EnsureVisible(tree.Nodes().LastChild(root));
   ExpectInView(tree.Nodes().LastChild(root));
   EXPECT_EQ(native.Selected(), root);
+}
+
+TEST_F(NativeTreeView, NamesNoSiblingAndNoEndWhereManyItemsAreInserted) {
+  InsertedPlaces places(native.Window());
+  AddMany();
+  tree.SetExpanded(root, true);
+  EXPECT_EQ(places.InFront(), 203);
+  {
+    controls::TreeView::Update update(tree);
+    for (int i = 0; i < 100; ++i) tree.Add(root, kUserForm, 2000 + i, L"V" + std::to_wstring(i), 1);
+  }
+  EXPECT_EQ(places.InFront(), 303);
+  EXPECT_EQ(places.Elsewhere(), 0);
+  EXPECT_EQ(native.Difference(), "");
+}
+
+TEST_F(NativeTreeView, PutsFewNewItemsAfterTheirNeighbours) {
+  AddMany();
+  tree.SetExpanded(root, true);
+  InsertedPlaces places(native.Window());
+  tree.Add(root, kUserForm, 3000, L"U1000", 1);
+  EXPECT_EQ(places.InFront(), 0);
+  EXPECT_EQ(places.Elsewhere(), 1);
+  EXPECT_EQ(native.Difference(), "");
 }
 
 TEST_F(NativeTreeView, TakesThirtyThousandAccounts) {
