@@ -107,6 +107,7 @@ HBRUSH FormBackground::Behind(HWND control, HDC context) {
   if (!strip->brush) return nullptr;
   const RECT origin = PlaceIn(control, strip->window);
   SetBrushOrgEx(context, origin.left, origin.top, nullptr);
+  SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
   SetBkMode(context, TRANSPARENT);
   return strip->brush.Get();
 }

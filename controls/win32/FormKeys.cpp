@@ -36,6 +36,7 @@ bool FormKeys::Navigate(int keyCode) {
   switch (keyCode) {
     case VK_TAB:
       if (IsPressed(VK_CONTROL)) return form_.order.TurnTabs(IsPressed(VK_SHIFT));
+      ShowFocusCues();
       form_.focus.Advance(IsPressed(VK_SHIFT));
       return true;
     case VK_NEXT:
@@ -50,6 +51,12 @@ bool FormKeys::Navigate(int keyCode) {
     default:
       return false;
   }
+}
+
+// Windows hides focus frames and access keys until a window is used by the keyboard.
+void FormKeys::ShowFocusCues() const {
+  SendMessageW(form_.life.window, WM_CHANGEUISTATE,
+               MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL), 0);
 }
 
 void FormKeys::Press(ControlModel* button) const {

@@ -21,6 +21,7 @@ class FormKeys {
  private:
   bool Down(int keyCode);
   bool Navigate(int keyCode);
+  void ShowFocusCues() const;
   void Press(ControlModel* button) const;
 
   Form::Peer& form_;

@@ -48,6 +48,9 @@ INT_PTR Form::Peer::Handle(const Message& message) {
     case WM_THEMECHANGED:
       LookChanged();
       return FALSE;
+    case WM_SYSCOLORCHANGE:
+      ColoursChanged(message);
+      return FALSE;
     case WM_ERASEBKGND:
     case WM_PRINTCLIENT:
       life.background.Erase(life.window, context);
@@ -150,6 +153,17 @@ void Form::Peer::Resized(WPARAM kind) {
   if (kind == SIZE_MINIMIZED || !life.window) return;
   life.layout.Apply(life.window);
   RepaintLater(nullptr);
+}
+
+// Windows tells the windows of the desktop alone. Native controls read the colours again when they
+// are told.
+void Form::Peer::ColoursChanged(const Message& message) {
+  for (const Control::Peer* control : controls) {
+    if (control->window) {
+      SendMessageW(control->window, message.number, message.wParam, message.lParam);
+    }
+  }
+  LookChanged();
 }
 
 void Form::Peer::DpiChanged(unsigned newDpi, const RECT& place) {

@@ -108,6 +108,7 @@ struct Form::Peer {
   void EndLife();
   void LimitSize(MINMAXINFO& limits) const;
   void Resized(WPARAM kind);
+  void ColoursChanged(const Message& message);
   void DpiChanged(unsigned newDpi, const RECT& place);
 
   int scopes_ = 0;

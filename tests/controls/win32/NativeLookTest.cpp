@@ -1,0 +1,105 @@
+#include <array>
+#include <set>
+#include <vector>
+
+#include "controls/win32/FormPeer.h"
+#include "tests/controls/ControlsTest.h"
+#include "tests/controls/win32/MessageWatch.h"
+
+namespace controls_test {
+namespace {
+
+using namespace controls;
+
+// Other colours for the whole system while it stands.
+class SystemColours {
+ public:
+  SystemColours(COLORREF ground, COLORREF text) {
+    for (std::size_t i = 0; i < kElements.size(); ++i) before_[i] = GetSysColor(kElements[i]);
+    std::array<COLORREF, kElements.size()> colours = {ground, ground, text, text};
+    Set(colours);
+  }
+  ~SystemColours() { Set(before_); }
+  SystemColours(const SystemColours&) = delete;
+  SystemColours& operator=(const SystemColours&) = delete;
+
+ private:
+  static constexpr std::array<int, 4> kElements = {COLOR_3DFACE, COLOR_WINDOW, COLOR_WINDOWTEXT,
+                                                   COLOR_BTNTEXT};
+
+  static void Set(const std::array<COLORREF, 4>& colours) {
+    SetSysColors(static_cast<int>(kElements.size()), kElements.data(), colours.data());
+  }
+
+  std::array<COLORREF, 4> before_ = {};
+};
+
+// The colours of a window's client area as it paints itself.
+std::set<COLORREF> Painted(HWND window) {
+  RECT client = {};
+  GetClientRect(window, &client);
+  HDC screen = GetDC(window);
+  const MemoryContext memory(CreateCompatibleDC(screen));
+  const BitmapHandle picture(CreateCompatibleBitmap(screen, client.right, client.bottom));
+  ReleaseDC(window, screen);
+  HGDIOBJ old = SelectObject(memory.Get(), picture.Get());
+  SendMessageW(window, WM_PRINT, AsWParam(memory.Get()), PRF_CLIENT | PRF_ERASEBKGND);
+  std::set<COLORREF> colours;
+  for (int y = 0; y < client.bottom; ++y) {
+    for (int x = 0; x < client.right; ++x) colours.insert(GetPixel(memory.Get(), x, y));
+  }
+  SelectObject(memory.Get(), old);
+  return colours;
+}
+
+class NativeLook : public ControlsTest {
+ protected:
+  HWND Window() const { return form.BackEnd().life.window; }
+  static constexpr COLORREF kDark = RGB(0, 0, 32);
+  static constexpr COLORREF kLight = RGB(240, 240, 200);
+};
+
+TEST_F(NativeLook, FollowsTheColoursOfTheSystem) {
+  HWND list = form.checkList.BackEnd().window;
+  form.checkList.AddItem(L"Achats", 1);
+  const std::set<COLORREF> before = Painted(list);
+  const std::set<COLORREF> formBefore = Painted(Window());
+  EXPECT_FALSE(before.contains(kDark));
+  {
+    const SystemColours dark(kDark, kLight);
+    user.Settle();
+    const std::set<COLORREF> shown = Painted(list);
+    EXPECT_TRUE(shown.contains(kDark));
+    EXPECT_TRUE(shown.contains(kLight));
+    EXPECT_TRUE(Painted(Window()).contains(kDark));
+  }
+  user.Settle();
+  EXPECT_EQ(Painted(list), before);
+  EXPECT_EQ(Painted(Window()), formBefore);
+}
+
+TEST_F(NativeLook, TellsItsControlsOfOtherColours) {
+  int told = 0;
+  const MessageWatch tree(form.tree.BackEnd().window, WM_SYSCOLORCHANGE,
+                          [&](WPARAM, LPARAM) { ++told; });
+  const MessageWatch checks(form.checkList.BackEnd().window, WM_SYSCOLORCHANGE,
+                            [&](WPARAM, LPARAM) { ++told; });
+  SendMessageW(Window(), WM_SYSCOLORCHANGE, 0, 0);
+  EXPECT_EQ(told, 2);
+}
+
+TEST_F(NativeLook, ShowsWhereTheFocusIsOnceTabIsPressed) {
+  std::vector<WPARAM> states;
+  const MessageWatch watch(Window(), WM_CHANGEUISTATE,
+                           [&](WPARAM state, LPARAM) { states.push_back(state); });
+  form.name.SetFocus();
+  states.clear();
+  PostMessageW(form.name.BackEnd().window, WM_KEYDOWN, VK_TAB, 1);
+  user.Settle();
+  ASSERT_FALSE(states.empty());
+  EXPECT_EQ(LOWORD(states.front()), UIS_CLEAR);
+  EXPECT_TRUE(HIWORD(states.front()) & UISF_HIDEFOCUS);
+}
+
+}  // namespace
+}  // namespace controls_test
