@@ -5,6 +5,8 @@
 #include <oaidl.h>
 #include <oleauto.h>
 
+#include <initializer_list>
+
 namespace automation {
 
 // What a callee writes about a failure, usable as an EXCEPINFO; owns the texts in it.
