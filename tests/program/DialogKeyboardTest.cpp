@@ -154,7 +154,7 @@ TEST_F(DialogKeyboard, AGroupIsEditedWithoutTheMouse) {
   EXPECT_EQ(IDC_TXT_GROUP_NAME, dialog.Focus());
   dialog.TabTo(kMembersOfGroupList);
   const driver::ListBox members = dialog.List(kMembersOfGroupList);
-  EXPECT_EQ((Texts{L"D'Angelo", L"Blanc", L"Chevalier"}), members.Texts());
+  EXPECT_EQ((Texts{L"Blanc", L"Chevalier", L"D'Angelo"}), members.Texts());
   for (int row = 0; row < 3; ++row) dialog.Key(VK_DOWN);
   driver::Await("the last member to be selected", [&] { return members.IsSelected(2); });
   dialog.Key('R', {VK_MENU});
@@ -165,7 +165,7 @@ TEST_F(DialogKeyboard, AGroupIsEditedWithoutTheMouse) {
   dialog.AwaitClosed();
   window.AwaitUsable();
   Database database = Box().Database();
-  EXPECT_EQ((Lines{"11", "20"}),
+  EXPECT_EQ((Lines{"20", "24"}),
             database.Lines(L"SELECT USERID FROM QRUSGP WHERE GROUPID = 9 ORDER BY 1"));
   EXPECT_EQ((Lines{"14", "21", "24", "25", "26", "27"}),
             database.Lines(L"SELECT PERMID FROM QRGPRM WHERE GROUPID = 9 ORDER BY 1"));
