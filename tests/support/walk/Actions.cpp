@@ -157,6 +157,7 @@ void Actions::UseMenu() {
     }
     // What is selected has changed with the click.
     run_.Begin();
+    expected_.Selected(walk_.Tab(), walk_.SelectedKey(walk_.Tab()));
     const auto line = static_cast<std::size_t>(walk_.dice.Below(static_cast<int>(items.size())));
     if (items[line].command == 0 || !items[line].enabled) return 0;
     walk_.Note("  line " + data::ToUtf8(items[line].caption) + " at " +

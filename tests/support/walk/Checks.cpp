@@ -209,9 +209,7 @@ void Checks::CheckStatements() {
 
 void Checks::CheckStatus(const Tables& now) const {
   const std::wstring status = walk_.window.lblStatus.Caption();
-  if (expected_.doneAt != std::pair(walk_.Tab(), walk_.SelectedKey(walk_.Tab()))) {
-    expected_.done.clear();
-  }
+  expected_.Selected(walk_.Tab(), walk_.SelectedKey(walk_.Tab()));
   if (!expected_.done.empty()) {
     EXPECT_NE(status.find(expected_.done), std::wstring::npos) << data::ToUtf8(status);
     return;

@@ -23,6 +23,11 @@ struct Expected {
     done.clear();
   }
 
+  // The node of this tab and key is selected: what a command has left elsewhere is told no longer.
+  void Selected(int tab, const std::wstring& key) {
+    if (doneAt != std::pair(tab, key)) done.clear();
+  }
+
   WantedTrees trees;
   // The keys of the nodes that may differ from what a refresh would show.
   std::set<std::wstring> differing;
