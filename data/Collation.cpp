@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdint>
 
+#include "data/LatinLetters.h"
+
 namespace data {
 namespace {
 
@@ -11,41 +13,17 @@ constexpr std::wstring_view kSigns =
     L"'-\x2013 \xA0\t\n\r!\"#$%&()*,./:;?@[\\]^_`{|}~\xA1\xA6\xA8\xAF\xB4\xB8\xBF\x2019"
     L"\xA2\xA3\xA4\xA5\x20AC+<=>\xB1\xAB\xBB\xD7\xF7\xA7\xA9\xAC\xAE\xB0\xB6\xB7";
 
-// The letters from U+00C0 to U+017F: which letter each is, a digit standing for one of the pairs
-// below, and the mark on it.
-constexpr std::size_t kFirstMarked = 0xC0;
-constexpr std::string_view kMarkedLetters =
-    "AAAAAA1CEEEEIIIIDNOOOOO*OUUUUY23AAAAAA1CEEEEIIIIDNOOOOO*OUUUUY2Y"
-    "AAAAAACCCCCCCCDDDDEEEEEEEEEEGGGGGGGGHHHHIIIIIIIIII44JJKKKLLLLLLL"
-    "LLLNNNNNNNNNOOOOOO55RRRRRRSSSSSSSSTTTTTTUUUUUUUUUUUUWWYYYZZZZZZS";
+// The mark on each of the letters from U+00C0 to U+017F.
 constexpr std::string_view kMarks =
     "`'^~:o ,`'^:`'^:d~`'^~: /`'^:'  `'^~:o ,`'^:`'^:d~`'^~: /`'^:' :"
     "--uu;;''^^..vvvv==--uu..;;vv^^uu..,,^^==~~--uu;;.i  ^^,,i'',,vv*"
     "*ll'',,vvngg--uu\"\"  '',,vv''^^,,vv,,vv==~~--uuoo\"\";;^^^^:''..vvi";
-static_assert(kMarkedLetters.size() == 0x180 - kFirstMarked &&
-              kMarks.size() == kMarkedLetters.size());
-constexpr std::string_view kPairs[] = {"AE", "TH", "SS", "IJ", "OE"};
+static_assert(kMarks.size() == kMarkedLetters.letters.size());
 
 // The marks in their order; a letter without one stands before all of them.
 constexpr std::string_view kMarkOrder = "i'`.*^:vu-~o;,\"=l/ngd";
 
-// Two more blocks of letters, those of Vietnamese and Romanian among them. A star is a letter of no
-// alphabet that matters here.
-constexpr std::size_t kFirstRare = 0x180;
-constexpr std::string_view kRareLetters =
-    "********************************OO*************UU***************"
-    "*************AAIIOOUUUUUUUUUU*AAAA****GGKKOOOO**J***GG**NNAA****"
-    "AAAAEEEEIIIIOOOORRRRUUUUSSTT**HH******AAEEOOOOOOOOYY************";
-constexpr std::size_t kFirstStacked = 0x1E00;
-constexpr std::string_view kStackedLetters =
-    "AABBBBBBCCDDDDDDDDDDEEEEEEEEEEFFGGHHHHHHHHHHIIIIKKKKKKLLLLLLLLMM"
-    "MMMMNNNNNNNNOOOOOOOOPPPPRRRRRRRRSSSSSSSSSSTTTTTTTTUUUUUUUUUUVVVV"
-    "WWWWWWWWWWXXXXYYZZZZZZHTWY******AAAAAAAAAAAAAAAAAAAAAAAAEEEEEEEE"
-    "EEEEEEEEIIIIOOOOOOOOOOOOOOOOOOOOOOOOUUUUUUUUUUUUUUYYYYYYYY******";
-
-// Marks that stand as characters of their own after their letter, and the sign of each above.
-constexpr std::size_t kFirstCombining = 0x300;
-constexpr std::size_t kLastCombining = 0x36F;
+// The signs above of marks that stand as characters of their own after their letter.
 constexpr std::string_view kCombining = "`'^~--u.: o\"v";  // U+0300 to U+030C
 constexpr std::size_t kCedilla = 0x327;
 
@@ -61,7 +39,7 @@ constexpr unsigned kFirstRareMark = 30;      // capital and small letter share o
 constexpr unsigned kFirstStackedMark = 130;  // the same
 static_assert(kFirstSign + kSigns.size() <= kFirstDigit);
 static_assert(kNoMark + 1 + kMarkOrder.size() < kFirstRareMark);
-static_assert(kFirstRareMark + kRareLetters.size() / 2 <= kFirstStackedMark);
+static_assert(kFirstRareMark + kRareLetters.letters.size() / 2 <= kFirstStackedMark);
 
 constexpr unsigned char Letter(char letter) {
   return static_cast<unsigned char>(kFirstLetter + static_cast<unsigned>(letter - 'A'));
@@ -80,7 +58,7 @@ struct Weight {
   unsigned char mark = kNoMark;
 };
 
-using Weights = std::array<Weight, kFirstRare>;
+using Weights = std::array<Weight, kRareLetters.first>;
 
 constexpr Weights MakeWeights() {
   Weights weights{};
@@ -96,15 +74,15 @@ constexpr Weights MakeWeights() {
     weights[static_cast<std::size_t>('A' + i)].first = letter;
     weights[static_cast<std::size_t>('a' + i)].first = letter;
   }
-  for (std::size_t i = 0; i < kMarkedLetters.size(); ++i) {
-    Weight& weight = weights[kFirstMarked + i];
-    const char letter = kMarkedLetters[i];
-    if (letter == '*') continue;  // the two signs among these letters are in the table already
-    if (letter >= '1' && letter <= '5') {
-      weight.first = Letter(kPairs[letter - '1'][0]);
-      weight.second = Letter(kPairs[letter - '1'][1]);
+  for (std::size_t i = 0; i < kMarkedLetters.letters.size(); ++i) {
+    // The two signs among these letters are in the table already.
+    const std::string_view letters = kMarkedLetters.At(kMarkedLetters.first + i);
+    if (letters.empty()) continue;
+    Weight& weight = weights[kMarkedLetters.first + i];
+    weight.first = Letter(letters[0]);
+    if (letters.size() > 1) {
+      weight.second = Letter(letters[1]);
     } else {
-      weight.first = Letter(letter);
       weight.mark = MarkOf(kMarks[i]);
     }
   }
@@ -134,10 +112,10 @@ class KeyMaker {
 
  private:
   void PutUncommon(std::size_t unit) {
-    if (unit >= kFirstCombining && unit <= kLastCombining && places_ > 0) {
+    if (IsCombiningMark(unit) && places_ > 0) {
       PutCombining(unit);
-    } else if (!PutFromBlock(unit, kFirstRare, kRareLetters, kFirstRareMark) &&
-               !PutFromBlock(unit, kFirstStacked, kStackedLetters, kFirstStackedMark)) {
+    } else if (!PutFromBlock(unit, kRareLetters, kFirstRareMark) &&
+               !PutFromBlock(unit, kStackedLetters, kFirstStackedMark)) {
       const std::size_t sign = kSigns.find(static_cast<wchar_t>(unit));
       if (sign == std::wstring_view::npos) {
         PutOther(unit);
@@ -146,16 +124,15 @@ class KeyMaker {
       }
     }
   }
-  bool PutFromBlock(std::size_t unit, std::size_t first, std::string_view letters, unsigned mark) {
-    if (unit < first || unit - first >= letters.size()) return false;
-    const std::size_t place = unit - first;
-    if (letters[place] == '*') return false;
-    PutByte(Letter(letters[place]), mark + static_cast<unsigned>(place / 2));
+  bool PutFromBlock(std::size_t unit, const LetterBlock& block, unsigned mark) {
+    const std::string_view letter = block.At(unit);
+    if (letter.empty()) return false;
+    PutByte(Letter(letter[0]), mark + static_cast<unsigned>((unit - block.first) / 2));
     return true;
   }
   // The mark of the letter before it.
   void PutCombining(std::size_t unit) {
-    const std::size_t place = unit - kFirstCombining;
+    const std::size_t place = unit - kFirstCombiningMark;
     const char sign = place < kCombining.size() ? kCombining[place] : unit == kCedilla ? ',' : '*';
     marks_.resize(places_, static_cast<char>(kNoMark));
     marks_.back() = static_cast<char>(MarkOf(sign));
