@@ -25,6 +25,11 @@ class TextBox : public Control {
   // Does nothing when that is the text already; otherwise the selection is empty at the start.
   void SetText(const std::wstring& text);
 
+  // What an empty box shows of what belongs into it, also while it has the focus. Screen readers
+  // take it for the box's name; a box with a cue needs no label.
+  std::wstring Cue() const;
+  void SetCue(const std::wstring& cue);
+
   int SelStart() const;
   int SelLength() const;
   // Both are cut to what the text holds. Setting the start empties the selection.

@@ -17,6 +17,7 @@ void TextBoxPeer::RestartKind() {
   text.Wipe();
   selStart = 0;
   selLength = 0;
+  cue.clear();
 }
 
 void TextBoxPeer::FocusGained() {
@@ -74,6 +75,14 @@ void TextBox::SetText(const std::wstring& text) {
   peer.selStart = 0;
   peer.selLength = 0;
   Raise(Owner(), Change);
+}
+
+std::wstring TextBox::Cue() const {
+  return PeerOf<TextBoxPeer>(*this).cue;
+}
+
+void TextBox::SetCue(const std::wstring& cue) {
+  PeerOf<TextBoxPeer>(*this).cue = cue;
 }
 
 int TextBox::SelStart() const {

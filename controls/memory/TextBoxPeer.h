@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "controls/TextBox.h"
@@ -23,6 +24,7 @@ struct TextBoxPeer : Control::Peer {
   WipedText text;
   int selStart = 0;
   int selLength = 0;
+  std::wstring cue;
 
  protected:
   void RestartKind() override;

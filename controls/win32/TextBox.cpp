@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "controls/WipedText.h"
+#include "controls/win32/Annotation.h"
 #include "controls/win32/ControlPeer.h"
 
 namespace controls {
@@ -25,6 +26,8 @@ struct TextBoxPeer : Control::Peer {
   void Detached() override {
     text.Wipe();
     WipeWindow();
+    cue.clear();
+    name_.Reset();
   }
   void FocusGained() override { Send(EM_SETSEL, 0, -1); }
 
@@ -73,6 +76,11 @@ struct TextBoxPeer : Control::Peer {
     return Peer::Handle({message.number, character, message.lParam});
   }
 
+  void ShowCue() {
+    Send(EM_SETCUEBANNER, TRUE, AsLParam(cue.c_str()));
+    if (window) name_.Set(window, CHILDID_SELF, cue);
+  }
+
   // Both ends of the selection.
   std::pair<int, int> Selection() const {
     DWORD start = 0;
@@ -85,8 +93,10 @@ struct TextBoxPeer : Control::Peer {
 
   const TextBox::Masking masking;
   WipedText text;
+  std::wstring cue;
 
  private:
+  Annotation name_{Annotation::Kind::kName};
   std::size_t longest_ = 0;  // that the native control has held
   bool wiping_ = false;
 };
@@ -117,6 +127,16 @@ void TextBox::SetText(const std::wstring& text) {
   if (!peer.window || peer.text.Get() == text) return;
   if (IsMasked()) peer.WipeWindow();
   peer.ShowText(text);
+}
+
+std::wstring TextBox::Cue() const {
+  return PeerOfBox(*this).cue;
+}
+
+void TextBox::SetCue(const std::wstring& cue) {
+  TextBoxPeer& peer = PeerOfBox(*this);
+  peer.cue = cue;
+  peer.ShowCue();
 }
 
 int TextBox::SelStart() const {

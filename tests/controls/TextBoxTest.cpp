@@ -199,6 +199,19 @@ TEST_F(TextBox, ShowsItsTextToAReader) {
   EXPECT_EQ(read, L"secret");
 }
 
+TEST_F(TextBox, HasACueThatIsNoTextAndEndsWithItsForm) {
+  EXPECT_EQ(box.Cue(), L"");
+  box.SetCue(L"Rechercher & trouver");
+  EXPECT_EQ(box.Cue(), L"Rechercher & trouver");
+  EXPECT_EQ(box.Text(), L"");
+  user.Type(box, L"x");
+  EXPECT_EQ(box.Text(), L"x");
+  EXPECT_EQ(box.Cue(), L"Rechercher & trouver");
+  form.Unload();
+  form.Show();
+  EXPECT_EQ(box.Cue(), L"");
+}
+
 TEST_F(TextBox, HoldsNothingOfAnEarlierLoad) {
   form.password.SetText(L"secret");
   form.Unload();

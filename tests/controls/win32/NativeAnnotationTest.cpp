@@ -122,6 +122,17 @@ TEST_F(NativeAnnotation, AnAccessibleNameGoesWithItsForm) {
   EXPECT_EQ(form.ok.AccessibleName(), L"");
 }
 
+TEST_F(NativeAnnotation, ABoxIsSpokenOfByItsCueWhichTheSystemShows) {
+  form.name.SetCue(L"Rechercher");
+  EXPECT_EQ(services.told, Events{L"name 0 Rechercher"});
+  EXPECT_EQ(services.window, form.name.BackEnd().window);
+  wchar_t shown[32] = {};
+  form.name.BackEnd().Send(EM_GETCUEBANNER, controls::AsWParam(&shown[0]), 32);
+  EXPECT_EQ(std::wstring(shown), L"Rechercher");
+  form.Unload();
+  EXPECT_EQ(services.told.back(), L"clear name 0");
+}
+
 // Events that the system was told of.
 struct LiveEvents {
   static inline std::vector<HWND> windows;
