@@ -4,6 +4,7 @@
 
 #include "app/ErrorReport.h"
 #include "bench/Server.h"
+#include "controls/TreeModel.h"
 #include "data/Text.h"
 #include "tests/support/recording/RecordingServer.h"
 
@@ -120,8 +121,8 @@ void Refresh(browser::frmUserGroupPerm& window) {
 // Controls that nobody can see do not ask for the order by themselves.
 void Settle(browser::frmUserGroupPerm& window) {
   for (const int tab : {0, 1}) {
-    const controls::TreeNodes& nodes = window.Page(tab).TreeView1.Nodes();
-    nodes.FirstChild(nodes.Root());
+    controls::TreeModel& tree = controls::ModelOf(window.Page(tab).TreeView1);
+    static_cast<void>(tree.ChildrenInOrder(tree.Nodes().Root()));
   }
   window.Repaint();
 }

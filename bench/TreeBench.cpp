@@ -39,9 +39,9 @@ double BytesPerLeaf(const browser::frmUserGroupPerm& window) {
 
 // The child of a node that has the most children of its own.
 controls::NodeId LargestChild(const controls::TreeNodes& nodes, controls::NodeId parent) {
-  controls::NodeId largest = nodes.FirstChild(parent);
-  int most = 0;
-  for (controls::NodeId child = largest; child != controls::kNoNode; child = nodes.Next(child)) {
+  controls::NodeId largest = controls::kNoNode;
+  int most = -1;
+  for (const controls::NodeId child : nodes.ChildrenInOrder(parent)) {
     const int children = nodes.Children(child);
     if (children > most) {
       most = children;
@@ -56,8 +56,7 @@ double ExpandLargestFolder(browser::frmUserGroupPerm& window) {
   controls::TreeView& groups = window.Groups.TreeView1;
   const controls::TreeNodes& nodes = groups.Nodes();
   controls::NodeId largest = controls::kNoNode;
-  for (controls::NodeId group = nodes.FirstChild(nodes.Root()); group != controls::kNoNode;
-       group = nodes.Next(group)) {
+  for (const controls::NodeId group : nodes.ChildrenInOrder(nodes.Root())) {
     const controls::NodeId members = LargestChild(nodes, group);
     if (largest == controls::kNoNode || nodes.Children(members) > nodes.Children(largest)) {
       largest = members;

@@ -59,14 +59,14 @@ void TextPool::ReleaseAll() {
   }
 }
 
-const std::string& TextPool::SortKey(TextRef text) {
-  Entry& entry = At(text);
+const std::string& TextPool::SortKey(TextRef text) const {
+  const Entry& entry = At(text);
   if (entry.sortKey.empty() && !entry.text.empty()) entry.sortKey = sortKey_(entry.text);
   return entry.sortKey;
 }
 
 // Texts keep their order among themselves whatever is added, so that old ranks still tell it.
-bool TextPool::Before(TextRef a, TextRef b) {
+bool TextPool::Before(TextRef a, TextRef b) const {
   if (IsRanked(a) && IsRanked(b)) return ranks_[a] < ranks_[b];
   const int order = SortKey(a).compare(SortKey(b));
   return order != 0 ? order < 0 : At(a).text < At(b).text;

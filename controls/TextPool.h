@@ -32,7 +32,7 @@ class TextPool {
   const std::wstring& Text(TextRef text) const { return At(text).text; }
   // Whether a stands before b. Texts that the sort key holds for equal are ordered by their code
   // units: the order is total and does not depend on which came first.
-  bool Before(TextRef a, TextRef b);
+  bool Before(TextRef a, TextRef b) const;
   // Numbers every text by its place in the order, so that Rank answers until a text is added.
   void RankAll();
   bool Ranked() const { return unranked_ == 0 && !texts_.empty(); }
@@ -46,7 +46,7 @@ class TextPool {
  private:
   struct Entry {
     std::wstring text;
-    std::string sortKey;  // empty until it is needed
+    mutable std::string sortKey;  // worked out from the text when it is first needed
     std::uint32_t holders = 0;
     bool used = false;
     bool idle = false;  // waits in idle_ for the next sweep
@@ -57,7 +57,7 @@ class TextPool {
 
   Entry& At(TextRef text) { return texts_[text]; }
   const Entry& At(TextRef text) const { return texts_[text]; }
-  const std::string& SortKey(TextRef text);
+  const std::string& SortKey(TextRef text) const;
   bool IsRanked(TextRef text) const { return text < ranks_.size() && ranks_[text] != kUnranked; }
   void MarkIdle(TextRef text);
 

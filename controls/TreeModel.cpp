@@ -135,6 +135,11 @@ std::wstring TreeModel::AskTip(NodeId node) const {
   return tip;
 }
 
+std::vector<NodeId> TreeModel::ChildrenInOrder(NodeId parent) {
+  nodes_.PutInOrder(parent);
+  return nodes_.ChildrenInOrder(parent);
+}
+
 // Before the node and what is below it are removed: the selection passes to the next sibling, else
 // the previous one, else the parent.
 void TreeModel::LeaveNode(NodeId node) {

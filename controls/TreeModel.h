@@ -48,6 +48,8 @@ class TreeModel {
 
   const TreeNodes& Nodes() const { return nodes_; }
   NodeId Selected() const { return selected_; }
+  // The children of a node, of kNoNode the roots, as a view shows them. They keep that order.
+  std::vector<NodeId> ChildrenInOrder(NodeId parent);
   // In the middle of a batch of changes.
   bool Updating() const { return updates_ > 0; }
 

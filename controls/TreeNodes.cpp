@@ -135,16 +135,6 @@ void TreeNodes::SetStoredName(NodeId node, std::wstring_view name) {
   storedNames_[node] = name;
 }
 
-NodeId TreeNodes::FirstSibling(NodeId node) const {
-  const NodeId parent = At(node).parent;
-  return parent == kNoNode ? firstRoot_ : FirstChild(parent);
-}
-
-NodeId TreeNodes::LastSibling(NodeId node) const {
-  const NodeId parent = At(node).parent;
-  return parent == kNoNode ? lastRoot_ : LastChild(parent);
-}
-
 int TreeNodes::Children(NodeId node) const {
   int children = 0;
   for (NodeId child = At(node).firstChild; child != kNoNode; child = At(child).next) ++children;
@@ -164,10 +154,8 @@ bool TreeNodes::IsBelow(NodeId node, NodeId ancestor) const {
 }
 
 std::size_t TreeNodes::NodeBytes() const {
-  const std::size_t indexes =
-      free_.capacity() + reordered_.capacity() + ordered_.capacity() + misplaced_.capacity();
-  return blocks_.size() * kBlock * sizeof(Node) + indexes * sizeof(NodeId) +
-         ranked_.capacity() * sizeof(std::uint64_t);
+  const std::size_t indexes = free_.capacity() + reordered_.capacity();
+  return blocks_.size() * kBlock * sizeof(Node) + indexes * sizeof(NodeId);
 }
 
 }  // namespace controls

@@ -25,7 +25,8 @@ struct KeyForm {
 // The nodes of a tree, as the tree view of every back end keeps them. A node has an index of its
 // own while it lives, from 1; a freed index is used again. A node is small: its key is composed
 // when asked for and its text is kept once for all nodes that show it. Children are put in order
-// when somebody asks how they stand: most folders of a large tree are never opened.
+// when somebody who may change the tree asks how they stand: most folders of a large tree are never
+// opened. Who may only read it is given their order, and changes nothing by it.
 class TreeNodes {
  public:
   // sortKey gives the bytes by which a text is ordered among its siblings.
@@ -80,16 +81,18 @@ class TreeNodes {
   void SetStoredName(NodeId node, std::wstring_view name);
 
   NodeId Parent(NodeId node) const { return At(node).parent; }
-  NodeId FirstChild(NodeId node) const { return InOrder(node).firstChild; }
-  NodeId LastChild(NodeId node) const { return InOrder(node).lastChild; }
-  NodeId Next(NodeId node) const { return AmongSiblings(node).next; }
-  NodeId Previous(NodeId node) const { return AmongSiblings(node).previous; }
-  // For a walk over a node's children that may come in any order. Whatever asks for the order
-  // during the walk may change it, the removal of a selected node among others.
+  // The children of a node, the roots where it is kNoNode, in the order in which they are seen.
+  std::vector<NodeId> ChildrenInOrder(NodeId parent) const;
+  // Has the children of a node stand in that order from now on, until one comes or changes; costs
+  // nothing where they do. kNoNode changes nothing: roots stand as they came.
+  void PutInOrder(NodeId parent);
+  // The siblings of a node in that order, which these bring about.
+  NodeId Next(NodeId node) { return AmongSiblings(node).next; }
+  NodeId Previous(NodeId node) { return AmongSiblings(node).previous; }
+  // For a walk over a node's children that may come in any order. Whatever puts them in order
+  // during the walk changes its way, the removal of a selected node among others.
   NodeId AnyChild(NodeId node) const { return At(node).firstChild; }
   NodeId OtherSibling(NodeId node) const { return At(node).next; }
-  NodeId FirstSibling(NodeId node) const;
-  NodeId LastSibling(NodeId node) const;
   int Children(NodeId node) const;
   bool HasChildren(NodeId node) const { return At(node).firstChild != kNoNode; }
   // The texts from the root to the node, joined by backslashes.
@@ -127,8 +130,14 @@ class TreeNodes {
   static constexpr int kBlockBits = 14;
   static constexpr int kBlock = 1 << kBlockBits;
 
-  Node& At(NodeId node) { return Linked(node); }
-  const Node& At(NodeId node) const { return Linked(node); }
+  Node& At(NodeId node) {
+    const int index = IndexOf(node);
+    return blocks_[static_cast<std::size_t>(index >> kBlockBits)][index & (kBlock - 1)];
+  }
+  const Node& At(NodeId node) const {
+    const int index = IndexOf(node);
+    return blocks_[static_cast<std::size_t>(index >> kBlockBits)][index & (kBlock - 1)];
+  }
   NodeId TakeIndex();
   int KnownForm(const KeyForm& keyForm) const;
   std::uint8_t FormNumber(const KeyForm& keyForm);
@@ -138,41 +147,26 @@ class TreeNodes {
   void FreeBelow(NodeId node);
   void ComposeKey(NodeId node, std::wstring& key) const;
   bool HasTail(NodeId node, std::wstring_view tail) const;
-  const Node& InOrder(NodeId parent) const {
-    const Node& above = At(parent);
-    if (above.orderPending) SortChildren(parent);
-    return above;
-  }
-  const Node& AmongSiblings(NodeId node) const {
-    const Node& one = At(node);
-    if (one.parent != kNoNode) InOrder(one.parent);
-    return one;
+  const Node& AmongSiblings(NodeId node) {
+    PutInOrder(At(node).parent);
+    return At(node);
   }
   void MarkOrderPending(NodeId parent);
-  void SortChildren(NodeId parent) const;
+  std::vector<NodeId> ChildrenAsLinked(NodeId parent) const;
   bool WorthRanking(NodeId parent) const;
   bool StandsBefore(NodeId a, NodeId b) const;
-  void SortChildrenByRank(NodeId parent) const;
-  void SortChildrenByKey(NodeId parent) const;
-  void TakeMisplaced(NodeId parent) const;
-  void Relink(NodeId parent) const;
-  // Putting children in order changes nothing that could be seen before.
-  Node& Linked(NodeId node) const {
-    const int index = IndexOf(node);
-    return blocks_[index >> kBlockBits][index & (kBlock - 1)];
-  }
+  void SortByRank(std::vector<NodeId>& children) const;
+  void SortByKey(std::vector<NodeId>& children) const;
+  std::vector<NodeId> TakeMisplaced(std::vector<NodeId>& children) const;
+  void Relink(NodeId parent, const std::vector<NodeId>& children);
 
-  mutable TextPool texts_;  // makes the keys by which texts are ordered when it is asked for them
+  TextPool texts_;
   std::vector<KeyForm> forms_;
   std::uint8_t lastForm_ = 0;  // the one last asked for
   std::vector<std::unique_ptr<Node[]>> blocks_;
   int used_ = 1;                   // index 0 is never given
   std::vector<NodeId> free_;       // indexes to be used again, the latest freed last
   std::vector<NodeId> reordered_;  // may hold a node twice, and nodes that are no more
-  // While children are sorted: those in their order, and the others.
-  mutable std::vector<NodeId> ordered_;
-  mutable std::vector<NodeId> misplaced_;
-  mutable std::vector<std::uint64_t> ranked_;  // the same, each a rank above a node's index
   std::unordered_map<NodeId, std::wstring> storedNames_;
   int count_ = 0;
   NodeId firstRoot_ = kNoNode;

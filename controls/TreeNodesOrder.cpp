@@ -14,7 +14,7 @@ constexpr std::size_t kFewTexts = 4;
 }  // namespace
 
 void TreeNodes::SetSorted(NodeId node, bool sorted) {
-  if (!sorted) InOrder(node);
+  if (!sorted) PutInOrder(node);
   At(node).sorted = sorted;
   if (HasChildren(node)) MarkOrderPending(node);
 }
@@ -39,20 +39,35 @@ std::vector<NodeId> TreeNodes::TakeReordered() {
   return reordered;
 }
 
-void TreeNodes::SortChildren(NodeId parent) const {
-  Linked(parent).orderPending = false;
-  if (!HasChildren(parent)) return;
+void TreeNodes::PutInOrder(NodeId parent) {
+  if (parent == kNoNode || !At(parent).orderPending) return;
   if (WorthRanking(parent)) texts_.RankAll();
-  if (texts_.Ranked()) {
-    SortChildrenByRank(parent);
-  } else {
-    SortChildrenByKey(parent);
-  }
+  const std::vector<NodeId> children = ChildrenInOrder(parent);
+  At(parent).orderPending = false;
+  Relink(parent, children);
 }
 
 bool TreeNodes::WorthRanking(NodeId parent) const {
   const std::size_t few = texts_.Count() / kFewTexts;
   return texts_.Unranked() > few && static_cast<std::size_t>(Children(parent)) > few;
+}
+
+std::vector<NodeId> TreeNodes::ChildrenInOrder(NodeId parent) const {
+  std::vector<NodeId> children = ChildrenAsLinked(parent);
+  if (parent == kNoNode || !At(parent).orderPending) return children;
+  if (texts_.Ranked()) {
+    SortByRank(children);
+  } else {
+    SortByKey(children);
+  }
+  return children;
+}
+
+std::vector<NodeId> TreeNodes::ChildrenAsLinked(NodeId parent) const {
+  std::vector<NodeId> children;
+  NodeId child = parent == kNoNode ? firstRoot_ : AnyChild(parent);
+  for (; child != kNoNode; child = OtherSibling(child)) children.push_back(child);
+  return children;
 }
 
 // Nodes of one text are ordered by their index, so that the order never depends on the past.
@@ -62,60 +77,60 @@ bool TreeNodes::StandsBefore(NodeId a, NodeId b) const {
   return textA == textB ? a < b : texts_.Before(textA, textB);
 }
 
-// Plain numbers are sorted, and no text is looked at.
-void TreeNodes::SortChildrenByRank(NodeId parent) const {
-  ranked_.clear();
-  for (NodeId child = At(parent).firstChild; child != kNoNode; child = At(child).next) {
+// Plain numbers are sorted, each a rank above a node's index, and no text is looked at.
+void TreeNodes::SortByRank(std::vector<NodeId>& children) const {
+  std::vector<std::uint64_t> ranked;
+  ranked.reserve(children.size());
+  for (const NodeId child : children) {
     const std::uint64_t rank = texts_.Rank(At(child).text);
-    ranked_.push_back(rank << 32 | static_cast<std::uint32_t>(IndexOf(child)));
+    ranked.push_back(rank << 32 | static_cast<std::uint32_t>(IndexOf(child)));
   }
-  if (std::is_sorted(ranked_.begin(), ranked_.end())) return;
-  std::sort(ranked_.begin(), ranked_.end());
-  ordered_.clear();
-  for (const std::uint64_t entry : ranked_) {
-    ordered_.push_back(NodeId{static_cast<int>(static_cast<std::uint32_t>(entry))});
-  }
-  Relink(parent);
+  if (std::is_sorted(ranked.begin(), ranked.end())) return;
+  std::sort(ranked.begin(), ranked.end());
+  std::transform(ranked.begin(), ranked.end(), children.begin(), [](std::uint64_t entry) {
+    return NodeId{static_cast<int>(static_cast<std::uint32_t>(entry))};
+  });
 }
 
 // Most of the children stand in order already, after a change of a few as well as after a query
 // that was ordered: only the others are sorted, and merged in.
-void TreeNodes::SortChildrenByKey(NodeId parent) const {
-  TakeMisplaced(parent);
-  if (misplaced_.empty()) return;
+void TreeNodes::SortByKey(std::vector<NodeId>& children) const {
+  std::vector<NodeId> misplaced = TakeMisplaced(children);
   const auto before = [this](NodeId a, NodeId b) { return StandsBefore(a, b); };
-  std::sort(misplaced_.begin(), misplaced_.end(), before);
-  const auto inOrder = static_cast<std::ptrdiff_t>(ordered_.size());
-  ordered_.insert(ordered_.end(), misplaced_.begin(), misplaced_.end());
-  std::inplace_merge(ordered_.begin(), ordered_.begin() + inOrder, ordered_.end(), before);
-  Relink(parent);
+  std::sort(misplaced.begin(), misplaced.end(), before);
+  const auto inOrder = static_cast<std::ptrdiff_t>(children.size());
+  children.insert(children.end(), misplaced.begin(), misplaced.end());
+  std::inplace_merge(children.begin(), children.begin() + inOrder, children.end(), before);
 }
 
 // Where two neighbours stand the wrong way round either may be the one that moved: both go.
-void TreeNodes::TakeMisplaced(NodeId parent) const {
-  ordered_.clear();
-  misplaced_.clear();
-  for (NodeId child = At(parent).firstChild; child != kNoNode; child = At(child).next) {
-    if (ordered_.empty() || StandsBefore(ordered_.back(), child)) {
-      ordered_.push_back(child);
+std::vector<NodeId> TreeNodes::TakeMisplaced(std::vector<NodeId>& children) const {
+  std::vector<NodeId> ordered;
+  std::vector<NodeId> misplaced;
+  ordered.reserve(children.size());
+  for (const NodeId child : children) {
+    if (ordered.empty() || StandsBefore(ordered.back(), child)) {
+      ordered.push_back(child);
       continue;
     }
-    misplaced_.push_back(ordered_.back());
-    misplaced_.push_back(child);
-    ordered_.pop_back();
+    misplaced.push_back(ordered.back());
+    misplaced.push_back(child);
+    ordered.pop_back();
   }
+  children = std::move(ordered);
+  return misplaced;
 }
 
-void TreeNodes::Relink(NodeId parent) const {
+void TreeNodes::Relink(NodeId parent, const std::vector<NodeId>& children) {
   NodeId previous = kNoNode;
-  for (const NodeId child : ordered_) {
-    Linked(child).previous = previous;
-    if (previous != kNoNode) Linked(previous).next = child;
+  for (const NodeId child : children) {
+    At(child).previous = previous;
+    if (previous != kNoNode) At(previous).next = child;
     previous = child;
   }
-  Linked(previous).next = kNoNode;
-  Linked(parent).firstChild = ordered_.front();
-  Linked(parent).lastChild = previous;
+  if (previous != kNoNode) At(previous).next = kNoNode;
+  At(parent).firstChild = children.empty() ? kNoNode : children.front();
+  At(parent).lastChild = previous;
 }
 
 }  // namespace controls

@@ -61,8 +61,9 @@ void AccountPage::RebuildAndReveal(const Selection& at, const controls::KeyForm&
   const auto leaves = [&](const std::function<bool(NodeId leaf)>& see) {
     const NodeId parent = nodes.FindChild(at.account, folder, 0);
     if (parent == controls::kNoNode) return;
-    NodeId leaf = nodes.FirstChild(parent);
-    while (leaf != controls::kNoNode && see(leaf)) leaf = nodes.Next(leaf);
+    for (const NodeId leaf : nodes.ChildrenInOrder(parent)) {
+      if (!see(leaf)) return;
+    }
   };
   leaves([&](NodeId leaf) { return before.insert(nodes.Id(leaf)).second; });
   Rebuild(work);

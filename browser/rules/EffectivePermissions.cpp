@@ -56,7 +56,7 @@ std::vector<std::int32_t> EffectivePermissions::GroupsOf(NodeId user) const {
   std::vector<std::int32_t> ids;
   const NodeId folder = Folder(users_, user, kMemberOfKey);
   if (folder == kNoNode) return ids;
-  for (NodeId leaf = users_.FirstChild(folder); leaf != kNoNode; leaf = users_.Next(leaf)) {
+  for (const NodeId leaf : users_.ChildrenInOrder(folder)) {
     ids.push_back(users_.Id(leaf));
   }
   return ids;
@@ -92,7 +92,7 @@ std::vector<HeldPermission> EffectivePermissions::PermissionsOf(NodeId user) con
   std::vector<HeldPermission> all;
   const NodeId folder = Folder(users_, user, kAllPermissionsKey);
   if (folder == kNoNode) return all;
-  for (NodeId leaf = users_.FirstChild(folder); leaf != kNoNode; leaf = users_.Next(leaf)) {
+  for (const NodeId leaf : users_.ChildrenInOrder(folder)) {
     const std::int32_t permission = users_.Id(leaf);
     all.push_back({leaf, permission, SourceOf(user, permission)});
   }
@@ -103,7 +103,7 @@ std::vector<PermissionHolder> EffectivePermissions::HoldersOf(std::int32_t permi
   std::vector<PermissionHolder> holders;
   const NodeId root = users_.Root();
   if (root == kNoNode) return holders;
-  for (NodeId user = users_.FirstChild(root); user != kNoNode; user = users_.Next(user)) {
+  for (const NodeId user : users_.ChildrenInOrder(root)) {
     if (Has(user, permission)) holders.push_back({user, SourceOf(user, permission)});
   }
   return holders;

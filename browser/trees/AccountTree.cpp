@@ -98,8 +98,7 @@ Outcome AccountTree::Rebuild(FolderFiller& filler, const FolderKind& kind, NodeI
   const controls::TreeNodes& nodes = tree_.Nodes();
   const std::int32_t id = nodes.Id(account);
   Outcome outcome = Outcome::kDone;
-  for (NodeId folder = nodes.FirstChild(account); folder != controls::kNoNode;
-       folder = nodes.Next(folder)) {
+  for (const NodeId folder : nodes.ChildrenInOrder(account)) {
     if (nodes.Text(folder) != *kind.caption) continue;
     const bool wasEmpty = !nodes.HasChildren(folder);
     outcome = error.Keep(kind_.procedure, [&] { kind.Fill(filler, folder, id); });
@@ -124,16 +123,15 @@ Outcome AccountTree::EditAccounts(const wchar_t* procedure,
 Outcome AccountTree::RebuildAll(FolderFiller& filler, std::initializer_list<Section> sections,
                                 app::KeptError& error) {
   const controls::TreeNodes& nodes = tree_.Nodes();
-  const int total = nodes.Children(nodes.Root());
+  const std::vector<NodeId> accounts = nodes.ChildrenInOrder(nodes.Root());
   int done = 0;
-  for (NodeId account = nodes.FirstChild(nodes.Root()); account != controls::kNoNode;
-       account = nodes.Next(account)) {
+  for (const NodeId account : accounts) {
     for (const Section section : sections) {
       if (Rebuild(filler, Folder(section), account, error) == Outcome::kFailed) {
         return Outcome::kFailed;
       }
     }
-    context_.Progress(++done, total);
+    context_.Progress(++done, static_cast<int>(accounts.size()));
   }
   return Outcome::kDone;
 }

@@ -13,32 +13,21 @@ bool IsBreak(wchar_t character) {
   return character == L'\r' || character == L'\n' || character == L'\t';
 }
 
-// The node that follows in the order of reading, and how much deeper it stands; kNoNode after the
-// last one below top.
-NodeId NextInOrder(const controls::TreeNodes& nodes, NodeId node, NodeId top, int& level) {
-  if (nodes.HasChildren(node)) {
-    ++level;
-    return nodes.FirstChild(node);
-  }
-  while (node != top && nodes.Next(node) == controls::kNoNode) {
-    node = nodes.Parent(node);
-    --level;
-  }
-  return node == top ? controls::kNoNode : nodes.Next(node);
+// The line of a node and those of all below it; as deep as the tree, which has four levels.
+void AddLines(const controls::TreeNodes& nodes, NodeId node, std::size_t level,
+              std::wstring& text) {
+  if (level > 0) text += L"\r\n";
+  text.append(level, L'\t');
+  std::replace_copy_if(nodes.Text(node).begin(), nodes.Text(node).end(), std::back_inserter(text),
+                       IsBreak, L' ');
+  for (const NodeId child : nodes.ChildrenInOrder(node)) AddLines(nodes, child, level + 1, text);
 }
 
 }  // namespace
 
-std::wstring SubtreeText(const controls::TreeNodes& nodes, NodeId node) {
+std::wstring SubtreeText(const controls::TreeNodes& nodes, controls::NodeId node) {
   std::wstring text;
-  int level = 0;
-  for (NodeId line = node; line != controls::kNoNode;
-       line = NextInOrder(nodes, line, node, level)) {
-    if (line != node) text += L"\r\n";
-    text.append(static_cast<std::size_t>(level), L'\t');
-    std::replace_copy_if(nodes.Text(line).begin(), nodes.Text(line).end(), std::back_inserter(text),
-                         IsBreak, L' ');
-  }
+  AddLines(nodes, node, 0, text);
   return text;
 }
 

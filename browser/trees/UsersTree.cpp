@@ -11,9 +11,7 @@ using controls::NodeId;
 
 // The folder of the user's own permissions, a sibling of the one given.
 NodeId OwnPermissionsFolder(const controls::TreeNodes& nodes, NodeId folder) {
-  NodeId sibling = nodes.FirstSibling(folder);
-  while (nodes.FormOf(sibling).prefix != kUserPermissionsKey.prefix) sibling = nodes.Next(sibling);
-  return sibling;
+  return nodes.FindChild(nodes.Parent(folder), kUserPermissionsKey, 0);
 }
 
 void FillGroups(FolderFiller& filler, NodeId folder, std::int32_t userId) {

@@ -22,8 +22,8 @@ ReusableItems::Item ReusableItems::ShownAs(NodeId node) const {
 
 bool ReusableItems::Begin() {
   const NodeId root = nodes_.Root();
-  if (items_.empty() || root == kNoNode || nodes_.Next(root) != kNoNode || !nodes_.Expanded(root) ||
-      !nodes_.HasChildren(root)) {
+  if (items_.empty() || root == kNoNode || nodes_.OtherSibling(root) != kNoNode ||
+      !nodes_.Expanded(root) || !nodes_.HasChildren(root)) {
     items_.clear();
     return false;
   }

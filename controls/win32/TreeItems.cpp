@@ -165,19 +165,11 @@ void TreeItems::DeleteRemoved() {
 void TreeItems::SynchroniseChildren(NodeId parent) {
   if (parent != kNoNode && !map_.Has(parent)) return;
   if (map_.IsTold(parent)) {
-    std::vector<NodeId> wanted = ChildrenOf(parent);
+    std::vector<NodeId> wanted = model_.ChildrenInOrder(parent);
     Insert(parent, wanted, InOrder(map_.ChildrenOf(parent), wanted));
     map_.SetChildren(parent, std::move(wanted));
   }
   if (parent != kNoNode) ShowLook(parent);
-}
-
-// In their order; of kNoNode the roots.
-std::vector<NodeId> TreeItems::ChildrenOf(NodeId parent) const {
-  std::vector<NodeId> children;
-  NodeId child = parent == kNoNode ? nodes_.Root() : nodes_.FirstChild(parent);
-  for (; child != kNoNode; child = nodes_.Next(child)) children.push_back(child);
-  return children;
 }
 
 // Whether the children told of stand as they should, but for new ones between them.
@@ -258,7 +250,7 @@ void TreeItems::ShowExpansion(NodeId node) {
 void TreeItems::Fill(NodeId node) {
   if (!map_.Has(node) || map_.IsTold(node)) return;
   const RedrawOff redrawOff(*this, true);
-  std::vector<NodeId> children = ChildrenOf(node);
+  std::vector<NodeId> children = model_.ChildrenInOrder(node);
   Insert(node, children, true);
   map_.SetChildren(node, std::move(children));
 }

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "controls/TreeNodes.h"
+#include "controls/TreeModel.h"
 #include "controls/win32/ReusableItems.h"
 #include "controls/win32/TreeChanges.h"
 #include "controls/win32/TreeControl.h"
@@ -15,7 +15,7 @@ namespace controls {
 // brought to the control together, while it does not paint.
 class TreeItems {
  public:
-  explicit TreeItems(const TreeNodes& nodes) : nodes_(nodes) {}
+  explicit TreeItems(TreeModel& model) : model_(model), nodes_(model.Nodes()) {}
   TreeItems(const TreeItems&) = delete;
   TreeItems& operator=(const TreeItems&) = delete;
 
@@ -57,7 +57,6 @@ class TreeItems {
   HTREEITEM ShownLine(HTREEITEM item) const;
   void DeleteRemoved();
   void SynchroniseChildren(NodeId parent);
-  std::vector<NodeId> ChildrenOf(NodeId parent) const;
   bool InOrder(const std::vector<NodeId>& told, const std::vector<NodeId>& wanted) const;
   // Tells of those of a node's children that the control does not know yet. wanted is all of them;
   // inOrder says whether those that it knows stand in that order.
@@ -68,6 +67,7 @@ class TreeItems {
   void ShowLook(NodeId node) const;
   void ShowExpansion(NodeId node);
 
+  TreeModel& model_;
   const TreeNodes& nodes_;
   TreeControl control_{nodes_};
   TreeItemMap map_{nodes_};

@@ -46,7 +46,7 @@ struct TreeViewPeer : Control::Peer, TreeModel::View {
   TreeView& Tree() const { return static_cast<TreeView&>(*control); }
 
   TreeModel model{this};
-  TreeItems items{model.Nodes()};
+  TreeItems items{model};
   const ImageList* images = nullptr;
   std::optional<POINT> menuPlace;  // where on the screen the mouse has asked for a menu
 

@@ -18,8 +18,7 @@ using controls::TreeView;
 std::vector<std::int32_t> AccountsOf(const TreeView& tree) {
   const TreeNodes& nodes = tree.Nodes();
   std::vector<std::int32_t> ids;
-  for (controls::NodeId account = nodes.FirstChild(nodes.Root()); account != kNoNode;
-       account = nodes.Next(account)) {
+  for (const controls::NodeId account : nodes.ChildrenInOrder(nodes.Root())) {
     ids.push_back(nodes.Id(account));
   }
   return ids;

@@ -60,7 +60,7 @@ TEST_F(WhoHasWhat, EveryUserHasWhatTheTablesGiveHimFromWhereTheyGiveIt) {
     const TreeNodes& groups = window.Groups.TreeView1.Nodes();
     const EffectivePermissions permissions(users, groups);
     int checked = 0;
-    for (NodeId one = users.FirstChild(users.Root()); one != kNoNode; one = users.Next(one)) {
+    for (const NodeId one : users.ChildrenInOrder(users.Root())) {
       std::set<std::int32_t> held;
       for (const HeldPermission& right : permissions.PermissionsOf(one)) {
         EXPECT_TRUE(held.insert(right.permission).second);
@@ -88,7 +88,7 @@ TEST_F(WhoHasWhat, TheHoldersOfAPermissionAreThoseWhoHaveItInTheOrderOfTheTree) 
     const EffectivePermissions permissions(users, groups);
     for (const auto& [id, name] : tables.permissions) {
       Ids wanted;
-      for (NodeId one = users.FirstChild(users.Root()); one != kNoNode; one = users.Next(one)) {
+      for (const NodeId one : users.ChildrenInOrder(users.Root())) {
         if (permissions.Has(one, id)) wanted.push_back(users.Id(one));
       }
       Ids found;

@@ -89,8 +89,7 @@ TEST_F(Folders, AFolderIsTheSameAfterItsRebuildAsAfterARefresh) {
       Strings shown;
       const TreeNodes& nodes = Users(window).Nodes();
       const controls::NodeId folder = nodes.Find(Keys::AllPermissions(9));
-      for (controls::NodeId leaf = nodes.FirstChild(folder); leaf != controls::kNoNode;
-           leaf = nodes.Next(leaf)) {
+      for (const controls::NodeId leaf : nodes.ChildrenInOrder(folder)) {
         shown.push_back(nodes.Key(leaf) + nodes.Text(leaf) + std::to_wstring(nodes.Image(leaf)));
       }
       return shown;
@@ -197,8 +196,7 @@ TEST_F(Folders, AllMembersFoldersAreReadInOneReadInTheOrderOfTheTree) {
     EXPECT_EQ(groupsTree.EditGroupNode(), app::Outcome::kDone);
     const TreeNodes& nodes = Groups(window).Nodes();
     Strings expected{L"BeginRead"};
-    for (controls::NodeId group = nodes.FirstChild(nodes.Root()); group != controls::kNoNode;
-         group = nodes.Next(group)) {
+    for (const controls::NodeId group : nodes.ChildrenInOrder(nodes.Root())) {
       expected.push_back(data::SqlSelectGroupUsers(nodes.Id(group)));
     }
     expected.push_back(L"EndRead");
@@ -213,8 +211,7 @@ TEST_F(Folders, EveryUsersGroupsAndPermissionsAreReadInOneRead) {
     EXPECT_EQ(usersTree.EditUserNode(), app::Outcome::kDone);
     const TreeNodes& nodes = Users(window).Nodes();
     Strings expected{L"BeginRead"};
-    for (controls::NodeId account = nodes.FirstChild(nodes.Root()); account != controls::kNoNode;
-         account = nodes.Next(account)) {
+    for (const controls::NodeId account : nodes.ChildrenInOrder(nodes.Root())) {
       expected.push_back(data::SqlSelectUserGroups(nodes.Id(account)));
       expected.push_back(data::SqlSelectInheritedPermissions(nodes.Id(account)));
     }

@@ -14,20 +14,20 @@ using test_support::ShownNode;
 using test_support::ShownNodes;
 
 // What a tree is to show of its nodes.
-void Expect(const controls::TreeView& tree, NodeId first, int level,
+void Expect(const controls::TreeView& tree, NodeId parent, int level,
             std::vector<ShownNode>& lines) {
   const controls::TreeNodes& nodes = tree.Nodes();
-  for (NodeId node = first; node != kNoNode; node = nodes.Next(node)) {
+  for (const NodeId node : nodes.ChildrenInOrder(parent)) {
     const bool open = nodes.HasChildren(node) && nodes.Expanded(node);
     lines.push_back({level, nodes.Text(node), nodes.Image(node), node == tree.SelectedNode(),
                      nodes.HasChildren(node), open});
-    if (open) Expect(tree, nodes.FirstChild(node), level + 1, lines);
+    if (open) Expect(tree, node, level + 1, lines);
   }
 }
 
 std::vector<ShownNode> Expected(const controls::TreeView& tree) {
   std::vector<ShownNode> lines;
-  Expect(tree, tree.Nodes().Root(), 0, lines);
+  Expect(tree, kNoNode, 0, lines);
   return lines;
 }
 

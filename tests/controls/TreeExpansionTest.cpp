@@ -123,14 +123,14 @@ TEST_F(TreeExpansion, AndSelectionAnswerAtOnceInALargeTree) {
   }
   const controls::TreeNodes& nodes = tree.Nodes();
   EXPECT_EQ(nodes.Count(), 2 * kUsers + 1);
-  EXPECT_EQ(nodes.Id(nodes.FirstChild(root)), 1);
-  EXPECT_EQ(nodes.Id(nodes.LastChild(root)), kUsers);
-  const controls::NodeId last = nodes.LastChild(root);
+  const controls::NodeId last = nodes.ChildrenInOrder(root).back();
+  EXPECT_EQ(nodes.Id(nodes.ChildrenInOrder(root).front()), 1);
+  EXPECT_EQ(nodes.Id(last), kUsers);
   events.clear();
-  user.Select(tree, nodes.FirstChild(last));
+  user.Select(tree, nodes.ChildrenInOrder(last).front());
   EXPECT_EQ(events, (Events{L"expand User 130000", L"click Membre du Groupe"}));
   tree.SetText(last, L"Aaron");
-  EXPECT_EQ(nodes.FirstChild(root), last);
+  EXPECT_EQ(nodes.ChildrenInOrder(root).front(), last);
   tree.Remove(last);
   EXPECT_EQ(Text(tree.SelectedNode()), L"User 100001");
 }

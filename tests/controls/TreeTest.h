@@ -39,8 +39,7 @@ class TreeTest : public ControlsTest {
   Events Children(controls::NodeId node) const {
     Events texts;
     const controls::TreeNodes& nodes = tree.Nodes();
-    for (controls::NodeId child = nodes.FirstChild(node); child != controls::kNoNode;
-         child = nodes.Next(child)) {
+    for (const controls::NodeId child : nodes.ChildrenInOrder(node)) {
       texts.push_back(nodes.Text(child));
     }
     return texts;

@@ -80,8 +80,7 @@ TEST_F(TreeView, PutsChildrenInOrderAtTheEndOfTheOutermostUpdate) {
 TEST_F(TreeView, OrdersChildrenOfOneTextByTheirIndex) {
   tree.SetSorted(root, true);
   tree.SetText(martin, L"Zoé");
-  EXPECT_EQ(tree.Nodes().Next(zoe), martin);
-  EXPECT_EQ(tree.Nodes().LastChild(root), martin);
+  EXPECT_EQ(tree.Nodes().ChildrenInOrder(root), (std::vector{adam, zoe, martin}));
 }
 
 TEST_F(TreeView, RemovesASubtree) {
@@ -96,7 +95,7 @@ TEST_F(TreeView, RemovesTheChildrenOnly) {
   tree.RemoveChildren(adam);
   EXPECT_TRUE(tree.Nodes().Exists(adam));
   EXPECT_FALSE(tree.Nodes().HasChildren(adam));
-  EXPECT_EQ(tree.Nodes().LastChild(adam), kNoNode);
+  EXPECT_TRUE(tree.Nodes().ChildrenInOrder(adam).empty());
   EXPECT_EQ(tree.Nodes().Count(), 4);
   const NodeId again = tree.Add(adam, kFolderForm, 0, L"Membre du Groupe", 2);
   EXPECT_EQ(Children(adam), (Events{L"Membre du Groupe"}));
@@ -142,14 +141,13 @@ TEST_F(TreeView, ChangesImagesAndTexts) {
   EXPECT_EQ(Text(six).size(), 4000U);
 }
 
-TEST_F(TreeView, FindsSiblings) {
+TEST_F(TreeView, TellsParentsAndChildren) {
   const controls::TreeNodes& nodes = tree.Nodes();
-  EXPECT_EQ(nodes.FirstSibling(martin), zoe);
-  EXPECT_EQ(nodes.LastSibling(zoe), martin);
-  EXPECT_EQ(nodes.Previous(zoe), kNoNode);
   EXPECT_EQ(nodes.Parent(root), kNoNode);
-  EXPECT_EQ(nodes.FirstSibling(root), root);
-  EXPECT_EQ(nodes.LastSibling(root), root);
+  EXPECT_EQ(nodes.Parent(martin), root);
+  EXPECT_EQ(nodes.ChildrenInOrder(kNoNode), std::vector{root});
+  EXPECT_EQ(nodes.ChildrenInOrder(root), (std::vector{zoe, adam, martin}));
+  EXPECT_TRUE(nodes.ChildrenInOrder(martin).empty());
 }
 
 TEST_F(TreeView, ForgetsTextsThatNoNodeShowsAtTheEndOfAnUpdate) {

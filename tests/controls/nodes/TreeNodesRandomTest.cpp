@@ -124,15 +124,18 @@ class Picture {
     });
   }
 
-  std::vector<NodeId> Children(NodeId node) const {
-    std::vector<NodeId> children;
-    for (NodeId c = nodes_.FirstChild(node); c != kNoNode; c = nodes_.Next(c))
-      children.push_back(c);
-    std::vector<NodeId> backwards;
-    for (NodeId c = nodes_.LastChild(node); c != kNoNode; c = nodes_.Previous(c)) {
-      backwards.insert(backwards.begin(), c);
+  std::vector<NodeId> Children(NodeId node) {
+    const std::vector<NodeId> children = nodes_.ChildrenInOrder(node);
+    nodes_.PutInOrder(node);
+    EXPECT_EQ(nodes_.ChildrenInOrder(node), children) << "told before they stood so";
+    NodeId previous = kNoNode;
+    for (const NodeId child : children) {
+      EXPECT_EQ(nodes_.Previous(child), previous);
+      if (previous != kNoNode) {
+        EXPECT_EQ(nodes_.Next(previous), child);
+      }
+      previous = child;
     }
-    EXPECT_EQ(children, backwards);
     return children;
   }
 

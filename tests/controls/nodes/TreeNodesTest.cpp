@@ -23,16 +23,18 @@ class TreeNodesOf : public testing::Test {
   NodeId Add(NodeId parent, const KeyForm& form, int id, const std::wstring& text) {
     return nodes.Add(parent, form, id, nodes.Share(text), 0);
   }
-  std::wstring Children(NodeId parent) const {
+  std::wstring Children(NodeId parent) {
     std::wstring texts;
     NodeId previous = kNoNode;
-    for (NodeId child = nodes.FirstChild(parent); child != kNoNode; child = nodes.Next(child)) {
+    for (const NodeId child : nodes.ChildrenInOrder(parent)) {
       EXPECT_EQ(nodes.Previous(child), previous);
       EXPECT_EQ(nodes.Parent(child), parent);
       previous = child;
       texts += nodes.Text(child) + L" ";
     }
-    EXPECT_EQ(nodes.LastChild(parent), previous);
+    if (previous != kNoNode) {
+      EXPECT_EQ(nodes.Next(previous), kNoNode);
+    }
     return texts;
   }
 
@@ -57,12 +59,11 @@ TEST_F(TreeNodesOf, SeveralRootsKeepTheOrderInWhichTheyCame) {
   const NodeId third = Add(kNoNode, kRoot, 0, L"third");
   EXPECT_EQ(nodes.Root(), root);
   EXPECT_EQ(nodes.Next(root), second);
-  EXPECT_EQ(nodes.LastSibling(root), third);
-  EXPECT_EQ(nodes.FirstSibling(third), root);
+  EXPECT_EQ(nodes.ChildrenInOrder(kNoNode), (std::vector{root, second, third}));
   nodes.Remove(root);
   EXPECT_EQ(nodes.Root(), second);
   nodes.Remove(third);
-  EXPECT_EQ(nodes.LastSibling(second), second);
+  EXPECT_EQ(nodes.ChildrenInOrder(kNoNode), std::vector{second});
 }
 
 TEST_F(TreeNodesOf, IdsOfAnySizeAndSignGiveTheirDecimalText) {
@@ -173,9 +174,19 @@ TEST_F(TreeNodesOf, ASortedParentArePutInOrderWhenSomebodyAsksForThem) {
   const NodeId d = Add(root, kUser, 4, L"aa");
   EXPECT_EQ(nodes.Previous(d), a);
   nodes.SetText(d, nodes.Share(L"d"));
-  EXPECT_EQ(nodes.LastChild(root), d);
-  EXPECT_EQ(nodes.LastSibling(a), d);
-  EXPECT_EQ(nodes.FirstSibling(d), a);
+  EXPECT_EQ(nodes.Previous(d), c);
+}
+
+TEST_F(TreeNodesOf, AReaderIsToldTheOrderAndChangesNothing) {
+  nodes.SetSorted(root, true);
+  const NodeId b = Add(root, kUser, 1, L"b");
+  const NodeId a = Add(root, kUser, 2, L"a");
+  const TreeNodes& reader = nodes;
+  EXPECT_EQ(reader.ChildrenInOrder(root), (std::vector{a, b}));
+  EXPECT_EQ(reader.AnyChild(root), b);
+  nodes.PutInOrder(root);
+  EXPECT_EQ(reader.AnyChild(root), a);
+  EXPECT_EQ(reader.ChildrenInOrder(root), (std::vector{a, b}));
 }
 
 TEST_F(TreeNodesOf, AParentThatIsNoLongerSortedKeepsItsOrder) {
@@ -219,8 +230,7 @@ TEST_F(TreeNodesOf, OneTextAreOrderedByTheirIndex) {
   const NodeId again = Add(root, kUser, 3, L"same");
   nodes.TakeReordered();
   EXPECT_EQ(again, a);
-  EXPECT_EQ(nodes.FirstChild(root), again);
-  EXPECT_EQ(nodes.LastChild(root), b);
+  EXPECT_EQ(nodes.ChildrenInOrder(root), (std::vector{again, b}));
 }
 
 TEST_F(TreeNodesOf, ManyFoldersAreSortedTheSameByRankAsByKey) {

@@ -49,19 +49,18 @@ controls::NodeId NativeTree::Selected() const {
 
 std::string NativeTree::Difference() const {
   if (Selected() != peer_.model.Selected()) return "another node is selected";
-  return CompareChildren(Next(TVGN_ROOT), peer_.model.Nodes().Root());
+  return CompareChildren(Next(TVGN_ROOT), kNoNode);
 }
 
-std::string NativeTree::CompareChildren(HTREEITEM first, controls::NodeId firstNode) const {
-  controls::NodeId node = firstNode;
-  for (HTREEITEM item = first; item || node != kNoNode; item = Next(TVGN_NEXT, item)) {
+std::string NativeTree::CompareChildren(HTREEITEM first, controls::NodeId parent) const {
+  HTREEITEM item = first;
+  for (const controls::NodeId node : peer_.model.Nodes().ChildrenInOrder(parent)) {
     if (!item) return "a child is missing";
-    if (node == kNoNode) return "a child too many";
     const std::string found = Compare(item, node);
     if (!found.empty()) return found;
-    node = peer_.model.Nodes().Next(node);
+    item = Next(TVGN_NEXT, item);
   }
-  return {};
+  return item ? "a child too many" : std::string();
 }
 
 std::string NativeTree::Compare(HTREEITEM item, controls::NodeId node) const {
@@ -75,7 +74,7 @@ std::string NativeTree::Compare(HTREEITEM item, controls::NodeId node) const {
   const bool open = peer_.model.Nodes().Expanded(node) && peer_.model.Nodes().HasChildren(node);
   if (((native.state & TVIS_EXPANDED) != 0) != open) return name + "open or closed";
   HTREEITEM child = Next(TVGN_CHILD, item);
-  return child ? CompareChildren(child, peer_.model.Nodes().FirstChild(node)) : std::string();
+  return child ? CompareChildren(child, node) : std::string();
 }
 
 }  // namespace controls_test

@@ -32,7 +32,7 @@ class NativeTree {
  private:
   TVITEMW Read(HTREEITEM item) const;
   std::string Compare(HTREEITEM item, controls::NodeId node) const;
-  std::string CompareChildren(HTREEITEM first, controls::NodeId firstNode) const;
+  std::string CompareChildren(HTREEITEM first, controls::NodeId parent) const;
 
   controls::TreeViewPeer& peer_;
 };

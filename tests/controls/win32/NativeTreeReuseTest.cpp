@@ -55,9 +55,9 @@ TEST_F(RebuiltNativeTree, TakesAsManyItemsAsItNeeds) {
 }
 
 TEST_F(RebuiltNativeTree, IsClosedBelowItsRoot) {
-  const controls::NodeId account = tree.Nodes().FirstChild(root);
+  const controls::NodeId account = tree.Nodes().ChildrenInOrder(root).front();
   tree.SetExpanded(account, true);
-  tree.SetSelectedNode(tree.Nodes().FirstChild(account));
+  tree.SetSelectedNode(tree.Nodes().ChildrenInOrder(account).front());
   ASSERT_EQ(native.Count(), kUsers + 2);
   Build(kUsers);
   EXPECT_EQ(native.Count(), kUsers + 1);
@@ -66,8 +66,8 @@ TEST_F(RebuiltNativeTree, IsClosedBelowItsRoot) {
 }
 
 TEST_F(RebuiltNativeTree, IsShownFromItsStart) {
-  tree.SetText(tree.Nodes().FirstChild(root), std::wstring(300, L'm'));
-  tree.SetSelectedNode(tree.Nodes().LastChild(root));
+  tree.SetText(tree.Nodes().ChildrenInOrder(root).front(), std::wstring(300, L'm'));
+  tree.SetSelectedNode(tree.Nodes().ChildrenInOrder(root).back());
   native.Send(WM_HSCROLL, SB_RIGHT, 0);
   ASSERT_NE(native.Next(TVGN_FIRSTVISIBLE), native.Next(TVGN_ROOT));
   Build(kUsers);

@@ -209,7 +209,7 @@ TEST_F(NativeTreeView, BringsTheSelectedNodeIntoView) {
   {
     const controls::TreeView::Update update(tree);
     AddMany();
-    tree.SetSelectedNode(tree.Nodes().LastChild(root));
+    tree.SetSelectedNode(tree.Nodes().ChildrenInOrder(root).back());
   }
   ExpectInView(tree.SelectedNode());
 }
@@ -218,8 +218,8 @@ TEST_F(NativeTreeView, BringsAnotherNodeIntoViewWithoutSelectingIt) {
   AddMany();
   tree.SetSelectedNode(root);
   tree.SetExpanded(root, true);
-  tree.EnsureVisible(tree.Nodes().LastChild(root));
-  ExpectInView(tree.Nodes().LastChild(root));
+  tree.EnsureVisible(tree.Nodes().ChildrenInOrder(root).back());
+  ExpectInView(tree.Nodes().ChildrenInOrder(root).back());
   EXPECT_EQ(native.Selected(), root);
 }
 
@@ -263,10 +263,10 @@ TEST_F(NativeTreeView, TakesThirtyThousandAccounts) {
     tree.SetExpanded(root, true);
   }
   EXPECT_EQ(native.Count(), kAccounts + 1);
-  const controls::NodeId last = tree.Nodes().LastChild(root);
+  const controls::NodeId last = tree.Nodes().ChildrenInOrder(root).back();
   EXPECT_EQ(tree.Nodes().Text(last), L"User 9999");
   tree.SetText(last, L"A new name");
-  EXPECT_EQ(tree.Nodes().FirstChild(root), last);
+  EXPECT_EQ(tree.Nodes().ChildrenInOrder(root).front(), last);
   EXPECT_EQ(native.NodeOf(native.Next(TVGN_CHILD, native.Next(TVGN_ROOT))), last);
   tree.Remove(last);
   EXPECT_EQ(native.Count(), kAccounts);

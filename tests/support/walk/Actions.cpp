@@ -78,10 +78,9 @@ controls::NodeId Actions::SomeNode() {
   const controls::TreeNodes& nodes = walk_.Nodes(walk_.Tab());
   controls::NodeId node = nodes.Root();
   for (int depth = 0; depth < 3 && !walk_.dice.OneIn(depth == 0 ? 12 : 4); ++depth) {
-    const int children = nodes.Children(node);
-    if (children == 0) break;
-    node = nodes.FirstChild(node);
-    for (int skip = walk_.dice.Below(children); skip > 0; --skip) node = nodes.Next(node);
+    const std::vector<controls::NodeId> children = nodes.ChildrenInOrder(node);
+    if (children.empty()) break;
+    node = children[static_cast<std::size_t>(walk_.dice.Below(static_cast<int>(children.size())))];
   }
   return node;
 }

@@ -109,12 +109,16 @@ void Checks::CheckDifferences(const Tables& now) {
 
 void Checks::CheckOrder(int tree) const {
   const controls::TreeNodes& nodes = walk_.Nodes(tree);
-  for (controls::NodeId node = nodes.NextIndex(controls::kNoNode); node != controls::kNoNode;
-       node = nodes.NextIndex(node)) {
-    const controls::NodeId next = nodes.Next(node);
-    if (next == controls::kNoNode) continue;
-    EXPECT_LE(controls::SortKey(nodes.Text(node)), controls::SortKey(nodes.Text(next)))
-        << data::ToUtf8(nodes.Key(node)) << " before " << data::ToUtf8(nodes.Key(next));
+  for (controls::NodeId parent = nodes.NextIndex(controls::kNoNode); parent != controls::kNoNode;
+       parent = nodes.NextIndex(parent)) {
+    controls::NodeId before = controls::kNoNode;
+    for (const controls::NodeId node : nodes.ChildrenInOrder(parent)) {
+      if (before != controls::kNoNode) {
+        EXPECT_LE(controls::SortKey(nodes.Text(before)), controls::SortKey(nodes.Text(node)))
+            << data::ToUtf8(nodes.Key(before)) << " before " << data::ToUtf8(nodes.Key(node));
+      }
+      before = node;
+    }
   }
 }
 

@@ -38,8 +38,7 @@ std::vector<std::wstring> MainWindowFixture::ChildTexts(const controls::TreeView
                                                         controls::NodeId node) {
   const controls::TreeNodes& nodes = tree.Nodes();
   std::vector<std::wstring> texts;
-  for (controls::NodeId child = nodes.FirstChild(node); child != controls::kNoNode;
-       child = nodes.Next(child)) {
+  for (const controls::NodeId child : nodes.ChildrenInOrder(node)) {
     texts.push_back(nodes.Text(child));
   }
   return texts;
@@ -48,9 +47,10 @@ std::vector<std::wstring> MainWindowFixture::ChildTexts(const controls::TreeView
 controls::NodeId MainWindowFixture::Child(const controls::TreeView& tree, controls::NodeId node,
                                           std::wstring_view text) {
   const controls::TreeNodes& nodes = tree.Nodes();
-  controls::NodeId child = nodes.FirstChild(node);
-  while (child != controls::kNoNode && nodes.Text(child) != text) child = nodes.Next(child);
-  return child;
+  for (const controls::NodeId child : nodes.ChildrenInOrder(node)) {
+    if (nodes.Text(child) == text) return child;
+  }
+  return controls::kNoNode;
 }
 
 controls::NodeId MainWindowFixture::NodeAt(const controls::TreeView& tree,

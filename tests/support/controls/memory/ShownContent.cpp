@@ -6,23 +6,22 @@
 namespace test_support {
 namespace {
 
-void Look(const controls::TreeModel& tree, controls::NodeId first, int level,
+void Look(controls::TreeModel& tree, controls::NodeId parent, int level,
           std::vector<ShownNode>& shown) {
   const controls::TreeNodes& nodes = tree.Nodes();
-  for (controls::NodeId node = first; node != controls::kNoNode; node = nodes.Next(node)) {
+  for (const controls::NodeId node : tree.ChildrenInOrder(parent)) {
     const bool open = nodes.HasChildren(node) && nodes.Expanded(node);
     shown.push_back({level, nodes.Text(node), nodes.Image(node), node == tree.Selected(),
                      nodes.HasChildren(node), open});
-    if (open) Look(tree, nodes.FirstChild(node), level + 1, shown);
+    if (open) Look(tree, node, level + 1, shown);
   }
 }
 
 }  // namespace
 
 std::vector<ShownNode> ShownNodes(const controls::TreeView& tree) {
-  const controls::TreeModel& model = controls::ModelOf(tree);
   std::vector<ShownNode> shown;
-  Look(model, model.Nodes().Root(), 0, shown);
+  Look(controls::ModelOf(tree), controls::kNoNode, 0, shown);
   return shown;
 }
 
