@@ -25,8 +25,6 @@ namespace {
 
 using browser::frmUserGroupPerm;
 
-constexpr int kGroups = 200;
-constexpr int kPermissions = 200;
 constexpr int kPairs = 5;
 
 // The accounts that the commands are tried on, well inside the sample.

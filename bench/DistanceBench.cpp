@@ -27,8 +27,6 @@ namespace {
 
 using browser::frmUserGroupPerm;
 
-constexpr int kGroups = 200;
-constexpr int kPermissions = 200;
 constexpr int kGroup = 50;
 constexpr int kPairs = 3;
 

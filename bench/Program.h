@@ -13,6 +13,10 @@
 
 namespace bench {
 
+// The samples of all measures differ in their users only.
+constexpr int kGroups = 200;
+constexpr int kPermissions = 200;
+
 // The program up to its started window, on a database of its own.
 class Program {
  public:

@@ -18,8 +18,6 @@
 namespace bench {
 namespace {
 
-constexpr int kGroups = 200;
-constexpr int kPermissions = 200;
 constexpr int kPairs = 5;
 
 // Where a leaf node's memory goes: all nodes of both trees, over the leaves alone.
