@@ -27,14 +27,23 @@ struct CheckList : ListBoxPeer {
 
   void Attached() override {
     const ProgramChange change(*this);
-    constexpr DWORD kExtended =
-        LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP | LVS_EX_DOUBLEBUFFER;
-    Send(LVM_SETEXTENDEDLISTVIEWSTYLE, kExtended, kExtended);
+    ShowExtended(LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP, true);
+    BufferingChanged();
     LVCOLUMNW column = {};
     column.mask = LVCF_WIDTH;
     column.cx = ClientWidth();
     Send(LVM_INSERTCOLUMNW, 0, AsLParam(&column));
   }
+
+  // The control draws its check boxes once, in the resolution of that time, and drops both them and
+  // the checks when it is told to have none.
+  void DpiChanged(unsigned /*oldDpi*/) override {
+    const ProgramChange change(*this);
+    ShowExtended(LVS_EX_CHECKBOXES, false);
+    ShowExtended(LVS_EX_CHECKBOXES, true);
+    for (int item = 0; item < model.Count(); ++item) SelectionChanged(item);
+  }
+  void BufferingChanged() override { ShowExtended(LVS_EX_DOUBLEBUFFER, Buffers()); }
 
   // The control measures its items when it first paints them, and goes on to set its scroll bars
   // several times over. Nobody has to wait for that, or see it: it paints into nothing now.
@@ -121,6 +130,10 @@ struct CheckList : ListBoxPeer {
     const bool ticked = character == L' ' && !IsSearching();
     if (!ticked && character >= L' ' && TakesInput()) model.Type(character, MessageTime());
     return 0;
+  }
+
+  void ShowExtended(DWORD styles, bool on) const {
+    Send(LVM_SETEXTENDEDLISTVIEWSTYLE, styles, on ? styles : 0);
   }
 
   void SetState(int item, UINT bits, UINT mask) const {

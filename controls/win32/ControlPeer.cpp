@@ -1,5 +1,6 @@
 #include "controls/win32/ControlPeer.h"
 
+#include "controls/win32/DesktopPeer.h"
 #include "controls/win32/Fonts.h"
 #include "controls/win32/FormPeer.h"
 
@@ -61,6 +62,10 @@ void Control::Peer::ChangeStyle(LONG_PTR remove, LONG_PTR add) const {
 
 bool Control::Peer::TakesInput() const {
   return IsUsable() && form.BackEnd().TakesInput();
+}
+
+bool Control::Peer::Buffers() const {
+  return !Surroundings().BackEnd().remote;
 }
 
 bool Control::Peer::ShowState() const {

@@ -28,7 +28,9 @@ struct Control::Peer : ControlModel {
   // Every message on its way to the control.
   virtual LRESULT Handle(const Message& message);
   // The form is now shown in another resolution.
-  virtual void DpiChanged() {}
+  virtual void DpiChanged(unsigned /*oldDpi*/) {}
+  // Buffers() answers otherwise.
+  virtual void BufferingChanged() {}
 
   // --- The window ---
 
@@ -42,6 +44,8 @@ struct Control::Peer : ControlModel {
   std::wstring WindowText() const;
   void ShowText(const std::wstring& text) const;
   void ChangeStyle(LONG_PTR remove, LONG_PTR add) const;
+  // Whether to paint into memory first: not where what is painted goes to another machine.
+  bool Buffers() const;
   const Desktop& Surroundings() const { return form.OwnerDesktop(); }
 
   // --- State that a form asks for ---

@@ -29,6 +29,8 @@ struct Desktop::Peer {
 
   std::vector<Form::Peer*> forms;  // loaded, in that order
   MousePointer pointer = MousePointer::kDefault;
+  // Whether the user sits before another machine.
+  bool remote = GetSystemMetrics(SM_REMOTESESSION) != 0;
   bool inputHeld = false;
   int inputHolds = 0;  // holds without their release
 };

@@ -14,9 +14,7 @@ Form::Form(Desktop& desktop, int templateId)
 Form::~Form() = default;
 
 void Form::Load() {
-  if (peer_->life.window) return;
-  peer_->Create();
-  RunEventProcedure(desktop_, [this] { Form_Load(); });
+  peer_->Load(nullptr);
 }
 
 void Form::Show() {
@@ -25,7 +23,7 @@ void Form::Show() {
 }
 
 void Form::ShowModal(Form& owner) {
-  Load();
+  peer_->Load(owner.BackEnd().life.window);
   if (!peer_->life.window) return;
   peer_->StandOver(owner.BackEnd());
   peer_->Show();

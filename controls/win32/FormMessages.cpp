@@ -5,6 +5,7 @@
 #include "controls/SessionEnd.h"
 #include "controls/win32/DesktopPeer.h"
 #include "controls/win32/FormPeer.h"
+#include "controls/win32/FormPlace.h"
 
 namespace controls {
 
@@ -41,6 +42,9 @@ INT_PTR Form::Peer::Handle(const Message& message) {
       return TRUE;
     case WM_SIZE:
       Resized(message.wParam);
+      return TRUE;
+    case WM_WTSSESSION_CHANGE:
+      SessionMoved(message.wParam);
       return TRUE;
     case WM_DPICHANGED:
       DpiChanged(LOWORD(message.wParam), StructIn<const RECT>(message.lParam));
@@ -146,7 +150,10 @@ void Form::Peer::LimitSize(MINMAXINFO& limits) const {
   AdjustWindowRectExForDpi(&least, static_cast<DWORD>(GetWindowLongPtrW(life.window, GWL_STYLE)),
                            FALSE, static_cast<DWORD>(GetWindowLongPtrW(life.window, GWL_EXSTYLE)),
                            life.dpi);
-  limits.ptMinTrackSize = {least.right - least.left, least.bottom - least.top};
+  // A monitor that is smaller than the template shows all of the window nevertheless.
+  const Area work = WorkAreaOf(life.window);
+  limits.ptMinTrackSize = {std::min<LONG>(least.right - least.left, work.Width()),
+                           std::min<LONG>(least.bottom - least.top, work.Height())};
 }
 
 void Form::Peer::Resized(WPARAM kind) {
@@ -166,13 +173,20 @@ void Form::Peer::ColoursChanged(const Message& message) {
   LookChanged();
 }
 
+// The user's session goes on before another machine, or before this one again.
+void Form::Peer::SessionMoved(WPARAM event) {
+  if (event != WTS_REMOTE_CONNECT && event != WTS_CONSOLE_CONNECT) return;
+  desktop.BackEnd().remote = event == WTS_REMOTE_CONNECT;
+  for (Control::Peer* control : controls) control->BufferingChanged();
+}
+
 void Form::Peer::DpiChanged(unsigned newDpi, const RECT& place) {
   const unsigned oldDpi = std::exchange(life.dpi, newDpi);
   life.layout.Rescale(oldDpi, newDpi);
   ShowFont();
   life.background.Forget();
   if (life.icon) SetIcon(life.icon);
-  for (Control::Peer* control : controls) control->DpiChanged();
+  for (Control::Peer* control : controls) control->DpiChanged(oldDpi);
   SetWindowPos(life.window, nullptr, place.left, place.top, place.right - place.left,
                place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
   Resized(SIZE_RESTORED);

@@ -1,10 +1,13 @@
 #include "controls/win32/FormPeer.h"
 
-#include <algorithm>
+#include <wtsapi32.h>
+
 #include <utility>
 
 #include "controls/win32/DesktopPeer.h"
 #include "controls/win32/Fonts.h"
+#include "controls/win32/FormPlace.h"
+#include "controls/win32/Icons.h"
 #include "controls/win32/WindowPlace.h"
 
 namespace controls {
@@ -46,13 +49,20 @@ void Form::Peer::Remove(Control::Peer& control) {
   life.layout.Clear();
 }
 
-void Form::Peer::Create() {
+void Form::Peer::Load(HWND below) {
+  if (life.window) return;
+  Create(below);
+  RunEventProcedure(desktop, [this] { form.Form_Load(); });
+}
+
+void Form::Peer::Create(HWND below) {
   order.Restart();
   life.window = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(form.TemplateId()),
-                                   nullptr, FormProcedure, AsLParam(this));
+                                   below, FormProcedure, AsLParam(this));
   Require(life.window != nullptr, "a form's dialog template is missing or broken");
   desktop.BackEnd().forms.push_back(this);
   KeepLayoutFromSystem(life.window);
+  WTSRegisterSessionNotification(life.window, NOTIFY_FOR_THIS_SESSION);
   life.dpi = life.templateDpi = GetDpiForWindow(life.window);
   life.templateFont = HandleIn<HFONT>(SendMessageW(life.window, WM_GETFONT, 0, 0));
   // The form paints what lies behind its frames, which are children like any other.
@@ -73,6 +83,8 @@ void Form::Peer::AttachControls() {
 
 void Form::Peer::Show() {
   if (life.shown) return;
+  if (life.ownerWindow) CentreOver(life.window, life.ownerWindow);
+  FitOntoMonitor(life.window, life.resizable);
   for (Control::Peer* control : controls) control->Showing();
   ShowWindow(life.window, SW_SHOW);
   UpdateWindow(life.window);
@@ -83,28 +95,10 @@ void Form::Peer::Show() {
 void Form::Peer::StandOver(Peer& below) {
   if (!below.life.window) return;
   life.ownerWindow = below.life.window;
-  SetWindowLongPtrW(life.window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(below.life.window));
-  if (!life.shown) CenterOver(below.life.window);
+  if (GetWindow(life.window, GW_OWNER) != below.life.window) {
+    SetWindowLongPtrW(life.window, GWLP_HWNDPARENT, AsLParam(below.life.window));
+  }
   EnableWindow(below.life.window, FALSE);
-}
-
-void Form::Peer::CenterOver(HWND below) const {
-  RECT over = {};
-  RECT own = {};
-  GetWindowRect(below, &over);
-  GetWindowRect(life.window, &own);
-  MONITORINFO monitor = {};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(MonitorFromWindow(below, MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT& work = monitor.rcWork;
-  const LONG width = own.right - own.left;
-  const LONG height = own.bottom - own.top;
-  // Never off the screen to the left or above, where the caption is.
-  const LONG left =
-      std::max(work.left, std::min((over.left + over.right - width) / 2, work.right - width));
-  const LONG top =
-      std::max(work.top, std::min((over.top + over.bottom - height) / 2, work.bottom - height));
-  SetWindowPos(life.window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Form::Peer::Close() {
@@ -118,6 +112,7 @@ void Form::Peer::Close() {
   order.Restart();
   keys.Forget();
   std::erase(desktop.BackEnd().forms, this);
+  WTSUnRegisterSessionNotification(life.window);
   SetWindowLongPtrW(life.window, DWLP_USER, 0);
   if (owner && active) SetActiveWindow(owner);
   ShowWindow(life.window, SW_HIDE);
@@ -198,10 +193,7 @@ void Form::Peer::SetIcon(int iconResource) {
   if (!life.window) return;
   life.icon = iconResource;
   const auto load = [&](int metric) {
-    const int size = GetSystemMetricsForDpi(metric, life.dpi);
-    return IconHandle(
-        static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(iconResource),
-                                      IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+    return LoadIconOfSize(iconResource, GetSystemMetricsForDpi(metric, life.dpi));
   };
   IconHandle big = load(SM_CXICON);
   IconHandle small = load(SM_CXSMICON);

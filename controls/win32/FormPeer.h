@@ -43,7 +43,9 @@ struct Form::Peer {
   void Remove(Control::Peer& control);
 
   // --- Life (FormPeer.cpp) ---
-  void Create();
+  // Over the window of the form that this one is to stand over; null for none. Does nothing when
+  // the form is loaded.
+  void Load(HWND below);
   void Show();
   // The form stands over another, which takes no input until this one is unloaded.
   void StandOver(Peer& below);
@@ -90,8 +92,8 @@ struct Form::Peer {
   FormKeys keys;
 
  private:
+  void Create(HWND below);
   void AttachControls();
-  void CenterOver(HWND below) const;
   void ShowFont();
   void DropWindows();
   void RepaintLater(const RECT* area) const;
@@ -109,6 +111,7 @@ struct Form::Peer {
   void LimitSize(MINMAXINFO& limits) const;
   void Resized(WPARAM kind);
   void ColoursChanged(const Message& message);
+  void SessionMoved(WPARAM event);
   void DpiChanged(unsigned newDpi, const RECT& place);
 
   int scopes_ = 0;

@@ -35,6 +35,10 @@ inline void Release(HIMAGELIST images) {
 inline void Release(HWND window) {
   DestroyWindow(window);
 }
+// Which brings what has been painted into it to the window.
+inline void Release(HPAINTBUFFER buffer) {
+  EndBufferedPaint(buffer, TRUE);
+}
 
 // Owns a system object and gives it back at its end.
 template <typename Handle>
@@ -69,5 +73,6 @@ using IconHandle = Owned<HICON>;
 using MenuHandle = Owned<HMENU>;
 using ImageListHandle = Owned<HIMAGELIST>;
 using WindowHandle = Owned<HWND>;
+using BufferedPaint = Owned<HPAINTBUFFER>;
 
 }  // namespace controls

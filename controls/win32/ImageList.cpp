@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "controls/win32/Icons.h"
 #include "controls/win32/ImageListPeer.h"
 
 namespace controls {
@@ -24,9 +25,7 @@ ImageListHandle ImageList::Peer::Make(unsigned dpi) const {
   // Every number gets its place, so that an icon that is missing does not move the others.
   ImageList_SetImageCount(list.Get(), static_cast<UINT>(count));
   for (int i = 0; i < count; ++i) {
-    const IconHandle icon(static_cast<HICON>(
-        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(icons[static_cast<std::size_t>(i)]),
-                   IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+    const IconHandle icon = LoadIconOfSize(icons[static_cast<std::size_t>(i)], size);
     if (icon) ImageList_ReplaceIcon(list.Get(), i, icon.Get());
   }
   return list;

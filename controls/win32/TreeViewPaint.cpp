@@ -12,31 +12,28 @@ constexpr WPARAM kWholeFrame = 1;
 }  // namespace
 
 // Into memory first and from there to the window at once. Where windows are emulated each of the
-// many pictures and lines of a tree costs much when it goes straight to a window.
+// many pictures and lines of a tree costs much when it goes straight to a window. On its way to
+// another machine it is those that cost little, and a picture much.
 void TreeViewPeer::Paint() const {
+  if (!Buffers()) {
+    Native({WM_PAINT, 0, 0});
+    return;
+  }
   PAINTSTRUCT paint = {};
   HDC target = BeginPaint(window, &paint);
   if (!target) return;
-  RECT client = {};
-  GetClientRect(window, &client);
-  BITMAPINFO info = {};
-  info.bmiHeader = {
-      sizeof info.bmiHeader, client.right, -client.bottom, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-  void* bits = nullptr;
-  const MemoryContext memory(CreateCompatibleDC(target));
-  const BitmapHandle picture(CreateDIBSection(target, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-  if (memory && picture) {
-    HGDIOBJ old = SelectObject(memory.Get(), picture.Get());
-    const RECT& area = paint.rcPaint;
-    IntersectClipRect(memory.Get(), area.left, area.top, area.right, area.bottom);
-    const auto context = AsWParam(memory.Get());
-    Native({WM_ERASEBKGND, context, 0});
-    Native({WM_PRINTCLIENT, context, PRF_CLIENT});
-    BitBlt(target, area.left, area.top, area.right - area.left, area.bottom - area.top,
-           memory.Get(), area.left, area.top, SRCCOPY);
-    SelectObject(memory.Get(), old);
-  }
+  PaintBuffered(target, paint.rcPaint);
   EndPaint(window, &paint);
+}
+
+void TreeViewPeer::PaintBuffered(HDC target, const RECT& area) const {
+  HDC context = nullptr;
+  const BufferedPaint buffer(
+      BeginBufferedPaint(target, &area, BPBF_COMPATIBLEBITMAP, nullptr, &context));
+  // Without memory for it the window itself is painted.
+  const WPARAM painted = AsWParam(buffer ? context : target);
+  Native({WM_ERASEBKGND, painted, 0});
+  Native({WM_PRINTCLIENT, painted, PRF_CLIENT});
 }
 
 // Whether a part of the window that is to be painted reaches out of its client area. Some systems

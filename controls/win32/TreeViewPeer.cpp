@@ -1,5 +1,6 @@
 #include "controls/win32/TreeViewPeer.h"
 
+#include "controls/Placement.h"
 #include "controls/win32/DesktopPeer.h"
 #include "controls/win32/FormPeer.h"
 #include "controls/win32/ImageListPeer.h"
@@ -9,7 +10,7 @@ namespace controls {
 TreeViewPeer::TreeViewPeer(Form& owner, int controlId) : Peer(owner, controlId) {}
 
 void TreeViewPeer::Attached() {
-  Send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
+  BufferingChanged();
   items.Attach(window);
   tips_.Attach();
 }
@@ -22,9 +23,18 @@ void TreeViewPeer::Detached() {
   menuPlace.reset();
 }
 
-void TreeViewPeer::DpiChanged() {
+// The native control takes its indent and the height of its lines from images and font, but only
+// ever grows them.
+void TreeViewPeer::DpiChanged(unsigned oldDpi) {
+  const int indent = Scaled(static_cast<int>(Send(TVM_GETINDENT)), oldDpi, form.BackEnd().life.dpi);
   ShowImages();
+  Send(TVM_SETINDENT, static_cast<WPARAM>(indent));
+  Send(TVM_SETITEMHEIGHT, static_cast<WPARAM>(-1));
   tips_.SetWidth();
+}
+
+void TreeViewPeer::BufferingChanged() {
+  Send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, Buffers() ? TVS_EX_DOUBLEBUFFER : 0);
 }
 
 void TreeViewPeer::ShowImages() const {
@@ -91,7 +101,7 @@ LRESULT TreeViewPeer::Handle(const Message& message) {
     case WM_SETFOCUS:
       return FocusMessage(message);
     case WM_ERASEBKGND:
-      return TRUE;
+      return Buffers() ? TRUE : Peer::Handle(message);
     case WM_NCPAINT:
       return IsFrameConcerned(message.wParam) ? Peer::Handle(message) : 0;
     case WM_PAINT:

@@ -17,7 +17,8 @@ struct TreeViewPeer : Control::Peer, TreeModel::View {
   void Detached() override;
   LRESULT Notify(NMHDR& header) override;
   LRESULT Handle(const Message& message) override;
-  void DpiChanged() override;
+  void DpiChanged(unsigned oldDpi) override;
+  void BufferingChanged() override;
 
   // A message of our own to the tree view: the selected node is to be described.
   static constexpr UINT kDescribe = WM_APP;
@@ -65,6 +66,7 @@ struct TreeViewPeer : Control::Peer, TreeModel::View {
   void Opened(NodeId node, bool expanded);
   // --- How it is painted (TreeViewPaint.cpp) ---
   void Paint() const;
+  void PaintBuffered(HDC target, const RECT& area) const;
   bool IsFrameConcerned(WPARAM part) const;
 
   TreeTips tips_{*this};

@@ -1,3 +1,5 @@
+#include <wtsapi32.h>
+
 #include <array>
 #include <set>
 #include <vector>
@@ -86,6 +88,54 @@ TEST_F(NativeLook, TellsItsControlsOfOtherColours) {
                             [&](WPARAM, LPARAM) { ++told; });
   SendMessageW(Window(), WM_SYSCOLORCHANGE, 0, 0);
   EXPECT_EQ(told, 2);
+}
+
+TEST_F(NativeLook, PaintsThroughMemoryOnlyBeforeItsOwnScreen) {
+  std::vector<bool> trees;
+  std::vector<bool> lists;
+  const MessageWatch tree(form.tree.BackEnd().window, TVM_SETEXTENDEDSTYLE,
+                          [&](WPARAM mask, LPARAM styles) {
+                            if (mask & TVS_EX_DOUBLEBUFFER) trees.push_back(styles != 0);
+                          });
+  const MessageWatch list(form.checkList.BackEnd().window, LVM_SETEXTENDEDLISTVIEWSTYLE,
+                          [&](WPARAM mask, LPARAM styles) {
+                            if (mask & LVS_EX_DOUBLEBUFFER) lists.push_back(styles != 0);
+                          });
+  for (const WPARAM event : {WTS_REMOTE_CONNECT, WTS_SESSION_LOCK, WTS_CONSOLE_CONNECT}) {
+    SendMessageW(Window(), WM_WTSSESSION_CHANGE, event, 0);
+  }
+  EXPECT_EQ(trees, (std::vector<bool>{false, true}));
+  EXPECT_EQ(lists, (std::vector<bool>{false, true}));
+}
+
+TEST_F(NativeLook, AFormLoadedInARemoteSessionPaintsThroughNoMemory) {
+  const auto buffers = [this] {
+    return (form.checkList.BackEnd().Send(LVM_GETEXTENDEDLISTVIEWSTYLE) & LVS_EX_DOUBLEBUFFER) != 0;
+  };
+  EXPECT_TRUE(buffers());
+  SendMessageW(Window(), WM_WTSSESSION_CHANGE, WTS_REMOTE_CONNECT, 0);
+  form.Unload();
+  form.Show();
+  EXPECT_FALSE(buffers());
+}
+
+// What is painted through memory needs no ground before it, and would flicker by it.
+TEST_F(NativeLook, ATreeErasesItsGroundOnlyWhereItPaintsStraightToTheWindow) {
+  HWND tree = form.tree.BackEnd().window;
+  HDC screen = GetDC(tree);
+  const MemoryContext memory(CreateCompatibleDC(screen));
+  const BitmapHandle picture(CreateCompatibleBitmap(screen, 10, 10));
+  ReleaseDC(tree, screen);
+  HGDIOBJ old = SelectObject(memory.Get(), picture.Get());
+  const auto erased = [&] {
+    SetPixel(memory.Get(), 5, 5, kDark);
+    SendMessageW(tree, WM_ERASEBKGND, AsWParam(memory.Get()), 0);
+    return GetPixel(memory.Get(), 5, 5) == GetSysColor(COLOR_WINDOW);
+  };
+  EXPECT_FALSE(erased());
+  SendMessageW(Window(), WM_WTSSESSION_CHANGE, WTS_REMOTE_CONNECT, 0);
+  EXPECT_TRUE(erased());
+  SelectObject(memory.Get(), old);
 }
 
 TEST_F(NativeLook, ShowsWhereTheFocusIsOnceTabIsPressed) {
