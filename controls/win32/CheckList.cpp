@@ -27,6 +27,7 @@ struct CheckList : ListBoxPeer {
 
   void Attached() override {
     const ProgramChange change(*this);
+    SetWindowTheme(window, L"Explorer", nullptr);
     ShowExtended(LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP, true);
     BufferingChanged();
     LVCOLUMNW column = {};

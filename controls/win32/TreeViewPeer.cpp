@@ -10,6 +10,7 @@ namespace controls {
 TreeViewPeer::TreeViewPeer(Form& owner, int controlId) : Peer(owner, controlId) {}
 
 void TreeViewPeer::Attached() {
+  SetWindowTheme(window, L"Explorer", nullptr);
   BufferingChanged();
   items.Attach(window);
   tips_.Attach();

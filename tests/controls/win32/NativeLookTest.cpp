@@ -1,5 +1,6 @@
 #include <wtsapi32.h>
 
+#include <algorithm>
 #include <array>
 #include <set>
 #include <vector>
@@ -136,6 +137,47 @@ TEST_F(NativeLook, ATreeErasesItsGroundOnlyWhereItPaintsStraightToTheWindow) {
   SendMessageW(Window(), WM_WTSSESSION_CHANGE, WTS_REMOTE_CONNECT, 0);
   EXPECT_TRUE(erased());
   SelectObject(memory.Get(), old);
+}
+
+// The class and number of every message that is sent to a window in this thread.
+class SentMessages {
+ public:
+  SentMessages() {
+    sent.clear();
+    hook_ = SetWindowsHookExW(WH_CALLWNDPROC, Note, nullptr, GetCurrentThreadId());
+  }
+  ~SentMessages() { UnhookWindowsHookEx(hook_); }
+  SentMessages(const SentMessages&) = delete;
+  SentMessages& operator=(const SentMessages&) = delete;
+
+  static inline std::vector<std::pair<std::wstring, UINT>> sent;
+
+ private:
+  static LRESULT CALLBACK Note(int code, WPARAM wParam, LPARAM lParam) {
+    const auto& message = StructIn<const CWPSTRUCT>(lParam);
+    wchar_t name[64] = {};
+    GetClassNameW(message.hwnd, name, 64);
+    sent.emplace_back(name, message.message);
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+  }
+
+  HHOOK hook_ = nullptr;
+};
+
+// Which theme a control has been given cannot be asked; that it was given one it is told.
+TEST_F(NativeLook, GivesTreesAndCheckListsAThemeOfTheirOwnAndAnEdge) {
+  for (const Control* control :
+       {static_cast<Control*>(&form.tree), static_cast<Control*>(&form.checkList)}) {
+    EXPECT_TRUE(GetWindowLongPtrW(control->BackEnd().window, GWL_EXSTYLE) & WS_EX_CLIENTEDGE);
+  }
+  form.Unload();
+  const SentMessages messages;
+  form.Show();
+  for (const wchar_t* name : {WC_TREEVIEWW, WC_LISTVIEWW}) {
+    EXPECT_TRUE(std::ranges::find(SentMessages::sent,
+                                  std::pair(std::wstring(name), UINT{WM_THEMECHANGED})) !=
+                SentMessages::sent.end());
+  }
 }
 
 TEST_F(NativeLook, ShowsWhereTheFocusIsOnceTabIsPressed) {
