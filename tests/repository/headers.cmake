@@ -1,5 +1,5 @@
-# One source for every header, with nothing but that header in it: what does not compile lacks an
-# include. The library is built by its test alone.
+# One source for every header that no source begins with, with nothing but that header in it: what
+# does not compile lacks an include. The library is built by its test alone.
 
 file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
   ${PROJECT_SOURCE_DIR}/app/*.h ${PROJECT_SOURCE_DIR}/bench/*.h ${PROJECT_SOURCE_DIR}/browser/*.h
@@ -17,6 +17,21 @@ if(WIN32)
 else()
   list(FILTER headers EXCLUDE REGEX "^(${windowsFolders})/")
 endif()
+
+# Of the product's own sources each begins with its own header and is compiled by itself: those
+# headers have stood alone already (the formatter keeps them first). Tests are compiled several at a time, after the common headers.
+set(shown "")
+foreach(header IN LISTS headers)
+  string(REGEX REPLACE "h$" "cpp" source ${header})
+  if(header MATCHES "^(tests|bench)/" OR NOT EXISTS ${PROJECT_SOURCE_DIR}/${source})
+    continue()
+  endif()
+  file(STRINGS ${PROJECT_SOURCE_DIR}/${source} first REGEX "^#include" LIMIT_COUNT 1)
+  if(first STREQUAL "#include \"${header}\"")
+    list(APPEND shown ${header})
+  endif()
+endforeach()
+list(REMOVE_ITEM headers ${shown})
 
 set(alone)
 foreach(header IN LISTS headers)
