@@ -16,13 +16,14 @@ class DeleteCommands : public CommandTest {
   void ExpectDeleted(int tree, const std::wstring& key) {
     Run([this, tree, key](frmUserGroupPerm& window) {
       Select(window, tree, key);
-      ExpectQuestion(controls::kResultYes, tree == 0 ? L"Souhaitez-vous supprimer cet utilisateur ?"
-                                                     : L"Souhaitez-vous supprimer ce groupe ?");
-      user.Click(tree == 0 ? window.Users.cmdUser[kDeleteButton]
-                           : window.Groups.cmdGroup[kDeleteButton]);
-      EXPECT_FALSE(Has(window, tree, tree == 0 ? Keys::User(9) : Keys::Group(6))) << tree;
+      ExpectQuestion(controls::kResultYes, tree == kUsersTree
+                                               ? L"Souhaitez-vous supprimer cet utilisateur ?"
+                                               : L"Souhaitez-vous supprimer ce groupe ?");
+      user.Click(tree == kUsersTree ? window.Users.cmdUser[kDeleteButton]
+                                    : window.Groups.cmdGroup[kDeleteButton]);
+      EXPECT_FALSE(Has(window, tree, tree == kUsersTree ? Keys::User(9) : Keys::Group(6))) << tree;
       EXPECT_EQ(window.Page(tree).TreeView1.Nodes().Children(controls::NodeId{1}),
-                tree == 0 ? 38 : 11);
+                tree == kUsersTree ? 38 : 11);
       ExpectInStep(window);
     });
   }
@@ -30,7 +31,7 @@ class DeleteCommands : public CommandTest {
 
 TEST_F(DeleteCommands, ADeletedUserGoesFromBothTreesWithOneStatement) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::User(9));
+    Select(window, kUsersTree, Keys::User(9));
     log.statements.clear();
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
     user.Click(window.Users.cmdUser[kDeleteButton]);
@@ -38,20 +39,20 @@ TEST_F(DeleteCommands, ADeletedUserGoesFromBothTreesWithOneStatement) {
               Joined({L"UPDATE QRUSER SET QRUSER.NAME = 'Martin(9)', QRUSER.VFLG = 'D' Where "
                       L"QRUSER.USERID = 9"},
                      GroupRebuild(window)));
-    EXPECT_FALSE(Has(window, 0, Keys::User(9)));
-    EXPECT_FALSE(Has(window, 1, Keys::MemberOfGroup(7, 9)));
+    EXPECT_FALSE(Has(window, kUsersTree, Keys::User(9)));
+    EXPECT_FALSE(Has(window, kGroupsTree, Keys::MemberOfGroup(7, 9)));
     EXPECT_EQ(window.Users.accountCount, 38);
     EXPECT_EQ(Raw().Rows("SELECT NAME, VFLG FROM QRUSER WHERE USERID = 9"),
               (std::vector<std::vector<std::string>>{{"Martin(9)", "D"}}));
     EXPECT_EQ(Raw().Number("SELECT COUNT(*) FROM QRUSGP WHERE USERID = 9 AND GROUPID <> 2"), 2);
-    EXPECT_EQ(Selected(window, 0), Keys::User(10));
+    EXPECT_EQ(Selected(window, kUsersTree), Keys::User(10));
     ExpectInStep(window);
   });
 }
 
 TEST_F(DeleteCommands, ADeletedGroupGoesFromBothTreesWithOneStatement) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::Group(6));
+    Select(window, kGroupsTree, Keys::Group(6));
     log.statements.clear();
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer ce groupe ?");
     user.Click(window.Groups.cmdGroup[kDeleteButton]);
@@ -59,8 +60,8 @@ TEST_F(DeleteCommands, ADeletedGroupGoesFromBothTreesWithOneStatement) {
               Joined({L"UPDATE QRGROUP SET QRGROUP.NAME = 'Qualité(6)', QRGROUP.VFLG = 'D' Where "
                       L"QRGROUP.GROUPID = 6"},
                      UserRebuild(window)));
-    EXPECT_FALSE(Has(window, 1, Keys::Group(6)));
-    EXPECT_FALSE(Has(window, 0, Keys::GroupOfUser(15, 6)));
+    EXPECT_FALSE(Has(window, kGroupsTree, Keys::Group(6)));
+    EXPECT_FALSE(Has(window, kUsersTree, Keys::GroupOfUser(15, 6)));
     EXPECT_EQ(window.Groups.accountCount, 11);
     ExpectInStep(window);
   });
@@ -71,7 +72,7 @@ TEST_F(DeleteCommands, DeletingFromAnyNodeOfAUserDeletesTheUser) {
        {Keys::GroupsOfUser(9), Keys::GroupOfUser(9, 12), Keys::OwnPermissions(9),
         Keys::OwnPermission(9, 14), Keys::AllPermissions(9), Keys::AnyPermission(9, 14)}) {
     UseSample();
-    ExpectDeleted(0, key);
+    ExpectDeleted(kUsersTree, key);
   }
 }
 
@@ -79,13 +80,13 @@ TEST_F(DeleteCommands, DeletingFromAnyNodeOfAGroupDeletesTheGroup) {
   for (const std::wstring& key : {Keys::MembersOfGroup(6), Keys::MemberOfGroup(6, 34),
                                   Keys::GroupPermissions(6), Keys::GroupPermission(6, 21)}) {
     UseSample();
-    ExpectDeleted(1, key);
+    ExpectDeleted(kGroupsTree, key);
   }
 }
 
 TEST_F(DeleteCommands, AGroupNamedLikeAFolderDeletesItsUserAndNothingElse) {
   Raw().Execute("UPDATE QRGROUP SET NAME = 'Droits Utilisateur', DESCR = NULL WHERE GROUPID = 12");
-  ExpectDeleted(0, Keys::GroupOfUser(9, 12));
+  ExpectDeleted(kUsersTree, Keys::GroupOfUser(9, 12));
 }
 
 TEST_F(DeleteCommands, AMemberNamedLikeAFolderDeletesItsGroupAndNothingElse) {
@@ -93,13 +94,13 @@ TEST_F(DeleteCommands, AMemberNamedLikeAFolderDeletesItsGroupAndNothingElse) {
     UseSample();
     Raw().Execute(std::string("UPDATE QRUSER SET FULLNAME = NULL, NAME = '") + name +
                   "' WHERE USERID = 34");
-    ExpectDeleted(1, Keys::MemberOfGroup(6, 34));
+    ExpectDeleted(kGroupsTree, Keys::MemberOfGroup(6, 34));
   }
 }
 
 TEST_F(DeleteCommands, AnsweringNoLeavesDatabaseAndTreesAndSetsTheButtonsAgain) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::User(9));
+    Select(window, kUsersTree, Keys::User(9));
     const Strings before = Look(window);
     log.statements.clear();
     window.Users.cmdUser[kEditButton].SetEnabled(false);
@@ -113,7 +114,7 @@ TEST_F(DeleteCommands, AnsweringNoLeavesDatabaseAndTreesAndSetsTheButtonsAgain) 
 
 TEST_F(DeleteCommands, AnsweringNoForAGroupSetsTheButtonsAgainToo) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::Group(6));
+    Select(window, kGroupsTree, Keys::Group(6));
     const Strings before = Look(window);
     log.statements.clear();
     window.Groups.cmdGroup[kEditButton].SetEnabled(false);
@@ -128,7 +129,7 @@ TEST_F(DeleteCommands, AnsweringNoForAGroupSetsTheButtonsAgainToo) {
 TEST_F(DeleteCommands, ADeleteThatTheDatabaseRefusesLeavesTheTreesAsTheyWere) {
   Raw().Execute("UPDATE QRUSER SET NAME = 'd''Artagnan' WHERE USERID = 9");
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::User(9));
+    Select(window, kUsersTree, Keys::User(9));
     const Strings before = Look(window);
     ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
     user.ExpectMsgBox(controls::kResultOk);
@@ -155,7 +156,7 @@ TEST_F(DeleteCommands, ANameMadeToReachAnotherRowIsRefusedAndChangesNothing) {
     const auto before = raw.Rows("SELECT * FROM QRUSER ORDER BY 1");
     const auto links = raw.Rows("SELECT * FROM QRUSGP ORDER BY 1, 2");
     Run([&](frmUserGroupPerm& window) {
-      Select(window, 0, Keys::User(9));
+      Select(window, kUsersTree, Keys::User(9));
       const Strings look = Look(window);
       ExpectQuestion(controls::kResultYes, L"Souhaitez-vous supprimer cet utilisateur ?");
       user.ExpectMsgBox(controls::kResultOk);
@@ -170,7 +171,7 @@ TEST_F(DeleteCommands, ANameMadeToReachAnotherRowIsRefusedAndChangesNothing) {
 
 TEST_F(DeleteCommands, ADeleteThatMeetsNoRowTakesTheNodeAwayAndSaysWhy) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::User(40));
+    Select(window, kUsersTree, Keys::User(40));
     Raw().Execute("DELETE FROM QRUSGP WHERE USERID = 40");
     Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 40");
     Raw().Execute("DELETE FROM QRUSER WHERE USERID = 40");
@@ -186,7 +187,7 @@ TEST_F(DeleteCommands, ADeleteThatMeetsNoRowTakesTheNodeAwayAndSaysWhy) {
 
 TEST_F(DeleteCommands, ASoftDeletePassesTheNameThatAnEditHasStored) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::User(9));
+    Select(window, kUsersTree, Keys::User(9));
     ExpectDialog<dialogs::frmEditUser>([this](dialogs::frmEditUser& dialog) {
       user.Type(dialog.txtUserName, L"Zola");
       user.Type(dialog.txtPassword, L"secret1");
@@ -201,7 +202,7 @@ TEST_F(DeleteCommands, ASoftDeletePassesTheNameThatAnEditHasStored) {
 
 TEST_F(DeleteCommands, TheWindowSaysHowFarItIsWhileAllUsersAreBroughtUpToDateSlowly) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::Group(6));
+    Select(window, kGroupsTree, Keys::Group(6));
     bool told = false;
     log.FailAt = [&](const std::wstring& call) {
       // A slow database, so that there is something to tell.

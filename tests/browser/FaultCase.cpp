@@ -15,6 +15,8 @@ namespace browser {
 namespace {
 
 using test_support::Keys;
+using test_support::kGroupsTree;
+using test_support::kUsersTree;
 using test_support::Sample;
 using test_support::User;
 using enum test_support::AccountButton;
@@ -193,66 +195,67 @@ using Window = frmUserGroupPerm;
 
 std::vector<FaultCase> AccountCases() {
   return {
-      {"edit user", 0, Keys::User(9), [](Window& w) { return &w.Users.cmdUser[kEditButton]; },
-       FillUser, EditUserPhases()},
+      {"edit user", kUsersTree, Keys::User(9),
+       [](Window& w) { return &w.Users.cmdUser[kEditButton]; }, FillUser, EditUserPhases()},
       {"delete user",
-       0,
+       kUsersTree,
        Keys::User(9),
        [](Window& w) { return &w.Users.cmdUser[kDeleteButton]; },
        {},
        Deletion(L"UPDATE QRUSER") + kAllMembers},
-      {"new user", 0, Keys::Root(), [](Window& w) { return &w.Users.cmdUser[kNewButton]; },
+      {"new user", kUsersTree, Keys::Root(), [](Window& w) { return &w.Users.cmdUser[kNewButton]; },
        FillUser, NewUserPhases()},
-      {"new user like another", 0, Keys::User(9), nullptr, FillUser, NewUserPhases(), L'D'},
-      {"edit group", 1, Keys::Group(6), [](Window& w) { return &w.Groups.cmdGroup[kEditButton]; },
-       FillGroup, EditGroupPhases()},
+      {"new user like another", kUsersTree, Keys::User(9), nullptr, FillUser, NewUserPhases(),
+       L'D'},
+      {"edit group", kGroupsTree, Keys::Group(6),
+       [](Window& w) { return &w.Groups.cmdGroup[kEditButton]; }, FillGroup, EditGroupPhases()},
       {"delete group",
-       1,
+       kGroupsTree,
        Keys::Group(6),
        [](Window& w) { return &w.Groups.cmdGroup[kDeleteButton]; },
        {},
        Deletion(L"UPDATE QRGROUP") + kAllUsersLinks},
-      {"new group", 1, Keys::Root(), [](Window& w) { return &w.Groups.cmdGroup[kNewButton]; },
-       FillGroup, NewGroupPhases()},
+      {"new group", kGroupsTree, Keys::Root(),
+       [](Window& w) { return &w.Groups.cmdGroup[kNewButton]; }, FillGroup, NewGroupPhases()},
   };
 }
 
 std::vector<FaultCase> LinkCases() {
   return {
-      {"assign groups", 0, Keys::GroupsOfUser(9),
+      {"assign groups", kUsersTree, Keys::GroupsOfUser(9),
        [](Window& w) { return &w.Users.cmdMemberOf[kAssignButton]; }, FillChooser,
        ChooserPhases(kAllGroups, L"SELECT QRUSGP.GROUPID FROM", kMembership) +
            Phases{kUserFolders} + kAllMembers},
       {"remove membership",
-       0,
+       kUsersTree,
        Keys::GroupOfUser(9, 12),
        [](Window& w) { return &w.Users.cmdMemberOf[kRemoveButton]; },
        {},
        Deletion(L"DELETE FROM QRUSGP") + Phases{kUserFolders}},
-      {"assign user permissions", 0, Keys::OwnPermissions(9),
+      {"assign user permissions", kUsersTree, Keys::OwnPermissions(9),
        [](Window& w) { return &w.Users.cmdUserPermission[kAssignButton]; }, FillChooser,
        ChooserPhases(kAllPermissions, L"SELECT QRUPRM.PERMID FROM", kOwnRows) +
            Phases{kUserFolders}},
       {"remove user permission",
-       0,
+       kUsersTree,
        Keys::OwnPermission(9, 14),
        [](Window& w) { return &w.Users.cmdUserPermission[kRemoveButton]; },
        {},
        Deletion(L"DELETE FROM QRUPRM") + Phases{kUserFolders}},
-      {"assign members", 1, Keys::MembersOfGroup(6),
+      {"assign members", kGroupsTree, Keys::MembersOfGroup(6),
        [](Window& w) { return &w.Groups.cmdMember[kAssignButton]; }, FillMembers, AddUsersPhases()},
       {"remove member",
-       1,
+       kGroupsTree,
        Keys::MemberOfGroup(6, 15),
        [](Window& w) { return &w.Groups.cmdMember[kRemoveButton]; },
        {},
        Deletion(L"DELETE FROM QRUSGP") + kAllUsersLinks},
-      {"assign group permissions", 1, Keys::GroupPermissions(6),
+      {"assign group permissions", kGroupsTree, Keys::GroupPermissions(6),
        [](Window& w) { return &w.Groups.cmdGroupPermission[kAssignButton]; }, FillChooser,
        ChooserPhases(kAllPermissions, L"SELECT QRGPRM.PERMID FROM", kGroupRow) +
            Phases{kGroupFolders} + kAllUsersPermissions},
       {"remove group permission",
-       1,
+       kGroupsTree,
        Keys::GroupPermission(6, 21),
        [](Window& w) { return &w.Groups.cmdGroupPermission[kRemoveButton]; },
        {},

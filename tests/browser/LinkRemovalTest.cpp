@@ -37,23 +37,25 @@ struct Removal {
 // Martin (9) is in Laboratoire (12) and holds 14; L'Hermitte (15) is in Qualité (6), which
 // gives 21.
 const Removal kRemovals[] = {
-    {0, [](frmUserGroupPerm& window) { return &window.Users.cmdMemberOf[kRemoveButton]; },
+    {kUsersTree, [](frmUserGroupPerm& window) { return &window.Users.cmdMemberOf[kRemoveButton]; },
      [](frmUserGroupPerm& window, int Index) { window.Users.cmdMemberOf_Click(Index); },
      Keys::GroupOfUser(9, 12), Keys::GroupsOfUser(9), kAskMembership,
      L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID = 12 and QRUSGP.USERID =9",
      data::SqlSelectUserGroups(9), "SELECT COUNT(*) FROM QRUSGP WHERE USERID = 9 AND GROUPID = 12"},
-    {0, [](frmUserGroupPerm& window) { return &window.Users.cmdUserPermission[kRemoveButton]; },
+    {kUsersTree,
+     [](frmUserGroupPerm& window) { return &window.Users.cmdUserPermission[kRemoveButton]; },
      [](frmUserGroupPerm& window, int Index) { window.Users.cmdUserPermission_Click(Index); },
      Keys::OwnPermission(9, 14), Keys::OwnPermissions(9), kAskUserPermission,
      L"DELETE FROM QRUPRM WHERE QRUPRM.PERMID = 14 and QRUPRM.USERID =9",
      data::SqlSelectUserPermissionNames(9),
      "SELECT COUNT(*) FROM QRUPRM WHERE USERID = 9 AND PERMID = 14"},
-    {1, [](frmUserGroupPerm& window) { return &window.Groups.cmdMember[kRemoveButton]; },
+    {kGroupsTree, [](frmUserGroupPerm& window) { return &window.Groups.cmdMember[kRemoveButton]; },
      [](frmUserGroupPerm& window, int Index) { window.Groups.cmdMember_Click(Index); },
      Keys::MemberOfGroup(6, 15), Keys::MembersOfGroup(6), kAskMember,
      L"DELETE FROM QRUSGP WHERE QRUSGP.GROUPID = 6 and QRUSGP.USERID =15",
      data::SqlSelectGroupUsers(6), "SELECT COUNT(*) FROM QRUSGP WHERE USERID = 15 AND GROUPID = 6"},
-    {1, [](frmUserGroupPerm& window) { return &window.Groups.cmdGroupPermission[kRemoveButton]; },
+    {kGroupsTree,
+     [](frmUserGroupPerm& window) { return &window.Groups.cmdGroupPermission[kRemoveButton]; },
      [](frmUserGroupPerm& window, int Index) { window.Groups.cmdGroupPermission_Click(Index); },
      Keys::GroupPermission(6, 21), Keys::GroupPermissions(6), kAskGroupPermission,
      L"DELETE FROM QRGPRM WHERE QRGPRM.PERMID = 21 and QRGPRM.GROUPID =6",
@@ -77,7 +79,7 @@ class LinkRemoval : public CommandTest {
   }
   // What each command sends after its DELETE.
   static Strings StatementsAfter(frmUserGroupPerm& window, const Removal& removal) {
-    if (removal.tree == 0) return {data::SqlSelectInheritedPermissions(9)};
+    if (removal.tree == kUsersTree) return {data::SqlSelectInheritedPermissions(9)};
     return removal.question == kAskMember ? UserRebuild(window) : AllPermissionsRebuild(window);
   }
   void DeleteBySomebodyElse(const Removal& removal) {
@@ -177,7 +179,7 @@ TEST_F(LinkRemoval, OnAFolderOrAnyOtherNodeWarnsInTwoLinesAndStops) {
         Select(window, removal.tree, key);
         log.statements.clear();
         ExpectWarning(text, kInformation);
-        removal.handler(window, 1);
+        removal.handler(window, kRemoveButton);
         EXPECT_TRUE(log.statements.empty());
       }
     };
@@ -213,8 +215,9 @@ TEST_F(LinkRemoval, AnsweredWithNoChangesNothingAndSetsTheButtonsAgain) {
       SelectLeaf(window, removal);
       const Strings before = Look(window);
       ExpectQuestion(kResultNo, removal.question);
-      controls::CommandButton& edit = removal.tree == 0 ? window.Users.cmdUser[kEditButton]
-                                                        : window.Groups.cmdGroup[kEditButton];
+      controls::CommandButton& edit = removal.tree == kUsersTree
+                                          ? window.Users.cmdUser[kEditButton]
+                                          : window.Groups.cmdGroup[kEditButton];
       edit.SetEnabled(false);
       Press(window, removal);
       EXPECT_TRUE(log.statements.empty());

@@ -69,8 +69,9 @@ class TreeCommands : public CommandTest {
       return std::vector<const CommandButton*>{&account[0], &account[1], &account[2], &first[0],
                                                &first[1],   &second[0],  &second[1]};
     };
-    return tree == 0 ? all(w.Users.cmdUser, w.Users.cmdMemberOf, w.Users.cmdUserPermission)
-                     : all(w.Groups.cmdGroup, w.Groups.cmdMember, w.Groups.cmdGroupPermission);
+    return tree == kUsersTree
+               ? all(w.Users.cmdUser, w.Users.cmdMemberOf, w.Users.cmdUserPermission)
+               : all(w.Groups.cmdGroup, w.Groups.cmdMember, w.Groups.cmdGroupPermission);
   }
 
   template <std::size_t kNodes>
@@ -79,7 +80,7 @@ class TreeCommands : public CommandTest {
     for (const std::wstring& key : keys) {
       Select(window, tree, key);
       const Menu menu = MenuOf(window, tree);
-      ASSERT_EQ(menu.size(), tree == 0 ? 18u : 16u);
+      ASSERT_EQ(menu.size(), tree == kUsersTree ? 18u : 16u);
       std::vector<bool> offered;
       for (const std::size_t line : {0, 1, 2, 4, 5, 7, 8}) offered.push_back(menu[line].enabled);
       std::vector<bool> on;
@@ -112,8 +113,8 @@ class TreeCommands : public CommandTest {
 
 TEST_F(TreeCommands, TheMenuOfTheUsersTreeNamesItsCommandsBySection) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::User(9));
-    const Menu menu = MenuOf(window, 0);
+    Select(window, kUsersTree, Keys::User(9));
+    const Menu menu = MenuOf(window, kUsersTree);
     EXPECT_EQ(
         Captions(menu),
         (Strings{L"&Editer...", L"&Supprimer...", L"&Nouveau...", L"",
@@ -127,9 +128,9 @@ TEST_F(TreeCommands, TheMenuOfTheUsersTreeNamesItsCommandsBySection) {
 
 TEST_F(TreeCommands, TheMenuOfTheGroupsTreeNamesItsCommandsBySection) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::Group(6));
+    Select(window, kGroupsTree, Keys::Group(6));
     EXPECT_EQ(
-        Captions(MenuOf(window, 1)),
+        Captions(MenuOf(window, kGroupsTree)),
         (Strings{L"&Editer...", L"&Supprimer...", L"&Nouveau...", L"", L"Membres : Affecter...",
                  L"Membres : Supprimer...", L"", L"Droits du Groupe : Affecter...",
                  L"Droits du Groupe : Supprimer...", L"", L"&Copier", L"&Développer", L"Réd&uire",
@@ -139,16 +140,16 @@ TEST_F(TreeCommands, TheMenuOfTheGroupsTreeNamesItsCommandsBySection) {
 
 TEST_F(TreeCommands, TheMenuOffersExactlyWhatTheButtonsAllow) {
   Run([this](frmUserGroupPerm& window) {
-    ExpectEnabledAsTheButtons(window, 0, kUserNodes);
-    ExpectEnabledAsTheButtons(window, 1, kGroupNodes);
+    ExpectEnabledAsTheButtons(window, kUsersTree, kUserNodes);
+    ExpectEnabledAsTheButtons(window, kGroupsTree, kGroupNodes);
   });
 }
 
 TEST_F(TreeCommands, TheMenuOffersExactlyWhatTheButtonsAllowToAnotherAdministrator) {
   Run(
       [this](frmUserGroupPerm& window) {
-        ExpectEnabledAsTheButtons(window, 0, kUserNodes);
-        ExpectEnabledAsTheButtons(window, 1, kGroupNodes);
+        ExpectEnabledAsTheButtons(window, kUsersTree, kUserNodes);
+        ExpectEnabledAsTheButtons(window, kGroupsTree, kGroupNodes);
       },
       L"Moreau");
 }
@@ -157,8 +158,8 @@ TEST_F(TreeCommands, ExpandingAndCollapsingIsOfferedWhereItChangesSomething) {
   Raw().Execute("DELETE FROM QRUPRM WHERE USERID = 9");
   Run([this](frmUserGroupPerm& window) {
     const auto offered = [&](const std::wstring& key) {
-      Select(window, 0, key);
-      const Menu menu = MenuOf(window, 0);
+      Select(window, kUsersTree, key);
+      const Menu menu = MenuOf(window, kUsersTree);
       return std::vector<bool>{menu[11].enabled, menu[12].enabled};
     };
     EXPECT_EQ(offered(Keys::Root()), (std::vector<bool>{false, true}));
@@ -172,10 +173,10 @@ TEST_F(TreeCommands, ExpandingAndCollapsingIsOfferedWhereItChangesSomething) {
 TEST_F(TreeCommands, TheMenuExpandsAndCollapses) {
   Run([this](frmUserGroupPerm& window) {
     const controls::TreeNodes& nodes = window.Users.TreeView1.Nodes();
-    Choose(window, 0, Keys::User(9), L"&Développer");
-    EXPECT_TRUE(nodes.Expanded(At(window, 0, Keys::User(9))));
-    Choose(window, 0, Keys::User(9), L"Réd&uire");
-    EXPECT_FALSE(nodes.Expanded(At(window, 0, Keys::User(9))));
+    Choose(window, kUsersTree, Keys::User(9), L"&Développer");
+    EXPECT_TRUE(nodes.Expanded(At(window, kUsersTree, Keys::User(9))));
+    Choose(window, kUsersTree, Keys::User(9), L"Réd&uire");
+    EXPECT_FALSE(nodes.Expanded(At(window, kUsersTree, Keys::User(9))));
   });
 }
 
@@ -183,19 +184,19 @@ TEST_F(TreeCommands, EachLineOfTheMenuGivesItsCommandOnTheUsersTab) {
   Run([this](frmUserGroupPerm& window) {
     const Strings before = Look(window);
     ExpectEscape<dialogs::frmEditUser>();
-    Choose(window, 0, Keys::User(9), L"&Editer...");
+    Choose(window, kUsersTree, Keys::User(9), L"&Editer...");
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer cet utilisateur ?");
-    Choose(window, 0, Keys::User(9), L"&Supprimer...");
+    Choose(window, kUsersTree, Keys::User(9), L"&Supprimer...");
     ExpectEscape<dialogs::frmNewUser>();
-    Choose(window, 0, Keys::User(9), L"&Nouveau...");
+    Choose(window, kUsersTree, Keys::User(9), L"&Nouveau...");
     ExpectEscape<dialogs::frmListItem>();
-    Choose(window, 0, Keys::User(9), L"Membre du Groupe : Affecter...");
+    Choose(window, kUsersTree, Keys::User(9), L"Membre du Groupe : Affecter...");
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer ce membre du groupe ?");
-    Choose(window, 0, Keys::GroupOfUser(9, 12), L"Membre du Groupe : Supprimer...");
+    Choose(window, kUsersTree, Keys::GroupOfUser(9, 12), L"Membre du Groupe : Supprimer...");
     ExpectEscape<dialogs::frmListItem>();
-    Choose(window, 0, Keys::OwnPermissions(9), L"Droits Utilisateur : Affecter...");
+    Choose(window, kUsersTree, Keys::OwnPermissions(9), L"Droits Utilisateur : Affecter...");
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer cette permission utilisateur ?");
-    Choose(window, 0, Keys::OwnPermission(9, 14), L"Droits Utilisateur : Supprimer...");
+    Choose(window, kUsersTree, Keys::OwnPermission(9, 14), L"Droits Utilisateur : Supprimer...");
     EXPECT_EQ(Look(window), before);
   });
 }
@@ -204,19 +205,19 @@ TEST_F(TreeCommands, EachLineOfTheMenuGivesItsCommandOnTheGroupsTab) {
   Run([this](frmUserGroupPerm& window) {
     const Strings before = Look(window);
     ExpectEscape<dialogs::frmEditGroup>();
-    Choose(window, 1, Keys::Group(6), L"&Editer...");
+    Choose(window, kGroupsTree, Keys::Group(6), L"&Editer...");
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer ce groupe ?");
-    Choose(window, 1, Keys::Group(6), L"&Supprimer...");
+    Choose(window, kGroupsTree, Keys::Group(6), L"&Supprimer...");
     ExpectEscape<dialogs::frmNewGroup>();
-    Choose(window, 1, Keys::Group(6), L"&Nouveau...");
+    Choose(window, kGroupsTree, Keys::Group(6), L"&Nouveau...");
     ExpectEscape<dialogs::frmAddUserInGroup>();
-    Choose(window, 1, Keys::MembersOfGroup(6), L"Membres : Affecter...");
+    Choose(window, kGroupsTree, Keys::MembersOfGroup(6), L"Membres : Affecter...");
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer ce membre ?");
-    Choose(window, 1, Keys::MemberOfGroup(6, 15), L"Membres : Supprimer...");
+    Choose(window, kGroupsTree, Keys::MemberOfGroup(6, 15), L"Membres : Supprimer...");
     ExpectEscape<dialogs::frmListItem>();
-    Choose(window, 1, Keys::GroupPermissions(6), L"Droits du Groupe : Affecter...");
+    Choose(window, kGroupsTree, Keys::GroupPermissions(6), L"Droits du Groupe : Affecter...");
     ExpectQuestion(controls::kResultNo, L"Souhaitez-vous supprimer cette permission de groupe ?");
-    Choose(window, 1, Keys::GroupPermission(6, 21), L"Droits du Groupe : Supprimer...");
+    Choose(window, kGroupsTree, Keys::GroupPermission(6, 21), L"Droits du Groupe : Supprimer...");
     EXPECT_EQ(Look(window), before);
   });
 }
@@ -225,14 +226,14 @@ TEST_F(TreeCommands, F2EditsTheAccountFromAnyOfItsNodes) {
   Run([this](frmUserGroupPerm& window) {
     for (const std::wstring& key :
          {Keys::User(9), Keys::GroupsOfUser(9), Keys::AnyPermission(9, 14)}) {
-      Select(window, 0, key);
+      Select(window, kUsersTree, key);
       user.ExpectModal([this](controls::Form& form) {
         EXPECT_EQ(dynamic_cast<dialogs::frmEditUser&>(form).UserID, 9);
         user.PressKey(form, test_support::kKeyEscape);
       });
       user.PressKey(window, controls::kKeyF2);
     }
-    Select(window, 1, Keys::MemberOfGroup(6, 15));
+    Select(window, kGroupsTree, Keys::MemberOfGroup(6, 15));
     user.ExpectModal([this](controls::Form& form) {
       EXPECT_EQ(dynamic_cast<dialogs::frmEditGroup&>(form).GroupID, 6);
       user.PressKey(form, test_support::kKeyEscape);
@@ -263,11 +264,11 @@ TEST_F(TreeCommands, DeleteTakesTheSelectedAccountOrLink) {
       user.PressKey(window, controls::kKeyDelete);
     }
     EXPECT_EQ(Look(window), before);
-    Select(window, 0, Keys::OwnPermission(9, 14));
+    Select(window, kUsersTree, Keys::OwnPermission(9, 14));
     ExpectQuestion(controls::kResultYes,
                    L"Souhaitez-vous supprimer cette permission utilisateur ?");
     user.PressKey(window, controls::kKeyDelete);
-    EXPECT_FALSE(Has(window, 0, Keys::OwnPermission(9, 14)));
+    EXPECT_FALSE(Has(window, kUsersTree, Keys::OwnPermission(9, 14)));
     ExpectInStep(window);
   });
 }
@@ -289,7 +290,7 @@ TEST_F(TreeCommands, KeysDoNothingWhereTheButtonIsOffOrAFolderIsSelected) {
           Keys::MemberOfGroup(2, 9), Keys::GroupPermissions(6), Keys::GroupPermission(1, 29)}) {
       press(1, key);
     }
-    Select(window, 0, Keys::Root());
+    Select(window, kUsersTree, Keys::Root());
     user.PressKey(window, controls::kKeyF2);
     EXPECT_TRUE(log.statements.empty());
   });
@@ -297,7 +298,7 @@ TEST_F(TreeCommands, KeysDoNothingWhereTheButtonIsOffOrAFolderIsSelected) {
 
 TEST_F(TreeCommands, KeysBelongToTheTreeThatHasTheFocus) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::User(9));
+    Select(window, kUsersTree, Keys::User(9));
     user.Focus(window.Users.cmdUser[kNewButton]);
     log.statements.clear();
     user.PressKey(window, controls::kKeyF2);
@@ -308,7 +309,7 @@ TEST_F(TreeCommands, KeysBelongToTheTreeThatHasTheFocus) {
 
 TEST_F(TreeCommands, CtrlCCopiesTheNodeAndWhatIsBelowItIndented) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 1, Keys::Group(12));
+    Select(window, kGroupsTree, Keys::Group(12));
     log.calls.clear();
     user.PressCtrl(window, test_support::kKeyC);
     EXPECT_EQ(user.Clipboard(),
@@ -325,10 +326,10 @@ TEST_F(TreeCommands, CtrlCCopiesTheNodeAndWhatIsBelowItIndented) {
 
 TEST_F(TreeCommands, CtrlCOnALeafCopiesItsTextAlone) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::OwnPermission(9, 14));
+    Select(window, kUsersTree, Keys::OwnPermission(9, 14));
     user.PressCtrl(window, test_support::kKeyC);
     EXPECT_EQ(user.Clipboard(), L"Consulter le stock");
-    Select(window, 0, Keys::OwnPermissions(9));
+    Select(window, kUsersTree, Keys::OwnPermissions(9));
     user.PressCtrl(window, test_support::kKeyInsert);
     EXPECT_EQ(user.Clipboard(),
               L"Droits Utilisateur\r\n\tConsulter le stock\r\n\tSaisir un relevé de contrôle");
@@ -340,7 +341,7 @@ TEST_F(TreeCommands, BreaksAndTabsWithinANameDoNotBreakTheCopiedLines) {
       "UPDATE QRGROUP SET NAME = 'a' || char(13) || char(10) || 'b' || char(9) || 'c', DESCR = "
       "NULL WHERE GROUPID = 12");
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::GroupOfUser(9, 12));
+    Select(window, kUsersTree, Keys::GroupOfUser(9, 12));
     user.PressCtrl(window, test_support::kKeyC);
     EXPECT_EQ(user.Clipboard(), L"a  b c");
   });
@@ -348,14 +349,14 @@ TEST_F(TreeCommands, BreaksAndTabsWithinANameDoNotBreakTheCopiedLines) {
 
 TEST_F(TreeCommands, TheMenuCopiesToo) {
   Run([this](frmUserGroupPerm& window) {
-    Choose(window, 0, Keys::GroupOfUser(9, 12), L"&Copier");
+    Choose(window, kUsersTree, Keys::GroupOfUser(9, 12), L"&Copier");
     EXPECT_EQ(user.Clipboard(), L"Laboratoire (Mesures et essais)");
   });
 }
 
 TEST_F(TreeCommands, AClipboardThatIsOccupiedOnlyBeeps) {
   Run([this](frmUserGroupPerm& window) {
-    Select(window, 0, Keys::User(9));
+    Select(window, kUsersTree, Keys::User(9));
     user.SetClipboardOccupied(true);
     const int beeps = user.BeepCount();
     user.PressCtrl(window, test_support::kKeyC);

@@ -96,7 +96,7 @@ class Protection : public test_support::MainWindowFixture {
       return std::vector<CommandButton*>{&account[0], &account[1], &account[2], &first[0],
                                          &first[1],   &second[0],  &second[1]};
     };
-    return tree == 0
+    return tree == kUsersTree
                ? all(window.Users.cmdUser, window.Users.cmdMemberOf, window.Users.cmdUserPermission)
                : all(window.Groups.cmdGroup, window.Groups.cmdMember,
                      window.Groups.cmdGroupPermission);
@@ -208,7 +208,7 @@ class Protection : public test_support::MainWindowFixture {
       const auto buttons = Buttons(window, row.tree);
       for (std::size_t i = 0; i < buttons.size(); ++i) {
         if (!buttons[i]->Enabled()) continue;
-        if (row.tree == 0) {
+        if (row.tree == kUsersTree) {
           AnnounceForUsers(i);
         } else {
           AnnounceForGroups(i, row);
@@ -261,7 +261,7 @@ TEST_F(Protection, AdminShownByHisBareNameCannotBeTakenOutOfAdministrators) {
   Run([this](frmUserGroupPerm& window) {
     const Row row{kGroupsTree, Keys::MemberOfGroup(1, 1), "E-N A- --"};
     Select(window, row);
-    EXPECT_EQ(Enabled(window, 1), row.buttons);
+    EXPECT_EQ(Enabled(window, kGroupsTree), row.buttons);
   });
 }
 
@@ -304,12 +304,12 @@ TEST_F(Protection, TheFlagsForTheDialogsFollowTheSelection) {
 TEST_F(Protection, ClosingTheNodeAboveTheSelectionSetsTheButtonsForTheNodeItPassesTo) {
   Run([this](frmUserGroupPerm& window) {
     Select(window, {kUsersTree, Keys::GroupOfUser(9, 12), ""});
-    EXPECT_EQ(Enabled(window, 0), "EDN AR --");
+    EXPECT_EQ(Enabled(window, kUsersTree), "EDN AR --");
     TreeView& users = window.Users.TreeView1;
     user.Collapse(users, users.Nodes().Find(Keys::GroupsOfUser(9)));
-    EXPECT_EQ(Enabled(window, 0), "EDN A- --");
+    EXPECT_EQ(Enabled(window, kUsersTree), "EDN A- --");
     user.Collapse(users, users.Nodes().Root());
-    EXPECT_EQ(Enabled(window, 0), "--N -- --");
+    EXPECT_EQ(Enabled(window, kUsersTree), "--N -- --");
   });
 }
 

@@ -6,6 +6,7 @@
 #include "server/core/accounts/Encoding.h"
 #include "server/core/accounts/PasswordCipher.h"
 
+namespace server_test {
 namespace {
 
 struct Vector {
@@ -96,3 +97,4 @@ TEST(StoredPasswords, AreReadWhoeverWroteThem) {
 }
 
 }  // namespace
+}  // namespace server_test

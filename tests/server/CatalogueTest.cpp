@@ -4,9 +4,9 @@
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
 
+namespace server_test {
 namespace {
 
-using server_test::Rows;
 using test_support::Sample;
 
 // A statement of the program, how many columns it has, and what the bare library is asked for the
@@ -105,7 +105,7 @@ Rows Expected(test_support::RawDatabase& raw, const std::string& sql) {
   return rows;
 }
 
-using Catalogue = server_test::OnSample;
+using Catalogue = OnSample;
 
 TEST_F(Catalogue, EverySelectionGivesTheRowsThatTheTablesHold) {
   test_support::RawDatabase raw = sample_.Raw();
@@ -163,3 +163,4 @@ TEST_F(Catalogue, AnEmptyFullNameIsNoNull) {
 }
 
 }  // namespace
+}  // namespace server_test

@@ -4,11 +4,10 @@
 #include "data/Text.h"
 #include "server/core/sessions/CommandLine.h"
 
+namespace server_test {
 namespace {
 
 using server::ParseCommandLine;
-using server_test::FailureOf;
-using server_test::NumberOf;
 
 const std::wstring kToken(64, L'b');
 
@@ -115,3 +114,4 @@ TEST(CommandLine, RandomTextsGiveASessionOrAnError) {
 }
 
 }  // namespace
+}  // namespace server_test

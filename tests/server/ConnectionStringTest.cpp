@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+namespace server_test {
 namespace {
 
 using server::ConnectionValue;
@@ -44,3 +45,4 @@ TEST(ConnectionString, TakesAHostWithOrWithoutItsPort) {
 }
 
 }  // namespace
+}  // namespace server_test

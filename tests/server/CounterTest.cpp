@@ -13,14 +13,13 @@
 #include <unistd.h>
 #endif
 
+namespace server_test {
 namespace {
-
-using server_test::NumberOf;
 
 constexpr int kWorkers = 8;
 constexpr int kEach = 25;
 
-using Counter = server_test::OnSample;
+using Counter = OnSample;
 
 TEST_F(Counter, GoesOnWhereTheSampleEnds) {
   EXPECT_EQ(server_->NewIdentifier(L"QRUSRN"), 41);
@@ -116,3 +115,4 @@ TEST(CounterOfOneDatabase, GivesEachIdentifierOnceToManyProcesses) {
 #endif
 
 }  // namespace
+}  // namespace server_test

@@ -13,10 +13,10 @@
 #include "server/core/sessions/PrivateFile.h"
 #include "server/core/sessions/PrivateFileAccess.h"
 
+namespace server_test {
 namespace {
 
 using server::DataSources;
-using server_test::NumberOf;
 
 class DataSource : public ::testing::Test {
  protected:
@@ -139,3 +139,4 @@ TEST_F(DataSource, TheMembersOfItsGroupMayReadTheKey) {
 #endif
 
 }  // namespace
+}  // namespace server_test

@@ -1,8 +1,9 @@
 #include "ServerTest.h"
 
+namespace server_test {
 namespace {
 
-using DisplayName = server_test::OnSample;
+using DisplayName = OnSample;
 
 TEST_F(DisplayName, OfABuiltInGroupIsFrenchAndBack) {
   EXPECT_EQ(server_->GetDisplayName(L"Everyone", 104), L"Tout le monde");
@@ -40,3 +41,4 @@ TEST_F(DisplayName, FollowsTheTableWithTheNextReading) {
 }
 
 }  // namespace
+}  // namespace server_test

@@ -5,9 +5,9 @@
 #include "data/MSQLStatement.h"
 #include "server/core/sessions/CommandLine.h"
 
+namespace server_test {
 namespace {
 
-using server_test::FailureOf;
 using test_support::Sample;
 
 class EndedSession : public ::testing::Test {
@@ -79,3 +79,4 @@ TEST_F(EndedSession, LeavesNoTransactionOpen) {
 }
 
 }  // namespace
+}  // namespace server_test

@@ -4,6 +4,7 @@
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
 
+namespace server_test {
 namespace {
 
 using test_support::Sample;
@@ -12,7 +13,7 @@ using test_support::Sample;
 // of. Whatever comes of it, the guard either refuses it as a database error or lets through
 // something harmless: nobody's password or full name changes, no account appears or goes, nothing
 // but links and deletion marks is written.
-class GuardFuzz : public server_test::OnSample {
+class GuardFuzz : public OnSample {
  protected:
   std::wstring Statement() {
     const std::wstring whole[] = {data::SqlSelectAllUsers(),
@@ -109,3 +110,4 @@ TEST_F(GuardFuzz, NothingHarmfulGetsThrough) {
 }
 
 }  // namespace
+}  // namespace server_test

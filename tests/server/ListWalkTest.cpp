@@ -7,6 +7,7 @@
 #include <random>
 #include <set>
 
+namespace server_test {
 namespace {
 
 using server::IdentifierList;
@@ -196,3 +197,4 @@ TEST(IdentifierList, FindsTheFirstPlaceAndStopsGrowing) {
 }
 
 }  // namespace
+}  // namespace server_test

@@ -7,10 +7,9 @@
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
 
+namespace server_test {
 namespace {
 
-using server_test::FailureOf;
-using server_test::Rows;
 using test_support::Sample;
 
 // The second column of each row, which is where the program's statements have the name.
@@ -28,7 +27,7 @@ void ExpectInOrder(const std::vector<std::wstring>& names) {
   }
 }
 
-class NameOrderOf : public server_test::OnSample {
+class NameOrderOf : public OnSample {
  protected:
   void AddUser(int id, const std::string& name) {
     sample_.Raw().Execute("insert into qruser (userid, name) values (" + std::to_string(id) +
@@ -168,7 +167,7 @@ TEST(NameOrderOfGenerated, UsersHoldsForThirtyThousand) {
   test_support::SampleDatabase generated(server::GeneratedSize{30000, 5, 5});
   const auto session = generated.OpenServer();
   const auto connection = session->DatabaseConnection();
-  const auto all = NamesIn(server_test::ReadRows(*connection, data::SqlSelectAllUsers(), 2));
+  const auto all = NamesIn(ReadRows(*connection, data::SqlSelectAllUsers(), 2));
   ASSERT_EQ(all.size(), 30000U);
   ExpectInOrder(all);
   // Emile and Émile are neighbours, far from those whose names begin with other letters.
@@ -182,3 +181,4 @@ TEST(NameOrderOfGenerated, UsersHoldsForThirtyThousand) {
 }
 
 }  // namespace
+}  // namespace server_test

@@ -7,6 +7,7 @@
 #include <vector>
 
 // What the tool makes of its arguments for a database server, none of which is asked.
+namespace server_test {
 namespace {
 
 TEST(OdbcTool, IsToldInOneLineHowItIsMisused) {
@@ -42,3 +43,4 @@ TEST(OdbcTool, TellsOfADriverThatIsNotThere) {
 }
 
 }  // namespace
+}  // namespace server_test

@@ -5,10 +5,10 @@
 #include "server/core/accounts/Crypto.h"
 #include "server/core/accounts/Encoding.h"
 
+namespace server_test {
 namespace {
 
 using server::PasswordCipher;
-using server_test::NumberOf;
 
 class Passwords : public ::testing::Test {
  protected:
@@ -126,3 +126,4 @@ TEST(Encoding, WhatIsNoBase64IsNotRead) {
 }
 
 }  // namespace
+}  // namespace server_test

@@ -8,11 +8,9 @@
 #include "server/core/sql/SqlConnection.h"
 #include "tests/support/data/CountedEngine.h"
 
+namespace server_test {
 namespace {
 
-using server_test::FailureOf;
-using server_test::ReadRows;
-using server_test::Rows;
 using test_support::CountedEngine;
 using test_support::Traffic;
 
@@ -369,3 +367,4 @@ TEST(SqliteReadAhead, ThatMeetsTooManyRowsDropsThem) {
 }
 
 }  // namespace
+}  // namespace server_test

@@ -2,12 +2,10 @@
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
 
+namespace server_test {
 namespace {
 
 using data::FieldValue;
-using server_test::FailureOf;
-using server_test::NumberOf;
-using server_test::Rows;
 using test_support::Sample;
 
 const FieldValue kNull{};
@@ -16,7 +14,7 @@ FieldValue Text(std::wstring text) {
   return text;
 }
 
-class ResultSet : public server_test::OnSample {
+class ResultSet : public OnSample {
  protected:
   std::unique_ptr<data::ResultSet> Open(std::wstring_view statement) {
     return connection_->OpenResultSet(statement);
@@ -120,7 +118,7 @@ TEST_F(ResultSet, ALinkThatExistsIsRefusedByTheDatabase) {
   set->SetColumn(L"GROUPID", 7);
   const data::RunTimeError failure = FailureOf([&] { set->Update(); });
   EXPECT_EQ(failure.Number(), server::kDatabaseError);
-  EXPECT_NE(failure.Text().find(server_test::WordForDouble()), std::wstring::npos);
+  EXPECT_NE(failure.Text().find(WordForDouble()), std::wstring::npos);
 }
 
 TEST_F(ResultSet, ALinkToNobodyIsRefusedByTheDatabase) {
@@ -351,3 +349,4 @@ TEST_F(ResultSet, TextsOfEveryLengthAndPlaneComeBackWhole) {
 }
 
 }  // namespace
+}  // namespace server_test

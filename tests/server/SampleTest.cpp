@@ -4,13 +4,12 @@
 #include "data/MSQLStatement.h"
 #include "server/core/samples/SampleData.h"
 
+namespace server_test {
 namespace {
 
-using server_test::NumberOf;
-using server_test::Rows;
 using test_support::Sample;
 
-using SampleCompany = server_test::OnSample;
+using SampleCompany = OnSample;
 
 TEST_F(SampleCompany, IsACompanyOfSomeFortyUsers) {
   test_support::RawDatabase raw = sample_.Raw();
@@ -140,3 +139,4 @@ TEST_F(Generated, CountersGoOnAfterTheAccounts) {
 }
 
 }  // namespace
+}  // namespace server_test

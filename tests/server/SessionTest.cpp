@@ -7,11 +7,10 @@
 #include "server/core/sessions/CommandLine.h"
 #include "server/core/sessions/Sessions.h"
 
+namespace server_test {
 namespace {
 
 using server::SessionArguments;
-using server_test::FailureOf;
-using server_test::NumberOf;
 
 class Session : public ::testing::Test {
  protected:
@@ -219,3 +218,4 @@ TEST_F(Session, WithoutAnyoneToShowItTheAboutBoxStaysAway) {
 }
 
 }  // namespace
+}  // namespace server_test

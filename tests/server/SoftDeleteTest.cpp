@@ -2,12 +2,12 @@
 #include "data/MSQLStatement.h"
 #include "data/Text.h"
 
+namespace server_test {
 namespace {
 
-using server_test::FailureOf;
 using test_support::Sample;
 
-class SoftDelete : public server_test::OnSample {
+class SoftDelete : public OnSample {
  protected:
   std::string StateOfUsers() {
     std::string state;
@@ -89,16 +89,15 @@ TEST_F(SoftDelete, OfANameMadeToReachFurtherIsRefusedAndChangesNothing) {
       L"x', QRUSER.VFLG = 'D' Where QRUSER.USERID = 1 AND QRUSER.NAME = 'a",
   };
   for (const wchar_t* const name : names) {
-    EXPECT_EQ(
-        server_test::NumberOf([&] { connection_->Execute(data::SqlMarkUserDeleted(name, 9)); }),
-        server::kDatabaseError)
+    EXPECT_EQ(NumberOf([&] { connection_->Execute(data::SqlMarkUserDeleted(name, 9)); }),
+              server::kDatabaseError)
         << data::ToUtf8(name);
-    EXPECT_EQ(
-        server_test::NumberOf([&] { connection_->Execute(data::SqlMarkGroupDeleted(name, 9)); }),
-        server::kDatabaseError)
+    EXPECT_EQ(NumberOf([&] { connection_->Execute(data::SqlMarkGroupDeleted(name, 9)); }),
+              server::kDatabaseError)
         << data::ToUtf8(name);
   }
   EXPECT_EQ(StateOfUsers(), before);
 }
 
 }  // namespace
+}  // namespace server_test

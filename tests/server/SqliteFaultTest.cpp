@@ -14,9 +14,9 @@
 #include <unistd.h>
 #endif
 
+namespace server_test {
 namespace {
 
-using server_test::FailureOf;
 using std::chrono::milliseconds;
 using test_support::Sample;
 
@@ -29,7 +29,7 @@ class SqliteFault : public ::testing::Test {
       const server::SessionArguments session = server::ParseCommandLine(commandLine_);
       server->OpenSession(server::FormatSessionText(session), session.sessionId);
       const auto connection = server->DatabaseConnection();
-      server_test::ReadRows(*connection, data::SqlSelectAllUsers(), 3);
+      ReadRows(*connection, data::SqlSelectAllUsers(), 3);
     });
   }
 
@@ -73,8 +73,7 @@ TEST_F(SqliteFault, AFileCutShortUnderAnOpenSessionIsAnErrorAndNoCrash) {
   const auto server = sample_.OpenServer();
   const auto connection = server->DatabaseConnection();
   std::filesystem::resize_file(sample_.File(), 4096);
-  EXPECT_EQ(server_test::NumberOf(
-                [&] { server_test::ReadRows(*connection, data::SqlSelectAllUsers(), 3); }),
+  EXPECT_EQ(NumberOf([&] { ReadRows(*connection, data::SqlSelectAllUsers(), 3); }),
             server::kDatabaseError);
 }
 
@@ -113,8 +112,7 @@ TEST_F(SqliteFault, ALockedDatabaseIsReadAsSoonAsItIsFree) {
     other.Execute("commit");
   });
   reading.set_value();
-  EXPECT_EQ(server_test::ReadRows(*connection, data::SqlSelectUser(Sample::kMartin), 2)[0][1],
-            L"Après");
+  EXPECT_EQ(ReadRows(*connection, data::SqlSelectUser(Sample::kMartin), 2)[0][1], L"Après");
   holder.join();
 }
 
@@ -186,3 +184,4 @@ TEST_F(SqliteFault, AReadOnlyFileIsReadAndItsWritesAreToldByTheDatabase) {
 }
 
 }  // namespace
+}  // namespace server_test

@@ -2,9 +2,10 @@
 #include "data/MSQLStatement.h"
 
 // What only the embedded database has, asked in its own words.
+namespace server_test {
 namespace {
 
-using SqliteSchema = server_test::OnSample;
+using SqliteSchema = OnSample;
 using test_support::Sample;
 
 TEST_F(SqliteSchema, IsSound) {
@@ -40,7 +41,7 @@ TEST_F(SqliteSchema, LinksAreFoundThroughAnIndexFromBothSides) {
   }
 }
 
-using SqliteValues = server_test::OnSample;
+using SqliteValues = OnSample;
 
 TEST_F(SqliteValues, AreStoredAsTheirColumnsKind) {
   const auto set = connection_->OpenResultSet(data::SqlSelectUser(900));
@@ -62,3 +63,4 @@ TEST_F(SqliteValues, MalformedTextInTheFileIsReadAsReplacementLetters) {
 }
 
 }  // namespace
+}  // namespace server_test

@@ -4,9 +4,9 @@
 #include "server/core/sql/StatementCache.h"
 #include "server/core/sql/StatementGuard.h"
 
+namespace server_test {
 namespace {
 
-using server_test::FailureOf;
 using test_support::Sample;
 
 // What somebody might try through the program's names, or a broken client might send.
@@ -170,7 +170,7 @@ const wchar_t* const kRefused[] = {
     L"UPDATE OR REPLACE QRUSER SET NAME = 'x(1)', VFLG = 'D' WHERE USERID = 1",
 };
 
-class StatementGuard : public server_test::OnSample {
+class StatementGuard : public OnSample {
  protected:
   // The accounts and the links, which no refused statement changes.
   std::vector<std::vector<std::string>> Links() {
@@ -189,8 +189,8 @@ TEST_F(StatementGuard, RefusesWhateverIsNotInItsGrammarAndChangesNothing) {
   for (const wchar_t* const statement : kRefused) {
     const auto opening = [&] { connection_->OpenResultSet(statement); };
     const auto executing = [&] { connection_->Execute(statement); };
-    EXPECT_EQ(server_test::NumberOf(opening), server::kDatabaseError) << data::ToUtf8(statement);
-    EXPECT_EQ(server_test::NumberOf(executing), server::kDatabaseError) << data::ToUtf8(statement);
+    EXPECT_EQ(NumberOf(opening), server::kDatabaseError) << data::ToUtf8(statement);
+    EXPECT_EQ(NumberOf(executing), server::kDatabaseError) << data::ToUtf8(statement);
   }
   EXPECT_EQ(Links(), before);
 }
@@ -199,8 +199,7 @@ TEST_F(StatementGuard, RefusesANulCharacterInsideAndOutsideALiteral) {
   const std::wstring inside(L"SELECT USERID FROM QRUSER WHERE NAME = 'Ad\0min'", 48);
   const std::wstring outside(L"SELECT USERID FROM QRUSER\0 WHERE NAME = 'Admin'", 47);
   for (const std::wstring& statement : {inside, outside}) {
-    EXPECT_EQ(server_test::NumberOf([&] { connection_->OpenResultSet(statement); }),
-              server::kDatabaseError);
+    EXPECT_EQ(NumberOf([&] { connection_->OpenResultSet(statement); }), server::kDatabaseError);
   }
 }
 
@@ -208,8 +207,7 @@ TEST_F(StatementGuard, RefusesAStatementLongerThanAnyThatIsSent) {
   std::wstring statement = L"SELECT NAME";
   for (int i = 0; i < 1000; ++i) statement += L", NAME";
   statement += L" FROM QRUSER";
-  EXPECT_EQ(server_test::NumberOf([&] { connection_->OpenResultSet(statement); }),
-            server::kDatabaseError);
+  EXPECT_EQ(NumberOf([&] { connection_->OpenResultSet(statement); }), server::kDatabaseError);
 }
 
 TEST_F(StatementGuard, SaysWhereAStatementGoesWrong) {
@@ -228,11 +226,11 @@ TEST_F(StatementGuard, SaysWhereAStatementGoesWrong) {
 }
 
 TEST_F(StatementGuard, DoesNotOpenADeletionNorExecuteASelection) {
-  EXPECT_EQ(server_test::NumberOf([&] {
+  EXPECT_EQ(NumberOf([&] {
               connection_->OpenResultSet(data::SqlDeleteUserMemberships(Sample::kMartin));
             }),
             server::kDatabaseError);
-  EXPECT_EQ(server_test::NumberOf([&] { connection_->Execute(data::SqlSelectAllUsers()); }),
+  EXPECT_EQ(NumberOf([&] { connection_->Execute(data::SqlSelectAllUsers()); }),
             server::kDatabaseError);
   EXPECT_EQ(sample_.Raw().Number("select count(*) from qrusgp where userid = 9"), 3);
 }
@@ -292,3 +290,4 @@ TEST(StatementCache, RemembersNoRefusedShape) {
 }
 
 }  // namespace
+}  // namespace server_test

@@ -7,6 +7,7 @@
 #include "server/core/sessions/CommandLine.h"
 #include "server/engines/Engines.h"
 
+namespace server_test {
 namespace {
 
 // The tool with a folder of its own; output and errors of the last call are kept.
@@ -234,3 +235,4 @@ TEST_F(Tool, RegistersOnlyWhereThereIsSomethingToRegister) {
 }
 
 }  // namespace
+}  // namespace server_test

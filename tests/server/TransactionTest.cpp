@@ -2,12 +2,12 @@
 #include "data/MSQLStatement.h"
 #include "data/ReadScope.h"
 
+namespace server_test {
 namespace {
 
-using server_test::NumberOf;
 using test_support::Sample;
 
-class Transaction : public server_test::OnSample {
+class Transaction : public OnSample {
  protected:
   // Somebody else writes while this session reads: he is locked out of a file, and not seen where
   // the database keeps what is being read apart.
@@ -91,11 +91,10 @@ TEST_F(Transaction, ConnectionsOfOneSessionShareTheirReads) {
   connection_->BeginRead();
   second->BeginRead();
   connection_->EndRead();
-  const auto before =
-      server_test::ReadRows(*second, data::SqlSelectUserPermIds(Sample::kMartin), 1);
+  const auto before = ReadRows(*second, data::SqlSelectUserPermIds(Sample::kMartin), 1);
   test_support::RawDatabase other = sample_.Raw();
   WriteMeanwhile(other, "delete from qruprm");
-  EXPECT_EQ(server_test::ReadRows(*second, data::SqlSelectUserPermIds(Sample::kMartin), 1), before);
+  EXPECT_EQ(ReadRows(*second, data::SqlSelectUserPermIds(Sample::kMartin), 1), before);
   EXPECT_EQ(NumberOf([&] { connection_->EndRead(); }), server::kReadNotBegun);
   second->EndRead();
   other.Execute("delete from qruprm");
@@ -115,3 +114,4 @@ TEST_F(Transaction, AReadScopeThatAnErrorLeavesEndsTheRead) {
 }
 
 }  // namespace
+}  // namespace server_test
