@@ -30,14 +30,29 @@ std::string MysqlSettings(std::chrono::seconds statementTime) {
 
 constexpr Dialect kDialects[] = {
     // A name is looked up by its hash: the usual index refuses texts of some thousand letters.
-    {"PostgreSQL", R"(TEXT COLLATE "C")", R"(VARCHAR(255) COLLATE "C")", "USING HASH (NAME)",
-     "current_schema()", true, true, TextForm::kWide, PostgresqlSettings},
-    {"MariaDB", "TEXT CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin",
-     "VARCHAR(255) CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin", "(NAME(191))", "DATABASE()",
-     false, false, TextForm::kUtf8, MariadbSettings},
-    {"MySQL", "TEXT CHARACTER SET utf8mb4 COLLATE utf8mb4_0900_bin",
-     "VARCHAR(255) CHARACTER SET utf8mb4 COLLATE utf8mb4_0900_bin", "(NAME(191))", "DATABASE()",
-     false, false, TextForm::kUtf8, MysqlSettings},
+    {"PostgreSQL",
+     {R"(TEXT COLLATE "C")", R"(VARCHAR(255) COLLATE "C")", "USING HASH (NAME)", ""},
+     "current_schema()",
+     true,
+     true,
+     TextForm::kWide,
+     PostgresqlSettings},
+    {"MariaDB",
+     {"TEXT CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin",
+      "VARCHAR(255) CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin", "(NAME(191))", ""},
+     "DATABASE()",
+     false,
+     false,
+     TextForm::kUtf8,
+     MariadbSettings},
+    {"MySQL",
+     {"TEXT CHARACTER SET utf8mb4 COLLATE utf8mb4_0900_bin",
+      "VARCHAR(255) CHARACTER SET utf8mb4 COLLATE utf8mb4_0900_bin", "(NAME(191))", ""},
+     "DATABASE()",
+     false,
+     false,
+     TextForm::kUtf8,
+     MysqlSettings},
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "server/core/sql/Schema.h"
 #include "server/engines/odbc/RowBlock.h"
 
 namespace server {
@@ -12,12 +13,7 @@ namespace server {
 struct Dialect {
   // As the driver says it (SQL_DBMS_NAME).
   std::string_view name;
-  // The types of a text and of a short text that is part of a key. Both compare by their letters
-  // alone, whatever the language of the server, blanks at the end included.
-  std::string_view textType;
-  std::string_view keyTextType;
-  // The index by which a name is looked up, as CREATE INDEX has it after the table.
-  std::string_view nameIndex;
+  SchemaWords schema;
   // The expression for the part of the server that tables without further name belong to.
   std::string_view ownSchema;
   // Whether a statement that fails makes the rest of its transaction worthless.

@@ -2,6 +2,7 @@
 
 #include "data/Text.h"
 #include "server/core/Errors.h"
+#include "server/core/sql/Schema.h"
 #include "server/engines/odbc/OdbcSchema.h"
 #include "server/engines/odbc/OdbcStatement.h"
 
@@ -14,7 +15,7 @@ void OdbcEngine::CreateSchema() {
     FailDatabase(L"the database is not empty: it holds " + data::FromUtf8(there));
   }
   try {
-    for (const std::string& statement : OdbcSchema(session_.Kind())) connection.Run(statement);
+    for (const std::string& statement : Schema(session_.Kind().schema)) connection.Run(statement);
   } catch (...) {
     if (!session_.Kind().createsInTransaction) RemoveSchema();
     throw;

@@ -7,9 +7,6 @@
 
 namespace server {
 
-// The statements that create the schema in a dialect, in order.
-std::vector<std::string> OdbcSchema(const Dialect& dialect);
-
 // The question for the name of a table or view of the schema that a database holds; it is answered
 // with nothing where there is none.
 std::string OdbcSchemaQuestion(const Dialect& dialect);

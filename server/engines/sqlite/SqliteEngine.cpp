@@ -2,12 +2,18 @@
 
 #include <string>
 
+#include "server/core/sql/Schema.h"
 #include "server/engines/sqlite/SqliteError.h"
-#include "server/engines/sqlite/SqliteSchema.h"
 #include "server/engines/sqlite/SqliteSettings.h"
 #include "server/engines/sqlite/SqliteStatement.h"
 
 namespace server {
+namespace {
+
+// Texts compare by their bytes.
+constexpr SchemaWords kSchemaWords{"TEXT", "TEXT", "(NAME)", " WITHOUT ROWID"};
+
+}  // namespace
 
 SqliteEngine::SqliteEngine(const std::filesystem::path& file, Mode mode,
                            std::chrono::milliseconds lockWait) {
@@ -26,7 +32,7 @@ SqliteEngine::SqliteEngine(const std::filesystem::path& file, Mode mode,
 }
 
 void SqliteEngine::CreateSchema() {
-  for (const char* const statement : SqliteSchema()) Run(statement);
+  for (const std::string& statement : Schema(kSchemaWords)) Run(statement.c_str());
 }
 
 std::unique_ptr<Statement> SqliteEngine::Prepare(std::string_view sql) {
