@@ -28,6 +28,11 @@ class Desktop {
   void Beep() { system_.Beep(); }
   // Puts a text on the clipboard; false when another program keeps it occupied.
   bool SetClipboardText(const std::wstring& text);
+  // See System::Setting.
+  std::wstring Setting(const std::wstring& name) const { return system_.Setting(name); }
+  void KeepSetting(const std::wstring& name, const std::wstring& text) {
+    system_.KeepSetting(name, text);
+  }
   void BlockSessionEnd(const Form& form, const std::wstring& reason) {
     system_.BlockSessionEnd(form, reason);
   }

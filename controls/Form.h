@@ -66,6 +66,12 @@ class Form {
   // Lets the user resize the form, never below the size of its template.
   void SetResizable(bool resizable);
 
+  // Lets the form be as large, or stand where and as large, as it was when it was last closed, in
+  // this run or an earlier one; to be called in its load. It is kept under the name (see
+  // System::Setting), and only where the user has changed it.
+  enum class Kept { kSize, kPlace };
+  void KeepPlace(const std::wstring& name, Kept what);
+
   // Paints what waits to be painted and lets the system see that the program is alive, without
   // letting any input through. For use in the middle of long work.
   void Repaint();

@@ -38,6 +38,10 @@ class System {
   // On behalf of the owner, null for none; false when another program keeps the clipboard occupied.
   virtual bool SetClipboardText(const Form* owner, const std::wstring& text) = 0;
   virtual void Beep() = 0;
+  // A text that this run or an earlier one has kept for this user under a name; empty when there is
+  // none. What cannot be kept is lost: nothing depends on it.
+  virtual std::wstring Setting(const std::wstring& name) const = 0;
+  virtual void KeepSetting(const std::wstring& name, const std::wstring& text) = 0;
   // Tells why the user's session should not end as long as the form is as it is, or that it may.
   virtual void BlockSessionEnd(const Form& form, const std::wstring& reason) = 0;
   virtual void UnblockSessionEnd(const Form& form) = 0;

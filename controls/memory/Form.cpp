@@ -119,6 +119,9 @@ void Form::SetResizable(bool resizable) {
   peer_->life.resizable = resizable;
 }
 
+// In memory no form has a place.
+void Form::KeepPlace(const std::wstring&, Kept) {}
+
 // Nothing is painted in memory, and what waits in the queue goes on waiting.
 void Form::Repaint() {}
 

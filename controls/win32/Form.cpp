@@ -81,6 +81,10 @@ void Form::SetResizable(bool resizable) {
   peer_->SetResizable(resizable);
 }
 
+void Form::KeepPlace(const std::wstring& name, Kept what) {
+  if (peer_->life.window) peer_->life.memory = FormMemory(name, what);
+}
+
 void Form::Repaint() {
   if (!peer_->life.window) return;
   peer_->RepaintChanged();

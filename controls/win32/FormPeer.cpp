@@ -83,13 +83,22 @@ void Form::Peer::AttachControls() {
 
 void Form::Peer::Show() {
   if (life.shown) return;
-  if (life.ownerWindow) CentreOver(life.window, life.ownerWindow);
-  FitOntoMonitor(life.window, life.resizable);
+  const bool maximised = TakePlace();
   for (Control::Peer* control : controls) control->Showing();
-  ShowWindow(life.window, SW_SHOW);
+  ShowWindow(life.window, maximised ? SW_SHOWMAXIMIZED : SW_SHOW);
   UpdateWindow(life.window);
   life.shown = true;
+  life.memory.Shown(life.window);
   focus.Start();
+}
+
+// In the middle of its owner first: there it has the resolution in which its size is restored.
+bool Form::Peer::TakePlace() const {
+  if (life.ownerWindow) CentreOver(life.window, life.ownerWindow);
+  const bool maximised = life.memory.Restore(life.window, desktop);
+  FitOntoMonitor(life.window, life.resizable);
+  if (life.ownerWindow) CentreOver(life.window, life.ownerWindow);
+  return maximised;
 }
 
 void Form::Peer::StandOver(Peer& below) {
@@ -103,6 +112,7 @@ void Form::Peer::StandOver(Peer& below) {
 
 void Form::Peer::Close() {
   const bool active = GetActiveWindow() == life.window;
+  life.memory.Keep(life.window, desktop);
   life.shown = false;
   // The form below has to take input again before this one goes, or the system would make a window
   // of another program the active one.

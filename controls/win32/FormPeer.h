@@ -8,6 +8,7 @@
 #include "controls/win32/FormBackground.h"
 #include "controls/win32/FormFocus.h"
 #include "controls/win32/FormKeys.h"
+#include "controls/win32/FormMemory.h"
 #include "controls/win32/Handles.h"
 
 namespace controls {
@@ -21,6 +22,7 @@ struct Form::Peer {
     bool shown = false;
     bool unloading = false;
     HWND ownerWindow = nullptr;  // of the form that this one stands over
+    FormMemory memory;
     AnchorLayout layout;
     FormBackground background;
     RECT changed = {};  // where controls have been shown or hidden, and not painted since
@@ -93,6 +95,8 @@ struct Form::Peer {
 
  private:
   void Create(HWND below);
+  // Puts the window where it is to be shown first. True when it is to be maximised.
+  bool TakePlace() const;
   void AttachControls();
   void ShowFont();
   void DropWindows();

@@ -1,6 +1,23 @@
 #include "controls/win32/FormPlace.h"
 
 namespace controls {
+namespace {
+
+MONITORINFO InformationOf(HMONITOR monitor) {
+  MONITORINFO information = {};
+  information.cbSize = sizeof information;
+  GetMonitorInfoW(monitor, &information);
+  return information;
+}
+
+WINDOWPLACEMENT PlacementOf(HWND window) {
+  WINDOWPLACEMENT placement = {};
+  placement.length = sizeof placement;
+  GetWindowPlacement(window, &placement);
+  return placement;
+}
+
+}  // namespace
 
 Area AreaOf(HWND window) {
   RECT place = {};
@@ -8,11 +25,27 @@ Area AreaOf(HWND window) {
   return AreaIn(place);
 }
 
+Area WorkAreaOf(HMONITOR monitor) {
+  return AreaIn(InformationOf(monitor).rcWork);
+}
+
 Area WorkAreaOf(HWND window) {
-  MONITORINFO monitor = {};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-  return AreaIn(monitor.rcWork);
+  return WorkAreaOf(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST));
+}
+
+// The system counts such places from the corner of the work area, not of the monitor.
+Area UnmaximisedAreaOf(HWND window) {
+  if (!IsZoomed(window) && !IsIconic(window)) return AreaOf(window);
+  const MONITORINFO monitor = InformationOf(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST));
+  RECT place = PlacementOf(window).rcNormalPosition;
+  OffsetRect(&place, monitor.rcWork.left - monitor.rcMonitor.left,
+             monitor.rcWork.top - monitor.rcMonitor.top);
+  return AreaIn(place);
+}
+
+bool IsMaximised(HWND window) {
+  if (!IsIconic(window)) return IsZoomed(window) != FALSE;
+  return (PlacementOf(window).flags & WPF_RESTORETOMAXIMIZED) != 0;
 }
 
 void MoveWindowTo(HWND window, const Area& place) {

@@ -13,6 +13,11 @@ inline Area AreaIn(const RECT& place) {
 }
 // What the monitor that shows most of a window has beside the task bar.
 Area WorkAreaOf(HWND window);
+Area WorkAreaOf(HMONITOR monitor);
+// Where a window stands, or would if it were neither maximised nor an icon.
+Area UnmaximisedAreaOf(HWND window);
+// Whether a window is maximised, or is an icon that will be again.
+bool IsMaximised(HWND window);
 void MoveWindowTo(HWND window, const Area& place);
 
 // Puts a window in the middle of another one, on the monitor of that one.

@@ -11,6 +11,9 @@
 namespace controls {
 namespace {
 
+// In characters, the closing zero included.
+constexpr std::size_t kLongestSetting = 128;
+
 HWND WindowOf(const Form* form) {
   return form ? form->BackEnd().life.window : nullptr;
 }
@@ -59,6 +62,21 @@ bool NativeSystem::SetClipboardText(const Form* owner, const std::wstring& text)
 
 void NativeSystem::Beep() {
   MessageBeep(MB_OK);
+}
+
+std::wstring NativeSystem::Setting(const std::wstring& name) const {
+  wchar_t text[kLongestSetting] = {};
+  DWORD size = sizeof text;
+  const bool found =
+      !settingsKey_.empty() && RegGetValueW(HKEY_CURRENT_USER, settingsKey_.c_str(), name.c_str(),
+                                            RRF_RT_REG_SZ, nullptr, text, &size) == ERROR_SUCCESS;
+  return found ? text : std::wstring();
+}
+
+void NativeSystem::KeepSetting(const std::wstring& name, const std::wstring& text) {
+  if (settingsKey_.empty() || text.size() >= kLongestSetting) return;
+  RegSetKeyValueW(HKEY_CURRENT_USER, settingsKey_.c_str(), name.c_str(), REG_SZ, text.c_str(),
+                  static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
 }
 
 void NativeSystem::BlockSessionEnd(const Form& form, const std::wstring& reason) {

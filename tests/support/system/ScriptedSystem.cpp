@@ -40,6 +40,15 @@ void ScriptedSystem::Beep() {
   below_->Beep();
 }
 
+std::wstring ScriptedSystem::Setting(const std::wstring& name) const {
+  const auto found = settings.find(name);
+  return found == settings.end() ? std::wstring() : found->second;
+}
+
+void ScriptedSystem::KeepSetting(const std::wstring& name, const std::wstring& text) {
+  settings[name] = text;
+}
+
 void ScriptedSystem::BlockSessionEnd(const controls::Form& form, const std::wstring& reason) {
   if (answers.BlockSessionEnd) return answers.BlockSessionEnd(form, reason);
   below_->BlockSessionEnd(form, reason);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -35,6 +36,9 @@ class ScriptedSystem : public controls::System {
 
   SystemAnswers answers;
 
+  // What is kept between runs; never that of the user who runs the tests.
+  std::map<std::wstring, std::wstring> settings;
+
   // Has the system below show the message box that the test is being asked for.
   int ShowBox(const std::wstring& prompt, int style, const std::wstring& title);
 
@@ -46,6 +50,8 @@ class ScriptedSystem : public controls::System {
                                  int topic) override;
   bool SetClipboardText(const controls::Form* owner, const std::wstring& text) override;
   void Beep() override;
+  std::wstring Setting(const std::wstring& name) const override;
+  void KeepSetting(const std::wstring& name, const std::wstring& text) override;
   void BlockSessionEnd(const controls::Form& form, const std::wstring& reason) override;
   void UnblockSessionEnd(const controls::Form& form) override;
   void HandleInput(controls::Form& form) override;

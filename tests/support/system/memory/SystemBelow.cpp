@@ -42,6 +42,8 @@ class UnattendedSystem : public controls::System {
   }
   bool SetClipboardText(const controls::Form*, const std::wstring&) override { return false; }
   void Beep() override {}
+  std::wstring Setting(const std::wstring&) const override { return {}; }
+  void KeepSetting(const std::wstring&, const std::wstring&) override {}
   void BlockSessionEnd(const controls::Form&, const std::wstring&) override {}
   void UnblockSessionEnd(const controls::Form&) override {}
   void HandleInput(controls::Form& form) override {
