@@ -24,6 +24,8 @@ constexpr std::chrono::milliseconds kProgressInterval{100};
 
 constexpr const wchar_t* kExecutableName = L"uadmin.exe";
 
+constexpr const wchar_t* kTabSetting = L"Tab";
+
 // The buttons of the window's own row.
 enum WindowButton : int { kRefreshButton, kExitButton };
 
@@ -91,6 +93,7 @@ void frmUserGroupPerm::SettingControls() {
   SetIcon(IDI_PROGRAM);
   TabStrip1.AddTab(text(app::kUsersTab));
   TabStrip1.AddTab(text(app::kGroupsTab));
+  TabStrip1.SetSelectedTab(KeptTab());
   for (AccountPage* page : pages_) page->Load();
   cmdBtn[kRefreshButton].SetCaption(text(app::kRefresh));
   cmdBtn[kExitButton].SetCaption(text(app::kExit));
@@ -113,6 +116,18 @@ void frmUserGroupPerm::SetAnchors() {
     button->SetAnchors(kAnchorRight | kAnchorBottom);
   }
   SetResizable(true);
+  KeepPlace(L"MainWindow", Kept::kPlace);
+}
+
+// The tab that was on view when the window was last closed.
+int frmUserGroupPerm::KeptTab() const {
+  const bool groups = global_.desktop.Setting(kTabSetting) == data::Decimal(kGroupsTab);
+  return groups ? kGroupsTab : kUsersTab;
+}
+
+void frmUserGroupPerm::KeepTab() const {
+  const int tab = TabStrip1.SelectedTab();
+  if (isStarted && tab != KeptTab()) global_.desktop.KeepSetting(kTabSetting, data::Decimal(tab));
 }
 
 void frmUserGroupPerm::SetEvents() {
@@ -323,6 +338,7 @@ void frmUserGroupPerm::Form_KeyUp(int keyCode) {
 }
 
 void frmUserGroupPerm::Form_Unload(bool& /*cancel*/) {
+  KeepTab();
   global_.databaseConnection.reset();
   global_.SessionServer.reset();
 }

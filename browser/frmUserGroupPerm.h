@@ -82,6 +82,8 @@ class frmUserGroupPerm : public controls::Form, private PageHost {
   app::Outcome Start();
   void SettingControls();
   void SetAnchors();
+  int KeptTab() const;
+  void KeepTab() const;
   void SetEvents();
   void AskBeforeOwnAccessEnds();
   AccountPage& Shown() const { return Page(TabStrip1.SelectedTab()); }

@@ -23,6 +23,8 @@ void EditingDialog::SetUpWindow(const std::wstring& caption, controls::CommandBu
   SetCaption(caption);
   SetIcon(IDI_PROGRAM);
   SetResizable(true);
+  // Its help topic is what a dialog is known by for good.
+  KeepPlace(L"Dialog" + std::to_wstring(Topic()), Kept::kSize);
   ok.SetCaption(Text(app::kOk));
   cancel.SetCaption(Text(app::kCancel));
   help.SetCaption(Text(app::kHelp));

@@ -21,6 +21,9 @@ namespace {
 
 constexpr const wchar_t* kProgId = L"Vardex.Vardex.1";
 
+// Where the user's registry keeps how he left the windows.
+constexpr const wchar_t* kSettingsKey = L"Software\\User Administration\\Windows";
+
 // What the process ends with when the program could not start.
 constexpr int kFailedStart = 1;
 
@@ -90,7 +93,7 @@ void LoadFromKnownFoldersOnly() {
 // called.
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
   LoadFromKnownFoldersOnly();
-  controls::NativeSystem system;
+  controls::NativeSystem system(kSettingsKey);
   controls::Desktop desktop(system);
   try {
     return Run(desktop);

@@ -175,5 +175,27 @@ TEST_F(Window, AClickMadeWhileTheTreesAreReadWaitsUntilTheyStand) {
   });
 }
 
+TEST_F(Window, TheTabOnViewIsOnViewAgainAtTheNextStart) {
+  Run([this](frmUserGroupPerm& window) { user.ChooseTab(window.TabStrip1, kGroupsTree); });
+  Run([this](frmUserGroupPerm& window) {
+    EXPECT_EQ(window.TabStrip1.SelectedTab(), kGroupsTree);
+    EXPECT_TRUE(window.Groups.TreeView1.Visible());
+    EXPECT_TRUE(window.Groups.TreeView1.HasFocus());
+    EXPECT_FALSE(window.Users.TreeView1.Visible());
+    EXPECT_FALSE(window.Users.fraUser.Visible());
+    EXPECT_GT(window.Users.accountCount, 0);
+    user.ChooseTab(window.TabStrip1, kUsersTree);
+  });
+  Run([](frmUserGroupPerm& window) { EXPECT_EQ(window.TabStrip1.SelectedTab(), kUsersTree); });
+}
+
+TEST_F(Window, ATabThatThereIsNotIsNotOnView) {
+  for (const wchar_t* kept : {L"2", L"-1", L"01", L"Groupes"}) {
+    desktop.system.settings[L"Tab"] = kept;
+    Run([](frmUserGroupPerm& window) { EXPECT_EQ(window.TabStrip1.SelectedTab(), kUsersTree); });
+    EXPECT_EQ(desktop.system.settings[L"Tab"], kept);
+  }
+}
+
 }  // namespace
 }  // namespace browser

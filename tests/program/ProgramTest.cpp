@@ -11,6 +11,10 @@
 
 namespace program {
 
+ProgramTest::ProgramTest() {
+  RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\User Administration\\Windows");
+}
+
 void ProgramTest::TearDown() {
   for (const auto& program : programs_) {
     if (!program->IsRunning()) continue;

@@ -18,6 +18,8 @@ namespace program {
 // the test.
 class ProgramTest : public ::testing::Test {
  protected:
+  // Nothing is remembered of the windows of an earlier test.
+  ProgramTest();
   void TearDown() override;
 
   Sandbox& Box() { return sandbox_; }
