@@ -106,8 +106,18 @@ void ReadAhead::Read(Walk& walk, const std::vector<std::int64_t>& identifiers) {
     walk.path.WasWasted();
     return;
   }
+  if (walk.statement->plan.many->distinct) bytes = RemoveDoubles(rows);
   bytes_ += bytes;
   walk.rows.merge(rows);
+}
+
+std::size_t ReadAhead::RemoveDoubles(Rows& rows) {
+  std::size_t bytes = 0;
+  for (const auto& [identifier, buffer] : rows) {
+    buffer->RemoveDoubles();
+    bytes += buffer->Bytes();
+  }
+  return bytes;
 }
 
 // False when the rows are too many to be kept.

@@ -62,6 +62,8 @@ class ReadAhead {
   void DropPassed(Walk& walk);
   void Read(Walk& walk, const std::vector<std::int64_t>& identifiers);
   bool ReadRows(const StatementPlan& plan, Cursor& cursor, Rows& rows, std::size_t& bytes) const;
+  // Leaves each row of an identifier once, and returns what all rows take then.
+  static std::size_t RemoveDoubles(Rows& rows);
   Cursor& CursorFor(CachedStatement& statement, std::size_t identifiers);
 
   Engine& engine_;

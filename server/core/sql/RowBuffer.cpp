@@ -6,6 +6,19 @@
 #include "server/core/sql/NameOrder.h"
 
 namespace server {
+namespace {
+
+// Any order serves that tells different values apart: a null is no empty text.
+int Compare(const data::ColumnValue& left, const data::ColumnValue& right) {
+  const auto kind = [](const data::ColumnValue& value) {
+    return value.IsNull() ? 0 : value.IsNumber() ? 1 : 2;
+  };
+  if (kind(left) != kind(right)) return kind(left) < kind(right) ? -1 : 1;
+  if (left.Number() != right.Number()) return left.Number() < right.Number() ? -1 : 1;
+  return left.BorrowedText().compare(right.BorrowedText());
+}
+
+}  // namespace
 
 void RowBuffer::Fill(Cursor& cursor) {
   do Add(cursor, cursor.Columns());
@@ -32,6 +45,22 @@ void RowBuffer::Add(Cursor& cursor, std::size_t columns) {
 
 std::size_t RowBuffer::Bytes() const {
   return cells_.size() * sizeof cells_[0] + order_.size() * sizeof order_[0] + textBytes_;
+}
+
+bool RowBuffer::RowBefore(std::size_t left, std::size_t right) const {
+  for (std::size_t column = 0; column < columns_; ++column) {
+    const int order = Compare(cells_[left * columns_ + column], cells_[right * columns_ + column]);
+    if (order != 0) return order < 0;
+  }
+  return false;
+}
+
+void RowBuffer::RemoveDoubles() {
+  std::stable_sort(order_.begin(), order_.end(),
+                   [this](std::size_t left, std::size_t right) { return RowBefore(left, right); });
+  const auto same = [this](std::size_t left, std::size_t right) { return !RowBefore(left, right); };
+  order_.erase(std::unique(order_.begin(), order_.end(), same), order_.end());
+  std::sort(order_.begin(), order_.end());
 }
 
 void RowBuffer::Sort(std::size_t column) {

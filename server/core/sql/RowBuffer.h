@@ -19,6 +19,8 @@ class RowBuffer {
   void Fill(Cursor& cursor);
   // Takes over the first columns of the cursor's current row alone, as many for each row.
   void Add(Cursor& cursor, std::size_t columns);
+  // Leaves of rows that hold the same the first.
+  void RemoveDoubles();
   // Puts all rows in the order of names, by the text in one column.
   void Sort(std::size_t column);
   // Goes back to the first row.
@@ -35,6 +37,7 @@ class RowBuffer {
   std::size_t Bytes() const;
 
  private:
+  bool RowBefore(std::size_t left, std::size_t right) const;
   std::size_t CellOf(std::size_t column) const { return order_[current_] * columns_ + column; }
 
   std::size_t columns_ = 0;

@@ -1,6 +1,7 @@
 #include "server/core/sql/StatementGuard.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "data/Text.h"
 #include "server/core/Errors.h"
@@ -55,8 +56,10 @@ class Parser {
 
  private:
   void ParseSelect() {
+    const Token word = tokens_.Current();
     const bool distinct = tokens_.SkipWord("DISTINCT");
     const Token star = tokens_.Current();
+    if (distinct) distinct_ = {word, star};
     const bool all = tokens_.SkipSign('*');
     std::vector<ColumnName> names;
     if (!all) {
@@ -228,9 +231,11 @@ class Parser {
     constexpr char kPlace = '\1';
     tokens_.Insert(", " + identifier.name.Sql() + " ", from_);
     tokens_.Replace(identifier.sign, identifier.literal, std::string(" IN (") + kPlace + ")");
+    if (distinct_) tokens_.LeaveOut(distinct_->first, distinct_->second);
     const std::string sql = tokens_.Sql();
     const std::size_t place = sql.find(kPlace);
-    plan_.many = {identifier.column, sql.substr(0, place), sql.substr(place + 1)};
+    plan_.many = {identifier.column, sql.substr(0, place), sql.substr(place + 1),
+                  distinct_.has_value()};
   }
 
   void ListAllColumns(const Token& star) {
@@ -260,6 +265,7 @@ class Parser {
   std::vector<const SchemaTable*> tables_;
   bool narrowed_ = false;  // to the rows of one user, or to what was looked for
   Token from_;
+  std::optional<std::pair<Token, Token>> distinct_;  // the word and what comes after it
   bool oneLiteral_;
   bool hasAlternatives_ = false;          // an OR anywhere
   std::optional<Identifier> identifier_;  // the only literal

@@ -43,11 +43,13 @@ struct StatementPlan {
 
   // The same for several identifiers at once, where the statement's only literal is one that every
   // row of it has in a certain column: the text before and after the identifiers. The engine then
-  // gives that column too, as the last.
+  // gives that column too, as the last. Rows that a statement wants told apart come with their
+  // doubles: an engine that looks for them among those of all identifiers takes far longer.
   struct Many {
     std::string_view column;
     std::string before;
     std::string after;
+    bool distinct = false;
   };
   std::optional<Many> many;
 
