@@ -1,7 +1,9 @@
 #include "server/engines/odbc/OdbcConnection.h"
 
+#include <utility>
 #include <vector>
 
+#include "data/RunTimeError.h"
 #include "server/engines/odbc/ConnectionString.h"
 #include "server/engines/odbc/OdbcError.h"
 #include "server/engines/odbc/WideText.h"
@@ -21,10 +23,15 @@ std::string WithOptions(std::string text) {
   return text;
 }
 
-// A server that hangs answers nothing, not even that time is up: this driver then gives up by
-// itself.
+// How much longer than a statement may take a driver waits for the server, which should have ended
+// it by itself, and how much longer the driver is waited for.
+constexpr std::chrono::seconds kDriverGrace{5};
+constexpr std::chrono::seconds kGrace{7};
+
+// A server that hangs answers nothing, not even that time is up. One of the drivers then gives up
+// by itself; see CallThread.h for the other.
 std::string WithPatience(std::string text, const OdbcTarget& target) {
-  const std::string seconds = std::to_string(target.statementTime.count() + 5);
+  const std::string seconds = std::to_string((target.statementTime + kDriverGrace).count());
   for (const char* const keyword : {"READ_TIMEOUT", "WRITE_TIMEOUT"}) {
     if (!HasKeyword(text, keyword)) text = WithValue(text, keyword, seconds);
   }
@@ -53,27 +60,58 @@ OdbcDiagnosis WithoutPassword(OdbcDiagnosis diagnosis, const std::string& passwo
 
 }  // namespace
 
-OdbcConnection::OdbcConnection(const OdbcTarget& target) : environment_(nullptr) {
-  SQLSetEnvAttr(environment_.Get(), SQL_ATTR_ODBC_VERSION,
+OdbcConnection::Handles::Handles() : environment(nullptr) {
+  SQLSetEnvAttr(environment.Get(), SQL_ATTR_ODBC_VERSION,
                 reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(SQL_OV_ODBC3)), 0);
-  connection_ = OdbcConnectionHandle(environment_.Get());
+  connection = OdbcConnectionHandle(environment.Get());
+}
+
+OdbcConnection::Handles::~Handles() {
+  left.clear();
+  SQLDisconnect(connection.Get());
+}
+
+OdbcConnection::OdbcConnection(const OdbcTarget& target)
+    : statementTime_(target.statementTime), handles_(std::make_shared<Handles>()) {
   SetAttribute(SQL_ATTR_LOGIN_TIMEOUT, static_cast<SQLULEN>(target.connectTime.count()));
-  OdbcText text = ToOdbc(WholeString(target));
-  const SQLRETURN result = SQLDriverConnectW(connection_.Get(), nullptr, text.data(),
-                                             static_cast<SQLSMALLINT>(text.size()), nullptr, 0,
-                                             nullptr, SQL_DRIVER_NOPROMPT);
-  if (!SQL_SUCCEEDED(result)) {
-    FailWith(WithoutPassword(DiagnosisOf(SQL_HANDLE_DBC, connection_.Get()), target.password));
+  Connect(target);
+}
+
+void OdbcConnection::Connect(const OdbcTarget& target) {
+  const auto connect = [handles = handles_, text = ToOdbc(WholeString(target))]() mutable {
+    return SQLDriverConnectW(handles->connection.Get(), nullptr, text.data(),
+                             static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr,
+                             SQL_DRIVER_NOPROMPT);
+  };
+  if (!SQL_SUCCEEDED(CallWithin(target.connectTime, connect))) {
+    FailWith(
+        WithoutPassword(DiagnosisOf(SQL_HANDLE_DBC, handles_->connection.Get()), target.password));
   }
 }
 
 OdbcConnection::~OdbcConnection() {
   // A connection with an open transaction is not let go.
   Rollback();
-  SQLDisconnect(connection_.Get());
+}
+
+SQLRETURN OdbcConnection::Call(std::function<SQLRETURN()> call) const {
+  return CallWithin(statementTime_, std::move(call));
+}
+
+SQLRETURN OdbcConnection::CallWithin(std::chrono::seconds limit,
+                                     std::function<SQLRETURN()> call) const {
+  RequireAnswer();
+  const std::optional<SQLRETURN> result = thread_.Run(std::move(call), limit + kGrace);
+  if (!result) RequireAnswer();
+  return *result;
+}
+
+void OdbcConnection::RequireAnswer() const {
+  if (thread_.IsStuck()) FailWith({"HYT01", "the database server does not answer"});
 }
 
 bool OdbcConnection::IsLost(std::wstring_view message) const {
+  if (thread_.IsStuck()) return true;
   // Connection exceptions, a server that is shutting down, and MariaDB's own words.
   for (const std::wstring_view sign : {L"08", L"57P01", L"57P02", L"57P03", L"HYT01"}) {
     if (message.starts_with(sign)) return true;
@@ -82,47 +120,71 @@ bool OdbcConnection::IsLost(std::wstring_view message) const {
     if (message.find(words) != std::wstring_view::npos) return true;
   }
   SQLUINTEGER dead = SQL_CD_FALSE;
-  SQLGetConnectAttr(connection_.Get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
+  SQLGetConnectAttr(handles_->connection.Get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
   return dead == SQL_CD_TRUE;
 }
 
 void OdbcConnection::Check(SQLRETURN result) const {
-  if (!SQL_SUCCEEDED(result)) FailWith(DiagnosisOf(SQL_HANDLE_DBC, connection_.Get()));
+  if (!SQL_SUCCEEDED(result)) FailWith(DiagnosisOf(SQL_HANDLE_DBC, handles_->connection.Get()));
 }
 
 void OdbcConnection::SetAttribute(SQLINTEGER attribute, SQLULEN value) const {
-  Check(SQLSetConnectAttr(connection_.Get(), attribute, reinterpret_cast<SQLPOINTER>(value), 0));
+  Check(Call([handles = handles_, attribute, value] {
+    return SQLSetConnectAttr(handles->connection.Get(), attribute,
+                             reinterpret_cast<SQLPOINTER>(value), 0);
+  }));
 }
 
 OdbcStatementHandle OdbcConnection::NewStatement() const {
-  OdbcStatementHandle statement(connection_.Get());
+  RequireAnswer();
+  OdbcStatementHandle statement(handles_->connection.Get());
   if (statement.Get() == nullptr) {
-    FailWith(DiagnosisOf(SQL_HANDLE_DBC, connection_.Get()));
+    FailWith(DiagnosisOf(SQL_HANDLE_DBC, handles_->connection.Get()));
   }
   return statement;
 }
 
-namespace {
-
-void Execute(const OdbcStatementHandle& statement, std::string_view sql) {
-  OdbcText text = ToOdbc(sql);
-  const SQLRETURN result =
-      SQLExecDirectW(statement.Get(), text.data(), static_cast<SQLINTEGER>(text.size()));
-  // A statement that finds nothing to delete or change has not failed.
-  if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) {
-    FailWith(DiagnosisOf(SQL_HANDLE_STMT, statement.Get()));
+// Some drivers tell the server that a statement is not wanted any more, and wait for the answer.
+void OdbcConnection::Release(OdbcStatementHandle statement) noexcept {
+  if (statement.Get() == nullptr) return;
+  if (thread_.IsStuck()) {
+    const std::lock_guard lock(handles_->mutex);
+    handles_->left.push_back(std::move(statement));
+    return;
   }
+  const auto kept = std::make_shared<OdbcStatementHandle>(std::move(statement));
+  thread_.Run(
+      [handles = handles_, kept] {
+        *kept = OdbcStatementHandle();
+        return SQLRETURN{SQL_SUCCESS};
+      },
+      statementTime_ + kGrace);
 }
 
-}  // namespace
+OdbcStatementHandle OdbcConnection::Execute(std::string_view sql) const {
+  struct Parts {
+    std::shared_ptr<Handles> handles;
+    OdbcStatementHandle statement;
+    OdbcText text;
+  };
+  const auto parts = std::make_shared<Parts>(Parts{handles_, NewStatement(), ToOdbc(sql)});
+  const SQLRETURN result = Call([parts] {
+    return SQLExecDirectW(parts->statement.Get(), parts->text.data(),
+                          static_cast<SQLINTEGER>(parts->text.size()));
+  });
+  // A statement that finds nothing to delete or change has not failed.
+  if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) {
+    FailWith(DiagnosisOf(SQL_HANDLE_STMT, parts->statement.Get()));
+  }
+  return std::move(parts->statement);
+}
 
 void OdbcConnection::Run(std::string_view sql) const {
-  Execute(NewStatement(), sql);
+  Execute(sql);
 }
 
 std::string OdbcConnection::Ask(std::string_view sql) const {
-  const OdbcStatementHandle statement = NewStatement();
-  Execute(statement, sql);
+  const OdbcStatementHandle statement = Execute(sql);
   if (!SQL_SUCCEEDED(SQLFetch(statement.Get()))) return {};
   SQLWCHAR text[512] = {};
   SQLLEN length = 0;
@@ -134,7 +196,7 @@ std::string OdbcConnection::Ask(std::string_view sql) const {
 std::string OdbcConnection::Info(SQLUSMALLINT what) const {
   SQLWCHAR text[256] = {};
   SQLSMALLINT bytes = 0;
-  Check(SQLGetInfoW(connection_.Get(), what, text, sizeof text, &bytes));
+  Check(SQLGetInfoW(handles_->connection.Get(), what, text, sizeof text, &bytes));
   return FromOdbc(text, static_cast<std::size_t>(bytes) / sizeof *text);
 }
 
@@ -146,7 +208,7 @@ void OdbcConnection::Begin(SQLUINTEGER isolation) {
 }
 
 void OdbcConnection::Commit() {
-  Check(SQLEndTran(SQL_HANDLE_DBC, connection_.Get(), SQL_COMMIT));
+  Check(EndTransaction(SQL_COMMIT));
   inTransaction_ = false;
   SetAttribute(SQL_ATTR_AUTOCOMMIT, SQL_AUTOCOMMIT_ON);
 }
@@ -154,9 +216,18 @@ void OdbcConnection::Commit() {
 void OdbcConnection::Rollback() noexcept {
   if (!inTransaction_) return;
   inTransaction_ = false;
-  SQLEndTran(SQL_HANDLE_DBC, connection_.Get(), SQL_ROLLBACK);
-  SQLSetConnectAttr(connection_.Get(), SQL_ATTR_AUTOCOMMIT,
-                    reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(SQL_AUTOCOMMIT_ON)), 0);
+  try {
+    EndTransaction(SQL_ROLLBACK);
+    SetAttribute(SQL_ATTR_AUTOCOMMIT, SQL_AUTOCOMMIT_ON);
+  } catch (const data::RunTimeError&) {
+    // It went with the connection, which whoever comes next finds lost.
+  }
+}
+
+SQLRETURN OdbcConnection::EndTransaction(SQLSMALLINT how) const {
+  return Call([handles = handles_, how] {
+    return SQLEndTran(SQL_HANDLE_DBC, handles->connection.Get(), how);
+  });
 }
 
 }  // namespace server

@@ -1,10 +1,14 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
+#include <memory>
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "server/engines/odbc/CallThread.h"
 #include "server/engines/odbc/OdbcHandle.h"
 
 namespace server {
@@ -32,8 +36,16 @@ class OdbcConnection {
   OdbcConnection(const OdbcConnection&) = delete;
   OdbcConnection& operator=(const OdbcConnection&) = delete;
 
-  // A new statement handle.
+  // A new statement handle, and the end of one.
   OdbcStatementHandle NewStatement() const;
+  void Release(OdbcStatementHandle statement) noexcept;
+  // Makes a call that the server may have to answer. Raises a database error when it does not
+  // within the time for a statement; the connection is lost then. The call, which may go on for
+  // long after that, must own what it uses.
+  SQLRETURN Call(std::function<SQLRETURN()> call) const;
+  // Raises that error where it was raised once: nothing of this connection may be touched any more.
+  void RequireAnswer() const;
+  bool IsStuck() const { return thread_.IsStuck(); }
   // Whether nothing can be asked on this connection any more, as far as the driver knows after a
   // failure with this message.
   bool IsLost(std::wstring_view message) const;
@@ -53,11 +65,30 @@ class OdbcConnection {
   void Rollback() noexcept;
 
  private:
+  // What a call that was given up needs in the end.
+  struct Handles {
+    Handles();
+    ~Handles();
+    Handles(const Handles&) = delete;
+    Handles& operator=(const Handles&) = delete;
+
+    OdbcEnvironmentHandle environment;
+    OdbcConnectionHandle connection;
+    std::mutex mutex;
+    // Those that could not be freed while a call did not come back.
+    std::vector<OdbcStatementHandle> left;
+  };
+
+  SQLRETURN CallWithin(std::chrono::seconds limit, std::function<SQLRETURN()> call) const;
+  void Connect(const OdbcTarget& target);
   void SetAttribute(SQLINTEGER attribute, SQLULEN value) const;
   void Check(SQLRETURN result) const;
+  OdbcStatementHandle Execute(std::string_view sql) const;
+  SQLRETURN EndTransaction(SQLSMALLINT how) const;
 
-  OdbcEnvironmentHandle environment_;
-  OdbcConnectionHandle connection_;
+  std::chrono::seconds statementTime_;
+  std::shared_ptr<Handles> handles_;
+  mutable CallThread thread_;
   SQLULEN isolation_ = 0;  // 0 before the first transaction
   bool inTransaction_ = false;
 };

@@ -14,7 +14,7 @@ OdbcSession::OdbcSession(OdbcTarget target) : target_(std::move(target)) {
 
 void OdbcSession::Connect() {
   OdbcTarget target = target_;
-  const std::size_t hosts = std::max<std::size_t>(target_.hosts.size(), 1);
+  const std::size_t hosts = Hosts();
   for (std::size_t tried = 1;; ++tried) {
     if (!target_.hosts.empty()) {
       target.connectionString = WithHost(target_.connectionString, target_.hosts[host_]);
@@ -43,7 +43,10 @@ const std::shared_ptr<OdbcConnection>& OdbcSession::Use() {
 }
 
 bool OdbcSession::NoteLoss(const data::RunTimeError& error) {
-  if (error.Number() == kDatabaseError && connection_->IsLost(error.Text())) lost_ = true;
+  if (lost_ || error.Number() != kDatabaseError) return lost_;
+  lost_ = connection_->IsLost(error.Text());
+  // A host that hangs is not asked first again.
+  if (lost_ && connection_->IsStuck()) host_ = (host_ + 1) % Hosts();
   return lost_;
 }
 

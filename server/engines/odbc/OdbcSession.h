@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 
@@ -46,6 +47,7 @@ class OdbcSession {
 
  private:
   void Connect();
+  std::size_t Hosts() const { return std::max<std::size_t>(target_.hosts.size(), 1); }
   bool NeedsSavepoint() const { return reading_ && dialect_->errorEndsTransaction; }
 
   OdbcTarget target_;

@@ -1,6 +1,7 @@
 #include "server/engines/odbc/OdbcStatement.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "server/core/Errors.h"
 #include "server/engines/odbc/OdbcError.h"
@@ -18,8 +19,22 @@ constexpr std::size_t kUsualText = 4000;
 }  // namespace
 
 OdbcStatement::OdbcStatement(OdbcSession& session, std::string_view sql)
-    : session_(session), sql_(sql), reads_(IsSelect(sql)), rows_(nullptr, TextForm::kWide) {
+    : session_(session),
+      sql_(sql),
+      reads_(IsSelect(sql)),
+      parameters_(std::make_shared<Parameters>()) {
   Prepare();
+}
+
+OdbcStatement::~OdbcStatement() = default;
+
+OdbcStatement::Handle::Handle(std::shared_ptr<OdbcConnection> itsConnection, TextForm form)
+    : connection(std::move(itsConnection)),
+      statement(connection->NewStatement()),
+      rows(statement.Get(), form) {}
+
+OdbcStatement::Handle::~Handle() {
+  connection->Release(std::move(statement));
 }
 
 // Some drivers ask the server already here. Nothing is done by it that could be done twice.
@@ -33,26 +48,29 @@ void OdbcStatement::Prepare() {
 }
 
 void OdbcStatement::PrepareOnce() {
-  connection_ = session_.Use();
-  statement_ = connection_->NewStatement();
   const TextForm form = session_.Kind().textForm;
-  rows_ = RowBlock(statement_.Get(), form);
+  handle_ = std::make_shared<Handle>(session_.Use(), form);
+  // A call that was given up may still read what it was given.
+  parameters_ = std::make_shared<Parameters>(*parameters_);
   if (reads_ && form == TextForm::kUtf8) {
-    Check(SQLSetStmtAttr(statement_.Get(), SQL_ATTR_CURSOR_TYPE,
+    Check(SQLSetStmtAttr(handle_->statement.Get(), SQL_ATTR_CURSOR_TYPE,
                          reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(SQL_CURSOR_STATIC)), 0));
   }
-  OdbcText text = ToOdbc(sql_);
-  Check(SQLPrepareW(statement_.Get(), text.data(), static_cast<SQLINTEGER>(text.size())));
+  Check(handle_->connection->Call([handle = handle_, text = ToOdbc(sql_)]() mutable {
+    return SQLPrepareW(handle->statement.Get(), text.data(), static_cast<SQLINTEGER>(text.size()));
+  }));
 }
 
 void OdbcStatement::Check(SQLRETURN result) const {
-  if (!SQL_SUCCEEDED(result)) FailWith(DiagnosisOf(SQL_HANDLE_STMT, statement_.Get()));
+  if (!SQL_SUCCEEDED(result)) FailWith(DiagnosisOf(SQL_HANDLE_STMT, handle_->statement.Get()));
 }
 
 OdbcStatement::Parameter& OdbcStatement::ParameterAt(int parameter) {
   const auto count = static_cast<std::size_t>(parameter);
-  if (parameters_.size() < count) parameters_.resize(count);
-  return parameters_[count - 1];
+  // What a call that was given up reads is not touched any more.
+  if (handle_->connection->IsStuck()) parameters_ = std::make_shared<Parameters>(*parameters_);
+  if (parameters_->size() < count) parameters_->resize(count);
+  return (*parameters_)[count - 1];
 }
 
 void OdbcStatement::Bind(int parameter, std::int64_t number) {
@@ -83,11 +101,11 @@ void OdbcStatement::BindNull(int parameter) {
 
 void OdbcStatement::BindParameters() {
   SQLUSMALLINT position = 0;
-  for (Parameter& bound : parameters_) {
+  for (Parameter& bound : *parameters_) {
     ++position;
     if (bound.isNumber) {
-      Check(SQLBindParameter(statement_.Get(), position, SQL_PARAM_INPUT, SQL_C_SBIGINT, SQL_BIGINT,
-                             0, 0, &bound.number, 0, &bound.length));
+      Check(SQLBindParameter(handle_->statement.Get(), position, SQL_PARAM_INPUT, SQL_C_SBIGINT,
+                             SQL_BIGINT, 0, 0, &bound.number, 0, &bound.length));
       continue;
     }
     BindText(position, bound);
@@ -101,14 +119,15 @@ void OdbcStatement::BindText(SQLUSMALLINT position, Parameter& bound) {
       std::max<std::size_t>(bound.text.size() / (wide ? sizeof(SQLWCHAR) : 1), 1);
   SQLSMALLINT type = wide ? SQL_WVARCHAR : SQL_VARCHAR;
   if (size > kUsualText) type = wide ? SQL_WLONGVARCHAR : SQL_LONGVARCHAR;
-  Check(SQLBindParameter(statement_.Get(), position, SQL_PARAM_INPUT,
+  Check(SQLBindParameter(handle_->statement.Get(), position, SQL_PARAM_INPUT,
                          wide ? SQL_C_WCHAR : SQL_C_CHAR, type, size, 0, bound.text.data(),
                          static_cast<SQLLEN>(bound.text.size()), &bound.length));
 }
 
 void OdbcStatement::Execute() {
   BindParameters();
-  const SQLRETURN result = SQLExecute(statement_.Get());
+  const SQLRETURN result = handle_->connection->Call(
+      [handle = handle_, parameters = parameters_] { return SQLExecute(handle->statement.Get()); });
   // A statement that finds nothing to delete or change has not failed.
   if (result != SQL_NO_DATA) Check(result);
   executed_ = true;
@@ -116,7 +135,7 @@ void OdbcStatement::Execute() {
 
 // A statement that fails within a reading transaction must leave it as it is.
 void OdbcStatement::Run() {
-  if (connection_ != session_.Use()) Prepare();
+  if (handle_->connection != session_.Use()) Prepare();
   if (reads_) {
     session_.BeforeRead();
   } else {
@@ -135,7 +154,10 @@ void OdbcStatement::Run() {
 }
 
 bool OdbcStatement::Step() {
-  if (executed_) return rows_.Next();
+  if (executed_) {
+    handle_->connection->RequireAnswer();
+    return handle_->rows.Next();
+  }
   try {
     Run();
   } catch (const data::RunTimeError& error) {
@@ -143,19 +165,20 @@ bool OdbcStatement::Step() {
     Run();
   }
   SQLSMALLINT columns = 0;
-  Check(SQLNumResultCols(statement_.Get(), &columns));
+  Check(SQLNumResultCols(handle_->statement.Get(), &columns));
   if (columns > 0) {
-    rows_.Start(columns);
-    return rows_.Next();
+    handle_->rows.Start(columns);
+    return handle_->rows.Next();
   }
   SQLLEN affected = 0;
-  Check(SQLRowCount(statement_.Get(), &affected));
+  Check(SQLRowCount(handle_->statement.Get(), &affected));
   session_.rowsAffected = static_cast<std::int32_t>(affected);
   return false;
 }
 
 void OdbcStatement::Reset() noexcept {
-  if (executed_) SQLFreeStmt(statement_.Get(), SQL_CLOSE);
+  if (executed_ && !handle_->connection->IsStuck())
+    SQLFreeStmt(handle_->statement.Get(), SQL_CLOSE);
   executed_ = false;
 }
 

@@ -15,12 +15,15 @@ namespace server {
 class OdbcStatement final : public Statement {
  public:
   OdbcStatement(OdbcSession& session, std::string_view sql);
+  ~OdbcStatement() override;
+  OdbcStatement(const OdbcStatement&) = delete;
+  OdbcStatement& operator=(const OdbcStatement&) = delete;
 
   void Bind(int parameter, std::int64_t number) override;
   void Bind(int parameter, std::string_view text) override;
   void BindNull(int parameter) override;
   bool Step() override;
-  Field Read(int column) override { return rows_.Read(column); }
+  Field Read(int column) override { return handle_->rows.Read(column); }
   void Reset() noexcept override;
 
  private:
@@ -29,6 +32,20 @@ class OdbcStatement final : public Statement {
     std::int64_t number = 0;
     std::string text;               // in the form in which the driver takes it
     SQLLEN length = SQL_NULL_DATA;  // of the text in bytes; 0 for a number
+  };
+
+  using Parameters = std::vector<Parameter>;
+
+  // What the driver reads and writes in a call, which owns it; see CallThread.h.
+  struct Handle {
+    Handle(std::shared_ptr<OdbcConnection> itsConnection, TextForm form);
+    ~Handle();
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+
+    std::shared_ptr<OdbcConnection> connection;  // that the statement is prepared on
+    OdbcStatementHandle statement;
+    RowBlock rows;
   };
 
   Parameter& ParameterAt(int parameter);
@@ -42,11 +59,9 @@ class OdbcStatement final : public Statement {
 
   OdbcSession& session_;
   std::string sql_;
-  bool reads_;                                  // whether it is a SELECT
-  std::shared_ptr<OdbcConnection> connection_;  // that it is prepared on
-  OdbcStatementHandle statement_;
-  std::vector<Parameter> parameters_;
-  RowBlock rows_;
+  bool reads_;  // whether it is a SELECT
+  std::shared_ptr<Handle> handle_;
+  std::shared_ptr<Parameters> parameters_;
   bool executed_ = false;
 };
 
