@@ -63,6 +63,8 @@ std::wstring_view TextOf(SessionError error) {
     case kDatabasePasswordUnreadable:
       return L"Le fichier « % », qui contient le mot de passe de la base de données, est "
              L"illisible.";
+    case kSessionRightLost:
+      return L"L'utilisateur de la session % n'a plus le droit d'administrer les utilisateurs.";
     case kWriteUncertain:
       return L"La connexion à la base de données s'est rompue pendant l'écriture : vérifiez si la "
              L"modification a été enregistrée. %";

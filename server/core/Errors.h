@@ -40,6 +40,7 @@ enum SessionError : long {
   kReadNotBegun = -2147220968,                // 24: EndRead without BeginRead
   kDatabasePasswordUnreadable = -2147220967,  // 25: the file with the database's password
   kWriteUncertain = -2147220966,              // 26: the connection was lost during a write
+  kSessionRightLost = -2147220965,            // 27: the session's user is no administrator any more
 };
 
 // Raises the error with its text. detail names the thing that the text speaks of.

@@ -102,7 +102,8 @@ TEST_F(LostConnection, AHostThatHangsGivesWayToTheNext) {
 }
 
 TEST_F(LostConnection, AStatementThatFailsLeavesTheReadingTransactionAsItIs) {
-  Open();
+  // Whose session is not asked for a right, which the view that goes is part of.
+  Open("", L"Petit");
   sample_.Raw().Execute("insert into qruprm (userid, permid) values (11, 3)");
   const std::int64_t links = sample_.Raw().Number("select count(*) from qruprm where userid = 11");
   connection_->BeginRead();

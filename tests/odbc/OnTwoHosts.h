@@ -26,13 +26,13 @@ class OnTwoHosts : public ::testing::Test {
     return std::stoi(text.substr(text.find("Port=") + 5));
   }
   // Rewrites the source's description.
-  void Open(const std::string& lines = "") {
+  void Open(const std::string& lines = "", std::wstring_view user = L"Admin") {
     const std::string hosts = "127.0.0.1:" + std::to_string(first_.Port()) +
                               ", 127.0.0.1:" + std::to_string(second_.Port());
     std::ofstream(sample_.Home() / "sources" / "test.ini", std::ios::app)
         << "hosts = " << hosts << "\n"
         << lines;
-    server_ = sample_.OpenServer();
+    server_ = sample_.OpenServer(user);
     connection_ = server_->DatabaseConnection();
   }
   // How many rows a statement gives.

@@ -70,6 +70,44 @@ TEST_F(EndedSession, IsRefusedOnceItsUserWasDeleted) {
   ExpectAllRefused(server::kSessionUserGone);
 }
 
+TEST_F(EndedSession, IsRefusedOnceItsUserWasPutOutOfHisGroup) {
+  sample_.Raw().Execute("delete from qrusgp where userid = 2 and groupid = 1");
+  ExpectAllRefused(server::kSessionRightLost);
+  EXPECT_NE(FailureOf([&] { connection_->BeginRead(); }).Text().find(L"n'a plus le droit"),
+            std::wstring::npos);
+}
+
+TEST_F(EndedSession, IsRefusedOnceItsUsersGroupWasDeletedOrLostTheRight) {
+  sample_.Raw().Execute("delete from qrgprm where groupid = 1 and permid = 1");
+  ExpectAllRefused(server::kSessionRightLost);
+  sample_.Raw().Execute("insert into qrgprm (groupid, permid) values (1, 1)");
+  connection_->BeginRead();
+  connection_->EndRead();
+  sample_.Raw().Execute("update qrgroup set name = 'x(1)', vflg = 'D' where groupid = 1");
+  ExpectAllRefused(server::kSessionRightLost);
+}
+
+// A save takes all memberships away and writes them again, those of the session's user too.
+TEST_F(EndedSession, GoesOnWhereItTookItsOwnRightAway) {
+  const auto memberships = connection_->OpenResultSet(data::SqlSelectUserMemberships(2));
+  EXPECT_GT(connection_->Execute(data::SqlDeleteUserMemberships(2)), 0);
+  memberships->AddNew();
+  memberships->SetColumn(L"USERID", 2);
+  memberships->SetColumn(L"GROUPID", 1);
+  memberships->Update();
+  connection_->BeginRead();
+  connection_->EndRead();
+  sample_.Raw().Execute("delete from qrusgp where userid = 2 and groupid = 1");
+  ExpectAllRefused(server::kSessionRightLost);
+}
+
+TEST_F(EndedSession, NeedsNoRightThatItDidNotHaveWhenItWasOpened) {
+  const auto other = sample_.OpenServer(L"Petit");
+  EXPECT_EQ(other->GetRights() & 4, 0);
+  EXPECT_EQ(other->DatabaseConnection()->Execute(data::SqlDeleteUserMemberships(Sample::kMartin)),
+            3);
+}
+
 TEST_F(EndedSession, LeavesNoTransactionOpen) {
   CloseIt();
   EXPECT_THROW(connection_->BeginRead(), data::RunTimeError);

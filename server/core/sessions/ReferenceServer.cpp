@@ -5,7 +5,7 @@
 #include "server/core/accounts/Counters.h"
 #include "server/core/accounts/Rights.h"
 #include "server/core/sessions/CommandLine.h"
-#include "server/core/sessions/Sessions.h"
+#include "server/core/sessions/SessionWatch.h"
 #include "server/core/sql/Query.h"
 #include "server/core/sql/SqlConnection.h"
 
@@ -30,19 +30,12 @@ void ReferenceServer::OpenSession(std::wstring_view sessionText, std::int32_t se
   const SessionArguments arguments = ParseSessionText(sessionText, sessionId);
   const DataSource source = DataSources(options_.home).Find(arguments.source);
   std::unique_ptr<Engine> engine = options_.openEngine(source, options_.lockWait);
-  const std::int32_t userId = CheckSession(*engine, sessionId, arguments.token);
-  // A session that was closed, or whose user is gone, is refused later too and not only here. One
-  // of which nothing is known any more was not closed by anybody and goes on.
-  const auto checkSession = [sessionId, token = arguments.token](Engine& opened) {
-    try {
-      CheckSession(opened, sessionId, token);
-    } catch (const data::RunTimeError& error) {
-      if (error.Number() != kSessionUnknown) throw;
-    }
-  };
-  auto database = std::make_shared<Database>(std::move(engine), checkSession);
+  const SessionUser user = SessionQuery(*engine, true).Check(*engine, sessionId, arguments.token);
+  auto database = std::make_shared<Database>(
+      std::move(engine),
+      std::make_unique<SessionWatch>(sessionId, arguments.token, user.administers));
   session_.emplace(
-      Session{userId, database, DisplayNames(database), PasswordCipher(ReadKey(source))});
+      Session{user.userId, database, DisplayNames(database), PasswordCipher(ReadKey(source))});
 }
 
 ReferenceServer::Session& ReferenceServer::Current() {

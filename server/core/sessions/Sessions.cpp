@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <chrono>
+#include <optional>
 
 #include "data/Text.h"
 #include "server/core/Errors.h"
 #include "server/core/accounts/Crypto.h"
 #include "server/core/accounts/Encoding.h"
+#include "server/core/accounts/Rights.h"
 #include "server/core/sql/Query.h"
 
 namespace server {
@@ -71,15 +73,50 @@ OpenedSession OpenUserSession(Engine& engine, std::int32_t userId) {
   return session;
 }
 
-std::int32_t CheckSession(Engine& engine, std::int32_t sessionId, std::string_view token) {
+namespace {
+
+// The column that says whether one of these permissions is the right to administer users.
+std::string AdministersBy(std::string_view permissions) {
+  return " (SELECT MAX(QRPERM.RIGHTS & " + std::to_string(kAdministerRight) + ") FROM QRPERM, " +
+         std::string(permissions) + ".USERID = QRAUSR.USERID)";
+}
+
+// It comes to a user by his own permissions and by those of his living groups.
+std::string SessionQuestion(bool asksForRight) {
+  std::string columns = "QRAUSR.USERID, QRAUSR.TOKENHASH, QRUSERV.USERID";
+  if (asksForRight) {
+    columns += "," + AdministersBy("QRUPRM WHERE QRPERM.PERMID = QRUPRM.PERMID AND QRUPRM") + "," +
+               AdministersBy(
+                   "QRGPRM, QRUSGPV WHERE QRPERM.PERMID = QRGPRM.PERMID"
+                   " AND QRGPRM.GROUPID = QRUSGPV.GROUPID AND QRUSGPV");
+  }
+  return "SELECT " + columns +
+         " FROM QRAUSR LEFT JOIN QRUSERV ON QRUSERV.USERID = QRAUSR.USERID WHERE QRAUSR.SESID = ?";
+}
+
+}  // namespace
+
+SessionQuery::SessionQuery(Engine& engine, bool asksForRight)
+    : query_(engine, SessionQuestion(asksForRight)), asksForRight_(asksForRight) {}
+
+SessionUser SessionQuery::Check(Engine& engine, std::int32_t sessionId, std::string_view token) {
+  struct Row {
+    std::int64_t user;
+    std::string hash;
+    std::int64_t living;
+    bool administers;
+  };
+  std::optional<Row> row;
+  // Read to its end, so that no lock stays.
+  for (query_.Bind(sessionId); query_.Next();) {
+    row = Row{query_.Number(0), query_.Text(1), query_.Number(2),
+              asksForRight_ && (query_.Number(3) != 0 || query_.Number(4) != 0)};
+  }
+  if (!row) FailNotOpen(engine, sessionId);
   const std::wstring number = data::Decimal(sessionId);
-  Query session(engine,
-                "SELECT QRAUSR.USERID, QRAUSR.TOKENHASH, QRUSERV.USERID FROM QRAUSR "
-                "LEFT JOIN QRUSERV ON QRUSERV.USERID = QRAUSR.USERID WHERE QRAUSR.SESID = ?");
-  if (!session.Bind(sessionId).Next()) FailNotOpen(engine, sessionId);
-  if (!SameBytes(session.Text(1), HashOf(token))) Fail(kTokenWrong, number);
-  if (session.Number(0) != session.Number(2)) Fail(kSessionUserGone, number);
-  return static_cast<std::int32_t>(session.Number(0));
+  if (!SameBytes(row->hash, HashOf(token))) Fail(kTokenWrong, number);
+  if (row->user != row->living) Fail(kSessionUserGone, number);
+  return {static_cast<std::int32_t>(row->user), row->administers};
 }
 
 void CloseUserSession(Engine& engine, std::int32_t sessionId) {

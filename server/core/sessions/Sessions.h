@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "server/core/sql/Engine.h"
+#include "server/core/sql/Query.h"
 
 // The sessions of a database: QRAUSR holds the open ones, QRAUSRX remembers closed ones for a while
 // so that a late caller is told what happened. Of a token only the SHA-256 hash is stored.
@@ -26,9 +26,25 @@ struct SessionEntry {
 // Opens a session for a user, under a number drawn at random from the positive 32-bit ones.
 OpenedSession OpenUserSession(Engine& engine, std::int32_t userId);
 
-// Returns the user of a session. Raises kSessionUnknown, kSessionClosed, kTokenWrong or
-// kSessionUserGone.
-std::int32_t CheckSession(Engine& engine, std::int32_t sessionId, std::string_view token);
+// The user of an open session.
+struct SessionUser {
+  std::int32_t userId = 0;
+  // Whether he has the right to administer users; false where that was not asked for.
+  bool administers = false;
+};
+
+// The question for the user of a session, prepared for being asked more than once.
+class SessionQuery {
+ public:
+  SessionQuery(Engine& engine, bool asksForRight);
+
+  // Raises kSessionUnknown, kSessionClosed, kTokenWrong or kSessionUserGone.
+  SessionUser Check(Engine& engine, std::int32_t sessionId, std::string_view token);
+
+ private:
+  Query query_;
+  bool asksForRight_;
+};
 
 // Raises kSessionUnknown or kSessionClosed.
 void CloseUserSession(Engine& engine, std::int32_t sessionId);

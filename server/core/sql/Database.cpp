@@ -19,8 +19,8 @@ void Bind(Statement& statement, std::span<const Literal> literals) {
 
 }  // namespace
 
-Database::Database(std::unique_ptr<Engine> engine, std::function<void(Engine& engine)> checkSession)
-    : engine_(std::move(engine)), checkSession_(std::move(checkSession)), readAhead_(*engine_) {}
+Database::Database(std::unique_ptr<Engine> engine, std::unique_ptr<SessionCheck> session)
+    : engine_(std::move(engine)), session_(std::move(session)), readAhead_(*engine_) {}
 
 void Database::BeginWrite() {
   RequireSession();
@@ -28,7 +28,7 @@ void Database::BeginWrite() {
 }
 
 void Database::RequireSession() {
-  if (checkSession_) checkSession_(*engine_);
+  if (session_) session_->RequireOpen(*engine_);
 }
 
 std::unique_ptr<CursorLoan> Database::Borrow(std::wstring_view statement, bool select) {
@@ -73,7 +73,9 @@ std::int32_t Database::Execute(std::wstring_view statement) {
   const std::unique_ptr<CursorLoan> cursor = Borrow(statement, false);
   BeginWrite();
   cursor->Get().Step();
-  return engine_->RowsAffected();
+  const std::int32_t affected = engine_->RowsAffected();
+  if (session_) session_->AfterRemoval(*engine_);
+  return affected;
 }
 
 void Database::BeginRead() {

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string_view>
 
 #include "server/core/sql/Engine.h"
 #include "server/core/sql/ReadAhead.h"
+#include "server/core/sql/SessionCheck.h"
 #include "server/core/sql/StatementCache.h"
 
 namespace server {
@@ -15,10 +15,9 @@ namespace server {
 // connections and their result sets, so that whichever is released last closes it.
 class Database {
  public:
-  // checkSession raises an error once the session has ended. It is asked before each write and at
-  // the beginning of each reading transaction.
+  // Without a check the session never ends.
   explicit Database(std::unique_ptr<Engine> engine,
-                    std::function<void(Engine& engine)> checkSession = nullptr);
+                    std::unique_ptr<SessionCheck> session = nullptr);
 
   // Comes before each write: raises the session's error where the session has ended, and lets go
   // what was read ahead.
@@ -59,7 +58,7 @@ class Database {
   void RequireSessionForRead();
 
   std::unique_ptr<Engine> engine_;
-  std::function<void(Engine& engine)> checkSession_;
+  std::unique_ptr<SessionCheck> session_;  // may be null
   StatementCache cache_;
   StatementShape shape_;
   ReadAhead readAhead_;
