@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "app/Journal.h"
 #include "data/SessionServer.h"
 
 namespace controls {
@@ -17,9 +18,11 @@ namespace app {
 // What every window of the program shares for the length of a run. The main function makes it, the
 // main window's load fills it and its unload releases the session server; everybody else borrows.
 struct mGlobal {
-  explicit mGlobal(controls::Desktop& theDesktop) : desktop(theDesktop) {}
+  explicit mGlobal(controls::Desktop& theDesktop) : desktop(theDesktop), journal(theDesktop) {}
 
   controls::Desktop& desktop;
+  // Is told what goes through the database connection, and so outlives it.
+  Journal journal;
   // Makes the session server; the program's own goes through COM.
   std::function<std::unique_ptr<data::SessionServer>()> CreateSessionServer;
 

@@ -6,6 +6,7 @@
 #include "data/MSQLStatement.h"
 #include "data/Rights.h"
 #include "data/Text.h"
+#include "data/WatchedConnection.h"
 
 namespace browser {
 namespace {
@@ -22,7 +23,9 @@ bool StartUp::AttachToSession() {
   }
   global_.SessionServer->SetMode(kAdministrationMode);
   global_.sessionUserText = global_.SessionServer->GetSessionUserText();
-  global_.databaseConnection = global_.SessionServer->DatabaseConnection();
+  global_.journal.Open(global_.sessionUserText);
+  global_.databaseConnection =
+      data::Watched(global_.SessionServer->DatabaseConnection(), global_.journal);
   return true;
 }
 

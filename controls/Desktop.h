@@ -48,6 +48,8 @@ class Desktop {
   std::wstring ProgramFolder() const { return system_.ProgramFolder(); }
   // The whole command line, the program's own name left out.
   std::wstring CommandLine() const { return system_.CommandLine(); }
+  // What else the program asks of its surroundings (see System).
+  const System& Surroundings() const { return system_; }
 
   // Opens a compiled help file at a topic number through the function HtmlHelpForVB of the library
   // kvh_util, which is loaded when it is first needed.

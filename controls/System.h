@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -56,6 +57,16 @@ class System {
   virtual std::wstring ProgramFolder() const = 0;
   // The whole command line, the program's own name left out.
   virtual std::wstring CommandLine() const = 0;
+  // The folder for what programs keep of a user on this machine, without a closing backslash; empty
+  // when there is none.
+  virtual std::wstring LocalDataFolder() const = 0;
+  // The value that an administrator has laid down for a product, for the machine or, where there is
+  // none, for the user; a number in decimal. Nothing where there is neither.
+  virtual std::optional<std::wstring> Policy(const std::wstring& product,
+                                             const std::wstring& name) const = 0;
+  // Where the program runs, and as whom.
+  virtual std::wstring ComputerName() const = 0;
+  virtual std::wstring UserName() const = 0;
 
  protected:
   System() = default;

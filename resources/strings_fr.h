@@ -153,6 +153,19 @@ UADMIN_STRING(506, ", ")
 UADMIN_STRING(507, " et ")
 UADMIN_STRING(508, "Origine inconnue : cliquez sur Rafraîchir.")
 
+// What the journal says of a command that has not come to its end. %1: the account.
+UADMIN_STRING(580, "Création de l'utilisateur %1")
+UADMIN_STRING(581, "Modification de l'utilisateur %1")
+UADMIN_STRING(582, "Suppression de l'utilisateur %1")
+UADMIN_STRING(583, "Création du groupe %1")
+UADMIN_STRING(584, "Modification du groupe %1")
+UADMIN_STRING(585, "Suppression du groupe %1")
+UADMIN_STRING(586, "Modification d'appartenances : %1")
+UADMIN_STRING(587, "Modification de permissions : %1")
+// %1: its folder.
+UADMIN_STRING(588, "Le journal des modifications ne peut pas être écrit dans %1.")
+UADMIN_STRING(589, "Vos modifications sont bien enregistrées ; elles n'y sont pas consignées.")
+
 // Messages. A text that runs over two numbers is shown on two lines.
 UADMIN_STRING(700, "Vos modifications ne seront pas prises en compte dans le système.")
 UADMIN_STRING(701, "Souhaitez-vous poursuivre ?")

@@ -2,7 +2,9 @@
 
 #include <set>
 
+#include "app/MQVXMsgBox.h"
 #include "app/Reported.h"
+#include "app/StringIds.h"
 #include "browser/pages/WaitPointer.h"
 #include "browser/rules/ButtonRules.h"
 #include "browser/rules/TreeKeys.h"
@@ -132,14 +134,29 @@ AccountPage::Selection AccountPage::ReadSelection() {
   return at;
 }
 
+app::JournalEntry::Account AccountPage::Concerned(const Selection& at) const {
+  const data::Table table =
+      layout_.accountCaption == app::kUsers ? data::Table::kUsers : data::Table::kGroups;
+  if (at.id == -1) return {table, -1, {}};
+  return {table, at.id, NameOf(at.account)};
+}
+
 // A button that was clicked has the focus, and its letters: a letter typed to find an account would
 // press another button.
 void AccountPage::Run(const std::function<bool(const Selection& at)>& command) {
   done_.clear();
   const Selection at = ReadSelection();
+  app::Journal& journal = context_.global.journal;
+  app::Journal::Command journaled(journal, Concerned(at));
   if (command(at)) RefreshSelection();
+  journaled.Finish(done_, exchange_.AddNode || !done_.empty());
   host_.ShowDone(done_);
   TreeView1.SetFocus();
+  if (journal.TakeTrouble()) {
+    app::MQVXMsgBox(Global()).ShowInformation(
+        app::FillIn(Global().LoadResString(app::kJournalTrouble1), {journal.Folder()}) + L"\r\n" +
+        Global().LoadResString(app::kJournalTrouble2));
+  }
 }
 
 }  // namespace browser

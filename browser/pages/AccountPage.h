@@ -167,6 +167,7 @@ class AccountPage : public PageView {
  private:
   void SetEvents();
   Selection ReadSelection();
+  app::JournalEntry::Account Concerned(const Selection& at) const;
   bool Confirm(int question, bool ownAccessEnds) const;
   void RemoveAccount(controls::NodeId account);
   void CountNew();

@@ -30,6 +30,11 @@ class NativeSystem : public System {
   int UserDefaultLcid() const override;
   std::wstring ProgramFolder() const override;
   std::wstring CommandLine() const override;
+  std::wstring LocalDataFolder() const override;
+  std::optional<std::wstring> Policy(const std::wstring& product,
+                                     const std::wstring& name) const override;
+  std::wstring ComputerName() const override;
+  std::wstring UserName() const override;
 
  private:
   std::wstring settingsKey_;

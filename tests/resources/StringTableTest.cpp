@@ -93,11 +93,12 @@ int Placeholders(const std::string& text) {
 }
 
 TEST(StringTable, EachTextHasThePlaceholdersThatTheProgramFills) {
-  const std::map<int, int> filled = {{402, 2}, {403, 2}, {404, 3}, {406, 2}, {407, 2}, {413, 1},
-                                     {415, 1}, {425, 1}, {431, 1}, {432, 1}, {433, 1}, {434, 1},
-                                     {435, 1}, {436, 1}, {437, 2}, {438, 2}, {439, 2}, {440, 2},
-                                     {441, 2}, {442, 2}, {443, 2}, {444, 2}, {445, 2}, {446, 1},
-                                     {447, 1}, {502, 1}, {503, 1}, {504, 1}, {505, 1}};
+  const std::map<int, int> filled = {
+      {402, 2}, {403, 2}, {404, 3}, {406, 2}, {407, 2}, {413, 1}, {415, 1}, {425, 1},
+      {431, 1}, {432, 1}, {433, 1}, {434, 1}, {435, 1}, {436, 1}, {437, 2}, {438, 2},
+      {439, 2}, {440, 2}, {441, 2}, {442, 2}, {443, 2}, {444, 2}, {445, 2}, {446, 1},
+      {447, 1}, {502, 1}, {503, 1}, {504, 1}, {505, 1}, {580, 1}, {581, 1}, {582, 1},
+      {583, 1}, {584, 1}, {585, 1}, {586, 1}, {587, 1}, {588, 1}};
   for (const TableEntry& entry : WrittenTable()) {
     const auto expected = filled.find(entry.id);
     EXPECT_EQ(Placeholders(entry.text), expected == filled.end() ? 0 : expected->second)

@@ -80,4 +80,21 @@ std::wstring ScriptedSystem::CommandLine() const {
   return answers.CommandLine ? answers.CommandLine() : below_->CommandLine();
 }
 
+std::wstring ScriptedSystem::LocalDataFolder() const {
+  return answers.LocalDataFolder ? answers.LocalDataFolder() : std::wstring();
+}
+
+std::optional<std::wstring> ScriptedSystem::Policy(const std::wstring& product,
+                                                   const std::wstring& name) const {
+  return answers.Policy ? answers.Policy(product, name) : std::nullopt;
+}
+
+std::wstring ScriptedSystem::ComputerName() const {
+  return below_->ComputerName();
+}
+
+std::wstring ScriptedSystem::UserName() const {
+  return below_->UserName();
+}
+
 }  // namespace test_support

@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,11 @@ struct SystemAnswers {
   std::function<int()> UserDefaultLcid;
   std::function<std::wstring()> ProgramFolder;
   std::function<std::wstring()> CommandLine;
+  // Without it there is none: a test leaves nothing with the user that it runs as.
+  std::function<std::wstring()> LocalDataFolder;
+  // Without it nothing is laid down.
+  std::function<std::optional<std::wstring>(const std::wstring& product, const std::wstring& name)>
+      Policy;
   std::function<controls::HelpOutcome(const controls::Form& form, const std::wstring& file,
                                       int topic)>
       HtmlHelp;
@@ -60,6 +66,11 @@ class ScriptedSystem : public controls::System {
   int UserDefaultLcid() const override;
   std::wstring ProgramFolder() const override;
   std::wstring CommandLine() const override;
+  std::wstring LocalDataFolder() const override;
+  std::optional<std::wstring> Policy(const std::wstring& product,
+                                     const std::wstring& name) const override;
+  std::wstring ComputerName() const override;
+  std::wstring UserName() const override;
 
  private:
   std::unique_ptr<controls::System> below_;

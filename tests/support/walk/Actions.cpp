@@ -242,7 +242,7 @@ void Actions::RefreshByKey() {
 void Actions::ChangeFromOutside() {
   const char* change = walk_.dice.Pick(kOutsideChanges);
   walk_.Note(std::string("somebody else: ") + change);
-  walk_.raw.Execute(change);
+  walk_.ChangeFromOutside(change);
   expected_.isChangedOutside = true;
   checks_.AfterStep();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -24,6 +25,11 @@ class Walk {
       : window(form), user(person), log(calls), raw(database), dice(seed) {}
 
   void Note(const std::string& step) { steps.push_back(step); }
+  // What somebody else does to the database.
+  void ChangeFromOutside(const std::string& statement) {
+    raw.Execute(statement);
+    if (ChangedFromOutside) ChangedFromOutside(statement);
+  }
 
   // The tab on view, which has the index of its tree.
   int Tab() const { return window.TabStrip1.SelectedTab(); }
@@ -44,6 +50,8 @@ class Walk {
   RawDatabase& raw;
   Dice dice;
   std::vector<std::string> steps;  // a line each
+  // Told of what somebody else has done.
+  std::function<void(const std::string& statement)> ChangedFromOutside;
 };
 
 }  // namespace test_support

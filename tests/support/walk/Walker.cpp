@@ -54,8 +54,8 @@ void Walker::DeleteMeanwhile(const controls::Form& form) {
   if (account <= 2 || !walk_.dice.OneIn(10)) return;
   const std::string id = std::to_string(account);
   walk_.Note("  somebody else deletes " + id);
-  walk_.raw.Execute(isUser ? "UPDATE QRUSER SET VFLG = 'D' WHERE USERID = " + id
-                           : "UPDATE QRGROUP SET VFLG = 'D' WHERE GROUPID = " + id);
+  walk_.ChangeFromOutside(isUser ? "UPDATE QRUSER SET VFLG = 'D' WHERE USERID = " + id
+                                 : "UPDATE QRGROUP SET VFLG = 'D' WHERE GROUPID = " + id);
   expected_.isChangedOutside = true;
   run_.ReadDatabase();
 }

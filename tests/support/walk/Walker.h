@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/walk/Actions.h"
@@ -30,6 +32,10 @@ class Walker {
   void Step() { actions_.DoOne(); }
   // What was done so far, a line each.
   const std::vector<std::string>& Steps() const { return walk_.steps; }
+  // Has somebody told of what somebody else does to the database.
+  void WatchOutside(std::function<void(const std::string& statement)> watcher) {
+    walk_.ChangedFromOutside = std::move(watcher);
+  }
   // The commands that have changed the database, by name.
   const std::set<std::string>& Written() const { return run_.Written(); }
 

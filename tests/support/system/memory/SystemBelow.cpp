@@ -58,6 +58,12 @@ class UnattendedSystem : public controls::System {
   int UserDefaultLcid() const override { return 0; }
   std::wstring ProgramFolder() const override { return {}; }
   std::wstring CommandLine() const override { return {}; }
+  std::wstring LocalDataFolder() const override { return {}; }
+  std::optional<std::wstring> Policy(const std::wstring&, const std::wstring&) const override {
+    return std::nullopt;
+  }
+  std::wstring ComputerName() const override { return L"MEMOIRE"; }
+  std::wstring UserName() const override { return L"MEMOIRE\\personne"; }
 };
 
 }  // namespace
