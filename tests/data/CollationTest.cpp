@@ -7,10 +7,11 @@
 
 #include "data/Text.h"
 
+namespace data {
 namespace {
 
 std::string KeyOf(const char* text) {
-  return data::CollationKey(data::FromUtf8(text));
+  return CollationKey(FromUtf8(text));
 }
 
 TEST(Collation, OrdersNamesAsAFrenchReaderExpects) {
@@ -52,26 +53,27 @@ TEST(Collation, LettersWithTwoMarksStandBesideTheirLetter) {
 
 TEST(Collation, AMarkThatIsACharacterOfItsOwnBelongsToTheLetterBeforeIt) {
   const std::wstring apart = L"E\x301mile";
-  EXPECT_EQ(data::CollationKey(apart), KeyOf("Émile"));
-  EXPECT_EQ(data::CollationKey(L"c\x327"), KeyOf("ç"));
+  EXPECT_EQ(CollationKey(apart), KeyOf("Émile"));
+  EXPECT_EQ(CollationKey(L"c\x327"), KeyOf("ç"));
 }
 
 TEST(Collation, TheBeginningOfATextComesBeforeIt) {
   for (const char* text : {"a", "à b", "12", "l'h", "Ωm"}) {
-    std::wstring longer = data::FromUtf8(text);
-    const std::string key = data::CollationKey(longer);
+    std::wstring longer = FromUtf8(text);
+    const std::string key = CollationKey(longer);
     for (const wchar_t next : {L'\'', L' ', L'*', L'0', L'a', L'\xE9', L'\x3A9'}) {
-      EXPECT_LT(key, data::CollationKey(longer + next)) << text;
+      EXPECT_LT(key, CollationKey(longer + next)) << text;
     }
   }
 }
 
 TEST(Collation, KeysHoldNoZeroForAnyUnit) {
   for (unsigned unit = 0; unit <= 0xFFFF; ++unit) {
-    const std::string key = data::CollationKey(std::wstring(1, static_cast<wchar_t>(unit)));
+    const std::string key = CollationKey(std::wstring(1, static_cast<wchar_t>(unit)));
     ASSERT_EQ(key.find('\0'), std::string::npos) << unit;
     ASSERT_GE(key.size(), 2U) << unit;
   }
 }
 
 }  // namespace
+}  // namespace data

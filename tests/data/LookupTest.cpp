@@ -8,26 +8,27 @@
 
 #include "data/RunTimeError.h"
 
+namespace data {
 namespace {
 
 using Rows = std::vector<std::wstring>;
 
 // One column of texts; it can only be read.
-class TextRows : public data::ResultSet {
+class TextRows : public ResultSet {
  public:
   TextRows(const Rows& rows, bool& closed) : rows_(rows), closed_(closed) {}
 
   bool EndOfRows() override { return at_ == rows_.size(); }
-  data::ColumnValue Column(int position) override {
+  ColumnValue Column(int position) override {
     EXPECT_EQ(position, 0);
-    return data::ColumnValue(std::wstring_view(rows_.at(at_)));
+    return ColumnValue(std::wstring_view(rows_.at(at_)));
   }
   void MoveNext() override { ++at_; }
   void MoveFirst() override { at_ = 0; }
   void AddNew() override { ADD_FAILURE(); }
   void Edit() override { ADD_FAILURE(); }
-  void SetColumn(std::wstring_view, const data::FieldValue&) override { ADD_FAILURE(); }
-  void SetColumn(int, const data::FieldValue&) override { ADD_FAILURE(); }
+  void SetColumn(std::wstring_view, const FieldValue&) override { ADD_FAILURE(); }
+  void SetColumn(int, const FieldValue&) override { ADD_FAILURE(); }
   void Update() override { ADD_FAILURE(); }
   void Close() override { closed_ = true; }
 
@@ -37,11 +38,11 @@ class TextRows : public data::ResultSet {
   std::size_t at_ = 0;
 };
 
-class OneStatement : public data::Connection {
+class OneStatement : public Connection {
  public:
   explicit OneStatement(Rows rows) : rows_(std::move(rows)) {}
 
-  std::unique_ptr<data::ResultSet> OpenResultSet(std::wstring_view statement) override {
+  std::unique_ptr<ResultSet> OpenResultSet(std::wstring_view statement) override {
     EXPECT_EQ(statement, L"SELECT");
     return std::make_unique<TextRows>(rows_, closed);
   }
@@ -57,26 +58,27 @@ class OneStatement : public data::Connection {
 
 TEST(Lookups, TheLastRowWinsAndIsTrimmed) {
   OneStatement connection({L"3", L" 12 ", L" 7"});
-  EXPECT_EQ(data::ReadIdentifier(connection, L"SELECT"), 7);
+  EXPECT_EQ(ReadIdentifier(connection, L"SELECT"), 7);
   EXPECT_TRUE(connection.closed);
 }
 
 TEST(Lookups, WithoutARowTheInitialValueStays) {
   OneStatement connection({});
-  EXPECT_EQ(data::ReadIdentifier(connection, L"SELECT"), 0);
-  EXPECT_EQ(data::ReadIdentifier(connection, L"SELECT", -1), -1);
+  EXPECT_EQ(ReadIdentifier(connection, L"SELECT"), 0);
+  EXPECT_EQ(ReadIdentifier(connection, L"SELECT", -1), -1);
   EXPECT_TRUE(connection.closed);
 }
 
 TEST(Lookups, ARowThatIsNoNumberIsAnErrorAlsoWhereAnotherFollows) {
   OneStatement connection({L"x", L"7"});
-  EXPECT_THROW(data::ReadIdentifier(connection, L"SELECT"), data::RunTimeError);
+  EXPECT_THROW(ReadIdentifier(connection, L"SELECT"), RunTimeError);
 }
 
 TEST(Lookups, RowsAreCountedWithoutBeingRead) {
   OneStatement connection({L"x", L"", L"y"});
-  EXPECT_EQ(data::CountRows(connection, L"SELECT"), 3);
+  EXPECT_EQ(CountRows(connection, L"SELECT"), 3);
   EXPECT_TRUE(connection.closed);
 }
 
 }  // namespace
+}  // namespace data

@@ -6,17 +6,15 @@
 
 #include "data/Collation.h"
 
+namespace data {
 namespace {
-
-using data::FoldedText;
-using data::TextFilter;
 
 bool Finds(const std::wstring& filter, const std::wstring& text) {
   return TextFilter(filter).Matches(FoldedText(text));
 }
 
 std::string LettersOfKey(std::wstring_view text) {
-  const std::string key = data::CollationKey(text);
+  const std::string key = CollationKey(text);
   return key.substr(0, key.find('\1'));
 }
 
@@ -137,3 +135,4 @@ TEST(TextFilter, EqualsOneThatAsksForTheSameWords) {
 }
 
 }  // namespace
+}  // namespace data

@@ -7,9 +7,8 @@
 
 #include "data/RunTimeError.h"
 
+namespace data {
 namespace {
-
-using data::ColumnValue;
 
 constexpr std::int64_t kLargest = std::numeric_limits<std::int32_t>::max();
 constexpr std::int64_t kSmallest = std::numeric_limits<std::int32_t>::min();
@@ -19,7 +18,7 @@ long IntegerError(const ColumnValue& value) {
   try {
     value.Integer();
     return 0;
-  } catch (const data::RunTimeError& error) {
+  } catch (const RunTimeError& error) {
     return error.Number();
   }
 }
@@ -30,7 +29,7 @@ TEST(ColumnValues, ANullIsNoIntegerAndAnEmptyText) {
   EXPECT_TRUE(null.IsNullOrEmpty());
   EXPECT_FALSE(null.IsNumber());
   EXPECT_EQ(null.Text(), L"");
-  EXPECT_EQ(IntegerError(null), data::kTypeMismatch);
+  EXPECT_EQ(IntegerError(null), kTypeMismatch);
 }
 
 TEST(ColumnValues, AnIntegerHas32BitsWhetherItComesAsANumberOrAsAText) {
@@ -43,16 +42,17 @@ TEST(ColumnValues, AnIntegerHas32BitsWhetherItComesAsANumberOrAsAText) {
        {kLargest + 1, kSmallest - 1, std::int64_t{1} << 32,
         std::numeric_limits<std::int64_t>::max(), std::numeric_limits<std::int64_t>::min()}) {
     const std::wstring text = std::to_wstring(number);
-    EXPECT_EQ(IntegerError(ColumnValue(number)), data::kOverflow) << number;
-    EXPECT_EQ(IntegerError(ColumnValue(std::wstring_view(text))), data::kOverflow) << number;
+    EXPECT_EQ(IntegerError(ColumnValue(number)), kOverflow) << number;
+    EXPECT_EQ(IntegerError(ColumnValue(std::wstring_view(text))), kOverflow) << number;
     EXPECT_EQ(ColumnValue(number).Text(), text);
   }
 }
 
 TEST(ColumnValues, ATextThatIsNoNumberIsATypeMismatch) {
   for (const wchar_t* text : {L"", L"  ", L"x", L"1x", L"-", L"1.5"}) {
-    EXPECT_EQ(IntegerError(ColumnValue(std::wstring_view(text))), data::kTypeMismatch);
+    EXPECT_EQ(IntegerError(ColumnValue(std::wstring_view(text))), kTypeMismatch);
   }
 }
 
 }  // namespace
+}  // namespace data

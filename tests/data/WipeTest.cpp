@@ -9,6 +9,7 @@
 
 #include "data/SecretText.h"
 
+namespace data {
 namespace {
 
 const std::wstring kShort = L"sec";   // lies within the string object
@@ -33,7 +34,7 @@ TEST(Wipe, LeavesTheTextEmptyAndItsStorageZero) {
   for (const std::wstring& secret : {kShort, kLong}) {
     std::wstring text = secret;
     const wchar_t* storage = text.data();
-    data::Wipe(text);
+    Wipe(text);
     EXPECT_TRUE(text.empty());
     EXPECT_EQ(text.data(), storage);
     EXPECT_FALSE(Holds(storage, secret.size() * sizeof(wchar_t), L's'));
@@ -44,24 +45,24 @@ TEST(Wipe, LeavesTheTextEmptyAndItsStorageZero) {
 TEST(Wipe, ReachesWhatALongerTextLeftInTheStorage) {
   std::wstring text = kLong;
   text.resize(3);
-  data::Wipe(text);
+  Wipe(text);
   EXPECT_FALSE(Holds(text.data(), kLong.size() * sizeof(wchar_t), L's'));
 }
 
 TEST(Wipe, OverwritesTextsOfBytesAndPlainMemory) {
   std::string text(100, 's');
-  data::Wipe(text);
+  Wipe(text);
   EXPECT_TRUE(text.empty());
   EXPECT_TRUE(StorageIsZero(text));
 
   std::array<char, 8> memory = {'s', 'e', 'c', 'r', 'e', 't', '!', '!'};
-  data::Wipe(memory.data(), 6);
+  Wipe(memory.data(), 6);
   EXPECT_EQ(std::string(memory.data(), 8), std::string("\0\0\0\0\0\0!!", 8));
 }
 
 TEST(SecretText, OverwritesItselfWhenItDies) {
-  alignas(data::SecretText) std::array<unsigned char, sizeof(data::SecretText)> memory = {};
-  auto* secret = new (memory.data()) data::SecretText(std::wstring(kShort));
+  alignas(SecretText) std::array<unsigned char, sizeof(SecretText)> memory = {};
+  auto* secret = new (memory.data()) SecretText(std::wstring(kShort));
   ASSERT_EQ(secret->Text(), kShort);
   ASSERT_TRUE(Holds(memory.data(), memory.size(), L's'));
   secret->~SecretText();
@@ -70,18 +71,18 @@ TEST(SecretText, OverwritesItselfWhenItDies) {
 
 TEST(SecretText, LeavesNothingInTheTextItWasMadeOf) {
   std::wstring source = kShort;
-  const data::SecretText secret(std::move(source));
+  const SecretText secret(std::move(source));
   EXPECT_EQ(secret.Text(), kShort);
   EXPECT_FALSE(Holds(&source, sizeof source, L's'));
 }
 
 TEST(SecretText, LeavesNothingInTheOneItWasMovedFrom) {
-  data::SecretText first{std::wstring(kShort)};
-  data::SecretText second(std::move(first));
+  SecretText first{std::wstring(kShort)};
+  SecretText second(std::move(first));
   EXPECT_EQ(second.Text(), kShort);
   EXPECT_FALSE(Holds(&first, sizeof first, L's'));
 
-  data::SecretText third{std::wstring(L"another")};
+  SecretText third{std::wstring(L"another")};
   third = std::move(second);
   EXPECT_EQ(third.Text(), kShort);
   EXPECT_FALSE(Holds(&second, sizeof second, L's'));
@@ -89,3 +90,4 @@ TEST(SecretText, LeavesNothingInTheOneItWasMovedFrom) {
 }
 
 }  // namespace
+}  // namespace data

@@ -6,6 +6,7 @@
 #include "server/core/Errors.h"
 #include "server/core/sql/Query.h"
 
+namespace odbc_test {
 namespace {
 
 using test_support::Forwarder;
@@ -123,3 +124,4 @@ TEST_F(LostConnection, AStatementThatFailsLeavesTheReadingTransactionAsItIs) {
 }
 
 }  // namespace
+}  // namespace odbc_test

@@ -10,12 +10,13 @@
 #include "server/engines/Engines.h"
 #include "server/engines/odbc/OdbcEngine.h"
 
+namespace odbc_test {
 namespace {
 
 using test_support::ServerDatabase;
 using test_support::TestEngine;
 
-class Odbc : public odbc_test::OnServer {
+class Odbc : public OnServer {
  protected:
   server::OdbcTarget Target() const {
     server::OdbcTarget target;
@@ -142,3 +143,4 @@ TEST_F(Odbc, AnUpdateCountsTheRowsThatItMeetsChangedOrNot) {
 }
 
 }  // namespace
+}  // namespace odbc_test

@@ -9,12 +9,13 @@
 #include "server/core/sessions/CommandLine.h"
 #include "server/engines/Engines.h"
 
+namespace odbc_test {
 namespace {
 
 using test_support::RawDatabase;
 using test_support::ServerDatabase;
 
-class SourceCommand : public odbc_test::OnServer {
+class SourceCommand : public OnServer {
  protected:
   void SetUp() override {
     ASSERT_EQ(Create(), 0) << errors_;
@@ -156,3 +157,4 @@ TEST_F(SourceCommand, AFileGrowsIntoADatabaseServerAndBack) {
 }
 
 }  // namespace
+}  // namespace odbc_test

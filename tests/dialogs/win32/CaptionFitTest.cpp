@@ -14,6 +14,7 @@
 #include "dialogs/frmNewUser.h"
 #include "tests/support/dialogs/DialogFixture.h"
 
+namespace dialogs {
 namespace {
 
 // What a push button's border and focus rectangle take on each side, in dialog units' worth of
@@ -135,27 +136,27 @@ TEST_F(CaptionFit, TheMainWindowHasRoomOnBothTabs) {
 }
 
 TEST_F(CaptionFit, TheUserDialogsHaveRoom) {
-  dialogs::frmNewUser create(exchange);
+  frmNewUser create(exchange);
   ExpectGoodDialog(create);
-  dialogs::frmEditUser edit(exchange);
+  frmEditUser edit(exchange);
   edit.UserID = 9;
   ExpectGoodDialog(edit);
 }
 
 TEST_F(CaptionFit, TheGroupDialogsHaveRoom) {
-  dialogs::frmNewGroup create(exchange);
+  frmNewGroup create(exchange);
   ExpectGoodDialog(create);
-  dialogs::frmEditGroup edit(exchange);
+  frmEditGroup edit(exchange);
   edit.GroupID = 6;
   ExpectGoodDialog(edit);
 }
 
 TEST_F(CaptionFit, TheChoosersHaveRoom) {
-  dialogs::frmAddUserInGroup users(exchange);
+  frmAddUserInGroup users(exchange);
   users.GroupID = 6;
   users.GroupName = L"Qualité";
   ExpectGoodDialog(users);
-  dialogs::frmListItem items(exchange);
+  frmListItem items(exchange);
   items.ListKind = L"Groupes";
   items.RelationName = L"Membre du Groupe";
   items.OwnerID = 9;
@@ -163,3 +164,4 @@ TEST_F(CaptionFit, TheChoosersHaveRoom) {
 }
 
 }  // namespace
+}  // namespace dialogs
