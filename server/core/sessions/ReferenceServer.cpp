@@ -12,6 +12,9 @@
 namespace server {
 namespace {
 
+// How often an identifier is drawn again that somebody on another node of a cluster has drawn too.
+constexpr int kMostRepeats = 100;
+
 constexpr std::wstring_view kTitle = L"Serveur de session Vardex";
 
 }  // namespace
@@ -67,10 +70,16 @@ std::int32_t ReferenceServer::NewIdentifier(std::wstring_view counterName) {
   const std::string name = data::ToUtf8(counterName);
   database.BeginWrite();
   if (database.Reading()) return DrawIdentifier(database.Get(), name);
-  WriteTransaction transaction(database.Get());
-  const std::int32_t identifier = DrawIdentifier(database.Get(), name);
-  transaction.Commit();
-  return identifier;
+  for (int repeats = 0;; ++repeats) {
+    try {
+      WriteTransaction transaction(database.Get());
+      const std::int32_t identifier = DrawIdentifier(database.Get(), name);
+      transaction.Commit();
+      return identifier;
+    } catch (const data::RunTimeError& error) {
+      if (repeats == kMostRepeats || !database.Get().IsConflict(error)) throw;
+    }
+  }
 }
 
 std::wstring ReferenceServer::EncryptPassword(std::wstring_view plainText, std::int32_t userId) {

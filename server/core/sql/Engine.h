@@ -4,6 +4,8 @@
 #include <memory>
 #include <string_view>
 
+#include "data/RunTimeError.h"
+
 // The place where a database engine is plugged in. The session server above it speaks the part of
 // SQL that all engines share, with a question mark for each parameter; what differs between engines
 // stands behind these two classes: types and indexes of the schema, settings of a connection, locks
@@ -55,6 +57,10 @@ class Engine {
   virtual void BeginWriting() = 0;
   virtual void Commit() = 0;
   virtual void Rollback() noexcept = 0;
+
+  // Whether an error ended a writing transaction for the sake of somebody else's, who was faster:
+  // done once more it may go through.
+  virtual bool IsConflict(const data::RunTimeError&) const { return false; }
 };
 
 }  // namespace server

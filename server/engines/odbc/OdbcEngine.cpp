@@ -33,6 +33,10 @@ void OdbcEngine::RemoveSchema() noexcept {
   }
 }
 
+bool OdbcEngine::IsConflict(const data::RunTimeError& error) const {
+  return error.Text().starts_with(L"40001");
+}
+
 std::unique_ptr<Statement> OdbcEngine::Prepare(std::string_view sql) {
   return std::make_unique<OdbcStatement>(session_, sql);
 }

@@ -22,6 +22,7 @@ class OdbcEngine final : public Engine {
   void BeginWriting() override { session_.BeginWriting(); }
   void Commit() override { session_.Commit(); }
   void Rollback() noexcept override { session_.Rollback(); }
+  bool IsConflict(const data::RunTimeError& error) const override;
 
  private:
   void RemoveSchema() noexcept;
