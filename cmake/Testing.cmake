@@ -101,7 +101,7 @@ endfunction()
 # Private database servers, which ctest starts before the tests that need them and stops after them.
 set(UADMIN_SERVERS ${CMAKE_BINARY_DIR}/servers)
 if(NOT WIN32 AND NOT TEST check-start-postgresql)
-  foreach(kind postgresql mariadb)
+  foreach(kind postgresql mariadb cluster)
     uadmin_check(start-${kind} COMMAND scripts/database-server start ${kind}
                  ${UADMIN_SERVERS}/${kind})
     uadmin_check(stop-${kind} COMMAND scripts/database-server stop ${UADMIN_SERVERS}/${kind})
@@ -110,13 +110,17 @@ if(NOT WIN32 AND NOT TEST check-start-postgresql)
   endforeach()
 endif()
 
-# uadmin_run_on_servers(NAME FILTER): runs a test program on each of them, with those of its tests that
-# a filter of googletest leaves. Natively only.
+# uadmin_run_on_servers(NAME FILTER [KIND ...]): runs a test program on each of the single servers, or on
+# those named, with those of its tests that a filter of googletest leaves. Natively only.
 function(uadmin_run_on_servers name filter)
   if(WIN32)
     return()
   endif()
-  foreach(kind postgresql mariadb)
+  set(kinds ${ARGN})
+  if(NOT kinds)
+    set(kinds postgresql mariadb)
+  endif()
+  foreach(kind IN LISTS kinds)
     add_test(NAME ${name}_${kind} COMMAND ${name} --gtest_filter=${filter})
     set_tests_properties(${name}_${kind} PROPERTIES
       TIMEOUT ${UADMIN_TEST_SECONDS}

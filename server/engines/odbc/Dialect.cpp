@@ -28,6 +28,15 @@ std::string MysqlSettings(std::chrono::seconds statementTime) {
                            statementTime);
 }
 
+constexpr ClusterWords kGalera = {
+    "SELECT VARIABLE_VALUE FROM information_schema.GLOBAL_VARIABLES WHERE VARIABLE_NAME = "
+    "'WSREP_ON'",
+    "SELECT 1 FROM (SELECT 1) AS PROBE",
+    "WSREP has not yet prepared node",
+    "SET SESSION wsrep_sync_wait = 3",
+    "Lock wait timeout exceeded",
+};
+
 constexpr Dialect kDialects[] = {
     // A name is looked up by its hash: the usual index refuses texts of some thousand letters.
     {"PostgreSQL",
@@ -36,7 +45,8 @@ constexpr Dialect kDialects[] = {
      true,
      true,
      TextForm::kWide,
-     PostgresqlSettings},
+     PostgresqlSettings,
+     {}},
     {"MariaDB",
      {"TEXT CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin",
       "VARCHAR(255) CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin", "(NAME(191))", ""},
@@ -44,7 +54,8 @@ constexpr Dialect kDialects[] = {
      false,
      false,
      TextForm::kUtf8,
-     MariadbSettings},
+     MariadbSettings,
+     kGalera},
     {"MySQL",
      {"TEXT CHARACTER SET utf8mb4 COLLATE utf8mb4_0900_bin",
       "VARCHAR(255) CHARACTER SET utf8mb4 COLLATE utf8mb4_0900_bin", "(NAME(191))", ""},
@@ -52,7 +63,8 @@ constexpr Dialect kDialects[] = {
      false,
      false,
      TextForm::kUtf8,
-     MysqlSettings},
+     MysqlSettings,
+     {}},
 };
 
 }  // namespace

@@ -9,6 +9,20 @@
 
 namespace server {
 
+// What a database server says and is told where it is one node of a cluster.
+struct ClusterWords {
+  // The question that a node answers with ON; empty for a kind that knows no clusters.
+  std::string_view question;
+  // A statement that a node refuses which is cut off from most others, and a piece of its refusal:
+  // nothing was done then.
+  std::string_view probe;
+  std::string_view refusal;
+  // Has a connection see whatever was written on any node before, and a piece of what is said to a
+  // statement that only reads when the node cannot come by that.
+  std::string_view settings;
+  std::string_view lag;
+};
+
 // What one kind of database server has of its own.
 struct Dialect {
   // As the driver says it (SQL_DBMS_NAME).
@@ -23,6 +37,7 @@ struct Dialect {
   TextForm textForm;
   // The statement that sets up a new connection, none of whose statements may take longer.
   std::string (*settings)(std::chrono::seconds statementTime);
+  ClusterWords cluster;
 };
 
 // The dialect for the database that a driver says it talks to. Raises a database error for one that

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "data/Text.h"
 #include "server/core/Errors.h"
 #include "server/engines/odbc/ConnectionString.h"
 
@@ -11,6 +12,23 @@ namespace server {
 OdbcSession::OdbcSession(OdbcTarget target) : target_(std::move(target)) {
   Connect();
 }
+
+namespace {
+
+bool Holds(const data::RunTimeError& error, std::string_view piece) {
+  return !piece.empty() && error.Text().find(data::FromUtf8(piece)) != std::wstring::npos;
+}
+
+// Whether the server is a node of a cluster. One that is cut off fails here, so that the next is
+// tried.
+bool JoinCluster(const OdbcConnection& connection, const ClusterWords& words) {
+  if (words.question.empty() || connection.Ask(words.question) != "ON") return false;
+  connection.Run(words.probe);
+  connection.Run(words.settings);
+  return true;
+}
+
+}  // namespace
 
 void OdbcSession::Connect() {
   OdbcTarget target = target_;
@@ -23,6 +41,7 @@ void OdbcSession::Connect() {
       auto connection = std::make_shared<OdbcConnection>(target);
       const Dialect& dialect = DialectFor(connection->Info(SQL_DBMS_NAME));
       connection->Run(dialect.settings(target.statementTime));
+      inCluster_ = JoinCluster(*connection, dialect.cluster);
       connection_ = std::move(connection);
       dialect_ = &dialect;
       lost_ = false;
@@ -48,6 +67,14 @@ bool OdbcSession::NoteLoss(const data::RunTimeError& error) {
   // A host that hangs is not asked first again.
   if (lost_ && connection_->IsStuck()) host_ = (host_ + 1) % Hosts();
   return lost_;
+}
+
+bool OdbcSession::IsRefusal(const data::RunTimeError& error) const {
+  return Holds(error, dialect_->cluster.refusal);
+}
+
+void OdbcSession::NoteLag(const data::RunTimeError& error) {
+  if (inCluster_ && Holds(error, dialect_->cluster.lag)) lost_ = true;
 }
 
 void OdbcSession::BeginReading() {

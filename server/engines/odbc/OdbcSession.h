@@ -42,6 +42,10 @@ class OdbcSession {
 
   // Whether a failure means that the connection is lost. It is not used any more then.
   bool NoteLoss(const data::RunTimeError& error);
+  // Takes a connection for lost whose node, as a read has failed, does not get on with its cluster.
+  void NoteLag(const data::RunTimeError& error);
+  // Whether a failure says that a node of a cluster did nothing of what it was told.
+  bool IsRefusal(const data::RunTimeError& error) const;
 
   std::int32_t rowsAffected = 0;
 
@@ -54,6 +58,7 @@ class OdbcSession {
   std::size_t host_ = 0;  // the one that answered last
   std::shared_ptr<OdbcConnection> connection_;
   const Dialect* dialect_ = nullptr;
+  bool inCluster_ = false;
   bool lost_ = false;
   bool inTransaction_ = false;
   bool reading_ = false;    // in a reading transaction

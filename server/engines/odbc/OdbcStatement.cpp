@@ -42,6 +42,7 @@ void OdbcStatement::Prepare() {
   try {
     PrepareOnce();
   } catch (const data::RunTimeError& error) {
+    session_.NoteLag(error);
     if (!session_.NoteLoss(error) || session_.InTransaction()) throw;
     PrepareOnce();
   }
@@ -144,7 +145,9 @@ void OdbcStatement::Run() {
   try {
     Execute();
   } catch (const data::RunTimeError& error) {
-    if (session_.NoteLoss(error) && !reads_ && !session_.InTransaction()) {
+    if (reads_) session_.NoteLag(error);
+    const bool lost = session_.NoteLoss(error) && !session_.IsRefusal(error);
+    if (lost && !reads_ && !session_.InTransaction()) {
       Fail(kWriteUncertain, error.Text());
     }
     session_.AfterFailedStatement();
