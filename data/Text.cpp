@@ -134,6 +134,17 @@ std::wstring Decimal(std::int64_t number) {
   return std::to_wstring(number);
 }
 
+std::wstring GroupedDecimal(std::int64_t number) {
+  constexpr wchar_t kNoBreakSpace = 0xA0;
+  std::wstring text = Decimal(number);
+  const std::size_t first = number < 0 ? 1 : 0;
+  for (std::size_t at = text.size(); at > first + 3;) {
+    at -= 3;
+    text.insert(at, 1, kNoBreakSpace);
+  }
+  return text;
+}
+
 std::int32_t ToInteger(std::wstring_view text) {
   text = Trim(text);
   const bool negative = !text.empty() && text[0] == L'-';

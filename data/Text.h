@@ -22,6 +22,9 @@ std::wstring_view Trim(std::wstring_view text);
 // The decimal text of a number, without padding, and without sign when it is not negative.
 std::wstring Decimal(std::int64_t number);
 
+// The same for people to read: a no-break space stands between groups of three digits.
+std::wstring GroupedDecimal(std::int64_t number);
+
 // Converts a decimal text to a 32-bit integer after trimming it. Raises 13 when it is not a number
 // and 6 when it does not fit.
 std::int32_t ToInteger(std::wstring_view text);

@@ -41,6 +41,14 @@ TEST(Text, TrimTakesBlanksOnly) {
   EXPECT_EQ(Trim(L"   "), L"");
 }
 
+TEST(Text, APersonFindsTheDigitsOfANumberInGroupsOfThree) {
+  EXPECT_EQ(GroupedDecimal(0), L"0");
+  EXPECT_EQ(GroupedDecimal(999), L"999");
+  EXPECT_EQ(GroupedDecimal(-999), L"-999");
+  EXPECT_EQ(GroupedDecimal(30000), std::wstring(L"30\xA0") + L"000");
+  EXPECT_EQ(GroupedDecimal(-1234567), std::wstring(L"-1\xA0") + L"234" + L"\xA0" + L"567");
+}
+
 TEST(Text, ToIntegerTrimsAndReadsTheWhole32BitRange) {
   EXPECT_EQ(ToInteger(L" 17 "), 17);
   EXPECT_EQ(ToInteger(L"-2147483648"), -2147483647 - 1);
