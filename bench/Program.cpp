@@ -122,7 +122,7 @@ void Refresh(browser::frmUserGroupPerm& window) {
 void Settle(browser::frmUserGroupPerm& window) {
   for (const int tab : {0, 1}) {
     controls::TreeModel& tree = controls::ModelOf(window.Page(tab).TreeView1);
-    static_cast<void>(tree.ChildrenInOrder(tree.Nodes().Root()));
+    static_cast<void>(tree.ChildrenOnView(tree.Nodes().Root()));
   }
   window.Repaint();
 }

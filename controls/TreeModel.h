@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "controls/TreeFilter.h"
 #include "controls/TreeView.h"
 
 namespace controls {
@@ -16,8 +17,8 @@ class TreeModel {
   // show what has become of them.
   class View {
    public:
-    // A child of this parent, kNoNode for a root, has been added.
-    virtual void Added(NodeId parent) = 0;
+    // A child of this parent, kNoNode for a root, has been added, or others are on view.
+    virtual void ChildrenChanged(NodeId parent) = 0;
     // The node, or all below it, or every node, is about to be removed.
     virtual void Removing(NodeId node) = 0;
     virtual void RemovingChildren(NodeId node) = 0;
@@ -48,8 +49,11 @@ class TreeModel {
 
   const TreeNodes& Nodes() const { return nodes_; }
   NodeId Selected() const { return selected_; }
-  // The children of a node, of kNoNode the roots, as a view shows them. They keep that order.
-  std::vector<NodeId> ChildrenInOrder(NodeId parent);
+  const TreeFilter& Filter() const { return filter_; }
+  // The children of a node, of kNoNode the roots, that a view shows while the node is open. All
+  // children keep the order that these have.
+  std::vector<NodeId> ChildrenOnView(NodeId parent);
+  bool HasChildrenOnView(NodeId parent) const;
   // In the middle of a batch of changes.
   bool Updating() const { return updates_ > 0; }
 
@@ -65,11 +69,13 @@ class TreeModel {
   void SetText(NodeId node, std::wstring_view text);
   void SetImage(NodeId node, int image);
   void SetSorted(NodeId node, bool sorted);
-  void SetStoredName(NodeId node, std::wstring_view name) { nodes_.SetStoredName(node, name); }
+  void SetStoredName(NodeId node, std::wstring_view name);
   // Does nothing where the node is so already.
   void SetExpanded(NodeId node, bool expanded);
   void Select(NodeId node);
   void EnsureVisible(NodeId node);
+  void SetFilter(TreeFilterRule rule);
+  NodeId FirstMatch() const;
   void BeginUpdate() { ++updates_; }
   // The last one sweeps the texts that no node shows.
   void EndUpdate();
@@ -93,9 +99,12 @@ class TreeModel {
 
  private:
   void LeaveNode(NodeId node);
+  void KeepOnView(NodeId node);
+  void TextChanged(NodeId node);
   void Show();
 
   TreeNodes nodes_;
+  TreeFilter filter_{nodes_};
   View* const view_;
   TreeView* tree_ = nullptr;
   NodeId selected_ = kNoNode;

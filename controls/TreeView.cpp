@@ -1,5 +1,7 @@
 #include "controls/TreeView.h"
 
+#include <utility>
+
 #include "controls/TreeModel.h"
 
 // Constructor, images and ModelOf are the back ends'.
@@ -73,6 +75,26 @@ void TreeView::SetSelectedNode(NodeId node) {
 
 void TreeView::EnsureVisible(NodeId node) {
   ModelOf(*this).EnsureVisible(node);
+}
+
+void TreeView::SetFilter(TreeFilterRule rule) {
+  ModelOf(*this).SetFilter(std::move(rule));
+}
+
+bool TreeView::IsFiltered() const {
+  return ModelOf(*this).Filter().IsSet();
+}
+
+bool TreeView::Matches(NodeId node) const {
+  return ModelOf(*this).Filter().Matches(node);
+}
+
+NodeId TreeView::FirstMatch() const {
+  return ModelOf(*this).FirstMatch();
+}
+
+int TreeView::MatchCount() const {
+  return ModelOf(*this).Filter().MatchCount();
 }
 
 }  // namespace controls

@@ -8,6 +8,7 @@
 
 #include "controls/Control.h"
 #include "controls/ImageList.h"
+#include "controls/TreeFilter.h"
 #include "controls/TreeNodes.h"
 
 namespace controls {
@@ -59,11 +60,24 @@ class TreeView : public Control {
   const TreeNodes& Nodes() const;
 
   NodeId SelectedNode() const;
-  // Opens the way to the node and brings it into view. Does not raise NodeClick. When a selected
-  // node is removed the selection passes to its next sibling, else its previous, else its parent.
+  // Opens the way to the node and brings it into view, past a filter too. Does not raise NodeClick.
+  // When a selected node is removed the selection passes to its next sibling on view, else its
+  // previous, else its parent.
   void SetSelectedNode(NodeId node);
   // Scrolls to a node that stands in open ones; does nothing where one above it is closed.
   void EnsureVisible(NodeId node);
+
+  // Leaves on view, of the nodes directly below the root, those alone that the rule lets through by
+  // their text or stored name, and those that are selected, or have the selected node below them,
+  // at any time while the rule stands. A rule without Matches shows all again. The nodes themselves
+  // stay whole; the selection stays what it is, and in view.
+  void SetFilter(TreeFilterRule rule);
+  bool IsFiltered() const;
+  // Whether the rule lets a node through that stands directly below the root.
+  bool Matches(NodeId node) const;
+  // The first of them in their order; kNoNode when there is none.
+  NodeId FirstMatch() const;
+  int MatchCount() const;
 
   // When the user selects another node, by mouse or keyboard.
   std::function<void(NodeId node)> NodeClick;

@@ -15,9 +15,12 @@ void ReusableItems::Keep() {
 }
 
 ReusableItems::Item ReusableItems::ShownAs(NodeId node) const {
-  return {map_.ItemOf(node),        node,
-          nodes_.TextOf(node),      nodes_.Image(node),
-          nodes_.HasChildren(node), map_.IsTold(node)};
+  return {map_.ItemOf(node),
+          node,
+          nodes_.TextOf(node),
+          nodes_.Image(node),
+          model_.HasChildrenOnView(node),
+          map_.IsTold(node)};
 }
 
 bool ReusableItems::Begin() {
@@ -44,7 +47,7 @@ HTREEITEM ReusableItems::Take(NodeId node) {
   if (old.node != node) parts |= TVIF_PARAM;
   if (old.text != nodes_.TextOf(node)) parts |= TVIF_TEXT;
   if (old.image != nodes_.Image(node)) parts |= TVIF_IMAGE | TVIF_SELECTEDIMAGE;
-  if (old.hasChildren != nodes_.HasChildren(node)) parts |= TVIF_CHILDREN;
+  if (old.hasChildren != model_.HasChildrenOnView(node)) parts |= TVIF_CHILDREN;
   if (parts != 0) control_.Change(old.item, node, parts);
   return old.item;
 }

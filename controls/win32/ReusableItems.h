@@ -13,8 +13,8 @@ namespace controls {
 // their items, each of which then stands for the node in its place.
 class ReusableItems {
  public:
-  ReusableItems(const TreeNodes& nodes, const TreeItemMap& map, const TreeControl& control)
-      : nodes_(nodes), map_(map), control_(control) {}
+  ReusableItems(const TreeModel& model, const TreeItemMap& map, const TreeControl& control)
+      : model_(model), nodes_(model.Nodes()), map_(map), control_(control) {}
 
   // All nodes are about to be removed, and the control shows exactly what they say: keeps the items
   // of an open root and its children.
@@ -42,6 +42,7 @@ class ReusableItems {
 
   Item ShownAs(NodeId node) const;
 
+  const TreeModel& model_;
   const TreeNodes& nodes_;
   const TreeItemMap& map_;
   const TreeControl& control_;

@@ -36,7 +36,7 @@ TVITEMW TreeControl::Shown(NodeId node, HTREEITEM item, UINT parts) const {
   native.hItem = item;
   native.pszText = const_cast<wchar_t*>(nodes_.Text(node).c_str());
   native.iImage = native.iSelectedImage = nodes_.Image(node);
-  native.cChildren = nodes_.HasChildren(node);
+  native.cChildren = model_.HasChildrenOnView(node);
   native.lParam = AsLParam(node);
   return native;
 }

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "controls/TreeNodes.h"
+#include "controls/TreeModel.h"
 #include "controls/win32/Handles.h"
 
 namespace controls {
@@ -13,7 +13,7 @@ class TreeControl {
   // All that a user sees of an item.
   static constexpr UINT kLook = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
 
-  explicit TreeControl(const TreeNodes& nodes) : nodes_(nodes) {}
+  explicit TreeControl(const TreeModel& model) : model_(model), nodes_(model.Nodes()) {}
 
   // The native window, null while there is none. Without one nothing may be called but this.
   void Attach(HWND window) { window_ = window; }
@@ -53,6 +53,7 @@ class TreeControl {
     return SendMessageW(window_, number, wParam, lParam);
   }
 
+  const TreeModel& model_;
   const TreeNodes& nodes_;
   HWND window_ = nullptr;
 };

@@ -52,13 +52,13 @@ void TreeItems::Attach(HWND window) {
   reusable_.Forget();
 }
 
-void TreeItems::Added(NodeId parent) {
+void TreeItems::ChildrenChanged(NodeId parent) {
   if (parent == kNoNode || map_.Has(parent)) changes_.parents.insert(parent);
 }
 
 void TreeItems::Removing(NodeId node) {
   if (map_.Has(node)) changes_.removals.push_back({map_.ItemOf(node), false});
-  Added(nodes_.Parent(node));
+  ChildrenChanged(nodes_.Parent(node));
   map_.Forget(node);
 }
 
@@ -102,7 +102,7 @@ void TreeItems::Synchronise(NodeId selected, bool reveal) {
     return;
   }
   const bool rebuilt = changes_.cleared;
-  HTREEITEM top = nullptr;
+  NodeId top = kNoNode;
   {
     const RedrawOff redrawOff(*this, changes_.Structural());
     top = TopThatStays();
@@ -128,21 +128,21 @@ void TreeItems::FollowNodes(NodeId selected) {
   if (control_.Next(TVGN_CARET) != item) control_.Select(item);
 }
 
-// The topmost line of the window that will still be there.
-HTREEITEM TreeItems::TopThatStays() const {
-  if (changes_.cleared || !changes_.Structural()) return nullptr;
+// The node of the topmost line of the window that will still be there.
+NodeId TreeItems::TopThatStays() const {
+  if (changes_.cleared || !changes_.Structural()) return kNoNode;
   HTREEITEM line = control_.Next(TVGN_FIRSTVISIBLE);
   for (int lines = 0; line && lines < kMostLines; ++lines) {
-    if (map_.ItemOf(control_.NodeOf(line)) == line) return line;
+    const NodeId node = control_.NodeOf(line);
+    if (map_.ItemOf(node) == line && model_.Filter().LetsThrough(node)) return node;
     line = control_.Next(TVGN_NEXTVISIBLE, line);
   }
-  return nullptr;
+  return kNoNode;
 }
 
-// The item, or the closed one above it that stands in its place.
-HTREEITEM TreeItems::ShownLine(HTREEITEM item) const {
-  if (!item) return nullptr;
-  NodeId shown = control_.NodeOf(item);
+// The node's item, or that of the closed one above it that stands in its place.
+HTREEITEM TreeItems::ShownLine(NodeId node) const {
+  NodeId shown = node;
   for (NodeId above = shown; above != kNoNode; above = nodes_.Parent(above)) {
     if (above != shown && !nodes_.Expanded(above)) shown = above;
   }
@@ -165,11 +165,37 @@ void TreeItems::DeleteRemoved() {
 void TreeItems::SynchroniseChildren(NodeId parent) {
   if (parent != kNoNode && !map_.Has(parent)) return;
   if (map_.IsTold(parent)) {
-    std::vector<NodeId> wanted = model_.ChildrenInOrder(parent);
+    std::vector<NodeId> wanted = model_.ChildrenOnView(parent);
+    Withdraw(parent, wanted.size());
     Insert(parent, wanted, InOrder(map_.ChildrenOf(parent), wanted));
     map_.SetChildren(parent, std::move(wanted));
   }
   if (parent != kNoNode) ShowLook(parent);
+}
+
+// Takes away the items of those children that are on view no longer. Where few stay, of those that
+// are there or of those that come, all go at once and what stays is told of again: each item that
+// goes alone costs a search among all, and many that come among others cost their sorting.
+void TreeItems::Withdraw(NodeId parent, std::size_t wanted) {
+  if (parent == kNoNode) return;
+  std::vector<NodeId> staying;
+  std::vector<NodeId> leaving;
+  for (const NodeId child : map_.ChildrenOf(parent)) {
+    (model_.Filter().LetsThrough(child) ? staying : leaving).push_back(child);
+  }
+  const bool fewStay = leaving.size() > staying.size();
+  const bool manyCome = wanted > kSortFrom && wanted / 8 > staying.size();
+  if (!fewStay && !manyCome && leaving.empty()) return;
+  if (fewStay || manyCome) {
+    control_.DeleteChildren(map_.ItemOf(parent));
+    map_.ForgetBelow(parent);
+    staying.clear();
+  }
+  for (const NodeId child : leaving) {
+    if (HTREEITEM item = map_.ItemOf(child)) control_.Delete(item);
+    map_.Forget(child);
+  }
+  map_.SetChildren(parent, std::move(staying));
 }
 
 // Whether the children told of stand as they should, but for new ones between them.
@@ -236,11 +262,11 @@ void TreeItems::ShowLook(NodeId node) const {
 void TreeItems::ShowExpansion(NodeId node) {
   HTREEITEM item = map_.ItemOf(node);
   if (!item) return;
-  const bool open = nodes_.Expanded(node) && nodes_.HasChildren(node);
+  const bool open = nodes_.Expanded(node) && model_.HasChildrenOnView(node);
   if (open) Fill(node);
   if (open == control_.IsOpen(item)) return;
   const RedrawOff redrawOff(*this, true);
-  if (nodes_.HasChildren(node)) {
+  if (model_.HasChildrenOnView(node)) {
     control_.SetOpen(item, open);
   } else {
     control_.MarkClosed(item);
@@ -250,7 +276,7 @@ void TreeItems::ShowExpansion(NodeId node) {
 void TreeItems::Fill(NodeId node) {
   if (!map_.Has(node) || map_.IsTold(node)) return;
   const RedrawOff redrawOff(*this, true);
-  std::vector<NodeId> children = model_.ChildrenInOrder(node);
+  std::vector<NodeId> children = model_.ChildrenOnView(node);
   Insert(node, children, true);
   map_.SetChildren(node, std::move(children));
 }

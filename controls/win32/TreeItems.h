@@ -23,8 +23,8 @@ class TreeItems {
   void Detach() { Attach(nullptr); }
 
   // --- What happens to the nodes ---
-  // A child of this parent, kNoNode for a root, has been added.
-  void Added(NodeId parent);
+  // A child of this parent, kNoNode for a root, has been added, or others are on view.
+  void ChildrenChanged(NodeId parent);
   // The node, or all below it, is about to be removed.
   void Removing(NodeId node);
   void RemovingChildren(NodeId node);
@@ -53,10 +53,11 @@ class TreeItems {
   class RedrawOff;
 
   void FollowNodes(NodeId selected);
-  HTREEITEM TopThatStays() const;
-  HTREEITEM ShownLine(HTREEITEM item) const;
+  NodeId TopThatStays() const;
+  HTREEITEM ShownLine(NodeId node) const;
   void DeleteRemoved();
   void SynchroniseChildren(NodeId parent);
+  void Withdraw(NodeId parent, std::size_t wanted);
   bool InOrder(const std::vector<NodeId>& told, const std::vector<NodeId>& wanted) const;
   // Tells of those of a node's children that the control does not know yet. wanted is all of them;
   // inOrder says whether those that it knows stand in that order.
@@ -69,10 +70,10 @@ class TreeItems {
 
   TreeModel& model_;
   const TreeNodes& nodes_;
-  TreeControl control_{nodes_};
+  TreeControl control_{model_};
   TreeItemMap map_{nodes_};
   TreeChanges changes_;
-  ReusableItems reusable_{nodes_, map_, control_};
+  ReusableItems reusable_{model_, map_, control_};
   int busy_ = 0;
 };
 

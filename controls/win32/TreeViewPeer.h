@@ -26,7 +26,7 @@ struct TreeViewPeer : Control::Peer, TreeModel::View {
   void ShowImages() const;
 
   // --- What the model tells ---
-  void Added(NodeId parent) override { items.Added(parent); }
+  void ChildrenChanged(NodeId parent) override { items.ChildrenChanged(parent); }
   void Removing(NodeId node) override { items.Removing(node); }
   void RemovingChildren(NodeId node) override { items.RemovingChildren(node); }
   void Clearing() override { items.Clearing(); }

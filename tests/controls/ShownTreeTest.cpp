@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <memory>
 #include <random>
+#include <set>
 
 #include "tests/controls/TreeTest.h"
 #include "tests/support/controls/ShownContent.h"
@@ -13,21 +14,29 @@ using controls::NodeId;
 using test_support::ShownNode;
 using test_support::ShownNodes;
 
+// What is below a root, and out of view.
+using Hidden = std::set<NodeId>;
+
 // What a tree is to show of its nodes.
-void Expect(const controls::TreeView& tree, NodeId parent, int level,
+void Expect(const controls::TreeView& tree, NodeId parent, int level, const Hidden& hidden,
             std::vector<ShownNode>& lines) {
   const controls::TreeNodes& nodes = tree.Nodes();
   for (const NodeId node : nodes.ChildrenInOrder(parent)) {
-    const bool open = nodes.HasChildren(node) && nodes.Expanded(node);
-    lines.push_back({level, nodes.Text(node), nodes.Image(node), node == tree.SelectedNode(),
-                     nodes.HasChildren(node), open});
-    if (open) Expect(tree, node, level + 1, lines);
+    if (hidden.contains(node)) continue;
+    bool hasButton = false;
+    for (const NodeId child : nodes.ChildrenInOrder(node)) {
+      hasButton |= !hidden.contains(child);
+    }
+    const bool open = hasButton && nodes.Expanded(node);
+    lines.push_back(
+        {level, nodes.Text(node), nodes.Image(node), node == tree.SelectedNode(), hasButton, open});
+    if (open) Expect(tree, node, level + 1, hidden, lines);
   }
 }
 
-std::vector<ShownNode> Expected(const controls::TreeView& tree) {
+std::vector<ShownNode> Expected(const controls::TreeView& tree, const Hidden& hidden = {}) {
   std::vector<ShownNode> lines;
-  Expect(tree, kNoNode, 0, lines);
+  Expect(tree, kNoNode, 0, hidden, lines);
   return lines;
 }
 
@@ -65,6 +74,7 @@ class RandomTree {
  public:
   RandomTree(controls::TreeView& tree, test_support::User& user, unsigned seed)
       : tree_(tree), user_(user), random_(seed) {
+    tree_.SetFilter({});
     tree_.Clear();
     tree_.Add(kNoNode, kRootForm, 0, L"root", 0);
   }
@@ -81,9 +91,10 @@ class RandomTree {
   }
 
   void Compare() {
-    ASSERT_EQ(ShownNodes(tree_), Expected(tree_));
+    const Hidden hidden = HiddenNodes();
+    ASSERT_EQ(ShownNodes(tree_), Expected(tree_, hidden));
     const NodeId selected = tree_.SelectedNode();
-    const std::vector<ShownNode> lines = Expected(tree_);
+    const std::vector<ShownNode> lines = Expected(tree_, hidden);
     const bool shown = std::any_of(lines.begin(), lines.end(),
                                    [](const ShownNode& line) { return line.selected; });
     ASSERT_EQ(shown, selected != kNoNode);
@@ -103,7 +114,40 @@ class RandomTree {
     return living[Below(static_cast<int>(living.size()))];
   }
 
+  // By the letters of their texts, but for those that have been selected.
+  Hidden HiddenNodes() const {
+    Hidden hidden;
+    const controls::TreeNodes& nodes = tree_.Nodes();
+    for (const NodeId node : nodes.ChildrenInOrder(nodes.Root())) {
+      const bool matches = nodes.Text(node).find(filter_) != std::wstring::npos;
+      if (!matches && !kept_.contains(node)) hidden.insert(node);
+    }
+    return hidden;
+  }
+
+  void SetFilter() {
+    filter_ =
+        Below(3) == 0 ? std::wstring() : std::wstring(1, static_cast<wchar_t>(L'a' + Below(4)));
+    tree_.SetFilter(filter_.empty() ? controls::TreeFilterRule{} : Containing(filter_));
+    kept_.clear();
+  }
+
+  void KeepSelected() {
+    const controls::TreeNodes& nodes = tree_.Nodes();
+    std::erase_if(kept_, [&](NodeId node) { return !nodes.Exists(node); });
+    for (NodeId node = tree_.SelectedNode(); node != kNoNode; node = nodes.Parent(node)) {
+      if (nodes.Parent(node) == nodes.Root()) kept_.insert(node);
+    }
+  }
+
   void Change() {
+    if (Below(20) == 0) SetFilter();
+    KeepSelected();
+    ChangeNodes();
+    KeepSelected();
+  }
+
+  void ChangeNodes() {
     const NodeId node = Any();
     switch (Below(12)) {
       case 0:
@@ -138,11 +182,14 @@ class RandomTree {
     if (kind == 0) user_.Try().Select(tree_, node);
     if (kind == 1) user_.Try().Expand(tree_, node);
     if (kind == 2) user_.Try().Collapse(tree_, node);
+    KeepSelected();
   }
 
   controls::TreeView& tree_;
   test_support::User& user_;
   std::mt19937 random_;
+  std::wstring filter_;
+  std::set<NodeId> kept_;
 };
 
 TEST_F(ShownTree, IsWhatTheNodesSayAfterAnyChanges) {

@@ -13,6 +13,18 @@ constexpr controls::KeyForm kFolderForm{L"\\TMO", L" \\G"};
 constexpr controls::KeyForm kOtherFolderForm{L"\\TUP", L" \\P"};
 constexpr controls::KeyForm kLeafForm{L"\\TGU", L"", true};
 
+// Lets through what has this letter, or part, as it is written.
+inline controls::TreeFilterRule Containing(const std::wstring& part) {
+  const auto fold = [](std::wstring_view text) {
+    std::string folded;
+    for (const wchar_t unit : text) folded += static_cast<char>(unit < 0x80 ? unit : L'?');
+    return folded;
+  };
+  return {fold, [wanted = fold(part)](std::string_view folded) {
+            return folded.find(wanted) != std::string_view::npos;
+          }};
+}
+
 // A root with the users Zoé, Adam and Martin, in this order; Adam has a folder with the groups 5
 // and 6.
 class TreeTest : public ControlsTest {

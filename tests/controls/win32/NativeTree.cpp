@@ -54,7 +54,7 @@ std::string NativeTree::Difference() const {
 
 std::string NativeTree::CompareChildren(HTREEITEM first, controls::NodeId parent) const {
   HTREEITEM item = first;
-  for (const controls::NodeId node : peer_.model.Nodes().ChildrenInOrder(parent)) {
+  for (const controls::NodeId node : peer_.model.ChildrenOnView(parent)) {
     if (!item) return "a child is missing";
     const std::string found = Compare(item, node);
     if (!found.empty()) return found;
@@ -70,8 +70,9 @@ std::string NativeTree::Compare(HTREEITEM item, controls::NodeId node) const {
   if (Text(item) != peer_.model.Nodes().Text(node)) return name + "text";
   const int image = peer_.model.Nodes().Image(node);
   if (native.iImage != image || native.iSelectedImage != image) return name + "image";
-  if ((native.cChildren != 0) != peer_.model.Nodes().HasChildren(node)) return name + "button";
-  const bool open = peer_.model.Nodes().Expanded(node) && peer_.model.Nodes().HasChildren(node);
+  const bool hasButton = peer_.model.HasChildrenOnView(node);
+  if ((native.cChildren != 0) != hasButton) return name + "button";
+  const bool open = peer_.model.Nodes().Expanded(node) && hasButton;
   if (((native.state & TVIS_EXPANDED) != 0) != open) return name + "open or closed";
   HTREEITEM child = Next(TVGN_CHILD, item);
   return child ? CompareChildren(child, node) : std::string();

@@ -24,7 +24,13 @@ class NativeTreeWalk : public TreeTest, public testing::WithParamInterface<unsig
 
   std::wstring AnyText() { return L"Node " + std::to_wstring(Below(50)); }
 
+  void ChangeFilter() {
+    tree.SetFilter(Below(3) == 0 ? controls::TreeFilterRule{}
+                                 : Containing(std::to_wstring(Below(12))));
+  }
+
   void ChangeTree(NodeId node) {
+    if (Below(12) == 0) return ChangeFilter();
     switch (Below(8)) {
       case 0:
         if (Below(10) == 0) return tree.Remove(node);

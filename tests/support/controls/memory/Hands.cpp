@@ -16,6 +16,15 @@ namespace test_support {
 
 using namespace controls;
 
+namespace {
+
+// Whether a user can get to the node, by opening what stands above it at the most.
+bool IsThere(const TreeModel& model, NodeId node) {
+  return model.Nodes().Exists(node) && model.Filter().LetsThrough(node);
+}
+
+}  // namespace
+
 struct Hands::Parts {
   ScriptedDesktop& desktop;
 };
@@ -103,7 +112,7 @@ bool Hands::ChooseTab(TabStrip& tabs, int tab) {
 
 bool Hands::Select(TreeView& tree, NodeId node) {
   TreeModel& model = ModelOf(tree);
-  if (!model.Nodes().Exists(node) || !Focus(tree)) return false;
+  if (!IsThere(model, node) || !Focus(tree)) return false;
   model.OpenWay(node);
   if (CanUse(tree) && model.Nodes().Exists(node)) model.Choose(node);
   return true;
@@ -136,8 +145,8 @@ std::wstring Hands::TipOf(TreeView& tree, NodeId node) const {
 
 bool Hands::Expand(TreeView& tree, NodeId node) {
   TreeModel& model = ModelOf(tree);
-  if (!model.Nodes().Exists(node) || model.Nodes().Expanded(node)) return false;
-  if (!model.Nodes().HasChildren(node) || !Focus(tree)) return false;
+  if (!IsThere(model, node) || model.Nodes().Expanded(node)) return false;
+  if (!model.HasChildrenOnView(node) || !Focus(tree)) return false;
   model.OpenWay(node);
   if (CanUse(tree) && model.Nodes().Exists(node)) model.SetExpanded(node, true);
   return true;
@@ -145,8 +154,8 @@ bool Hands::Expand(TreeView& tree, NodeId node) {
 
 bool Hands::Collapse(TreeView& tree, NodeId node) {
   TreeModel& model = ModelOf(tree);
-  if (!model.Nodes().Exists(node) || !model.Nodes().Expanded(node)) return false;
-  if (!model.Nodes().HasChildren(node) || !Focus(tree)) return false;
+  if (!IsThere(model, node) || !model.Nodes().Expanded(node)) return false;
+  if (!model.HasChildrenOnView(node) || !Focus(tree)) return false;
   model.OpenWay(node);
   if (CanUse(tree) && model.Nodes().Exists(node)) model.SetExpanded(node, false);
   return true;

@@ -9,10 +9,11 @@ namespace {
 void Look(controls::TreeModel& tree, controls::NodeId parent, int level,
           std::vector<ShownNode>& shown) {
   const controls::TreeNodes& nodes = tree.Nodes();
-  for (const controls::NodeId node : tree.ChildrenInOrder(parent)) {
-    const bool open = nodes.HasChildren(node) && nodes.Expanded(node);
-    shown.push_back({level, nodes.Text(node), nodes.Image(node), node == tree.Selected(),
-                     nodes.HasChildren(node), open});
+  for (const controls::NodeId node : tree.ChildrenOnView(parent)) {
+    const bool hasButton = tree.HasChildrenOnView(node);
+    const bool open = hasButton && nodes.Expanded(node);
+    shown.push_back(
+        {level, nodes.Text(node), nodes.Image(node), node == tree.Selected(), hasButton, open});
     if (open) Look(tree, node, level + 1, shown);
   }
 }

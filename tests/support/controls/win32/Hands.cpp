@@ -22,6 +22,11 @@ using namespace controls;
 
 namespace {
 
+// Whether a user can get to the node, by opening what stands above it at the most.
+bool IsThere(const TreeModel& model, NodeId node) {
+  return model.Nodes().Exists(node) && model.Filter().LetsThrough(node);
+}
+
 TreeViewPeer& PeerOfTree(const TreeView& tree) {
   return static_cast<TreeViewPeer&>(tree.BackEnd());
 }
@@ -180,7 +185,7 @@ bool Hands::ChooseTab(TabStrip& tabs, int tab) {
 
 bool Hands::Select(TreeView& tree, NodeId node) {
   TreeViewPeer& peer = PeerOfTree(tree);
-  if (!peer.model.Nodes().Exists(node) || !Focus(tree)) return false;
+  if (!IsThere(peer.model, node) || !Focus(tree)) return false;
   TreeMouse mouse(peer, parts_->input);
   mouse.OpenWay(node);
   if (CanUse(tree) && peer.model.Nodes().Exists(node)) mouse.ClickText(node);
@@ -197,7 +202,7 @@ bool Hands::DoubleClick(TreeView& tree, NodeId node) {
 
 bool Hands::RightClick(TreeView& tree, NodeId node) {
   TreeViewPeer& peer = PeerOfTree(tree);
-  if (!peer.model.Nodes().Exists(node) || !Focus(tree)) return false;
+  if (!IsThere(peer.model, node) || !Focus(tree)) return false;
   TreeMouse mouse(peer, parts_->input);
   mouse.OpenWay(node);
   if (CanUse(tree) && peer.model.Nodes().Exists(node)) mouse.RightClickText(node);
@@ -220,8 +225,8 @@ std::wstring Hands::TipOf(TreeView& tree, NodeId node) const {
 
 bool Hands::Expand(TreeView& tree, NodeId node) {
   TreeViewPeer& peer = PeerOfTree(tree);
-  if (!peer.model.Nodes().Exists(node) || peer.model.Nodes().Expanded(node)) return false;
-  if (!peer.model.Nodes().HasChildren(node) || !Focus(tree)) return false;
+  if (!IsThere(peer.model, node) || peer.model.Nodes().Expanded(node)) return false;
+  if (!peer.model.HasChildrenOnView(node) || !Focus(tree)) return false;
   TreeMouse mouse(peer, parts_->input);
   mouse.OpenWay(node);
   if (CanUse(tree) && peer.model.Nodes().Exists(node)) mouse.ClickButton(node);
@@ -230,8 +235,8 @@ bool Hands::Expand(TreeView& tree, NodeId node) {
 
 bool Hands::Collapse(TreeView& tree, NodeId node) {
   TreeViewPeer& peer = PeerOfTree(tree);
-  if (!peer.model.Nodes().Exists(node) || !peer.model.Nodes().Expanded(node)) return false;
-  if (!peer.model.Nodes().HasChildren(node) || !Focus(tree)) return false;
+  if (!IsThere(peer.model, node) || !peer.model.Nodes().Expanded(node)) return false;
+  if (!peer.model.HasChildrenOnView(node) || !Focus(tree)) return false;
   TreeMouse mouse(peer, parts_->input);
   mouse.OpenWay(node);
   if (CanUse(tree) && peer.model.Nodes().Exists(node)) mouse.ClickButton(node);
