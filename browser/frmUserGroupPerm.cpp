@@ -165,13 +165,19 @@ void frmUserGroupPerm::TabStrip1_Click() {
   if (isStarted) Shown().RefreshSelection();
 }
 
-// What is hidden loses the focus; a tree hands it to the one that takes its place.
+// What is hidden loses the focus; a tree hands it to the one that takes its place, and so does the
+// box above it.
 void frmUserGroupPerm::ShowPage() {
   AccountPage& shown = Shown();
   bool treeHadFocus = false;
-  for (AccountPage* page : pages_) treeHadFocus |= page->TreeView1.HasFocus();
+  bool boxHadFocus = false;
+  for (const AccountPage* page : pages_) {
+    treeHadFocus |= page->TreeView1.HasFocus();
+    boxHadFocus |= page->txtFind.HasFocus();
+  }
   shown.ShowTree();
   if (treeHadFocus) shown.TreeView1.SetFocus();
+  if (boxHadFocus) shown.txtFind.SetFocus();
   for (AccountPage* page : pages_) {
     if (page != &shown) page->Hide();
   }
@@ -286,13 +292,18 @@ void frmUserGroupPerm::ShowStatus() {
   lblStatus.Announce();
 }
 
-// What an error has left out comes first, then what a command has done, then what the page has to
-// say about its selection.
+// What an error has left out comes first, then what a command has done, then how many accounts a
+// search has found and what the page has to say about its selection.
 std::wstring frmUserGroupPerm::StatusText() const {
   if (accountsMissing_) return global_.LoadResString(app::kAccountsIncomplete);
   if (leavesMissing_) return global_.LoadResString(app::kIncomplete);
   if (!done_.empty()) return done_;
   std::wstring selection = Shown().SelectionText();
+  std::wstring found = Shown().FoundText();
+  if (!found.empty()) {
+    if (selection.empty()) return found;
+    return app::FillIn(global_.LoadResString(app::kShownAnd), {found, selection});
+  }
   if (!selection.empty()) return selection;
   return app::FillIn(global_.LoadResString(app::kCounts),
                      {data::Decimal(Users.accountCount), data::Decimal(Groups.accountCount),

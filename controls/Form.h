@@ -14,6 +14,7 @@ class Desktop;
 enum KeyCode : int {
   kKeyBack = 8,
   kKeyReturn = 13,
+  kKeyEscape = 27,
   kKeyDown = 40,
   kKeyDelete = 46,
   kKeyF1 = 112,

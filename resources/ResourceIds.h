@@ -32,6 +32,8 @@
 #define IDC_TREE_GROUPS 1002
 #define IDC_LBL_TREE_USERS 1003
 #define IDC_LBL_TREE_GROUPS 1004
+#define IDC_FIND_USERS 1005
+#define IDC_FIND_GROUPS 1006
 #define IDC_FRA_USER 1010
 #define IDC_CMD_USER 1011  // and the two after it: Edit, Delete, New
 #define IDC_FRA_MEMBER_OF 1020

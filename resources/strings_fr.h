@@ -143,6 +143,9 @@ UADMIN_STRING(446, "Le groupe %1 n'a plus de membres")
 // Who the program works as. %1: the session server's text for the user.
 UADMIN_STRING(447, "Session : %1")
 
+// What a search has found, %1, and what there is to say of the selected node.
+UADMIN_STRING(452, "%1 - %2")
+
 // Where a permission comes from. %1: a group, or several joined by 506 and, before the last, 507.
 UADMIN_STRING(501, "Accordée directement")
 UADMIN_STRING(502, "Par le groupe %1")
@@ -152,6 +155,10 @@ UADMIN_STRING(505, "Accordée directement et par les groupes %1")
 UADMIN_STRING(506, ", ")
 UADMIN_STRING(507, " et ")
 UADMIN_STRING(508, "Origine inconnue : cliquez sur Rafraîchir.")
+
+// Lists to search in. %1: how many are shown, %2: of how many.
+UADMIN_STRING(520, "%1 sur %2")
+UADMIN_STRING(521, "Rechercher (Ctrl+F)")
 
 // What the journal says of a command that has not come to its end. %1: the account.
 UADMIN_STRING(580, "Création de l'utilisateur %1")

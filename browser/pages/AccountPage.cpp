@@ -24,11 +24,13 @@ AccountPage::AccountPage(controls::Form& form, const PageLayout& layout, const P
       images_(context.images) {}
 
 void AccountPage::Load() {
+  filter_ = {};
   SetControls(Global(), images_);
   SetEvents();
 }
 
 void AccountPage::SetEvents() {
+  txtFind.Change = [this] { txtFind_Change(); };
   TreeView1.NodeClick = [this](NodeId) { RefreshSelection(); };
   TreeView1.ContextMenu = [this](NodeId node) { TreeView1_ContextMenu(node); };
   TreeView1.DblClick = [this](NodeId node) { GoToAccount(node); };

@@ -15,6 +15,7 @@
 #include "browser/trees/AccountTree.h"
 #include "browser/trees/TreeContext.h"
 #include "browser/trees/TreeLookup.h"
+#include "data/TextFilter.h"
 #include "dialogs/Exchange.h"
 
 namespace browser {
@@ -45,7 +46,9 @@ class AccountPage : public PageView {
   void RefreshSelection();
   // F2 edits the account, Delete takes away the account or the link that is selected, where the
   // button for it is on. Enter goes to the account that the selected node leads to, Backspace back
-  // to where the user came from. All of them only where the tree has the focus.
+  // to where the user came from. All of them only where the tree has the focus. Ctrl+F leads to the
+  // box above the tree, Down and Enter from there to the first account found, and Escape ends the
+  // search.
   void KeyDown(int keyCode);
   // Selects a node and brings it into view, as a user's click would, with the focus in the tree.
   void ShowNode(controls::NodeId node);
@@ -54,6 +57,8 @@ class AccountPage : public PageView {
   std::wstring SelectedKey() const { return KeyOf(TreeView1.SelectedNode()); }
   // What there is to say about the selected node, empty for nothing.
   std::wstring SelectionText() const { return OriginOf(TreeView1.SelectedNode()); }
+  // How many accounts the box has found, empty while nothing is searched for.
+  std::wstring FoundText() const;
 
   // The string table's numbers of what is shown while the tree is built, or brought up to date.
   virtual int ReadingText() const = 0;
@@ -166,6 +171,13 @@ class AccountPage : public PageView {
 
  private:
   void SetEvents();
+
+  // AccountPageFind.cpp
+  void txtFind_Change();
+  bool FindKeyDown(int keyCode);
+  void GoToFirstFound();
+  bool EndFind();
+
   Selection ReadSelection();
   app::JournalEntry::Account Concerned(const Selection& at) const;
   bool Confirm(int question, bool ownAccessEnds) const;
@@ -183,6 +195,7 @@ class AccountPage : public PageView {
   int CommandOfDelete(controls::NodeId node) const;
 
   const controls::ImageList& images_;
+  data::TextFilter filter_;
   std::wstring done_;  // by the command that runs
 };
 

@@ -87,6 +87,7 @@ void AccountPage::ShowNew(std::int32_t id) {
   CountNew();
   const NodeId added = Accounts().Find(id);
   if (added != controls::kNoNode) {
+    if (!TreeView1.Matches(added)) txtFind.SetText({});
     TreeView1.SetSelectedNode(added);
     TellDone(layout_.created, {NameOf(added)});
   }

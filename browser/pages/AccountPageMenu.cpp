@@ -131,7 +131,7 @@ void AccountPage::TreeView1_Expand(NodeId node, bool expanded) {
 }
 
 void AccountPage::KeyDown(int keyCode) {
-  if (!TreeView1.HasFocus()) return;
+  if (FindKeyDown(keyCode) || !TreeView1.HasFocus()) return;
   const NodeId node = TreeView1.SelectedNode();
   if (keyCode == controls::kKeyDelete) Perform(node, CommandOfDelete(node));
   if (keyCode == controls::kKeyReturn) GoToAccount(node);

@@ -20,6 +20,7 @@ using controls::NodeId;
 namespace {
 
 constexpr PageLayout kLayout{
+    .txtFind = IDC_FIND_GROUPS,
     .lblTree = IDC_LBL_TREE_GROUPS,
     .TreeView1 = IDC_TREE_GROUPS,
     .fraAccount = IDC_FRA_GROUP,

@@ -30,7 +30,8 @@ void CaptionButtons(const app::mGlobal& global, controls::CommandButton (&button
 }  // namespace
 
 PageView::PageView(controls::Form& form, const PageLayout& layout)
-    : lblTree(form, layout.lblTree),
+    : txtFind(form, layout.txtFind),
+      lblTree(form, layout.lblTree),
       TreeView1(form, layout.TreeView1),
       fraAccount(form, layout.fraAccount),
       cmdAccount{
@@ -45,6 +46,7 @@ void PageView::SetControls(const app::mGlobal& global, const controls::ImageList
   SetCaptions(global);
   SetSections();
   lblTree.SetVisible(false);
+  txtFind.SetAnchors(controls::kAnchorLeft | controls::kAnchorTop | controls::kAnchorRight);
   TreeView1.SetAnchors(controls::kAnchorLeft | controls::kAnchorTop | controls::kAnchorRight |
                        controls::kAnchorBottom);
   // Before there is anything to be read: drawing the images takes its time.
@@ -52,6 +54,7 @@ void PageView::SetControls(const app::mGlobal& global, const controls::ImageList
 }
 
 void PageView::SetCaptions(const app::mGlobal& global) {
+  txtFind.SetCue(global.LoadResString(app::kFindCue));
   lblTree.SetPlainCaption(global.LoadResString(layout_.treeName));
   fraAccount.SetCaption(global.LoadResString(layout_.accountCaption));
   fraFirst.SetCaption(global.LoadResString(layout_.firstCaption));
@@ -68,6 +71,7 @@ void PageView::SetSections() {
 }
 
 void PageView::ShowTree() {
+  txtFind.SetVisible(true);
   TreeView1.SetVisible(true);
 }
 
@@ -76,6 +80,7 @@ void PageView::ShowSections() {
 }
 
 void PageView::Hide() {
+  txtFind.SetVisible(false);
   TreeView1.SetVisible(false);
   for (controls::Frame* frame : {&fraAccount, &fraFirst, &fraSecond}) frame->SetVisible(false);
 }

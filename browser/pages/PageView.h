@@ -7,6 +7,7 @@
 #include "controls/Frame.h"
 #include "controls/ImageList.h"
 #include "controls/Label.h"
+#include "controls/TextBox.h"
 #include "controls/TreeView.h"
 
 namespace browser {
@@ -17,6 +18,7 @@ enum LinkButton : int { kAssignButton, kRemoveButton };
 
 // The numbers of a tab's controls in the window's template, and of their texts in the string table.
 struct PageLayout {
+  int txtFind;
   int lblTree;
   int TreeView1;
   int fraAccount;
@@ -34,8 +36,8 @@ struct PageLayout {
   int deleted;
 };
 
-// The controls of one tab: a tree with its label, and three sections of buttons, for accounts and
-// for their first and second links (see ButtonRule).
+// The controls of one tab: a tree with its label and, above it, the box that searches it, and three
+// sections of buttons, for accounts and for their first and second links (see ButtonRule).
 class PageView {
  public:
   PageView(const PageView&) = delete;
@@ -45,12 +47,13 @@ class PageView {
   // or a section is hidden. All buttons are off then.
   void SetControls(const app::mGlobal& global, const controls::ImageList& images);
 
-  // Shows the tab's tree, or hides the whole tab; the sections are shown by a call of their own, so
-  // that the focus of a tab that goes has not gone to them.
+  // Shows the tab's tree and its box, or hides the whole tab; the sections are shown by a call of
+  // their own, so that the focus of a tab that goes has not gone to them.
   void ShowTree();
   void ShowSections();
   void Hide();
 
+  controls::TextBox txtFind;
   controls::Label lblTree;  // never on view: it names the tree for screen readers
   controls::TreeView TreeView1;
   controls::Frame fraAccount;

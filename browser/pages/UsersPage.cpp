@@ -21,6 +21,7 @@ using controls::NodeId;
 namespace {
 
 constexpr PageLayout kLayout{
+    .txtFind = IDC_FIND_USERS,
     .lblTree = IDC_LBL_TREE_USERS,
     .TreeView1 = IDC_TREE_USERS,
     .fraAccount = IDC_FRA_USER,

@@ -48,6 +48,8 @@ TEST_F(Window, EveryCaptionComesFromTheStringTable) {
 TEST_F(Window, ATabShowsItsTreeAndItsSectionsAndHidesTheOthers) {
   Run([this](frmUserGroupPerm& window) {
     const auto expectPage = [&window](bool users) {
+      EXPECT_EQ(window.Users.txtFind.Visible(), users);
+      EXPECT_EQ(window.Groups.txtFind.Visible(), !users);
       EXPECT_EQ(window.Users.TreeView1.Visible(), users);
       EXPECT_EQ(window.Users.fraUser.Visible(), users);
       EXPECT_EQ(window.Users.fraMemberOf.Visible(), users);
@@ -74,6 +76,8 @@ TEST_F(Window, TheNamesOfTheTreesAreNeverOnView) {
         // Directly before the tree that it names, for whoever walks the controls in their order.
         EXPECT_LT(window.Page(Index).lblTree.TabIndex(), window.Page(Index).TreeView1.TabIndex());
       }
+      user.PressKey(window, test_support::kKeyTab);
+      EXPECT_TRUE(window.Page(tab).txtFind.HasFocus());
       user.PressKey(window, test_support::kKeyTab);
       EXPECT_TRUE(window.Page(tab).TreeView1.HasFocus());
     }

@@ -21,15 +21,15 @@ TEST_F(Keyboard, TheTabKeyWalksTheControlsInTheOrderTheyAreSeen) {
   const MainWindow window = Open(SampleSession());
   window.AwaitFocus(IDC_TREE_USERS);
   EXPECT_EQ((std::vector<int>{kNewUserButton, kRefreshButton, IDC_CMD_ABOUT, IDC_HELP_BUTTON,
-                              kExitButton, IDC_TAB, IDC_TREE_USERS}),
+                              kExitButton, IDC_TAB, IDC_FIND_USERS, IDC_TREE_USERS}),
             driver::WalkByTab(window.Form()));
 }
 
 TEST_F(Keyboard, ShiftAndTabWalkBack) {
   const MainWindow window = Open(SampleSession());
   window.AwaitFocus(IDC_TREE_USERS);
-  EXPECT_EQ((std::vector<int>{IDC_TAB, kExitButton, IDC_HELP_BUTTON, IDC_CMD_ABOUT, kRefreshButton,
-                              kNewUserButton, IDC_TREE_USERS}),
+  EXPECT_EQ((std::vector<int>{IDC_FIND_USERS, IDC_TAB, kExitButton, IDC_HELP_BUTTON, IDC_CMD_ABOUT,
+                              kRefreshButton, kNewUserButton, IDC_TREE_USERS}),
             driver::WalkByTab(window.Form(), {VK_SHIFT}));
 }
 
@@ -45,13 +45,17 @@ TEST_F(Keyboard, AScreenReaderFindsTheNameOfATreeDirectlyBeforeIt) {
   }
 }
 
-TEST_F(Keyboard, TheArrowKeysChangeTheTabAndTheTabKeyThenEntersItsTree) {
+TEST_F(Keyboard, TheArrowKeysChangeTheTabAndTheTabKeyThenEntersItsBoxAndItsTree) {
   const MainWindow window = Open(SampleSession());
   window.AwaitFocus(IDC_TREE_USERS);
+  window.Key(VK_TAB, {VK_SHIFT});
+  window.AwaitFocus(IDC_FIND_USERS);
   window.Key(VK_TAB, {VK_SHIFT});
   window.AwaitFocus(IDC_TAB);
   window.Key(VK_RIGHT);
   driver::Await("the groups tree", [&] { return window.Control(IDC_TREE_GROUPS).IsVisible(); });
+  window.Key(VK_TAB);
+  window.AwaitFocus(IDC_FIND_GROUPS);
   window.Key(VK_TAB);
   window.AwaitFocus(IDC_TREE_GROUPS);
 }
