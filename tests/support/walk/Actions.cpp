@@ -7,6 +7,7 @@
 
 #include "controls/Desktop.h"
 #include "controls/PopupMenu.h"
+#include "controls/TreeModel.h"
 #include "data/Text.h"
 #include "tests/support/keys/Buttons.h"
 #include "tests/support/keys/Keys.h"
@@ -51,7 +52,7 @@ const std::vector<Actions::Action>& Actions::All() {
       {4, &Actions::ChooseTab},       {20, &Actions::SelectNode},  {4, &Actions::OpenOrCloseNode},
       {28, &Actions::ClickButton},    {12, &Actions::PressKey},    {8, &Actions::UseMenu},
       {1, &Actions::RefreshByButton}, {1, &Actions::RefreshByKey}, {2, &Actions::ChangeFromOutside},
-      {6, &Actions::FollowLeaf},      {3, &Actions::Duplicate},
+      {6, &Actions::FollowLeaf},      {3, &Actions::Duplicate},    {4, &Actions::Search},
   };
   return actions;
 }
@@ -75,10 +76,10 @@ void Actions::ChooseTab() {
 
 // Any kind of node is as likely as any other, however many leaves there are.
 controls::NodeId Actions::SomeNode() {
-  const controls::TreeNodes& nodes = walk_.Nodes(walk_.Tab());
-  controls::NodeId node = nodes.Root();
+  controls::TreeModel& tree = controls::ModelOf(walk_.TreeOf(walk_.Tab()));
+  controls::NodeId node = tree.Nodes().Root();
   for (int depth = 0; depth < 3 && !walk_.dice.OneIn(depth == 0 ? 12 : 4); ++depth) {
-    const std::vector<controls::NodeId> children = nodes.ChildrenInOrder(node);
+    const std::vector<controls::NodeId> children = tree.ChildrenOnView(node);
     if (children.empty()) break;
     node = children[static_cast<std::size_t>(walk_.dice.Below(static_cast<int>(children.size())))];
   }
@@ -125,7 +126,9 @@ void Actions::PressKey() {
                            kKeyC};
   const int key = walk_.dice.Pick(kKeys);
   controls::TreeView& tree = walk_.TreeOf(walk_.Tab());
-  if (!walk_.dice.OneIn(6)) walk_.user.Try().Focus(tree);
+  // In the box above the tree a key may change what is searched for.
+  const bool inBox = walk_.window.Page(walk_.Tab()).txtFind.HasFocus();
+  if (inBox || !walk_.dice.OneIn(6)) walk_.user.Try().Focus(tree);
   run_.Begin();
   walk_.Note("key " + std::to_string(key) + " at " + data::ToUtf8(run_.At().key));
   std::optional<Command> command;
@@ -224,6 +227,38 @@ void Actions::Duplicate() {
   walk_.user.PressCtrl(walk_.window, 'D');
   EXPECT_EQ(run_.HasDialog(), run_.At().account != -1);
   if (run_.HasDialog()) return FinishCommand({Section::kAccount, Verb::kNew});
+  checks_.AfterStep();
+}
+
+// Types a word or two into the box above the tree, or ends the search, and mostly goes to what is
+// found.
+void Actions::Search() {
+  constexpr const wchar_t* kWords[] = {L"a",    L"ad", L"e",      L"N", L"service 7", L"zz",
+                                       L"\xE9", L"(",  L"moreau", L" ", L"'",         L"nom 1"};
+  const int tab = walk_.Tab();
+  controls::TextBox& box = walk_.window.Page(tab).txtFind;
+  const std::wstring selected = walk_.SelectedKey(tab);
+  if (!expected_.found[tab].empty() && walk_.dice.OneIn(2)) {
+    walk_.Note("end of the search");
+    walk_.user.PressCtrl(walk_.window, 'F');
+    walk_.user.Try().PressKey(walk_.window, kKeyEscape);
+    expected_.Searches(tab, {});
+  } else {
+    const std::wstring text = walk_.dice.Pick(kWords);
+    walk_.Note("search for " + data::ToUtf8(text));
+    walk_.user.PressCtrl(walk_.window, 'F');
+    EXPECT_TRUE(walk_.user.Try().Type(box, text));
+    expected_.Searches(tab, text);
+  }
+  EXPECT_EQ(walk_.SelectedKey(tab), selected);
+  checks_.AfterStep();
+  if (walk_.dice.OneIn(3)) return;
+  const controls::NodeId first = walk_.TreeOf(tab).FirstMatch();
+  const bool searches = walk_.TreeOf(tab).IsFiltered();
+  walk_.user.Try().PressKey(walk_.window, controls::kKeyDown);
+  EXPECT_EQ(walk_.TreeOf(tab).HasFocus(), !searches || first != controls::kNoNode);
+  const bool goes = searches && first != controls::kNoNode;
+  EXPECT_EQ(walk_.SelectedKey(tab), goes ? walk_.Nodes(tab).Key(first) : selected);
   checks_.AfterStep();
 }
 

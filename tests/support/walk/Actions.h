@@ -36,6 +36,7 @@ class Actions {
   void UseMenu();
   void FollowLeaf();
   void Duplicate();
+  void Search();
   void RefreshByButton();
   void RefreshByKey();
   void ChangeFromOutside();

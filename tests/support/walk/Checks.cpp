@@ -5,7 +5,9 @@
 #include "browser/trees/TreeImages.h"
 #include "controls/Desktop.h"
 #include "controls/SortKey.h"
+#include "controls/TreeModel.h"
 #include "data/Text.h"
+#include "data/TextFilter.h"
 #include "tests/support/keys/Buttons.h"
 #include "tests/support/keys/Keys.h"
 #include "tests/support/walk/Catalogue.h"
@@ -29,6 +31,11 @@ TreeLines ShownLines(const controls::TreeNodes& nodes) {
   }
   EXPECT_EQ(static_cast<int>(lines.size()), nodes.Count());
   return lines;
+}
+
+bool IsFound(const data::TextFilter& filter, const controls::TreeNodes& nodes,
+             controls::NodeId account) {
+  return filter.Matches(data::FoldedText(nodes.Text(account) + L" " + nodes.StoredName(account)));
 }
 
 // The keys whose lines are not the same in both, each with both lines.
@@ -60,6 +67,7 @@ void Checks::AfterStep() {
     CheckOrder(tree);
     CheckCounts(tree);
     CheckButtons(tree);
+    CheckOnView(tree);
   }
   CheckSelection();
   CheckProtected(now);
@@ -120,6 +128,35 @@ void Checks::CheckOrder(int tree) const {
       before = node;
     }
   }
+}
+
+// An account is on view where the box above its tree finds it, and where it was selected since
+// somebody last typed there.
+void Checks::CheckOnView(int tree) {
+  EXPECT_EQ(walk_.window.Page(tree).txtFind.Text(), expected_.found[tree]);
+  const data::TextFilter filter(expected_.found[tree]);
+  controls::TreeModel& model = controls::ModelOf(walk_.TreeOf(tree));
+  const controls::TreeNodes& nodes = model.Nodes();
+  const Target at = ReadTarget(tree, walk_.SelectedKey(tree));
+  if (at.account != -1) expected_.kept[tree].insert(Keys::Account(tree, at.account));
+  const std::vector<controls::NodeId> shown = model.ChildrenOnView(nodes.Root());
+  std::vector<controls::NodeId> wanted;
+  for (const controls::NodeId account : nodes.ChildrenInOrder(nodes.Root())) {
+    if (IsFound(filter, nodes, account) || expected_.kept[tree].contains(nodes.Key(account))) {
+      wanted.push_back(account);
+    }
+  }
+  EXPECT_EQ(shown, wanted) << data::ToUtf8(expected_.found[tree]);
+}
+
+int Checks::CountFound(int tree) const {
+  const data::TextFilter filter(expected_.found[tree]);
+  const controls::TreeNodes& nodes = walk_.Nodes(tree);
+  int found = 0;
+  for (const controls::NodeId account : nodes.ChildrenInOrder(nodes.Root())) {
+    found += IsFound(filter, nodes, account);
+  }
+  return found;
 }
 
 // Edit, Delete and New, Assign and Remove of the first links, then of the second, as the selected
@@ -216,6 +253,12 @@ void Checks::CheckStatus(const Tables& now) const {
   expected_.Selected(walk_.Tab(), walk_.SelectedKey(walk_.Tab()));
   if (!expected_.done.empty()) {
     EXPECT_NE(status.find(expected_.done), std::wstring::npos) << data::ToUtf8(status);
+    return;
+  }
+  if (!data::TextFilter(expected_.found[walk_.Tab()]).IsEmpty()) {
+    const std::wstring count = std::to_wstring(CountFound(walk_.Tab())) + L" sur " +
+                               std::to_wstring(expected_.trees.Count(walk_.Tab()));
+    EXPECT_TRUE(status == count || status.starts_with(count + L" - ")) << data::ToUtf8(status);
     return;
   }
   if (walk_.Tab() == kUsersTree &&

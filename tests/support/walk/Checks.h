@@ -19,6 +19,8 @@ class Checks {
   void CheckOrder(int tree) const;
   void CheckCounts(int tree) const;
   void CheckButtons(int tree);
+  void CheckOnView(int tree);
+  int CountFound(int tree) const;
   void CheckSelection() const;
   void CheckProtected(const Tables& now) const;
   void CheckStatements();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "data/Text.h"
+#include "data/TextFilter.h"
 #include "tests/support/keys/Keys.h"
 
 namespace test_support {
@@ -142,6 +143,14 @@ void CommandRun::FinishNew(const Tables& now) {
   expected_.trees.ReadLinksOfAll(OtherTree(tree), now);
   selected_[tree] = Keys::Account(tree, id);
   EXPECT_EQ(walk_.SelectedKey(tree), selected_[tree]);
+  // A search that would hide it is over.
+  const controls::TreeNodes& nodes = walk_.Nodes(tree);
+  const controls::NodeId added = walk_.SelectedNode(tree);
+  const std::wstring names = nodes.Text(added) + L" " + nodes.StoredName(added);
+  if (!data::TextFilter(expected_.found[tree]).Matches(data::FoldedText(names))) {
+    expected_.found[tree].clear();
+    expected_.kept[tree].clear();
+  }
   // The way to it is opened.
   closed_[tree].erase(Keys::Root());
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "data/TextFilter.h"
 #include "tests/support/walk/Tables.h"
 #include "tests/support/walk/Walk.h"
 #include "tests/support/walk/WantedTrees.h"
@@ -21,6 +22,16 @@ struct Expected {
     differing.clear();
     isChangedOutside = false;
     done.clear();
+    for (auto& accounts : kept) accounts.clear();
+  }
+
+  // Something is searched for in this tree: nothing else that does not match is kept on view.
+  void Searches(int tree, const std::wstring& text) {
+    if (data::TextFilter(text) != data::TextFilter(found[tree])) {
+      done.clear();
+      kept[tree].clear();
+    }
+    found[tree] = text;
   }
 
   // The node of this tab and key is selected: what a command has left elsewhere is told no longer.
@@ -37,6 +48,10 @@ struct Expected {
   // stays selected; empty where it says nothing of it.
   std::wstring done;
   std::pair<int, std::wstring> doneAt;
+  // What stands in the box above each tree, and the accounts that stay on view because they were
+  // selected since.
+  std::wstring found[2];
+  std::set<std::wstring> kept[2];
 };
 
 }  // namespace test_support
