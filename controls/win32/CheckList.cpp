@@ -38,7 +38,7 @@ struct CheckList : ListBoxPeer {
 
   // The control draws its check boxes once, in the resolution of that time, and drops both them and
   // the checks when it is told to have none.
-  void DpiChanged(unsigned /*oldDpi*/) override {
+  void DpiChanged() override {
     const ProgramChange change(*this);
     ShowExtended(LVS_EX_CHECKBOXES, false);
     ShowExtended(LVS_EX_CHECKBOXES, true);

@@ -28,7 +28,7 @@ struct Control::Peer : ControlModel {
   // Every message on its way to the control.
   virtual LRESULT Handle(const Message& message);
   // The form is now shown in another resolution.
-  virtual void DpiChanged(unsigned /*oldDpi*/) {}
+  virtual void DpiChanged() {}
   // Buffers() answers otherwise.
   virtual void BufferingChanged() {}
 

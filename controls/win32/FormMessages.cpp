@@ -186,7 +186,7 @@ void Form::Peer::DpiChanged(unsigned newDpi, const RECT& place) {
   ShowFont();
   life.background.Forget();
   if (life.icon) SetIcon(life.icon);
-  for (Control::Peer* control : controls) control->DpiChanged(oldDpi);
+  for (Control::Peer* control : controls) control->DpiChanged();
   SetWindowPos(life.window, nullptr, place.left, place.top, place.right - place.left,
                place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
   Resized(SIZE_RESTORED);

@@ -6,6 +6,12 @@
 #include "controls/win32/ImageListPeer.h"
 
 namespace controls {
+namespace {
+
+// How far a level stands from the one above, in units of 96 to the inch: an image and a little.
+constexpr int kIndent = 19;
+
+}  // namespace
 
 TreeViewPeer::TreeViewPeer(Form& owner, int controlId) : Peer(owner, controlId) {}
 
@@ -24,12 +30,9 @@ void TreeViewPeer::Detached() {
   menuPlace.reset();
 }
 
-// The native control takes its indent and the height of its lines from images and font, but only
-// ever grows them.
-void TreeViewPeer::DpiChanged(unsigned oldDpi) {
-  const int indent = Scaled(static_cast<int>(Send(TVM_GETINDENT)), oldDpi, form.BackEnd().life.dpi);
+void TreeViewPeer::DpiChanged() {
   ShowImages();
-  Send(TVM_SETINDENT, static_cast<WPARAM>(indent));
+  // The native control only ever grows it.
   Send(TVM_SETITEMHEIGHT, static_cast<WPARAM>(-1));
   tips_.SetWidth();
 }
@@ -40,8 +43,10 @@ void TreeViewPeer::BufferingChanged() {
 
 void TreeViewPeer::ShowImages() const {
   if (!images || !window) return;
-  HIMAGELIST list = images->BackEnd().At(form.BackEnd().life.dpi);
-  Send(TVM_SETIMAGELIST, TVSIL_NORMAL, AsLParam(list));
+  const unsigned dpi = form.BackEnd().life.dpi;
+  Send(TVM_SETIMAGELIST, TVSIL_NORMAL, AsLParam(images->BackEnd().At(dpi)));
+  // Not every system takes it from the images, and none makes it smaller again.
+  Send(TVM_SETINDENT, static_cast<WPARAM>(Scaled(kIndent, USER_DEFAULT_SCREEN_DPI, dpi)));
 }
 
 void TreeViewPeer::Show(NodeId selected, bool reveal) {

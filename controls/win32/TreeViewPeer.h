@@ -17,7 +17,7 @@ struct TreeViewPeer : Control::Peer, TreeModel::View {
   void Detached() override;
   LRESULT Notify(NMHDR& header) override;
   LRESULT Handle(const Message& message) override;
-  void DpiChanged(unsigned oldDpi) override;
+  void DpiChanged() override;
   void BufferingChanged() override;
 
   // A message of our own to the tree view: the selected node is to be described.

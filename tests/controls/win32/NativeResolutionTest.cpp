@@ -43,14 +43,14 @@ TEST_F(NativeResolution, ATreeScalesItsIndentAndMeasuresItsLinesAgain) {
   const ImageList images(desktop, {IDI_PROGRAM});
   form.tree.SetImageList(images);
   const Control::Peer& tree = form.tree.BackEnd();
-  const LRESULT before = tree.Send(TVM_GETINDENT);
+  EXPECT_EQ(tree.Send(TVM_GETINDENT), 19);
   std::vector<WPARAM> heights;
   const MessageWatch watch(tree.window, TVM_SETITEMHEIGHT,
                            [&](WPARAM height, LPARAM) { heights.push_back(height); });
   ComeTo(192);
-  EXPECT_EQ(tree.Send(TVM_GETINDENT), 2 * before);
+  EXPECT_EQ(tree.Send(TVM_GETINDENT), 38);
   ComeTo(96);
-  EXPECT_EQ(tree.Send(TVM_GETINDENT), before);
+  EXPECT_EQ(tree.Send(TVM_GETINDENT), 19);
   EXPECT_EQ(heights, (std::vector<WPARAM>{WPARAM(-1), WPARAM(-1)}));
 }
 
