@@ -11,13 +11,36 @@ void Scale(LONG& length, unsigned fromDpi, unsigned toDpi) {
   length = MulDiv(length, static_cast<int>(toDpi), static_cast<int>(fromDpi));
 }
 
+// The beginning of an extended dialog template, as the resource compiler writes it.
+#pragma pack(push, 2)
+struct DialogTemplate {
+  WORD version;
+  WORD signature;
+  DWORD helpId;
+  DWORD extendedStyle;
+  DWORD style;
+  WORD controls;
+  short x, y, width, height;  // in dialog units
+};
+#pragma pack(pop)
+
+// The client area that the template asks for. The system makes no window larger than the screen
+// that its user may resize.
+SIZE TemplateSize(HWND form, int templateId) {
+  HMODULE program = GetModuleHandleW(nullptr);
+  HRSRC found = FindResourceW(program, MAKEINTRESOURCEW(templateId), RT_DIALOG);
+  const auto& design =
+      *static_cast<const DialogTemplate*>(LockResource(LoadResource(program, found)));
+  RECT client = {0, 0, design.width, design.height};
+  MapDialogRect(form, &client);
+  return {client.right, client.bottom};
+}
+
 }  // namespace
 
-void AnchorLayout::Capture(HWND form, const std::vector<Control::Peer*>& controls) {
+void AnchorLayout::Capture(HWND form, int templateId, const std::vector<Control::Peer*>& controls) {
   places_.clear();
-  RECT client = {};
-  GetClientRect(form, &client);
-  base_ = {client.right, client.bottom};
+  base_ = TemplateSize(form, templateId);
   for (const Control::Peer* control : controls) {
     places_.push_back({control, PlaceIn(form, control->window)});
   }

@@ -10,7 +10,8 @@ namespace controls {
 // from which every size is worked out, so that nothing creeps.
 class AnchorLayout {
  public:
-  void Capture(HWND form, const std::vector<Control::Peer*>& controls);
+  // The form has been made from this template, and its controls stand where that has them.
+  void Capture(HWND form, int templateId, const std::vector<Control::Peer*>& controls);
   void Clear() { places_.clear(); }
   // The form has changed to another resolution: the base grows or shrinks with it.
   void Rescale(unsigned fromDpi, unsigned toDpi);

@@ -69,7 +69,7 @@ void Form::Peer::Create(HWND below) {
   const LONG_PTR style = GetWindowLongPtrW(life.window, GWL_STYLE);
   SetWindowLongPtrW(life.window, GWL_STYLE, style & ~WS_CLIPCHILDREN);
   AttachControls();
-  life.layout.Capture(life.window, controls);
+  life.layout.Capture(life.window, form.TemplateId(), controls);
   life.background.Capture(life.window);
 }
 
@@ -84,6 +84,8 @@ void Form::Peer::AttachControls() {
 void Form::Peer::Show() {
   if (life.shown) return;
   const bool maximised = TakePlace();
+  // A window that the screen has no room for has been made smaller than its template.
+  life.layout.Apply(life.window);
   for (Control::Peer* control : controls) control->Showing();
   ShowWindow(life.window, maximised ? SW_SHOWMAXIMIZED : SW_SHOW);
   UpdateWindow(life.window);

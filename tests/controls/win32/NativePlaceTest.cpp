@@ -111,6 +111,27 @@ TEST_F(NativePlace, AResizableWindowIsNoLargerThanItsMonitor) {
   ExpectOnTheMonitor(Window());
 }
 
+// A form that no screen has room for.
+class LargeForm : public ScriptedForm {
+ public:
+  explicit LargeForm(Desktop& desktop) : ScriptedForm(desktop, IDD_LARGE_FORM) {}
+
+  CommandButton ok{*this, IDC_TEST_OK};
+};
+
+TEST_F(NativePlace, AFormLargerThanTheScreenIsLaidOutForWhatThereIs) {
+  LargeForm large(desktop);
+  large.OnLoad = [&] {
+    large.ok.SetAnchors(kAnchorRight | kAnchorBottom);
+    large.SetResizable(true);
+  };
+  large.Show();
+  ExpectOnTheMonitor(large.BackEnd().life.window);
+  const Area window = AreaOf(large.BackEnd().life.window);
+  const Area button = AreaOf(large.ok.BackEnd().window);
+  EXPECT_EQ(FittedInto(button, window), button);
+}
+
 TEST_F(NativePlace, TheSmallestSizeFitsOnTheMonitor) {
   form.SetResizable(true);
   const Area own = AreaOf(Window());
