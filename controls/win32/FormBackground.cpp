@@ -79,26 +79,25 @@ void FormBackground::FillFrames(HWND form, HDC context) {
     const RECT place = PlaceIn(form, child.window);
     SaveDC(context);
     IntersectClipRect(context, place.left, place.top, place.right, place.bottom);
-    // Each point is painted once, so that nothing flickers.
-    Strip* strip = Under(child.window);
-    if (!strip || !Draw(*strip, form, context)) FillRect(context, &place, PlainBrush());
+    // In a window that is too small a frame may reach out of its strip.
+    FillRect(context, &place, PlainBrush());
+    if (Strip* strip = Under(child.window)) Draw(*strip, form, context);
     RestoreDC(context, -1);
   }
   RestoreDC(context, -1);
 }
 
-bool FormBackground::Draw(Strip& strip, HWND form, HDC context) {
+void FormBackground::Draw(Strip& strip, HWND form, HDC context) {
   // The strip asks for what lies behind its tabs, which is the form alone.
-  if (drawing_) return false;
+  if (drawing_) return;
   Picture(strip);
   const MemoryContext source(CreateCompatibleDC(context));
-  if (!source || !strip.picture) return false;
+  if (!source || !strip.picture) return;
   HGDIOBJ old = SelectObject(source.Get(), strip.picture.Get());
   const RECT place = PlaceIn(form, strip.window);
   BitBlt(context, place.left, place.top, place.right - place.left, place.bottom - place.top,
          source.Get(), 0, 0, SRCCOPY);
   SelectObject(source.Get(), old);
-  return true;
 }
 
 HBRUSH FormBackground::Behind(HWND control, HDC context) {

@@ -39,8 +39,7 @@ class FormBackground {
   Strip* Under(HWND control);
   void Picture(Strip& strip);
   void FillFrames(HWND form, HDC context);
-  // False where there is nothing to draw yet.
-  bool Draw(Strip& strip, HWND form, HDC context);
+  void Draw(Strip& strip, HWND form, HDC context);
 
   std::vector<Child> children_;
   std::vector<Strip> strips_;
