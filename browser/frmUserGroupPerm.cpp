@@ -5,6 +5,7 @@
 #include "app/MShowHelp.h"
 #include "app/StringIds.h"
 #include "browser/StartUp.h"
+#include "browser/evidence/RightsExport.h"
 #include "browser/pages/WaitPointer.h"
 #include "browser/rules/OwnAccess.h"
 #include "browser/trees/TreeImages.h"
@@ -240,6 +241,19 @@ void frmUserGroupPerm::GoTo(const Account& account) {
   if (node == controls::kNoNode) return;
   history_.Push({TabStrip1.SelectedTab(), Shown().SelectedKey()});
   ShowNode(account.tab, node);
+}
+
+void frmUserGroupPerm::ExportRights() {
+  RightsExport rights(global_, *this, Users.TreeView1.Nodes(), Groups.TreeView1.Nodes());
+  if (!rights.AskWhere()) return;
+  std::wstring told;
+  {
+    const WaitPointer wait(global_.desktop);
+    StartProgress(app::kExporting);
+    told = rights.Write(permissionCount, leavesMissing_ || accountsMissing_,
+                        [this](int done, int total) { ShowProgress(done, total); });
+  }
+  ShowDone(told);
 }
 
 // What has been removed meanwhile is passed over.

@@ -75,6 +75,7 @@ class frmUserGroupPerm : public controls::Form, private PageHost {
   void TellMissing(Missing what) override;
   bool Has(const Account& account) const override;
   void GoTo(const Account& account) override;
+  void ExportRights() override;
   bool GoBack() override;
   bool CanGoBack() const override { return !history_.IsEmpty(); }
   bool AllAccountsKnown() const override { return !accountsMissing_; }

@@ -26,6 +26,13 @@ class Desktop {
   // a MsgBoxResult.
   int MsgBox(const std::wstring& prompt, int style, const std::wstring& title);
   void Beep() { system_.Beep(); }
+  // See System.
+  std::optional<std::wstring> AskSaveFile(const Form& owner, const std::wstring& title,
+                                          const std::wstring& name,
+                                          const std::vector<FileKind>& kinds) {
+    return system_.AskSaveFile(owner, title, name, kinds);
+  }
+  bool EscapePressed() { return system_.EscapePressed(); }
   // Puts a text on the clipboard; false when another program keeps it occupied.
   bool SetClipboardText(const std::wstring& text);
   // See System::Setting.

@@ -22,6 +22,12 @@ enum class HelpOutcome {
   kTopicMissing
 };
 
+// A kind of file that the user may choose among when he saves one.
+struct FileKind {
+  std::wstring name;
+  std::wstring extension;  // without the dot
+};
+
 // What the controls need of the operating system beyond their own windows. The program has one over
 // the system itself (win32/NativeSystem), the tests one that a script answers for. It outlives the
 // desktop that it is given to.
@@ -39,6 +45,15 @@ class System {
   // On behalf of the owner, null for none; false when another program keeps the clipboard occupied.
   virtual bool SetClipboardText(const Form* owner, const std::wstring& text) = 0;
   virtual void Beep() = 0;
+  // Asks where to save a file: a full path, or nothing where the user has thought better of it. He
+  // has been asked whether a file that is there is to be replaced. name is proposed, without an
+  // extension; that of the kind chosen, the first one at first, is added to it.
+  virtual std::optional<std::wstring> AskSaveFile(const Form& owner, const std::wstring& title,
+                                                  const std::wstring& name,
+                                                  const std::vector<FileKind>& kinds) = 0;
+  // Whether the user has pressed Escape since this was last asked, for use in the middle of long
+  // work. What he has typed meanwhile is dropped.
+  virtual bool EscapePressed() = 0;
   // A text that this run or an earlier one has kept for this user under a name; empty when there is
   // none. What cannot be kept is lost: nothing depends on it.
   virtual std::wstring Setting(const std::wstring& name) const = 0;

@@ -41,9 +41,11 @@ UADMIN_STRING(133, "Supp&rimer...")
 UADMIN_STRING(141, "&Atteindre le compte")
 UADMIN_STRING(142, "Re&venir")
 UADMIN_STRING(143, "Dup&liquer...")
+UADMIN_STRING(149, "E&xporter les droits...")
 UADMIN_STRING(161, "Entrée")
 UADMIN_STRING(162, "Retour arrière")
 UADMIN_STRING(163, "Ctrl+D")
+UADMIN_STRING(169, "Ctrl+E")
 
 // Window titles. 201 is followed by the group's name, 206 by the kind of what is listed.
 UADMIN_STRING(201, "Ajouter des Utilisateurs : ")
@@ -159,6 +161,42 @@ UADMIN_STRING(508, "Origine inconnue : cliquez sur Rafraîchir.")
 // Lists to search in. %1: how many are shown, %2: of how many.
 UADMIN_STRING(520, "%1 sur %2")
 UADMIN_STRING(521, "Rechercher (Ctrl+F)")
+// The export of who may do what: its title, the kinds of file, the name proposed (%1: the date).
+UADMIN_STRING(551, "Etat des droits")
+UADMIN_STRING(552, "Tableau pour tableur (CSV)")
+UADMIN_STRING(553, "Page à lire et à imprimer (HTML)")
+UADMIN_STRING(554, "droits-%1")
+// %1: how many users are done, %2: of how many.
+UADMIN_STRING(555, "Export des droits : %1 sur %2 (Echap pour arrêter)")
+// %1: the file.
+UADMIN_STRING(556, "Droits exportés dans %1")
+UADMIN_STRING(557, "Export arrêté : aucun fichier n'a été écrit.")
+// %1: a folder, in the last one a file.
+UADMIN_STRING(558, "Impossible d'écrire dans le dossier %1 : il n'existe pas ou plus, ou vous n'avez pas le droit d'y écrire. Aucun fichier n'a été laissé.")
+UADMIN_STRING(559, "Le disque du dossier %1 est plein ou n'est plus accessible. Aucun fichier n'a été laissé.")
+UADMIN_STRING(560, "Le fichier %1 ne peut pas être remplacé : il est protégé ou ouvert dans un autre programme. Il est resté tel qu'il était.")
+UADMIN_STRING(561, "Cet export est incomplet : une lecture de la base a échoué, et il ne contient que ce qui a été lu.")
+// The headings of the table, and what stands in the column of origins.
+UADMIN_STRING(562, "Utilisateur")
+UADMIN_STRING(563, "Nom complet")
+UADMIN_STRING(564, "Permission")
+UADMIN_STRING(565, "Origine")
+UADMIN_STRING(566, "Groupes")
+UADMIN_STRING(567, "Directe")
+UADMIN_STRING(568, "Par groupe")
+UADMIN_STRING(569, "Directe et par groupe")
+UADMIN_STRING(570, "Inconnue")
+// The page.
+UADMIN_STRING(571, "Date")
+UADMIN_STRING(572, "Base de données")
+// %1: the number of the session.
+UADMIN_STRING(573, "celle de la session %1")
+UADMIN_STRING(574, "Session de")
+UADMIN_STRING(575, "Contenu")
+UADMIN_STRING(576, "Utilisateurs : ce que chacun peut faire, et pourquoi")
+UADMIN_STRING(577, "Groupes : leurs membres, et ce qu'ils donnent")
+UADMIN_STRING(578, "Groupes :")
+UADMIN_STRING(579, "Aucune permission.")
 
 // What the journal says of a command that has not come to its end. %1: the account.
 UADMIN_STRING(580, "Création de l'utilisateur %1")
@@ -172,6 +210,10 @@ UADMIN_STRING(587, "Modification de permissions : %1")
 // %1: its folder.
 UADMIN_STRING(588, "Le journal des modifications ne peut pas être écrit dans %1.")
 UADMIN_STRING(589, "Vos modifications sont bien enregistrées ; elles n'y sont pas consignées.")
+
+// The groups of the export. %1: how many.
+UADMIN_STRING(591, "Membres (%1)")
+UADMIN_STRING(592, "Permissions (%1)")
 
 // Messages. A text that runs over two numbers is shown on two lines.
 UADMIN_STRING(700, "Vos modifications ne seront pas prises en compte dans le système.")

@@ -166,6 +166,9 @@ class AccountPage : public PageView {
   const TreeContext& context_;
   dialogs::Exchange& exchange_;
   PageHost& host_;
+  // What both pages have.
+  MenuCommand ExportCommand();
+
   // Those of the page, in the order of the menu; set by its constructor.
   std::vector<MenuCommand> commands_;
 

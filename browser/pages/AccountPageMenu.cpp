@@ -78,6 +78,11 @@ void AccountPage::TreeView1_ContextMenu(NodeId node) {
   Perform(node, controls::ShowPopupMenu(TreeView1, node, items));
 }
 
+AccountPage::MenuCommand AccountPage::ExportCommand() {
+  return {app::kExportRights, app::kCtrlE, controls::kKeyControl + 'E', [](NodeId) { return true; },
+          [this] { host_.ExportRights(); }};
+}
+
 void AccountPage::Perform(NodeId node, int command) {
   if (command == kCopyCommand) {
     TreeView1_Copy(node);

@@ -49,6 +49,7 @@ GroupsPage::GroupsPage(controls::Form& form, const PageContext& context)
     cmdMember[Index].Click = [this, Index] { cmdMember_Click(Index); };
     cmdGroupPermission[Index].Click = [this, Index] { cmdGroupPermission_Click(Index); };
   }
+  commands_ = {ExportCommand()};
 }
 
 int GroupsPage::ReadingText() const {

@@ -44,6 +44,8 @@ class PageHost {
   // Shows an account and selects it, and remembers the node that was selected until now. Does
   // nothing where the account has no node.
   virtual void GoTo(const Account& account) = 0;
+  // Writes who may do what to a file, where the user wants it.
+  virtual void ExportRights() = 0;
   // Goes back to where the user was before; false where there is nowhere to go.
   virtual bool GoBack() = 0;
   virtual bool CanGoBack() const = 0;

@@ -55,7 +55,8 @@ UsersPage::UsersPage(controls::Form& form, const PageContext& context)
                   return NamesAreKnown() &&
                          OwnerOf(lookup.GetTypeNode(KeyOf(node)), node) != controls::kNoNode;
                 },
-                [this] { DuplicateUser(); }}};
+                [this] { DuplicateUser(); }},
+               ExportCommand()};
   TreeView1.Tip = [this](NodeId node) { return OriginOf(node); };
 }
 

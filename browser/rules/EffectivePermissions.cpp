@@ -88,14 +88,35 @@ PermissionSource EffectivePermissions::SourceOf(NodeId user, std::int32_t permis
   return source;
 }
 
+void EffectivePermissions::ForEachOf(
+    NodeId user, const std::function<void(const HeldPermission& held)>& see) const {
+  const NodeId folder = Folder(users_, user, kAllPermissionsKey);
+  if (folder == kNoNode) return;
+  std::vector<std::int32_t> own = OwnOf(user);
+  std::ranges::sort(own);
+  std::vector<const Group*> givers;
+  for (const std::int32_t id : GroupsOf(user)) {
+    const auto group = groups_.find(id);
+    if (group != groups_.end()) givers.push_back(&group->second);
+  }
+  HeldPermission held;
+  for (const NodeId leaf : users_.ChildrenInOrder(folder)) {
+    held.leaf = leaf;
+    held.permission = users_.Id(leaf);
+    held.source.direct = std::ranges::binary_search(own, held.permission);
+    held.source.groups.clear();
+    for (const Group* group : givers) {
+      if (std::ranges::binary_search(group->permissions, held.permission)) {
+        held.source.groups.push_back(group->node);
+      }
+    }
+    see(held);
+  }
+}
+
 std::vector<HeldPermission> EffectivePermissions::PermissionsOf(NodeId user) const {
   std::vector<HeldPermission> all;
-  const NodeId folder = Folder(users_, user, kAllPermissionsKey);
-  if (folder == kNoNode) return all;
-  for (const NodeId leaf : users_.ChildrenInOrder(folder)) {
-    const std::int32_t permission = users_.Id(leaf);
-    all.push_back({leaf, permission, SourceOf(user, permission)});
-  }
+  ForEachOf(user, [&](const HeldPermission& held) { all.push_back(held); });
   return all;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <unordered_map>
 #include <vector>
 
@@ -39,7 +40,10 @@ class EffectivePermissions {
   // user is an account node of the users tree. Also for a permission that he does not have.
   PermissionSource SourceOf(controls::NodeId user, std::int32_t permission) const;
   bool Has(controls::NodeId user, std::int32_t permission) const;
-  // All that a user has, in the order of his folder.
+  // All that a user has, in the order of his folder. see may keep nothing of what it is shown. This
+  // is the way for a walk over all users.
+  void ForEachOf(controls::NodeId user,
+                 const std::function<void(const HeldPermission& held)>& see) const;
   std::vector<HeldPermission> PermissionsOf(controls::NodeId user) const;
   // What he holds himself, in no order, and the groups that he is in, in that of his folder; by
   // identifier.

@@ -20,6 +20,10 @@ class NativeSystem : public System {
   HelpOutcome HtmlHelp(const Form& form, const std::wstring& file, int topic) override;
   bool SetClipboardText(const Form* owner, const std::wstring& text) override;
   void Beep() override;
+  std::optional<std::wstring> AskSaveFile(const Form& owner, const std::wstring& title,
+                                          const std::wstring& name,
+                                          const std::vector<FileKind>& kinds) override;
+  bool EscapePressed() override;
   std::wstring Setting(const std::wstring& name) const override;
   void KeepSetting(const std::wstring& name, const std::wstring& text) override;
   void BlockSessionEnd(const Form& form, const std::wstring& reason) override;

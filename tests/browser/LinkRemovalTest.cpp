@@ -8,6 +8,8 @@ namespace browser {
 namespace {
 
 using test_support::Keys;
+using test_support::kGroupsTree;
+using test_support::kUsersTree;
 using Rows = std::vector<std::vector<std::string>>;
 using controls::kExclamation;
 using controls::kInformation;

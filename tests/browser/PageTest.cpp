@@ -23,6 +23,7 @@ class NotedHost final : public PageHost {
   void TellMissing(Missing what) override { missing.push_back(what); }
   bool Has(const Account&) const override { return true; }
   void GoTo(const Account& account) override { destinations.push_back(account.id); }
+  void ExportRights() override {}
   bool GoBack() override { return false; }
   bool CanGoBack() const override { return false; }
   bool AllAccountsKnown() const override { return known; }

@@ -40,6 +40,17 @@ void ScriptedSystem::Beep() {
   below_->Beep();
 }
 
+std::optional<std::wstring> ScriptedSystem::AskSaveFile(
+    const controls::Form& owner, const std::wstring& title, const std::wstring& name,
+    const std::vector<controls::FileKind>& kinds) {
+  if (answers.AskSaveFile) return answers.AskSaveFile(name, kinds);
+  return below_->AskSaveFile(owner, title, name, kinds);
+}
+
+bool ScriptedSystem::EscapePressed() {
+  return answers.EscapePressed ? answers.EscapePressed() : below_->EscapePressed();
+}
+
 std::wstring ScriptedSystem::Setting(const std::wstring& name) const {
   const auto found = settings.find(name);
   return found == settings.end() ? std::wstring() : found->second;

@@ -19,6 +19,10 @@ struct SystemAnswers {
   std::function<void(controls::Form& form)> ModalShown;
   std::function<int(const std::vector<controls::MenuItem>& items)> PopupMenu;
   std::function<void()> Beep;
+  std::function<std::optional<std::wstring>(const std::wstring& name,
+                                            const std::vector<controls::FileKind>& kinds)>
+      AskSaveFile;
+  std::function<bool()> EscapePressed;
   std::function<void(const controls::Form& form, const std::wstring& reason)> BlockSessionEnd;
   std::function<void(const controls::Form& form)> UnblockSessionEnd;
   std::function<bool(const std::wstring& text)> SetClipboardText;
@@ -56,6 +60,10 @@ class ScriptedSystem : public controls::System {
                                  int topic) override;
   bool SetClipboardText(const controls::Form* owner, const std::wstring& text) override;
   void Beep() override;
+  std::optional<std::wstring> AskSaveFile(const controls::Form& owner, const std::wstring& title,
+                                          const std::wstring& name,
+                                          const std::vector<controls::FileKind>& kinds) override;
+  bool EscapePressed() override;
   std::wstring Setting(const std::wstring& name) const override;
   void KeepSetting(const std::wstring& name, const std::wstring& text) override;
   void BlockSessionEnd(const controls::Form& form, const std::wstring& reason) override;

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <numeric>
 #include <optional>
 
@@ -21,8 +24,8 @@ constexpr std::size_t kButtonLines[] = {0, 1, 2, 4, 5, 7, 8};
 // And where it has the command that begins a new user with what another one has.
 constexpr std::size_t kDuplicateLine = 17;
 
-std::optional<Command> CommandOfMenuLine(std::size_t line) {
-  if (line == kDuplicateLine) return Command{Section::kAccount, Verb::kNew};
+std::optional<Command> CommandOfMenuLine(int tree, std::size_t line) {
+  if (tree == kUsersTree && line == kDuplicateLine) return Command{Section::kAccount, Verb::kNew};
   for (std::size_t place = 0; place < kCommands.size(); ++place) {
     if (kButtonLines[place] == line) return kCommands[place];
   }
@@ -53,6 +56,7 @@ const std::vector<Actions::Action>& Actions::All() {
       {28, &Actions::ClickButton},    {12, &Actions::PressKey},    {8, &Actions::UseMenu},
       {1, &Actions::RefreshByButton}, {1, &Actions::RefreshByKey}, {2, &Actions::ChangeFromOutside},
       {6, &Actions::FollowLeaf},      {3, &Actions::Duplicate},    {4, &Actions::Search},
+      {1, &Actions::Export},
   };
   return actions;
 }
@@ -150,6 +154,7 @@ void Actions::UseMenu() {
   controls::TreeView& tree = walk_.TreeOf(walk_.Tab());
   std::optional<Command> command;
   bool shown = false;
+  bool exported = false;
   auto& popupMenu = walk_.user.System().answers.PopupMenu;
   popupMenu = [&](const std::vector<controls::MenuItem>& items) {
     shown = true;
@@ -164,7 +169,8 @@ void Actions::UseMenu() {
     if (items[line].command == 0 || !items[line].enabled) return 0;
     walk_.Note("  line " + data::ToUtf8(items[line].caption) + " at " +
                data::ToUtf8(run_.At().key));
-    command = CommandOfMenuLine(line);
+    command = CommandOfMenuLine(walk_.Tab(), line);
+    exported = items[line].caption.ends_with(L"Ctrl+E");
     return items[line].command;
   };
   const controls::NodeId node = SomeNode();
@@ -172,6 +178,7 @@ void Actions::UseMenu() {
   walk_.user.Try().RightClick(tree, node);
   popupMenu = nullptr;
   EXPECT_TRUE(shown);
+  if (exported) return FinishExport();
   if (command) return FinishCommand(*command);
   checks_.AfterStep();
 }
@@ -259,6 +266,28 @@ void Actions::Search() {
   EXPECT_EQ(walk_.TreeOf(tab).HasFocus(), !searches || first != controls::kNoNode);
   const bool goes = searches && first != controls::kNoNode;
   EXPECT_EQ(walk_.SelectedKey(tab), goes ? walk_.Nodes(tab).Key(first) : selected);
+  checks_.AfterStep();
+}
+
+// The table has a row for each permission that a user's folder of all of them lists.
+void Actions::Export() {
+  controls::TreeView& tree = walk_.TreeOf(walk_.Tab());
+  walk_.user.Try().Focus(tree);
+  walk_.Note("export");
+  walk_.user.PressCtrl(walk_.window, 'E');
+  FinishExport();
+  const TreeLines lines = expected_.trees.Lines(kUsersTree);
+  const auto rows = std::ranges::count_if(
+      lines, [](const auto& line) { return line.first.starts_with(L"\\TPA "); });
+  std::ifstream file(walk_.ExportedFile(), std::ios::binary);
+  const std::string table((std::istreambuf_iterator<char>(file)), {});
+  // Two accounts or permissions of the sample never have line breaks in their names.
+  EXPECT_EQ(std::ranges::count(table, '\n'), rows + 1);
+}
+
+void Actions::FinishExport() {
+  expected_.done = L"Droits exportés dans ";
+  expected_.doneAt = {walk_.Tab(), walk_.SelectedKey(walk_.Tab())};
   checks_.AfterStep();
 }
 

@@ -37,6 +37,7 @@ class Actions {
   void FollowLeaf();
   void Duplicate();
   void Search();
+  void Export();
   void RefreshByButton();
   void RefreshByKey();
   void ChangeFromOutside();
@@ -45,6 +46,7 @@ class Actions {
   bool IsReachedFrom(const Target& leaf, int tree, const std::wstring& key) const;
   void FinishCommand(const Command& command);
   void FinishRefresh();
+  void FinishExport();
 
   Walk& walk_;
   Expected& expected_;

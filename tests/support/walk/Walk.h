@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <set>
 #include <string>
@@ -9,6 +10,7 @@
 #include "browser/frmUserGroupPerm.h"
 #include "tests/support/controls/User.h"
 #include "tests/support/data/RawDatabase.h"
+#include "tests/support/data/SampleDatabase.h"
 #include "tests/support/recording/CallLog.h"
 #include "tests/support/walk/Dice.h"
 
@@ -23,6 +25,9 @@ class Walk {
   Walk(browser::frmUserGroupPerm& form, User& person, CallLog& calls, RawDatabase& database,
        std::uint32_t seed)
       : window(form), user(person), log(calls), raw(database), dice(seed) {}
+
+  // Where the walk has tables exported to.
+  std::filesystem::path ExportedFile() const { return exports_.path / "rights.csv"; }
 
   void Note(const std::string& step) { steps.push_back(step); }
   // What somebody else does to the database.
@@ -52,6 +57,21 @@ class Walk {
   std::vector<std::string> steps;  // a line each
   // Told of what somebody else has done.
   std::function<void(const std::string& statement)> ChangedFromOutside;
+
+ private:
+  // A folder that goes with the walk.
+  struct Folder {
+    Folder() : path(MakeTestFolder()) {}
+    ~Folder() {
+      std::error_code ignored;
+      std::filesystem::remove_all(path, ignored);
+    }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+
+    std::filesystem::path path;
+  };
+  Folder exports_;
 };
 
 }  // namespace test_support

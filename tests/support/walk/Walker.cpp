@@ -26,6 +26,9 @@ Walker::Walker(browser::frmUserGroupPerm& window, User& user, CallLog& log, RawD
     return AnswerBox(prompt, style);
   };
   answers.ModalShown = [this](controls::Form& form) { UseDialog(form); };
+  answers.AskSaveFile = [this](const std::wstring&, const std::vector<controls::FileKind>&) {
+    return std::optional(walk_.ExportedFile().wstring());
+  };
   expected_.Refreshed(ReadTables(raw));
   run_.Begin();
   checks_.AfterStep();
@@ -36,6 +39,7 @@ Walker::~Walker() {
   answers.MsgBox = nullptr;
   answers.ModalShown = nullptr;
   answers.PopupMenu = nullptr;
+  answers.AskSaveFile = nullptr;
 }
 
 void Walker::UseDialog(controls::Form& form) {

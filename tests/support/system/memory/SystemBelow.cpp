@@ -42,6 +42,12 @@ class UnattendedSystem : public controls::System {
   }
   bool SetClipboardText(const controls::Form*, const std::wstring&) override { return false; }
   void Beep() override {}
+  std::optional<std::wstring> AskSaveFile(const controls::Form&, const std::wstring&,
+                                          const std::wstring&,
+                                          const std::vector<controls::FileKind>&) override {
+    return std::nullopt;
+  }
+  bool EscapePressed() override { return false; }
   std::wstring Setting(const std::wstring&) const override { return {}; }
   void KeepSetting(const std::wstring&, const std::wstring&) override {}
   void BlockSessionEnd(const controls::Form&, const std::wstring&) override {}
