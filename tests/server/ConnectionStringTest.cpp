@@ -23,6 +23,13 @@ TEST(ConnectionString, TakesNothingInAValueForAKeyword) {
   EXPECT_FALSE(HasKeyword("Description={never closed;PWD=b", "PWD"));
 }
 
+TEST(ConnectionString, FindsAKeywordAfterWhatHasNoValue) {
+  EXPECT_TRUE(HasKeyword("Driver=x;;PWD=b", "PWD"));
+  EXPECT_TRUE(HasKeyword(";Driver=x; ; PWD=b", "PWD"));
+  EXPECT_TRUE(HasKeyword("Trusted;PWD=b", "PWD"));
+  EXPECT_EQ(server::WithValue("Driver=x;;Port=1", "Port", "2"), "Driver=x;;Port=2;");
+}
+
 TEST(ConnectionString, PutsAValueInBracesWhereItMustStandInSome) {
   EXPECT_EQ(ConnectionValue("simple"), "simple");
   EXPECT_EQ(ConnectionValue("a;b"), "{a;b}");

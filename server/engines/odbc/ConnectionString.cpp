@@ -47,6 +47,9 @@ std::optional<Place> Find(std::string_view connectionString, std::string_view ke
   while (place < connectionString.size()) {
     const std::size_t sign = connectionString.find('=', place);
     if (sign == std::string_view::npos) return std::nullopt;
+    // What has no value, be it nothing at all, is no part of the keyword after it.
+    const std::size_t before = connectionString.rfind(';', sign);
+    if (before != std::string_view::npos) place = std::max(place, before + 1);
     const std::size_t end =
         std::min(EndOfValue(connectionString, sign + 1) + 1, connectionString.size());
     if (SameKeyword(Trimmed(connectionString.substr(place, sign - place)), keyword)) {
