@@ -6,6 +6,8 @@
 #include "ServerTest.h"
 #include "data/MSQLStatement.h"
 #include "server/core/sessions/CommandLine.h"
+#include "server/core/sql/Query.h"
+#include "server/core/sql/SqlConnection.h"
 #include "server/engines/sqlite/SqliteEngine.h"
 
 #ifdef _WIN32
@@ -130,6 +132,28 @@ TEST_F(SqliteFault, AWriterThatIsShutOutChangesNothingAndMayTryAgain) {
   other.Execute("rollback");
   EXPECT_EQ(connection->Execute(data::SqlDeleteUserPermissions(Sample::kMartin)), 2);
   EXPECT_EQ(server->NewIdentifier(L"QRUSRN"), 41);
+}
+
+TEST_F(SqliteFault, AFullDiskIsToldByTheDatabaseAndLeavesNoHalfRow) {
+  auto engine = std::make_unique<server::SqliteEngine>(
+      sample_.File(), server::SqliteEngine::Mode::kExisting, milliseconds(20));
+  server::Engine& database = *engine;
+  server::Run(database, "PRAGMA max_page_count = 1");  // that is: no more than there are
+  server::SqlConnection connection(std::make_shared<server::Database>(std::move(engine)));
+  const std::wstring longName(20'000, L'x');
+  const auto set = connection.OpenResultSet(data::SqlSelectUser(Sample::kMartin));
+  const auto write = [&] {
+    set->Edit();
+    set->SetColumn(L"FULLNAME", longName);
+    set->Update();
+  };
+  const data::RunTimeError failure = FailureOf(write);
+  EXPECT_EQ(failure.Number(), server::kDatabaseError);
+  EXPECT_EQ(failure.Text(), L"database or disk is full");
+  EXPECT_EQ(sample_.Raw().Text("select fullname from qruser where userid = 9"), "Jean Martin");
+  server::Run(database, "PRAGMA max_page_count = 1000000");
+  write();
+  EXPECT_EQ(sample_.Raw().Number("select length(fullname) from qruser where userid = 9"), 20'000);
 }
 
 TEST(SqliteLockWait, IsFiveSecondsUnlessToldOtherwise) {
