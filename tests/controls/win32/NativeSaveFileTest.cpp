@@ -1,5 +1,4 @@
-#include <chrono>
-#include <future>
+#include <atomic>
 #include <thread>
 
 #include "controls/win32/FormPeer.h"
@@ -14,32 +13,43 @@ class NativeSaveFile : public ControlsTest {
   HWND Window() const { return form.BackEnd().life.window; }
 };
 
-// Presses a button of the dialog that stands over a window as soon as it is there.
-class Presser {
+// Presses Cancel in whatever other window the thread shows, until it is told to stop.
+class Canceller {
  public:
-  Presser(HWND owner, WPARAM button) : thread_([owner, button] { Press(owner, button); }) {}
-  ~Presser() { thread_.join(); }
-  Presser(const Presser&) = delete;
-  Presser& operator=(const Presser&) = delete;
+  explicit Canceller(HWND owner)
+      : owner_(owner), threadId_(GetCurrentThreadId()), thread_([this] { Cancel(); }) {}
+  ~Canceller() {
+    done_ = true;
+    thread_.join();
+  }
+  Canceller(const Canceller&) = delete;
+  Canceller& operator=(const Canceller&) = delete;
 
  private:
-  static void Press(HWND owner, WPARAM button) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    while (std::chrono::steady_clock::now() < end) {
-      HWND dialog = GetWindow(owner, GW_ENABLEDPOPUP);
-      if (dialog != nullptr && dialog != owner && IsWindowVisible(dialog)) {
-        PostMessageW(dialog, WM_COMMAND, button, 0);
-        return;
-      }
-      Sleep(10);
+  void Cancel() const {
+    while (!done_) {
+      EnumThreadWindows(
+          threadId_,
+          [](HWND window, LPARAM self) -> BOOL {
+            const auto* me = reinterpret_cast<const Canceller*>(self);
+            if (window != me->owner_ && GetWindow(window, GW_OWNER) == me->owner_) {
+              PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
+            }
+            return TRUE;
+          },
+          reinterpret_cast<LPARAM>(this));
+      Sleep(50);
     }
   }
 
+  HWND owner_;
+  DWORD threadId_;
+  std::atomic<bool> done_ = false;
   std::thread thread_;
 };
 
 TEST_F(NativeSaveFile, CancellingTheQuestionNamesNoFile) {
-  const Presser presser(Window(), IDCANCEL);
+  const Canceller canceller(Window());
   EXPECT_EQ(desktop.AskSaveFile(form, L"Title", L"name", {{L"Table", L"csv"}, {L"Page", L"html"}}),
             std::nullopt);
 }
