@@ -112,6 +112,12 @@ void Program::AnswerDialogs(std::function<void(controls::Form& form)> answer) {
   desktop_.system.answers.ModalShown = std::move(answer);
 }
 
+void Program::AnswerSaveFile(std::function<std::wstring()> answer) {
+  desktop_.system.answers.AskSaveFile = [answer = std::move(answer)](const auto&, const auto&) {
+    return std::optional(answer());
+  };
+}
+
 void Refresh(browser::frmUserGroupPerm& window) {
   if (window.RefreshTree() == app::Outcome::kFailed) {
     throw std::runtime_error("the trees were not read");

@@ -34,6 +34,8 @@ class Program {
 
   // What a user would do in a dialog that appears.
   void AnswerDialogs(std::function<void(controls::Form& form)> answer);
+  // Where a user would save a file.
+  void AnswerSaveFile(std::function<std::wstring()> answer);
 
   std::string DatabaseFile() const { return database_.File().string(); }
   test_support::RawDatabase Raw() const { return database_.Raw(); }
