@@ -29,6 +29,8 @@ struct ControlModel {
   // Control and Tab, or Page Down and Page Up: a row of tabs turns to the next one, or the one
   // before. False where the control has no tabs.
   virtual bool TurnTabs(bool /*backwards*/) { return false; }
+  // Enter while the control has the focus. False where the form's default button is meant.
+  virtual bool TakeEnter() { return false; }
   // The focus has come to the control, before GotFocus is raised.
   virtual void FocusGained() {}
 

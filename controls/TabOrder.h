@@ -48,6 +48,9 @@ class TabOrder {
   // Turns the tabs of the first row of them that a user can reach. False where there is none.
   bool TurnTabs(bool backwards) const;
 
+  // Whether the holder does something with Enter.
+  bool TakeEnter() const { return holder_ && holder_->TakeEnter(); }
+
   void SetDefaultButton(ControlModel& button) { default_ = &button; }
   void SetCancelButton(ControlModel& button) { cancel_ = &button; }
   // What Enter or Escape presses; null for nothing.

@@ -43,7 +43,7 @@ bool FormKeys::Navigate(int keyCode) {
     case VK_PRIOR:
       return IsPressed(VK_CONTROL) && form_.order.TurnTabs(keyCode == VK_PRIOR);
     case VK_RETURN:
-      Press(form_.order.EnterButton());
+      if (!form_.order.TakeEnter()) Press(form_.order.EnterButton());
       return true;
     case VK_ESCAPE:
       Press(form_.order.EscapeButton());

@@ -9,6 +9,7 @@
 #include "controls/Frame.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
+#include "controls/ListView.h"
 #include "controls/TabStrip.h"
 #include "controls/TextBox.h"
 #include "controls/TreeView.h"
@@ -68,6 +69,16 @@ class SmallForm : public ScriptedForm {
 
   controls::CommandButton ok{*this, IDC_TEST_OK};
   controls::CommandButton cancel{*this, IDC_TEST_CANCEL};
+};
+
+// A box, a list view and a button.
+class ListForm : public ScriptedForm {
+ public:
+  explicit ListForm(controls::Desktop& desktop) : ScriptedForm(desktop, IDD_LIST_FORM) {}
+
+  controls::TextBox box{*this, IDC_TEST_NAME};
+  controls::ListView list{*this, IDC_TEST_LIST_VIEW};
+  controls::CommandButton ok{*this, IDC_TEST_OK};
 };
 
 }  // namespace controls_test

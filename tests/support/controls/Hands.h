@@ -9,6 +9,7 @@
 namespace controls {
 class CommandButton;
 class ListBox;
+class ListView;
 class TabStrip;
 class TextBox;
 class TreeView;
@@ -43,6 +44,11 @@ class Hands {
   bool Choose(controls::ListBox& list, int item);
   bool Toggle(controls::ListBox& list, int item);
   bool DoubleClick(controls::ListBox& list, int item);
+  // The same on a row of a list view, by its place among those on view.
+  bool Choose(controls::ListView& list, int place);
+  bool Toggle(controls::ListView& list, int place);
+  bool DoubleClick(controls::ListView& list, int place);
+  bool ClickHeading(controls::ListView& list, int column);
   bool ChooseTab(controls::TabStrip& tabs, int tab);
   bool Select(controls::TreeView& tree, controls::NodeId node);
   bool DoubleClick(controls::TreeView& tree, controls::NodeId node);

@@ -24,4 +24,9 @@ std::ostream& operator<<(std::ostream& out, const ShownItem& item) {
              << (item.focused ? " focused" : "");
 }
 
+std::ostream& operator<<(std::ostream& out, const ShownRow& row) {
+  for (const std::wstring& text : row.texts) out << Ascii(text) << '|';
+  return out << (row.selected ? " selected" : "") << (row.focused ? " focused" : "");
+}
+
 }  // namespace test_support

@@ -6,6 +6,7 @@
 
 namespace controls {
 class ListBox;
+class ListView;
 class TreeView;
 }  // namespace controls
 
@@ -34,13 +35,27 @@ struct ShownItem {
   bool operator==(const ShownItem&) const = default;
 };
 
+// A row of a list view as it is shown.
+struct ShownRow {
+  std::vector<std::wstring> texts;
+  bool selected = false;
+  bool focused = false;
+
+  bool operator==(const ShownRow&) const = default;
+};
+
 // For the test's log; what is not ASCII is left out.
 std::ostream& operator<<(std::ostream& out, const ShownNode& node);
 std::ostream& operator<<(std::ostream& out, const ShownItem& item);
+std::ostream& operator<<(std::ostream& out, const ShownRow& row);
 
 // What a user sees in a control, from the top to the bottom: one source for each back end. Where
 // there is a native control it is asked, and not the classes over it.
 std::vector<ShownNode> ShownNodes(const controls::TreeView& tree);
 std::vector<ShownItem> ShownItems(const controls::ListBox& list);
+std::vector<ShownRow> ShownRows(const controls::ListView& list);
+// The captions of the columns; that of the column by which the rows are sorted has a sign before
+// it, + from the first to the last and - the other way round.
+std::vector<std::wstring> ShownHeadings(const controls::ListView& list);
 
 }  // namespace test_support

@@ -6,6 +6,7 @@
 
 #include "controls/CommandButton.h"
 #include "controls/ListBox.h"
+#include "controls/ListView.h"
 #include "controls/TabStrip.h"
 #include "controls/TextBox.h"
 #include "controls/TreeView.h"
@@ -85,6 +86,22 @@ void User::Toggle(controls::ListBox& list, int item, Where where) {
 
 void User::DoubleClick(controls::ListBox& list, int item, Where where) {
   Require(hands_->DoubleClick(list, item), "DoubleClick", list.Id(), where);
+}
+
+void User::Choose(controls::ListView& list, int place, Where where) {
+  Require(hands_->Choose(list, place), "Choose", list.Id(), where);
+}
+
+void User::Toggle(controls::ListView& list, int place, Where where) {
+  Require(hands_->Toggle(list, place), "Toggle", list.Id(), where);
+}
+
+void User::DoubleClick(controls::ListView& list, int place, Where where) {
+  Require(hands_->DoubleClick(list, place), "DoubleClick", list.Id(), where);
+}
+
+void User::ClickHeading(controls::ListView& list, int column, Where where) {
+  Require(hands_->ClickHeading(list, column), "ClickHeading", list.Id(), where);
 }
 
 void User::ChooseTab(controls::TabStrip& tabs, int tab, Where where) {

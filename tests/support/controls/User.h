@@ -22,6 +22,7 @@ enum Key : int {
   kKeyPageUp = 33,
   kKeyPageDown = 34,
   kKeyInsert = 45,
+  kKeyA = 65,
   kKeyC = 67,
 };
 
@@ -71,6 +72,13 @@ class User {
   void Toggle(controls::ListBox& list, int item, Where where = Where::current());
   void DoubleClick(controls::ListBox& list, int item, Where where = Where::current());
 
+  // The same on a row of a list view, by its place among those on view; Toggle with the Control
+  // key held. A click on a heading sorts.
+  void Choose(controls::ListView& list, int place, Where where = Where::current());
+  void Toggle(controls::ListView& list, int place, Where where = Where::current());
+  void DoubleClick(controls::ListView& list, int place, Where where = Where::current());
+  void ClickHeading(controls::ListView& list, int column, Where where = Where::current());
+
   void ChooseTab(controls::TabStrip& tabs, int tab, Where where = Where::current());
 
   // Opens the closed nodes above first, as a person has to, and clicks the node.
@@ -91,8 +99,8 @@ class User {
   // focused button or types a blank. All reach the form's key procedures first.
   void PressKey(controls::Form& form, int keyCode, Where where = Where::current());
   void PressShiftTab(controls::Form& form, Where where = Where::current());
-  // A key with the Control key held: kKeyC or kKeyInsert copies in a tree that has the focus,
-  // kKeyTab or a page key turns the tabs.
+  // A key with the Control key held: kKeyC or kKeyInsert copies in a tree or list view that has the
+  // focus, kKeyA selects all in a list view, kKeyTab or a page key turns the tabs.
   void PressCtrl(controls::Form& form, int keyCode, Where where = Where::current());
   // Alt and a letter: presses the button, or focuses the control behind the label or frame, that
   // has the letter as its mnemonic. Hidden and disabled ones do not answer.

@@ -6,6 +6,7 @@
 #include "controls/memory/DesktopPeer.h"
 #include "controls/memory/FormPeer.h"
 #include "controls/memory/ListBoxPeer.h"
+#include "controls/memory/ListViewPeer.h"
 #include "controls/memory/TabStripPeer.h"
 #include "controls/memory/TextBoxPeer.h"
 #include "controls/memory/TreeViewPeer.h"
@@ -101,6 +102,33 @@ bool Hands::Toggle(ListBox& list, int item) {
 bool Hands::DoubleClick(ListBox& list, int item) {
   if (!Choose(list, item)) return false;
   if (CanUse(list) && ModelOf(list).Has(item)) Raise(list.Owner(), list.DblClick);
+  return true;
+}
+
+bool Hands::Choose(ListView& list, int place) {
+  ListViewModel& model = ModelOf(list);
+  if (!model.HasPlace(place) || !Focus(list)) return false;
+  if (CanUse(list)) model.Choose(place);
+  return true;
+}
+
+bool Hands::Toggle(ListView& list, int place) {
+  ListViewModel& model = ModelOf(list);
+  if (!model.HasPlace(place) || !Focus(list)) return false;
+  if (CanUse(list)) model.Toggle(place);
+  return true;
+}
+
+bool Hands::DoubleClick(ListView& list, int place) {
+  if (!Choose(list, place)) return false;
+  if (CanUse(list) && ModelOf(list).HasPlace(place)) ModelOf(list).Activate();
+  return true;
+}
+
+// A heading takes no focus.
+bool Hands::ClickHeading(ListView& list, int column) {
+  if (!CanUse(list) || !ModelOf(list).HasColumn(column)) return false;
+  ModelOf(list).ClickHeading(column);
   return true;
 }
 

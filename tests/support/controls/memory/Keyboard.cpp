@@ -3,6 +3,7 @@
 #include <cwctype>
 
 #include "controls/memory/ControlPeer.h"
+#include "controls/memory/ListViewPeer.h"
 #include "controls/memory/TreeViewPeer.h"
 #include "tests/support/controls/User.h"
 
@@ -12,6 +13,7 @@ namespace {
 using controls::Control;
 using controls::ControlModel;
 using controls::Form;
+using controls::ListViewPeer;
 using controls::TreeViewPeer;
 
 // Null where nothing is meant.
@@ -52,7 +54,9 @@ void Answer(Form::Peer& form, Control& control) {
 }  // namespace
 
 void PressOnControls(Form::Peer& form, int keyCode, bool shift) {
-  if (keyCode == kKeyEnter) PressIfUsable(ControlOf(form.order.EnterButton()));
+  if (keyCode == kKeyEnter && !form.order.TakeEnter()) {
+    PressIfUsable(ControlOf(form.order.EnterButton()));
+  }
   if (keyCode == kKeyEscape) PressIfUsable(ControlOf(form.order.EscapeButton()));
   if (keyCode == kKeyTab) PressTab(form, shift);
   Control* const focused = ControlOf(form.order.Holder());
@@ -63,9 +67,12 @@ void PressCtrlOnControls(Form::Peer& form, int keyCode) {
   if (keyCode == kKeyTab || keyCode == kKeyPageUp || keyCode == kKeyPageDown) {
     form.order.TurnTabs(keyCode == kKeyPageUp);
   }
-  if (keyCode != kKeyC && keyCode != kKeyInsert) return;
   Control* const focused = ControlOf(form.order.Holder());
   if (focused == nullptr) return;
+  auto* const list = dynamic_cast<ListViewPeer*>(&focused->BackEnd());
+  if (list != nullptr && keyCode == kKeyA) list->model.SelectAll();
+  if (keyCode != kKeyC && keyCode != kKeyInsert) return;
+  if (list != nullptr) list->model.AskForCopy();
   if (auto* tree = dynamic_cast<TreeViewPeer*>(&focused->BackEnd())) tree->model.AskForCopy();
 }
 

@@ -9,10 +9,12 @@
 #include "controls/TextBox.h"
 #include "controls/win32/FormPeer.h"
 #include "controls/win32/ListBoxPeer.h"
+#include "controls/win32/ListViewPeer.h"
 #include "controls/win32/TreeViewPeer.h"
 #include "tests/support/controls/win32/BoxAnswerer.h"
 #include "tests/support/controls/win32/Input.h"
 #include "tests/support/controls/win32/ListMouse.h"
+#include "tests/support/controls/win32/RowMouse.h"
 #include "tests/support/controls/win32/TreeMouse.h"
 #include "tests/support/system/ScriptedDesktop.h"
 
@@ -170,6 +172,32 @@ bool Hands::DoubleClick(ListBox& list, int item) {
   if (!Choose(list, item)) return false;
   ListMouse mouse(PeerOfList(list), parts_->input);
   if (CanUse(list) && ModelOf(list).Has(item)) mouse.ClickTextAgain(item);
+  return true;
+}
+
+bool Hands::Choose(ListView& list, int place) {
+  if (!ModelOf(list).HasPlace(place) || !Focus(list)) return false;
+  if (CanUse(list)) RowMouse(list, parts_->input).Click(place);
+  return true;
+}
+
+bool Hands::Toggle(ListView& list, int place) {
+  if (!ModelOf(list).HasPlace(place) || !Focus(list)) return false;
+  if (CanUse(list)) RowMouse(list, parts_->input).ClickWithControl(place);
+  return true;
+}
+
+bool Hands::DoubleClick(ListView& list, int place) {
+  if (!Choose(list, place)) return false;
+  if (CanUse(list) && ModelOf(list).HasPlace(place)) {
+    RowMouse(list, parts_->input).ClickAgain(place);
+  }
+  return true;
+}
+
+bool Hands::ClickHeading(ListView& list, int column) {
+  if (!CanUse(list) || !ModelOf(list).HasColumn(column)) return false;
+  RowMouse(list, parts_->input).ClickHeading(column);
   return true;
 }
 
