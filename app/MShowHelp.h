@@ -18,6 +18,7 @@ enum HelpTopic : int {
   kTopicAddUserInGroup = 1205,
   kTopicListGroups = 1206,
   kTopicListPermissions = 1207,
+  kTopicList = 1208,
 };
 
 // The help file's full path: it lies beside the executable.

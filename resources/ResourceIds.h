@@ -20,6 +20,7 @@
 #define IDD_EDIT_GROUP 104
 #define IDD_ADD_USER_IN_GROUP 105
 #define IDD_LIST_ITEM 106
+#define IDD_LIST 107
 
 // Controls that several windows share.
 #define IDC_HELP_BUTTON 900
@@ -88,3 +89,10 @@
 #define IDC_FRA_LIST_ITEM 1402
 #define IDC_LIST_LIST_ITEM 1403
 #define IDC_CMD_LIST_ITEM 1404  // All, and the one after it: None
+
+// Controls of the list window.
+#define IDC_LBL_LIST 1501
+#define IDC_TXT_FILTER 1502
+#define IDC_LBL_COUNT 1503
+#define IDC_LIST_ROWS 1504
+#define IDC_LBL_NOTICE 1505

@@ -45,6 +45,9 @@ UADMIN_STRING(149, "E&xporter les droits...")
 UADMIN_STRING(161, "Entrée")
 UADMIN_STRING(162, "Retour arrière")
 UADMIN_STRING(163, "Ctrl+D")
+UADMIN_STRING(164, "Ctrl+Q")
+UADMIN_STRING(165, "Ctrl+M")
+UADMIN_STRING(166, "Ctrl+K")
 UADMIN_STRING(169, "Ctrl+E")
 
 // Window titles. 201 is followed by the group's name, 206 by the kind of what is listed.
@@ -161,6 +164,41 @@ UADMIN_STRING(508, "Origine inconnue : cliquez sur Rafraîchir.")
 // Lists to search in. %1: how many are shown, %2: of how many.
 UADMIN_STRING(520, "%1 sur %2")
 UADMIN_STRING(521, "Rechercher (Ctrl+F)")
+// Ends a list of names that has been cut short. %1: how many are left out.
+UADMIN_STRING(522, "%1 autres")
+UADMIN_STRING(523, "La lecture a été interrompue : cette liste ne montre que ce qui a été lu. Rafraîchissez l'affichage pour la compléter.")
+UADMIN_STRING(524, "&Fermer")
+UADMIN_STRING(525, "Attein&dre")
+UADMIN_STRING(526, "&Comparer")
+// Column headings.
+UADMIN_STRING(527, "Nom")
+UADMIN_STRING(528, "Nom complet")
+UADMIN_STRING(529, "Origine")
+UADMIN_STRING(530, "En plus")
+UADMIN_STRING(531, "Droits que le groupe ne donne pas")
+UADMIN_STRING(532, "Permission")
+UADMIN_STRING(533, "Détenue par")
+// Commands of the context menu.
+UADMIN_STRING(534, "&Qui détient ce droit...")
+UADMIN_STRING(535, "&Membres...")
+UADMIN_STRING(536, "Com&parer avec...")
+// Titles of the lists, and the line above each. %1 and %2: what it is about.
+UADMIN_STRING(537, "Qui détient ce droit")
+UADMIN_STRING(538, "Permission : %1")
+UADMIN_STRING(539, "Membres du groupe")
+UADMIN_STRING(540, "Groupe : %1")
+UADMIN_STRING(541, "Comparer deux utilisateurs")
+UADMIN_STRING(542, "Avec quel utilisateur voulez-vous comparer %1 ?")
+UADMIN_STRING(543, "%1 et %2")
+// What is said where a list has no rows.
+UADMIN_STRING(544, "Personne ne détient cette permission.")
+UADMIN_STRING(545, "Ce groupe n'a pas de membres.")
+UADMIN_STRING(546, "Il n'y a pas d'autre utilisateur.")
+UADMIN_STRING(547, "Ni l'un ni l'autre n'a de permission.")
+// Which of two users has a permission. %1: the one who has it.
+UADMIN_STRING(548, "%1 seulement")
+UADMIN_STRING(549, "Les deux")
+
 // The export of who may do what: its title, the kinds of file, the name proposed (%1: the date).
 UADMIN_STRING(551, "Etat des droits")
 UADMIN_STRING(552, "Tableau pour tableur (CSV)")

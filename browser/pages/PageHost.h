@@ -1,20 +1,12 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
+
+#include "browser/rules/Account.h"
 
 namespace browser {
 
 class AccountPage;
-
-// The tabs by their number.
-enum Tab : int { kUsersTab, kGroupsTab };
-
-// An account, on the tab whose tree lists it.
-struct Account {
-  Tab tab = kUsersTab;
-  std::int32_t id = 0;
-};
 
 // What a command has changed that other pages show as well.
 enum class Change {

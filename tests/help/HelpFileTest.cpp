@@ -63,7 +63,8 @@ TEST_F(Help, OpensAPageOfItsOwnForEachWindow) {
       {app::kTopicEditGroup, "/modifier-groupe.htm"},
       {app::kTopicAddUserInGroup, "/ajouter-utilisateurs.htm"},
       {app::kTopicListGroups, "/choisir-groupes.htm"},
-      {app::kTopicListPermissions, "/choisir-permissions.htm"}};
+      {app::kTopicListPermissions, "/choisir-permissions.htm"},
+      {app::kTopicList, "/listes.htm"}};
   EXPECT_EQ(file_.Topics(), expected);
 }
 
