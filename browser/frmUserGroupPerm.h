@@ -79,6 +79,7 @@ class frmUserGroupPerm : public controls::Form, private PageHost {
   bool GoBack() override;
   bool CanGoBack() const override { return !history_.IsEmpty(); }
   bool AllAccountsKnown() const override { return !accountsMissing_; }
+  bool AllLeavesKnown() const override { return !leavesMissing_; }
 
   app::Outcome Start();
   void SettingControls();

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "app/ReportedLater.h"
+#include "browser/lists/AccountLists.h"
 #include "browser/pages/PageHost.h"
 #include "browser/pages/PageView.h"
 #include "browser/rules/OwnAccess.h"
@@ -148,6 +149,9 @@ class AccountPage : public PageView {
   void TellAssigned(const Selection& at, int one, int many);
   std::wstring NameOf(controls::NodeId account) const;
 
+  // The commands of both pages that answer with a list.
+  std::vector<MenuCommand> ListCommands();
+
   // What the trees tell of the right that the session's user has to this program.
   OwnAccess Access() const;
 
@@ -186,6 +190,16 @@ class AccountPage : public PageView {
   bool Confirm(int question, bool ownAccessEnds) const;
   void RemoveAccount(controls::NodeId account);
   void CountNew();
+
+  // AccountPageLists.cpp
+  ListContext Listed() const;
+  bool StandsForPermission(controls::NodeId node) const;
+  std::optional<std::int32_t> GroupAt(controls::NodeId node) const;
+  controls::NodeId UserAt(controls::NodeId node) const;
+  std::optional<Account> Choose(const std::function<ListSource()>& make);
+  void ShowHolders();
+  void ShowMembers();
+  void CompareUsers();
 
   // AccountPageMenu.cpp
   void TreeView1_ContextMenu(controls::NodeId node);

@@ -49,7 +49,8 @@ GroupsPage::GroupsPage(controls::Form& form, const PageContext& context)
     cmdMember[Index].Click = [this, Index] { cmdMember_Click(Index); };
     cmdGroupPermission[Index].Click = [this, Index] { cmdGroupPermission_Click(Index); };
   }
-  commands_ = {ExportCommand()};
+  commands_ = ListCommands();
+  commands_.push_back(ExportCommand());
 }
 
 int GroupsPage::ReadingText() const {

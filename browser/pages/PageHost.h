@@ -43,6 +43,8 @@ class PageHost {
   virtual bool CanGoBack() const = 0;
   // False from a failed read of the accounts until a refresh succeeds.
   virtual bool AllAccountsKnown() const = 0;
+  // The same of any failed read.
+  virtual bool AllLeavesKnown() const = 0;
 
  protected:
   ~PageHost() = default;

@@ -55,8 +55,10 @@ UsersPage::UsersPage(controls::Form& form, const PageContext& context)
                   return NamesAreKnown() &&
                          OwnerOf(lookup.GetTypeNode(KeyOf(node)), node) != controls::kNoNode;
                 },
-                [this] { DuplicateUser(); }},
-               ExportCommand()};
+                [this] { DuplicateUser(); }}};
+  const std::vector<MenuCommand> lists = ListCommands();
+  commands_.insert(commands_.end(), lists.begin(), lists.end());
+  commands_.push_back(ExportCommand());
   TreeView1.Tip = [this](NodeId node) { return OriginOf(node); };
 }
 

@@ -75,16 +75,25 @@ bool EffectivePermissions::Has(NodeId user, std::int32_t permission) const {
   return Lists(users_, user, kAllPermissionsKey, kAnyPermissionKey, permission);
 }
 
+bool EffectivePermissions::Gives(const Group& group, std::int32_t permission) {
+  return std::ranges::binary_search(group.permissions, permission);
+}
+
+// The groups of most users are in no order yet: they are put in order for those alone who have a
+// permission from several.
 PermissionSource EffectivePermissions::SourceOf(NodeId user, std::int32_t permission) const {
   PermissionSource source;
   source.direct = Lists(users_, user, kUserPermissionsKey, kUserPermissionKey, permission);
-  for (const std::int32_t id : GroupsOf(user)) {
+  const auto add = [&](std::int32_t id) {
     const auto group = groups_.find(id);
-    if (group == groups_.end()) continue;
-    if (std::ranges::binary_search(group->second.permissions, permission)) {
+    if (group != groups_.end() && Gives(group->second, permission)) {
       source.groups.push_back(group->second.node);
     }
-  }
+  };
+  for (const std::int32_t id : LeavesOf(users_, user, kMemberOfKey)) add(id);
+  if (source.groups.size() < 2) return source;
+  source.groups.clear();
+  for (const std::int32_t id : GroupsOf(user)) add(id);
   return source;
 }
 
@@ -128,6 +137,28 @@ std::vector<PermissionHolder> EffectivePermissions::HoldersOf(std::int32_t permi
     if (Has(user, permission)) holders.push_back({user, SourceOf(user, permission)});
   }
   return holders;
+}
+
+std::vector<NodeId> EffectivePermissions::MembersOf(std::int32_t groupId) const {
+  std::vector<NodeId> members;
+  const NodeId root = users_.Root();
+  if (root == kNoNode) return members;
+  for (const NodeId user : users_.ChildrenInOrder(root)) {
+    if (Lists(users_, user, kMemberOfKey, kUserGroupKey, groupId)) members.push_back(user);
+  }
+  return members;
+}
+
+std::vector<NodeId> EffectivePermissions::Beyond(NodeId user, std::int32_t groupId) const {
+  std::vector<NodeId> leaves;
+  const auto group = groups_.find(groupId);
+  const NodeId folder = Folder(users_, user, kAllPermissionsKey);
+  if (folder == kNoNode) return leaves;
+  for (NodeId leaf = users_.AnyChild(folder); leaf != kNoNode; leaf = users_.OtherSibling(leaf)) {
+    const bool given = group != groups_.end() && Gives(group->second, users_.Id(leaf));
+    if (!given) leaves.push_back(leaf);
+  }
+  return leaves;
 }
 
 }  // namespace browser

@@ -53,12 +53,19 @@ class EffectivePermissions {
   std::vector<std::int32_t> GivenBy(std::int32_t groupId) const;
   // The users who have a permission, in the order of the tree.
   std::vector<PermissionHolder> HoldersOf(std::int32_t permission) const;
+  // The users who are in a group, in the order of the tree.
+  std::vector<controls::NodeId> MembersOf(std::int32_t groupId) const;
+  // What a user has and a group does not give: leaves of his folder of all permissions, in no
+  // order.
+  std::vector<controls::NodeId> Beyond(controls::NodeId user, std::int32_t groupId) const;
 
  private:
   struct Group {
     controls::NodeId node = controls::kNoNode;
     std::vector<std::int32_t> permissions;  // in ascending order
   };
+
+  static bool Gives(const Group& group, std::int32_t permission);
 
   const controls::TreeNodes& users_;
   std::unordered_map<std::int32_t, Group> groups_;  // by identifier

@@ -5,21 +5,11 @@
 
 #include "app/StringIds.h"
 #include "browser/rules/AccountName.h"
+#include "browser/rules/JoinedNames.h"
 #include "browser/rules/TreeKeys.h"
 
 namespace browser {
 namespace {
-
-std::wstring Joined(const app::mGlobal& global, const std::vector<std::wstring>& names) {
-  std::wstring text;
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    if (i > 0) {
-      text += global.LoadResString(i + 1 < names.size() ? app::kNameSeparator : app::kLastNameAnd);
-    }
-    text += names[i];
-  }
-  return text;
-}
 
 int Pattern(bool direct, std::size_t groups) {
   if (groups == 0) return direct ? app::kGrantedDirectly : app::kOriginUnknown;
@@ -41,7 +31,7 @@ std::wstring SourceText(const app::mGlobal& global, const controls::TreeNodes& g
                         const PermissionSource& source) {
   const std::vector<std::wstring> names = NamesOf(groups, source.groups);
   return app::FillIn(global.LoadResString(Pattern(source.direct, names.size())),
-                     {Joined(global, names)});
+                     {JoinedNames(global, names)});
 }
 
 std::wstring PermissionOrigin(const app::mGlobal& global, const controls::TreeNodes& users,

@@ -27,6 +27,7 @@ class NotedHost final : public PageHost {
   bool GoBack() override { return false; }
   bool CanGoBack() const override { return false; }
   bool AllAccountsKnown() const override { return known; }
+  bool AllLeavesKnown() const override { return known; }
 
   std::vector<Change> changes;
   std::vector<Missing> missing;

@@ -24,6 +24,12 @@ constexpr std::size_t kButtonLines[] = {0, 1, 2, 4, 5, 7, 8};
 // And where it has the command that begins a new user with what another one has.
 constexpr std::size_t kDuplicateLine = 17;
 
+// The lines that show a list change nothing, and are no commands to the walk.
+bool ShowsList(int tree, std::size_t line) {
+  const std::size_t first = tree == kUsersTree ? kDuplicateLine + 1 : kDuplicateLine;
+  return line >= first && line < first + 3;
+}
+
 std::optional<Command> CommandOfMenuLine(int tree, std::size_t line) {
   if (tree == kUsersTree && line == kDuplicateLine) return Command{Section::kAccount, Verb::kNew};
   for (std::size_t place = 0; place < kCommands.size(); ++place) {
@@ -167,6 +173,7 @@ void Actions::UseMenu() {
     expected_.Selected(walk_.Tab(), walk_.SelectedKey(walk_.Tab()));
     const auto line = static_cast<std::size_t>(walk_.dice.Below(static_cast<int>(items.size())));
     if (items[line].command == 0 || !items[line].enabled) return 0;
+    if (ShowsList(walk_.Tab(), line)) return 0;
     walk_.Note("  line " + data::ToUtf8(items[line].caption) + " at " +
                data::ToUtf8(run_.At().key));
     command = CommandOfMenuLine(walk_.Tab(), line);
