@@ -183,7 +183,7 @@ void TreeItems::Withdraw(NodeId parent, std::size_t wanted) {
   for (const NodeId child : map_.ChildrenOf(parent)) {
     (model_.Filter().LetsThrough(child) ? staying : leaving).push_back(child);
   }
-  const bool fewStay = leaving.size() > staying.size();
+  const bool fewStay = leaving.size() > staying.size() / 2;
   const bool manyCome = wanted > kSortFrom && wanted / 8 > staying.size();
   if (!fewStay && !manyCome && leaving.empty()) return;
   if (fewStay || manyCome) {
