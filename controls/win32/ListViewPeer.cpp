@@ -44,7 +44,7 @@ void ListViewPeer::ShowAccessibleName() {
   if (window) name_.Set(window, CHILDID_SELF, state.accessibleName);
 }
 
-void ListViewPeer::DpiChanged(unsigned /*oldDpi*/) {
+void ListViewPeer::DpiChanged() {
   columnsSized_ = false;
   FitColumns();
 }

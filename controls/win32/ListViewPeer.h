@@ -16,7 +16,7 @@ struct ListViewPeer : Control::Peer, ListViewModel::View {
   bool TakeEnter() override { return TakesInput() && model.Activate(); }
   void Attached() override;
   void Detached() override;
-  void DpiChanged(unsigned oldDpi) override;
+  void DpiChanged() override;
   void BufferingChanged() override;
   LRESULT Notify(NMHDR& header) override;
   LRESULT Handle(const Message& message) override;
