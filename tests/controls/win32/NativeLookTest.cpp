@@ -1,3 +1,5 @@
+#include <windows.h>
+
 #include <wtsapi32.h>
 
 #include <algorithm>
