@@ -82,8 +82,8 @@ ListSource ComparisonList(const ListContext& context, NodeId one, NodeId other) 
   ListSource source;
   source.title = global.LoadResString(app::kCompareTitle);
   source.heading = app::FillIn(global.LoadResString(app::kComparedHeading), {oneName, otherName});
-  source.columns = {{global.LoadResString(app::kPermissionColumn), 3},
-                    {global.LoadResString(app::kWhoColumn), 2},
+  source.columns = {{global.LoadResString(app::kPermissionColumn), 4},
+                    {global.LoadResString(app::kWhoColumn), 3},
                     {oneName, 4},
                     {otherName, 4}};
   source.nothing = global.LoadResString(app::kNothingToCompare);

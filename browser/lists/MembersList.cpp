@@ -69,10 +69,10 @@ ListSource MembersList(const ListContext& context, std::int32_t groupId) {
     source.heading =
         app::FillIn(global.LoadResString(app::kGroupHeading), {AccountName(context.groups, group)});
   }
-  source.columns[0].share = 3;
-  source.columns[1].share = 4;
-  source.columns.push_back({global.LoadResString(app::kBeyondCountColumn), 1, true});
-  source.columns.push_back({global.LoadResString(app::kBeyondColumn), 6});
+  source.columns[0].share = 5;
+  source.columns[1].share = 7;
+  source.columns.push_back({global.LoadResString(app::kBeyondCountColumn), 3, true});
+  source.columns.push_back({global.LoadResString(app::kBeyondColumn), 10});
   const EffectivePermissions permissions(context.users, context.groups);
   PermissionOrder order(context.users);
   for (const NodeId user : permissions.MembersOf(groupId)) {
