@@ -73,6 +73,7 @@ void frmList::SetAnchors() {
     button->SetAnchors(kAnchorRight | kAnchorBottom);
   }
   SetResizable(true);
+  KeepPlace(L"List", Kept::kSize);
 }
 
 void frmList::SetEvents() {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/StringIds.h"
+#include "resources/ResourceIds.h"
 #include "tests/program/ControlIds.h"
 #include "tests/program/DialogWindow.h"
 #include "tests/program/Outline.h"
@@ -117,6 +118,25 @@ TEST_F(Pictures, TheDialogsOfTheGroupsTabCanBeSeen) {
   const DialogWindow members(Program(), String(app::kAddUsersTitle) + kQuality);
   members.Type(L"ma");
   Keep(members.Form(), L"add-users.bmp");
+}
+
+TEST_F(Pictures, TheListsCanBeSeen) {
+  const MainWindow window = Open(SampleSession());
+  window.Select(kUsersTab, {kMartin, String(app::kAllPermissions), L"Consulter le stock"});
+  window.Key('Q', {VK_CONTROL});
+  const DialogWindow holders(Program(), String(app::kHoldersTitle));
+  holders.TabTo(IDC_LIST_ROWS);
+  Keep(holders.Form(), L"who-has-it.bmp");
+  Leave(holders, window);
+  window.Select(kUsersTab, {kMartin});
+  window.Key('K', {VK_CONTROL});
+  const DialogWindow others(Program(), String(app::kCompareTitle));
+  others.Type(L"bernard");
+  others.Key(VK_RETURN);
+  driver::Await("the comparison", [&] { return !others.IsOpen(); });
+  const DialogWindow comparison(Program(), String(app::kCompareTitle));
+  comparison.TabTo(IDC_LIST_ROWS);
+  Keep(comparison.Form(), L"compare.bmp");
 }
 
 TEST_F(Pictures, AMenuAndATipCanBeSeen) {
