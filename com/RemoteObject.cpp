@@ -78,7 +78,7 @@ void RemoteObject::MakePlain(VARIANT& value) const {
   for (int step = 0; !IsPlain(value); ++step) {
     RemoteValue given(*server_, value);
     if (step == kMostSteps) throw data::RunTimeError(data::kTypeMismatch);
-    given.Follow();
+    given.Dereference();
     if (!given.IsObject()) {
       given.TakePlain(value);
       continue;
@@ -92,7 +92,7 @@ void RemoteObject::MakePlain(VARIANT& value) const {
 
 RemoteObject RemoteObject::ObjectIn(VARIANT& value) const {
   RemoteValue given(*server_, value);
-  given.Follow();
+  given.Dereference();
   return TakeObject(given);
 }
 

@@ -19,7 +19,7 @@ RemoteValue::~RemoteValue() {
   }
 }
 
-void RemoteValue::Follow() {
+void RemoteValue::Dereference() {
   if ((value_.vt & VT_BYREF) == 0) return;
   VARIANT target;
   target.vt = VT_EMPTY;

@@ -24,7 +24,7 @@ class RemoteValue {
   RemoteValue& operator=(const RemoteValue&) = delete;
 
   // Replaces a reference by what it refers to.
-  void Follow();
+  void Dereference();
   bool IsObject() const { return value_.vt == VT_DISPATCH || value_.vt == VT_UNKNOWN; }
   // The object that is the value, which is left empty. Raises 424 when it is none, 91 when it is no
   // object at all. Null, and the server's answer in result, when it cannot be called late-bound.

@@ -96,7 +96,7 @@ void ListViewModel::SetRows(std::vector<ListView::Row> rows) {
   }
   life_.index = -1;
   PutInOrder();
-  Show();
+  UpdateView();
 }
 
 void ListViewModel::PutInOrder() {
@@ -125,7 +125,7 @@ void ListViewModel::SortByText(int column) {
 }
 
 // Puts the rows on view that are visible, in their order.
-void ListViewModel::Show() {
+void ListViewModel::UpdateView() {
   life_.shown.clear();
   for (const int row : life_.order) {
     Item& item = At(row);
@@ -139,14 +139,14 @@ void ListViewModel::Show() {
 
 void ListViewModel::Filter(const std::function<bool(int row)>& shows) {
   for (int row = 0; row < RowCount(); ++row) At(row).visible = shows(row);
-  Show();
+  UpdateView();
 }
 
 void ListViewModel::Sort(int column, bool descending) {
   life_.sortColumn = HasColumn(column) ? column : -1;
   life_.descending = descending && life_.sortColumn >= 0;
   PutInOrder();
-  Show();
+  UpdateView();
   if (view_) view_->OrderChanged();
 }
 

@@ -103,7 +103,7 @@ class ListViewModel {
   void PutInOrder();
   void SortByNumber(int column);
   void SortByText(int column);
-  void Show();
+  void UpdateView();
   bool MoveTo(int row);
   void SelectAlone(int row);
   std::wstring CopiedText() const;

@@ -30,7 +30,7 @@ NodeId TreeModel::AddUnique(NodeId parent, const KeyForm& keyForm, std::int32_t 
   const NodeId node = nodes_.Add(parent, keyForm, id, text, image);
   filter_.TextChanged(node);
   if (view_) view_->ChildrenChanged(parent);
-  Show();
+  UpdateView();
   return node;
 }
 
@@ -39,7 +39,7 @@ void TreeModel::Remove(NodeId node) {
   if (view_) view_->Removing(node);
   filter_.Removing(node);
   nodes_.Remove(node);
-  Show();
+  UpdateView();
 }
 
 void TreeModel::RemoveChildren(NodeId node) {
@@ -47,7 +47,7 @@ void TreeModel::RemoveChildren(NodeId node) {
   if (view_) view_->RemovingChildren(node);
   filter_.RemovingChildren(node);
   nodes_.RemoveChildren(node);
-  Show();
+  UpdateView();
 }
 
 void TreeModel::Clear() {
@@ -56,7 +56,7 @@ void TreeModel::Clear() {
   nodes_.Clear();
   selected_ = kNoNode;
   if (updates_ > 0) return;
-  Show();
+  UpdateView();
   nodes_.Sweep();
 }
 
@@ -64,25 +64,25 @@ void TreeModel::SetText(NodeId node, std::wstring_view text) {
   nodes_.SetText(node, Share(text));
   if (view_) view_->Changed(node);
   TextChanged(node);
-  Show();
+  UpdateView();
 }
 
 void TreeModel::SetStoredName(NodeId node, std::wstring_view name) {
   nodes_.SetStoredName(node, name);
   if (!filter_.IsSet()) return filter_.TextChanged(node);
   TextChanged(node);
-  Show();
+  UpdateView();
 }
 
 void TreeModel::SetImage(NodeId node, int image) {
   nodes_.SetImage(node, image);
   if (view_) view_->Changed(node);
-  Show();
+  UpdateView();
 }
 
 void TreeModel::SetSorted(NodeId node, bool sorted) {
   nodes_.SetSorted(node, sorted);
-  Show();
+  UpdateView();
 }
 
 void TreeModel::SetExpanded(NodeId node, bool expanded) {
@@ -90,7 +90,7 @@ void TreeModel::SetExpanded(NodeId node, bool expanded) {
   nodes_.SetExpanded(node, expanded);
   if (view_) view_->ExpansionChanged(node);
   if (!expanded) LeaveBelow(node);
-  Show();
+  UpdateView();
   Raise(tree_->Owner(), expanded ? tree_->Expand : tree_->Collapse, node);
 }
 
@@ -100,7 +100,7 @@ void TreeModel::Select(NodeId node) {
   selected_ = node;
   KeepOnView(node);
   reveal_ = true;
-  Show();
+  UpdateView();
 }
 
 void TreeModel::EnsureVisible(NodeId node) {
@@ -113,7 +113,7 @@ void TreeModel::EnsureVisible(NodeId node) {
 
 void TreeModel::EndUpdate() {
   if (--updates_ > 0) return;
-  Show();
+  UpdateView();
   nodes_.Sweep();
 }
 
@@ -194,7 +194,7 @@ void TreeModel::SetFilter(TreeFilterRule rule) {
     view_->ChildrenChanged(root);
   }
   reveal_ = true;
-  Show();
+  UpdateView();
 }
 
 NodeId TreeModel::FirstMatch() const {
@@ -220,12 +220,12 @@ void TreeModel::TextChanged(NodeId node) {
 }
 
 // Once for a batch of changes: outside of one, after every change.
-void TreeModel::Show() {
+void TreeModel::UpdateView() {
   if (updates_ > 0) return;
   const std::vector<NodeId> reordered = nodes_.TakeReordered();
   if (!view_) return;
   view_->Reordered(reordered);
-  view_->Show(selected_, std::exchange(reveal_, false));
+  view_->Synchronise(selected_, std::exchange(reveal_, false));
 }
 
 }  // namespace controls

@@ -29,7 +29,7 @@ class TreeModel {
     // The children of these nodes are to be put in order.
     virtual void Reordered(const std::vector<NodeId>& parents) = 0;
     // Shows all of that, and the selection; reveal brings the selected node into view.
-    virtual void Show(NodeId selected, bool reveal) = 0;
+    virtual void Synchronise(NodeId selected, bool reveal) = 0;
     // Scrolls to a node that stands in open ones.
     virtual void EnsureVisible(NodeId node) = 0;
 
@@ -101,7 +101,7 @@ class TreeModel {
   void LeaveNode(NodeId node);
   void KeepOnView(NodeId node);
   void TextChanged(NodeId node);
-  void Show();
+  void UpdateView();
 
   TreeNodes nodes_;
   TreeFilter filter_{nodes_};

@@ -28,7 +28,7 @@ struct CheckList : ListBoxPeer {
   void Attached() override {
     const ProgramChange change(*this);
     SetWindowTheme(window, L"Explorer", nullptr);
-    ShowExtended(LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP, true);
+    SetExtendedStyle(LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP, true);
     BufferingChanged();
     LVCOLUMNW column = {};
     column.mask = LVCF_WIDTH;
@@ -40,11 +40,11 @@ struct CheckList : ListBoxPeer {
   // the checks when it is told to have none.
   void DpiChanged() override {
     const ProgramChange change(*this);
-    ShowExtended(LVS_EX_CHECKBOXES, false);
-    ShowExtended(LVS_EX_CHECKBOXES, true);
+    SetExtendedStyle(LVS_EX_CHECKBOXES, false);
+    SetExtendedStyle(LVS_EX_CHECKBOXES, true);
     for (int item = 0; item < model.Count(); ++item) SelectionChanged(item);
   }
-  void BufferingChanged() override { ShowExtended(LVS_EX_DOUBLEBUFFER, Buffers()); }
+  void BufferingChanged() override { SetExtendedStyle(LVS_EX_DOUBLEBUFFER, Buffers()); }
 
   // The control measures its items when it first paints them, and goes on to set its scroll bars
   // several times over. Nobody has to wait for that, or see it: it paints into nothing now.
@@ -133,7 +133,7 @@ struct CheckList : ListBoxPeer {
     return 0;
   }
 
-  void ShowExtended(DWORD styles, bool on) const {
+  void SetExtendedStyle(DWORD styles, bool on) const {
     Send(LVM_SETEXTENDEDLISTVIEWSTYLE, styles, on ? styles : 0);
   }
 

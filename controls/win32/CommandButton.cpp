@@ -37,7 +37,7 @@ std::wstring CommandButton::Caption() const {
 }
 
 void CommandButton::SetCaption(const std::wstring& caption) {
-  BackEnd().ShowText(caption);
+  BackEnd().SetNativeText(caption);
 }
 
 const std::wstring& CommandButton::AccessibleName() const {

@@ -24,7 +24,7 @@ bool Control::Enabled() const {
 void Control::SetEnabled(bool enabled) {
   if (peer_->state.enabled == enabled) return;
   peer_->state.enabled = enabled;
-  form_.BackEnd().ShowStates();
+  form_.BackEnd().ApplyStates();
 }
 
 bool Control::Visible() const {
@@ -34,12 +34,12 @@ bool Control::Visible() const {
 void Control::SetVisible(bool visible) {
   if (peer_->state.visible == visible) return;
   peer_->state.visible = visible;
-  form_.BackEnd().ShowStates();
+  form_.BackEnd().ApplyStates();
 }
 
 void Control::SetContainer(const Frame& container) {
   peer_->state.container = &container.BackEnd().state;
-  form_.BackEnd().ShowStates();
+  form_.BackEnd().ApplyStates();
 }
 
 bool Control::HasFocus() const {

@@ -11,7 +11,7 @@ void Control::Peer::Attach(HWND native) {
   SetWindowLongPtrW(native, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   const auto ours = reinterpret_cast<LONG_PTR>(ControlProcedure);
   procedure_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(native, GWLP_WNDPROC, ours));
-  ShowState();
+  ApplyState();
   Attached();
 }
 
@@ -50,7 +50,7 @@ std::wstring Control::Peer::WindowText() const {
   return text;
 }
 
-void Control::Peer::ShowText(const std::wstring& text) const {
+void Control::Peer::SetNativeText(const std::wstring& text) const {
   if (window) SetWindowTextW(window, text.c_str());
 }
 
@@ -68,7 +68,7 @@ bool Control::Peer::Buffers() const {
   return !Surroundings().BackEnd().remote;
 }
 
-bool Control::Peer::ShowState() const {
+bool Control::Peer::ApplyState() const {
   if (!window) return false;
   const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
   const bool isVisible = state.IsVisible();

@@ -42,7 +42,7 @@ struct Control::Peer : ControlModel {
   // Hands a message to the native control itself.
   LRESULT Native(const Message& message) const;
   std::wstring WindowText() const;
-  void ShowText(const std::wstring& text) const;
+  void SetNativeText(const std::wstring& text) const;
   void ChangeStyle(LONG_PTR remove, LONG_PTR add) const;
   // Whether to paint into memory first: not where what is painted goes to another machine.
   bool Buffers() const;
@@ -54,7 +54,7 @@ struct Control::Peer : ControlModel {
   // Whether a user can reach it: not while a modal form stands over its own.
   bool TakesInput() const;
   // Brings the native window to that state. True when that has shown or hidden it.
-  bool ShowState() const;
+  bool ApplyState() const;
   void SetNativeFont(HFONT handle) const;
   // Makes the font asked for, in the form's present resolution.
   void RenewFont();

@@ -26,7 +26,7 @@ bool Desktop::SetClipboardText(const std::wstring& text) {
 void Desktop::SetMousePointer(MousePointer pointer) {
   if (peer_->pointer == pointer) return;
   peer_->pointer = pointer;
-  if (pointer == MousePointer::kWait) return peer_->ShowPointer();
+  if (pointer == MousePointer::kWait) return peer_->ApplyPointer();
   // What is under the mouse shows its own pointer again.
   POINT place = {};
   GetCursorPos(&place);

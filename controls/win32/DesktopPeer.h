@@ -25,7 +25,7 @@ struct Desktop::Peer {
   // The shown form that has, or would have, the input: the last one shown that is not disabled;
   // null when there is none.
   const Form* ActiveForm() const;
-  void ShowPointer() const;
+  void ApplyPointer() const;
 
   std::vector<Form::Peer*> forms;  // loaded, in that order
   MousePointer pointer = MousePointer::kDefault;

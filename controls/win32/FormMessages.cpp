@@ -140,7 +140,7 @@ void Form::Peer::EndLife() {
 INT_PTR Form::Peer::SetPointer(const Message& message) {
   if (desktop.BackEnd().pointer != MousePointer::kWait) return FALSE;
   if (LOWORD(message.lParam) != HTCLIENT) return FALSE;
-  desktop.BackEnd().ShowPointer();
+  desktop.BackEnd().ApplyPointer();
   return Answer(TRUE);
 }
 
@@ -183,7 +183,7 @@ void Form::Peer::SessionMoved(WPARAM event) {
 void Form::Peer::DpiChanged(unsigned newDpi, const RECT& place) {
   const unsigned oldDpi = std::exchange(life.dpi, newDpi);
   life.layout.Rescale(oldDpi, newDpi);
-  ShowFont();
+  ApplyFont();
   life.background.Forget();
   if (life.icon) SetIcon(life.icon);
   for (Control::Peer* control : controls) control->DpiChanged();

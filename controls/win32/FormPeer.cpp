@@ -155,10 +155,10 @@ bool Form::Peer::TakesInput() const {
          surroundings.inputHolds == 0;
 }
 
-void Form::Peer::ShowStates() {
+void Form::Peer::ApplyStates() {
   if (!life.window) return;
   for (const Control::Peer* control : controls) {
-    if (!control->ShowState()) continue;
+    if (!control->ApplyState()) continue;
     const RECT place = PlaceIn(life.window, control->window);
     UnionRect(&life.changed, &life.changed, &place);
   }
@@ -185,11 +185,11 @@ void Form::Peer::SetFont(const Font& wanted) {
   if (!life.window) return;
   life.font = wanted;
   for (Control::Peer* control : controls) control->state.font.reset();
-  ShowFont();
+  ApplyFont();
 }
 
 // Gives the form and all that has no font of its own the font asked for, else the template's.
-void Form::Peer::ShowFont() {
+void Form::Peer::ApplyFont() {
   FontHandle handle = life.font ? MakeFont(*life.font, life.dpi)
                                 : ScaleFont(life.templateFont, life.templateDpi, life.dpi);
   const auto shownFont = AsWParam(handle.Get());

@@ -59,7 +59,7 @@ struct Form::Peer {
   // does not merely paint in the middle of long work.
   bool TakesInput() const;
   // Brings every control to the state asked for, and the focus to where it may be.
-  void ShowStates();
+  void ApplyStates();
   // Has what was shown or hidden painted. While a message is being handled that waits for its end,
   // so that what changes together is painted once; whoever runs a message loop meanwhile calls it
   // first.
@@ -98,7 +98,7 @@ struct Form::Peer {
   // Puts the window where it is to be shown first. True when it is to be maximised.
   bool TakePlace() const;
   void AttachControls();
-  void ShowFont();
+  void ApplyFont();
   void DropWindows();
   void RepaintLater(const RECT* area) const;
 

@@ -20,7 +20,7 @@ std::wstring Frame::Caption() const {
 }
 
 void Frame::SetCaption(const std::wstring& caption) {
-  BackEnd().ShowText(caption);
+  BackEnd().SetNativeText(caption);
 }
 
 }  // namespace controls

@@ -19,7 +19,7 @@ struct LabelPeer : Control::Peer {
     const bool wasPlain = (GetWindowLongPtrW(window, GWL_STYLE) & SS_NOPREFIX) != 0;
     if (plain == wasPlain && text == WindowText()) return;
     ChangeStyle(SS_NOPREFIX, plain ? SS_NOPREFIX : 0);
-    ShowText(text);
+    SetNativeText(text);
     // The new text may be shorter, or the same with another meaning of its ampersands.
     InvalidateRect(window, nullptr, TRUE);
   }

@@ -22,16 +22,16 @@ bool WithControlAlone() {
 
 void ListViewPeer::Attached() {
   SetWindowTheme(window, L"Explorer", nullptr);
-  ShowExtended(LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP, true);
+  SetExtendedStyle(LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP, true);
   BufferingChanged();
 }
 
-void ListViewPeer::ShowExtended(DWORD styles, bool on) const {
+void ListViewPeer::SetExtendedStyle(DWORD styles, bool on) const {
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, styles, on ? styles : 0);
 }
 
 void ListViewPeer::BufferingChanged() {
-  ShowExtended(LVS_EX_DOUBLEBUFFER, Buffers());
+  SetExtendedStyle(LVS_EX_DOUBLEBUFFER, Buffers());
 }
 
 void ListViewPeer::Detached() {

@@ -45,7 +45,7 @@ struct ListViewPeer : Control::Peer, ListViewModel::View {
     ListViewPeer& list_;
   };
 
-  void ShowExtended(DWORD styles, bool on) const;
+  void SetExtendedStyle(DWORD styles, bool on) const;
   HWND Heading() const;
   void FitColumns();
   void ShowSelection() const;

@@ -65,7 +65,7 @@ const Form* Desktop::Peer::ActiveForm() const {
   return nullptr;
 }
 
-void Desktop::Peer::ShowPointer() const {
+void Desktop::Peer::ApplyPointer() const {
   SetCursor(LoadCursorW(nullptr, pointer == MousePointer::kWait ? IDC_WAIT : IDC_ARROW));
 }
 

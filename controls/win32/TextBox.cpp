@@ -58,10 +58,10 @@ struct TextBoxPeer : Control::Peer {
     if (longest_ == 0) return;
     wiping_ = true;
     const std::wstring blanks(longest_, L' ');
-    ShowText(blanks);
+    SetNativeText(blanks);
     Send(EM_SETSEL, 0, -1);
     Send(EM_REPLACESEL, TRUE, AsLParam(blanks.c_str()));
-    ShowText({});
+    SetNativeText({});
     longest_ = 0;
     wiping_ = false;
   }
@@ -126,7 +126,7 @@ void TextBox::SetText(const std::wstring& text) {
   TextBoxPeer& peer = PeerOfBox(*this);
   if (!peer.window || peer.text.Get() == text) return;
   if (IsMasked()) peer.WipeWindow();
-  peer.ShowText(text);
+  peer.SetNativeText(text);
 }
 
 std::wstring TextBox::Cue() const {

@@ -106,7 +106,7 @@ void TreeItems::Synchronise(NodeId selected, bool reveal) {
   {
     const RedrawOff redrawOff(*this, changes_.Structural());
     top = TopThatStays();
-    FollowNodes(selected);
+    ApplyChanges(selected);
   }
   ++busy_;
   if (rebuilt) control_.ScrollToStart();
@@ -116,13 +116,13 @@ void TreeItems::Synchronise(NodeId selected, bool reveal) {
   --busy_;
 }
 
-void TreeItems::FollowNodes(NodeId selected) {
+void TreeItems::ApplyChanges(NodeId selected) {
   DeleteRemoved();
   const auto parents = std::exchange(changes_.parents, {});
   for (const NodeId parent : parents) SynchroniseChildren(parent);
-  for (const NodeId node : std::exchange(changes_.nodes, {})) ShowLook(node);
-  for (const NodeId node : parents) ShowExpansion(node);
-  for (const NodeId node : std::exchange(changes_.expansions, {})) ShowExpansion(node);
+  for (const NodeId node : std::exchange(changes_.nodes, {})) ApplyLook(node);
+  for (const NodeId node : parents) ApplyExpansion(node);
+  for (const NodeId node : std::exchange(changes_.expansions, {})) ApplyExpansion(node);
   reusable_.DeleteRest();
   HTREEITEM item = map_.ItemOf(selected);
   if (control_.Next(TVGN_CARET) != item) control_.Select(item);
@@ -170,7 +170,7 @@ void TreeItems::SynchroniseChildren(NodeId parent) {
     Insert(parent, wanted, InOrder(map_.ChildrenOf(parent), wanted));
     map_.SetChildren(parent, std::move(wanted));
   }
-  if (parent != kNoNode) ShowLook(parent);
+  if (parent != kNoNode) ApplyLook(parent);
 }
 
 // Takes away the items of those children that are on view no longer. Where few stay, of those that
@@ -230,7 +230,7 @@ void TreeItems::Insert(NodeId parent, const std::vector<NodeId>& wanted, bool in
     if (!beginning) control_.Sort(map_.ItemOf(parent), wanted);
   }
   for (const NodeId child : missing) {
-    if (nodes_.Expanded(child)) ShowExpansion(child);
+    if (nodes_.Expanded(child)) ApplyExpansion(child);
   }
 }
 
@@ -255,11 +255,11 @@ void TreeItems::InsertAfter(HTREEITEM previous, NodeId node, NodeId parent) {
   map_.Set(node, control_.Insert(node, map_.ItemOf(parent), previous));
 }
 
-void TreeItems::ShowLook(NodeId node) const {
+void TreeItems::ApplyLook(NodeId node) const {
   if (HTREEITEM item = map_.ItemOf(node)) control_.Change(item, node, TreeControl::kLook);
 }
 
-void TreeItems::ShowExpansion(NodeId node) {
+void TreeItems::ApplyExpansion(NodeId node) {
   HTREEITEM item = map_.ItemOf(node);
   if (!item) return;
   const bool open = nodes_.Expanded(node) && model_.HasChildrenOnView(node);

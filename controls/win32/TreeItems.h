@@ -52,7 +52,7 @@ class TreeItems {
  private:
   class RedrawOff;
 
-  void FollowNodes(NodeId selected);
+  void ApplyChanges(NodeId selected);
   NodeId TopThatStays() const;
   HTREEITEM ShownLine(NodeId node) const;
   void DeleteRemoved();
@@ -65,8 +65,8 @@ class TreeItems {
   std::vector<NodeId> NotYetTold(const std::vector<NodeId>& nodes) const;
   void InsertInPlace(NodeId parent, const std::vector<NodeId>& wanted);
   void InsertAfter(HTREEITEM previous, NodeId node, NodeId parent);
-  void ShowLook(NodeId node) const;
-  void ShowExpansion(NodeId node);
+  void ApplyLook(NodeId node) const;
+  void ApplyExpansion(NodeId node);
 
   TreeModel& model_;
   const TreeNodes& nodes_;

@@ -18,7 +18,7 @@ void TreeView::SetImageList(const ImageList& images) {
   // Given once more the same list, the native control would paint all of itself again.
   if (peer.images == &images) return;
   peer.images = &images;
-  peer.ShowImages();
+  peer.ApplyImageList();
 }
 
 }  // namespace controls

@@ -31,7 +31,7 @@ void TreeViewPeer::Detached() {
 }
 
 void TreeViewPeer::DpiChanged() {
-  ShowImages();
+  ApplyImageList();
   // The native control only ever grows it.
   Send(TVM_SETITEMHEIGHT, static_cast<WPARAM>(-1));
   tips_.SetWidth();
@@ -41,7 +41,7 @@ void TreeViewPeer::BufferingChanged() {
   Send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, Buffers() ? TVS_EX_DOUBLEBUFFER : 0);
 }
 
-void TreeViewPeer::ShowImages() const {
+void TreeViewPeer::ApplyImageList() const {
   if (!images || !window) return;
   const unsigned dpi = form.BackEnd().life.dpi;
   Send(TVM_SETIMAGELIST, TVSIL_NORMAL, AsLParam(images->BackEnd().At(dpi)));
@@ -49,7 +49,7 @@ void TreeViewPeer::ShowImages() const {
   Send(TVM_SETINDENT, static_cast<WPARAM>(Scaled(kIndent, USER_DEFAULT_SCREEN_DPI, dpi)));
 }
 
-void TreeViewPeer::Show(NodeId selected, bool reveal) {
+void TreeViewPeer::Synchronise(NodeId selected, bool reveal) {
   items.Synchronise(selected, reveal);
   tips_.Changed();
 }

@@ -23,7 +23,7 @@ struct TreeViewPeer : Control::Peer, TreeModel::View {
   // A message of our own to the tree view: the selected node is to be described.
   static constexpr UINT kDescribe = WM_APP;
 
-  void ShowImages() const;
+  void ApplyImageList() const;
 
   // --- What the model tells ---
   void ChildrenChanged(NodeId parent) override { items.ChildrenChanged(parent); }
@@ -33,7 +33,7 @@ struct TreeViewPeer : Control::Peer, TreeModel::View {
   void Changed(NodeId node) override { items.Changed(node); }
   void ExpansionChanged(NodeId node) override { items.ExpansionChanged(node); }
   void Reordered(const std::vector<NodeId>& parents) override { items.Reordered(parents); }
-  void Show(NodeId selected, bool reveal) override;
+  void Synchronise(NodeId selected, bool reveal) override;
   void EnsureVisible(NodeId node) override;
 
   // --- What a user asks for (TreeViewInput.cpp) ---

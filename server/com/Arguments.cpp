@@ -18,7 +18,7 @@ constexpr VARTYPE kSmallNumberReference = VT_BYREF | VT_I2;
 constexpr VARTYPE kValueReference = VT_BYREF | VT_VARIANT;
 
 // What a script's variable holds.
-const VARIANT& Followed(const VARIANT& value) {
+const VARIANT& Dereferenced(const VARIANT& value) {
   return value.vt == kValueReference ? *value.pvarVal : value;
 }
 
@@ -38,7 +38,7 @@ std::int32_t Arguments::Integer(unsigned at) const {
 }
 
 std::wstring_view Arguments::Text(unsigned at) {
-  const VARIANT& value = Followed(Value(at));
+  const VARIANT& value = Dereferenced(Value(at));
   if (value.vt == VT_BSTR) return View(value.bstrVal);
   if (value.vt == kTextReference) return View(*value.pbstrVal);
   Variant text = Converted(value, VT_BSTR, at);
@@ -47,12 +47,12 @@ std::wstring_view Arguments::Text(unsigned at) {
 }
 
 bool Arguments::IsText(unsigned at) const {
-  const VARTYPE type = Followed(Value(at)).vt;
+  const VARTYPE type = Dereferenced(Value(at)).vt;
   return type == VT_BSTR || type == kTextReference;
 }
 
 data::FieldValue Arguments::Field(unsigned at) const {
-  const VARIANT& value = Followed(Value(at));
+  const VARIANT& value = Dereferenced(Value(at));
   if (value.vt == VT_NULL || value.vt == VT_EMPTY) return {};
   if (value.vt == VT_BSTR) return std::wstring(View(value.bstrVal));
   if (value.vt == kTextReference) return std::wstring(View(*value.pbstrVal));

@@ -130,7 +130,7 @@ TEST_F(FormLife, MayUnloadFromAClick) {
   EXPECT_FALSE(form.IsLoaded());
 }
 
-TEST_F(FormLife, StartsAfreshWhenItIsLoadedAgain) {
+TEST_F(FormLife, HasNothingOfItsLastLifeWhenItIsLoadedAgain) {
   form.Show();
   form.name.SetText(L"Martin");
   form.plainList.AddItem(L"x");

@@ -23,9 +23,9 @@ void Require(bool done, const char* gesture, int id, const Where& where) {
 }  // namespace
 
 User::User(ScriptedDesktop& desktop)
-    : desktop_(desktop), script_([this](controls::Form& form) { hands_->Discard(form); }) {
+    : desktop_(desktop), script_([this](controls::Form& form) { input_->Discard(form); }) {
   PutAnswers();
-  hands_ = std::make_unique<Hands>(desktop, script_);
+  input_ = std::make_unique<UserInput>(desktop, script_);
 }
 
 User::~User() {
@@ -57,106 +57,106 @@ void User::PutAnswers() {
 }
 
 void User::Click(controls::CommandButton& button, Where where) {
-  Require(hands_->Click(button), "Click", button.Id(), where);
+  Require(input_->Click(button), "Click", button.Id(), where);
 }
 
 void User::Focus(controls::Control& control, Where where) {
-  Require(hands_->Focus(control), "Focus", control.Id(), where);
+  Require(input_->Focus(control), "Focus", control.Id(), where);
 }
 
 void User::Type(controls::TextBox& box, const std::wstring& text, Where where) {
-  Require(hands_->Type(box, text), "Type", box.Id(), where);
+  Require(input_->Type(box, text), "Type", box.Id(), where);
 }
 
 void User::Type(controls::ListBox& list, const std::wstring& text, Where where) {
-  Require(hands_->Type(list, text), "Type", list.Id(), where);
+  Require(input_->Type(list, text), "Type", list.Id(), where);
 }
 
 void User::Paste(controls::TextBox& box, const std::wstring& text, Where where) {
-  Require(hands_->Paste(box, text), "Paste", box.Id(), where);
+  Require(input_->Paste(box, text), "Paste", box.Id(), where);
 }
 
 void User::Choose(controls::ListBox& list, int item, Where where) {
-  Require(hands_->Choose(list, item), "Choose", list.Id(), where);
+  Require(input_->Choose(list, item), "Choose", list.Id(), where);
 }
 
 void User::Toggle(controls::ListBox& list, int item, Where where) {
-  Require(hands_->Toggle(list, item), "Toggle", list.Id(), where);
+  Require(input_->Toggle(list, item), "Toggle", list.Id(), where);
 }
 
 void User::DoubleClick(controls::ListBox& list, int item, Where where) {
-  Require(hands_->DoubleClick(list, item), "DoubleClick", list.Id(), where);
+  Require(input_->DoubleClick(list, item), "DoubleClick", list.Id(), where);
 }
 
 void User::Choose(controls::ListView& list, int place, Where where) {
-  Require(hands_->Choose(list, place), "Choose", list.Id(), where);
+  Require(input_->Choose(list, place), "Choose", list.Id(), where);
 }
 
 void User::Toggle(controls::ListView& list, int place, Where where) {
-  Require(hands_->Toggle(list, place), "Toggle", list.Id(), where);
+  Require(input_->Toggle(list, place), "Toggle", list.Id(), where);
 }
 
 void User::DoubleClick(controls::ListView& list, int place, Where where) {
-  Require(hands_->DoubleClick(list, place), "DoubleClick", list.Id(), where);
+  Require(input_->DoubleClick(list, place), "DoubleClick", list.Id(), where);
 }
 
 void User::ClickHeading(controls::ListView& list, int column, Where where) {
-  Require(hands_->ClickHeading(list, column), "ClickHeading", list.Id(), where);
+  Require(input_->ClickHeading(list, column), "ClickHeading", list.Id(), where);
 }
 
 void User::ChooseTab(controls::TabStrip& tabs, int tab, Where where) {
-  Require(hands_->ChooseTab(tabs, tab), "ChooseTab", tabs.Id(), where);
+  Require(input_->ChooseTab(tabs, tab), "ChooseTab", tabs.Id(), where);
 }
 
 void User::Select(controls::TreeView& tree, controls::NodeId node, Where where) {
-  Require(hands_->Select(tree, node), "Select", tree.Id(), where);
+  Require(input_->Select(tree, node), "Select", tree.Id(), where);
 }
 
 void User::Expand(controls::TreeView& tree, controls::NodeId node, Where where) {
-  Require(hands_->Expand(tree, node), "Expand", tree.Id(), where);
+  Require(input_->Expand(tree, node), "Expand", tree.Id(), where);
 }
 
 void User::Collapse(controls::TreeView& tree, controls::NodeId node, Where where) {
-  Require(hands_->Collapse(tree, node), "Collapse", tree.Id(), where);
+  Require(input_->Collapse(tree, node), "Collapse", tree.Id(), where);
 }
 
 void User::DoubleClick(controls::TreeView& tree, controls::NodeId node, Where where) {
-  Require(hands_->DoubleClick(tree, node), "DoubleClick", tree.Id(), where);
+  Require(input_->DoubleClick(tree, node), "DoubleClick", tree.Id(), where);
 }
 
 void User::RightClick(controls::TreeView& tree, controls::NodeId node, Where where) {
-  Require(hands_->RightClick(tree, node), "RightClick", tree.Id(), where);
+  Require(input_->RightClick(tree, node), "RightClick", tree.Id(), where);
 }
 
 void User::PressMenuKey(controls::TreeView& tree, Where where) {
-  Require(hands_->PressMenuKey(tree), "PressMenuKey", tree.Id(), where);
+  Require(input_->PressMenuKey(tree), "PressMenuKey", tree.Id(), where);
 }
 
 void User::PressCtrl(controls::Form& form, int keyCode, Where where) {
-  Require(hands_->PressCtrl(form, keyCode), "PressCtrl", form.TemplateId(), where);
+  Require(input_->PressCtrl(form, keyCode), "PressCtrl", form.TemplateId(), where);
 }
 
 void User::PressKey(controls::Form& form, int keyCode, Where where) {
-  Require(hands_->PressKey(form, keyCode), "PressKey", form.TemplateId(), where);
+  Require(input_->PressKey(form, keyCode), "PressKey", form.TemplateId(), where);
 }
 
 void User::PressShiftTab(controls::Form& form, Where where) {
-  Require(hands_->PressKey(form, kKeyTab, true), "PressShiftTab", form.TemplateId(), where);
+  Require(input_->PressKey(form, kKeyTab, true), "PressShiftTab", form.TemplateId(), where);
 }
 
 void User::Mnemonic(controls::Form& form, wchar_t letter, Where where) {
-  Require(hands_->Mnemonic(form, letter), "Mnemonic", form.TemplateId(), where);
+  Require(input_->Mnemonic(form, letter), "Mnemonic", form.TemplateId(), where);
 }
 
 void User::Close(controls::Form& form, Where where) {
-  Require(hands_->Close(form), "Close", form.TemplateId(), where);
+  Require(input_->Close(form), "Close", form.TemplateId(), where);
 }
 
 void User::ClickLater(controls::CommandButton& button) {
-  hands_->ClickLater(button);
+  input_->ClickLater(button);
 }
 void User::Settle() {
-  hands_->Settle();
+  input_->Settle();
 }
 
 void User::ExpectMsgBox(int answer, Where where) {

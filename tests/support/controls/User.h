@@ -7,8 +7,8 @@
 
 #include "controls/Form.h"
 #include "controls/MsgBox.h"
-#include "tests/support/controls/Hands.h"
 #include "tests/support/controls/Script.h"
+#include "tests/support/controls/UserInput.h"
 #include "tests/support/system/ScriptedDesktop.h"
 
 namespace test_support {
@@ -40,7 +40,7 @@ struct HelpCall {
 // fails the test; by way of Try() it answers instead, and leaves everything as it was when it says
 // false.
 //
-// What is the same for both back ends stands in User.cpp and Script.cpp, what differs in Hands.
+// What is the same for both back ends stands in User.cpp and Script.cpp, what differs in UserInput.
 class User {
  public:
   explicit User(ScriptedDesktop& desktop);
@@ -52,7 +52,7 @@ class User {
   // --- Gestures ---
 
   // The gestures as attempts: user.Try().Click(button) says whether a person could do that.
-  Hands& Try() { return *hands_; }
+  UserInput& Try() { return *input_; }
 
   void Click(controls::CommandButton& button, Where where = Where::current());
   void Focus(controls::Control& control, Where where = Where::current());
@@ -117,18 +117,18 @@ class User {
 
   // Whether a person could work with the control now: it is enabled and on view, its container
   // included, and its form takes input.
-  bool CanUse(const controls::Control& control) const { return hands_->CanUse(control); }
+  bool CanUse(const controls::Control& control) const { return input_->CanUse(control); }
   // What the mouse brings up over a node. A tip that only repeats a text that has no room is none.
   std::wstring TipOf(controls::TreeView& tree, controls::NodeId node) const {
-    return hands_->TipOf(tree, node);
+    return input_->TipOf(tree, node);
   }
   // What the program has put on the clipboard last.
   const std::wstring& Clipboard() const { return clipboard_; }
   // As last set; without that a back end's own default.
-  controls::Font FontOf(const controls::Control& control) const { return hands_->FontOf(control); }
-  controls::Font FontOf(const controls::Form& form) const { return hands_->FontOf(form); }
+  controls::Font FontOf(const controls::Control& control) const { return input_->FontOf(control); }
+  controls::Font FontOf(const controls::Form& form) const { return input_->FontOf(form); }
   // One of its own in the caption.
-  bool HasIcon(const controls::Form& form) const { return hands_->HasIcon(form); }
+  bool HasIcon(const controls::Form& form) const { return input_->HasIcon(form); }
 
   // --- What is going to appear, in this order ---
 
@@ -174,7 +174,7 @@ class User {
   std::wstring clipboard_;
   bool clipboardOccupied_ = false;
   std::vector<HelpCall> helpCalls_;
-  std::unique_ptr<Hands> hands_;
+  std::unique_ptr<UserInput> input_;
 };
 
 }  // namespace test_support

@@ -1,4 +1,4 @@
-#include "tests/support/controls/Hands.h"
+#include "tests/support/controls/UserInput.h"
 
 #include <cwctype>
 
@@ -76,32 +76,32 @@ Font FontIn(HWND window, unsigned dpi) {
 
 }  // namespace
 
-struct Hands::Parts {
+struct UserInput::Parts {
   Parts(ScriptedDesktop& desktop, Script& script) : input(desktop), boxes(desktop.system, script) {}
 
   Input input;
   BoxAnswerer boxes;
 };
 
-Hands::Hands(ScriptedDesktop& desktop, Script& script)
+UserInput::UserInput(ScriptedDesktop& desktop, Script& script)
     : parts_(std::make_unique<Parts>(desktop, script)) {}
-Hands::~Hands() = default;
+UserInput::~UserInput() = default;
 
-bool Hands::CanUse(const Control& control) const {
+bool UserInput::CanUse(const Control& control) const {
   return control.BackEnd().TakesInput();
 }
 
-Font Hands::FontOf(const Control& control) const {
+Font UserInput::FontOf(const Control& control) const {
   return FontIn(control.BackEnd().window, control.Owner().BackEnd().life.dpi);
 }
-Font Hands::FontOf(const Form& form) const {
+Font UserInput::FontOf(const Form& form) const {
   return FontIn(form.BackEnd().life.window, form.BackEnd().life.dpi);
 }
-bool Hands::HasIcon(const Form& form) const {
+bool UserInput::HasIcon(const Form& form) const {
   return SendMessageW(form.BackEnd().life.window, WM_GETICON, ICON_BIG, 0) != 0;
 }
 
-bool Hands::Focus(Control& control) {
+bool UserInput::Focus(Control& control) {
   if (!CanUse(control) || !control.BackEnd().TakesFocus()) return false;
   ::SetFocus(control.BackEnd().window);
   parts_->input.Drain();
@@ -111,14 +111,14 @@ bool Hands::Focus(Control& control) {
 // After Focus has moved the focus, what that set off may have put the control out of reach: the
 // gesture then ends there.
 
-bool Hands::Click(CommandButton& button) {
+bool UserInput::Click(CommandButton& button) {
   if (!Focus(button)) return false;
   HWND window = button.BackEnd().window;
   if (CanUse(button)) parts_->input.Click(window, Middle(window));
   return true;
 }
 
-bool Hands::Type(TextBox& box, const std::wstring& text) {
+bool UserInput::Type(TextBox& box, const std::wstring& text) {
   if (!Focus(box)) return false;
   for (const wchar_t character : text) {
     if (!CanUse(box) || !box.HasFocus()) break;
@@ -128,7 +128,7 @@ bool Hands::Type(TextBox& box, const std::wstring& text) {
   return true;
 }
 
-bool Hands::Type(ListBox& list, const std::wstring& text) {
+bool UserInput::Type(ListBox& list, const std::wstring& text) {
   if (!Focus(list)) return false;
   for (const wchar_t character : text) {
     if (!CanUse(list) || !list.HasFocus()) break;
@@ -146,21 +146,21 @@ bool Hands::Type(ListBox& list, const std::wstring& text) {
 
 // What the control itself does with a text from the clipboard, which tests that run side by side
 // would have to share.
-bool Hands::Paste(TextBox& box, const std::wstring& text) {
+bool UserInput::Paste(TextBox& box, const std::wstring& text) {
   if (!Focus(box)) return false;
   if (CanUse(box)) box.BackEnd().Send(EM_REPLACESEL, TRUE, AsLParam(text.c_str()));
   parts_->input.Drain();
   return true;
 }
 
-bool Hands::Choose(ListBox& list, int item) {
+bool UserInput::Choose(ListBox& list, int item) {
   if (!ModelOf(list).Has(item) || !Focus(list)) return false;
   ListMouse mouse(PeerOfList(list), parts_->input);
   if (CanUse(list) && ModelOf(list).Has(item)) mouse.ClickText(item);
   return true;
 }
 
-bool Hands::Toggle(ListBox& list, int item) {
+bool UserInput::Toggle(ListBox& list, int item) {
   const ListModel& model = ModelOf(list);
   if (model.Kind() == ListBox::Kind::kPlain || !model.Has(item) || !Focus(list)) return false;
   ListMouse mouse(PeerOfList(list), parts_->input);
@@ -168,26 +168,26 @@ bool Hands::Toggle(ListBox& list, int item) {
   return true;
 }
 
-bool Hands::DoubleClick(ListBox& list, int item) {
+bool UserInput::DoubleClick(ListBox& list, int item) {
   if (!Choose(list, item)) return false;
   ListMouse mouse(PeerOfList(list), parts_->input);
   if (CanUse(list) && ModelOf(list).Has(item)) mouse.ClickTextAgain(item);
   return true;
 }
 
-bool Hands::Choose(ListView& list, int place) {
+bool UserInput::Choose(ListView& list, int place) {
   if (!ModelOf(list).HasPlace(place) || !Focus(list)) return false;
   if (CanUse(list)) RowMouse(list, parts_->input).Click(place);
   return true;
 }
 
-bool Hands::Toggle(ListView& list, int place) {
+bool UserInput::Toggle(ListView& list, int place) {
   if (!ModelOf(list).HasPlace(place) || !Focus(list)) return false;
   if (CanUse(list)) RowMouse(list, parts_->input).ClickWithControl(place);
   return true;
 }
 
-bool Hands::DoubleClick(ListView& list, int place) {
+bool UserInput::DoubleClick(ListView& list, int place) {
   if (!Choose(list, place)) return false;
   if (CanUse(list) && ModelOf(list).HasPlace(place)) {
     RowMouse(list, parts_->input).ClickAgain(place);
@@ -195,13 +195,13 @@ bool Hands::DoubleClick(ListView& list, int place) {
   return true;
 }
 
-bool Hands::ClickHeading(ListView& list, int column) {
+bool UserInput::ClickHeading(ListView& list, int column) {
   if (!CanUse(list) || !ModelOf(list).HasColumn(column)) return false;
   RowMouse(list, parts_->input).ClickHeading(column);
   return true;
 }
 
-bool Hands::ChooseTab(TabStrip& tabs, int tab) {
+bool UserInput::ChooseTab(TabStrip& tabs, int tab) {
   if (tab < 0 || tab >= tabs.TabCount() || !Focus(tabs)) return false;
   RECT place = {};
   if (!CanUse(tabs)) return true;
@@ -211,7 +211,7 @@ bool Hands::ChooseTab(TabStrip& tabs, int tab) {
   return true;
 }
 
-bool Hands::Select(TreeView& tree, NodeId node) {
+bool UserInput::Select(TreeView& tree, NodeId node) {
   TreeViewPeer& peer = PeerOfTree(tree);
   if (!IsThere(peer.model, node) || !Focus(tree)) return false;
   TreeMouse mouse(peer, parts_->input);
@@ -220,7 +220,7 @@ bool Hands::Select(TreeView& tree, NodeId node) {
   return true;
 }
 
-bool Hands::DoubleClick(TreeView& tree, NodeId node) {
+bool UserInput::DoubleClick(TreeView& tree, NodeId node) {
   if (!Select(tree, node)) return false;
   TreeViewPeer& peer = PeerOfTree(tree);
   TreeMouse mouse(peer, parts_->input);
@@ -228,7 +228,7 @@ bool Hands::DoubleClick(TreeView& tree, NodeId node) {
   return true;
 }
 
-bool Hands::RightClick(TreeView& tree, NodeId node) {
+bool UserInput::RightClick(TreeView& tree, NodeId node) {
   TreeViewPeer& peer = PeerOfTree(tree);
   if (!IsThere(peer.model, node) || !Focus(tree)) return false;
   TreeMouse mouse(peer, parts_->input);
@@ -237,21 +237,21 @@ bool Hands::RightClick(TreeView& tree, NodeId node) {
   return true;
 }
 
-bool Hands::PressMenuKey(TreeView& tree) {
+bool UserInput::PressMenuKey(TreeView& tree) {
   if (!CanUse(tree) || !tree.HasFocus()) return false;
   const HeldKey shift(VK_SHIFT);
   parts_->input.SystemKeyDown(KeyTarget(tree.Owner()), VK_F10);
   return true;
 }
 
-std::wstring Hands::TipOf(TreeView& tree, NodeId node) const {
+std::wstring UserInput::TipOf(TreeView& tree, NodeId node) const {
   TreeViewPeer& peer = PeerOfTree(tree);
   if (!peer.window || !peer.model.Nodes().Exists(node)) return {};
   const std::wstring tip = TreeMouse(peer, parts_->input).AskTip(node);
   return tip == peer.model.Nodes().Text(node) ? std::wstring() : tip;
 }
 
-bool Hands::Expand(TreeView& tree, NodeId node) {
+bool UserInput::Expand(TreeView& tree, NodeId node) {
   TreeViewPeer& peer = PeerOfTree(tree);
   if (!IsThere(peer.model, node) || peer.model.Nodes().Expanded(node)) return false;
   if (!peer.model.HasChildrenOnView(node) || !Focus(tree)) return false;
@@ -261,7 +261,7 @@ bool Hands::Expand(TreeView& tree, NodeId node) {
   return true;
 }
 
-bool Hands::Collapse(TreeView& tree, NodeId node) {
+bool UserInput::Collapse(TreeView& tree, NodeId node) {
   TreeViewPeer& peer = PeerOfTree(tree);
   if (!IsThere(peer.model, node) || !peer.model.Nodes().Expanded(node)) return false;
   if (!peer.model.HasChildrenOnView(node) || !Focus(tree)) return false;
@@ -271,7 +271,7 @@ bool Hands::Collapse(TreeView& tree, NodeId node) {
   return true;
 }
 
-bool Hands::PressKey(Form& form, int keyCode, bool shift) {
+bool UserInput::PressKey(Form& form, int keyCode, bool shift) {
   Form::Peer& peer = form.BackEnd();
   if (!peer.TakesInput()) return false;
   std::optional<HeldKey> held;
@@ -281,12 +281,12 @@ bool Hands::PressKey(Form& form, int keyCode, bool shift) {
   return true;
 }
 
-bool Hands::PressCtrl(Form& form, int keyCode) {
+bool UserInput::PressCtrl(Form& form, int keyCode) {
   const HeldKey control(VK_CONTROL);
   return PressKey(form, keyCode, false);
 }
 
-bool Hands::Mnemonic(Form& form, wchar_t letter) {
+bool UserInput::Mnemonic(Form& form, wchar_t letter) {
   Form::Peer& peer = form.BackEnd();
   if (!peer.TakesInput()) return false;
   for (const Control::Peer* control : peer.controls) {
@@ -297,22 +297,22 @@ bool Hands::Mnemonic(Form& form, wchar_t letter) {
   return false;
 }
 
-bool Hands::Close(Form& form) {
+bool UserInput::Close(Form& form) {
   if (!form.BackEnd().TakesInput()) return false;
   parts_->input.Send(form.BackEnd().life.window, WM_SYSCOMMAND, SC_CLOSE, 0);
   parts_->input.Drain();
   return true;
 }
 
-void Hands::ClickLater(CommandButton& button) {
+void UserInput::ClickLater(CommandButton& button) {
   parts_->input.ClickLater(button.BackEnd().window);
 }
 
-void Hands::Settle() {
+void UserInput::Settle() {
   parts_->input.Settle();
 }
 
-void Hands::Discard(Form& form) {
+void UserInput::Discard(Form& form) {
   if (form.IsLoaded()) form.BackEnd().Close();
 }
 

@@ -1,4 +1,4 @@
-#include "tests/support/controls/Hands.h"
+#include "tests/support/controls/UserInput.h"
 
 #include "controls/CommandButton.h"
 #include "controls/Events.h"
@@ -26,28 +26,29 @@ bool IsThere(const TreeModel& model, NodeId node) {
 
 }  // namespace
 
-struct Hands::Parts {
+struct UserInput::Parts {
   ScriptedDesktop& desktop;
 };
 
-Hands::Hands(ScriptedDesktop& desktop, Script&) : parts_(std::make_unique<Parts>(Parts{desktop})) {}
-Hands::~Hands() = default;
+UserInput::UserInput(ScriptedDesktop& desktop, Script&)
+    : parts_(std::make_unique<Parts>(Parts{desktop})) {}
+UserInput::~UserInput() = default;
 
-bool Hands::CanUse(const Control& control) const {
+bool UserInput::CanUse(const Control& control) const {
   return control.Owner().BackEnd().TakesInput() && control.BackEnd().Usable();
 }
 
-Font Hands::FontOf(const Control& control) const {
+Font UserInput::FontOf(const Control& control) const {
   return control.Owner().BackEnd().FontOf(control.BackEnd());
 }
-Font Hands::FontOf(const Form& form) const {
+Font UserInput::FontOf(const Form& form) const {
   return form.BackEnd().life.font;
 }
-bool Hands::HasIcon(const Form& form) const {
+bool UserInput::HasIcon(const Form& form) const {
   return form.BackEnd().life.icon != 0;
 }
 
-bool Hands::Focus(Control& control) {
+bool UserInput::Focus(Control& control) {
   if (!CanUse(control) || !control.BackEnd().TakesFocus()) return false;
   control.SetFocus();
   return true;
@@ -56,13 +57,13 @@ bool Hands::Focus(Control& control) {
 // After Focus has moved the focus, what that set off may have put the control out of reach: the
 // gesture then ends there.
 
-bool Hands::Click(CommandButton& button) {
+bool UserInput::Click(CommandButton& button) {
   if (!Focus(button)) return false;
   if (CanUse(button)) button.BackEnd().PressEnter();
   return true;
 }
 
-bool Hands::Type(TextBox& box, const std::wstring& text) {
+bool UserInput::Type(TextBox& box, const std::wstring& text) {
   if (!Focus(box)) return false;
   for (const wchar_t character : text) {
     if (!CanUse(box) || !box.HasFocus()) break;
@@ -71,7 +72,7 @@ bool Hands::Type(TextBox& box, const std::wstring& text) {
   return true;
 }
 
-bool Hands::Type(ListBox& list, const std::wstring& text) {
+bool UserInput::Type(ListBox& list, const std::wstring& text) {
   if (!Focus(list)) return false;
   for (const wchar_t character : text) {
     if (CanUse(list) && list.HasFocus()) PeerOf<ListBoxPeer>(list).Type(character);
@@ -79,66 +80,66 @@ bool Hands::Type(ListBox& list, const std::wstring& text) {
   return true;
 }
 
-bool Hands::Paste(TextBox& box, const std::wstring& text) {
+bool UserInput::Paste(TextBox& box, const std::wstring& text) {
   if (!Focus(box)) return false;
   if (CanUse(box)) PeerOf<TextBoxPeer>(box).ReplaceSelection(box, text);
   return true;
 }
 
-bool Hands::Choose(ListBox& list, int item) {
+bool UserInput::Choose(ListBox& list, int item) {
   ListModel& model = ModelOf(list);
   if (!model.Has(item) || !Focus(list)) return false;
   if (CanUse(list) && model.Has(item)) model.Choose(item);
   return true;
 }
 
-bool Hands::Toggle(ListBox& list, int item) {
+bool UserInput::Toggle(ListBox& list, int item) {
   ListModel& model = ModelOf(list);
   if (model.Kind() == ListBox::Kind::kPlain || !model.Has(item) || !Focus(list)) return false;
   if (CanUse(list) && model.Has(item)) model.Toggle(item);
   return true;
 }
 
-bool Hands::DoubleClick(ListBox& list, int item) {
+bool UserInput::DoubleClick(ListBox& list, int item) {
   if (!Choose(list, item)) return false;
   if (CanUse(list) && ModelOf(list).Has(item)) Raise(list.Owner(), list.DblClick);
   return true;
 }
 
-bool Hands::Choose(ListView& list, int place) {
+bool UserInput::Choose(ListView& list, int place) {
   ListViewModel& model = ModelOf(list);
   if (!model.HasPlace(place) || !Focus(list)) return false;
   if (CanUse(list)) model.Choose(place);
   return true;
 }
 
-bool Hands::Toggle(ListView& list, int place) {
+bool UserInput::Toggle(ListView& list, int place) {
   ListViewModel& model = ModelOf(list);
   if (!model.HasPlace(place) || !Focus(list)) return false;
   if (CanUse(list)) model.Toggle(place);
   return true;
 }
 
-bool Hands::DoubleClick(ListView& list, int place) {
+bool UserInput::DoubleClick(ListView& list, int place) {
   if (!Choose(list, place)) return false;
   if (CanUse(list) && ModelOf(list).HasPlace(place)) ModelOf(list).Activate();
   return true;
 }
 
 // A heading takes no focus.
-bool Hands::ClickHeading(ListView& list, int column) {
+bool UserInput::ClickHeading(ListView& list, int column) {
   if (!CanUse(list) || !ModelOf(list).HasColumn(column)) return false;
   ModelOf(list).ClickHeading(column);
   return true;
 }
 
-bool Hands::ChooseTab(TabStrip& tabs, int tab) {
+bool UserInput::ChooseTab(TabStrip& tabs, int tab) {
   if (!PeerOf<TabStripPeer>(tabs).Has(tab) || !Focus(tabs)) return false;
   if (CanUse(tabs)) tabs.SetSelectedTab(tab);
   return true;
 }
 
-bool Hands::Select(TreeView& tree, NodeId node) {
+bool UserInput::Select(TreeView& tree, NodeId node) {
   TreeModel& model = ModelOf(tree);
   if (!IsThere(model, node) || !Focus(tree)) return false;
   model.OpenWay(node);
@@ -146,7 +147,7 @@ bool Hands::Select(TreeView& tree, NodeId node) {
   return true;
 }
 
-bool Hands::DoubleClick(TreeView& tree, NodeId node) {
+bool UserInput::DoubleClick(TreeView& tree, NodeId node) {
   if (!Select(tree, node)) return false;
   TreeModel& model = ModelOf(tree);
   if (!CanUse(tree) || !model.Nodes().Exists(node)) return true;
@@ -155,23 +156,23 @@ bool Hands::DoubleClick(TreeView& tree, NodeId node) {
   return true;
 }
 
-bool Hands::RightClick(TreeView& tree, NodeId node) {
+bool UserInput::RightClick(TreeView& tree, NodeId node) {
   if (!Select(tree, node)) return false;
   if (CanUse(tree)) ModelOf(tree).AskForMenu(node);
   return true;
 }
 
-bool Hands::PressMenuKey(TreeView& tree) {
+bool UserInput::PressMenuKey(TreeView& tree) {
   if (!CanUse(tree) || !tree.HasFocus()) return false;
   ModelOf(tree).AskForMenu(ModelOf(tree).Selected());
   return true;
 }
 
-std::wstring Hands::TipOf(TreeView& tree, NodeId node) const {
+std::wstring UserInput::TipOf(TreeView& tree, NodeId node) const {
   return ModelOf(tree).AskTip(node);
 }
 
-bool Hands::Expand(TreeView& tree, NodeId node) {
+bool UserInput::Expand(TreeView& tree, NodeId node) {
   TreeModel& model = ModelOf(tree);
   if (!IsThere(model, node) || model.Nodes().Expanded(node)) return false;
   if (!model.HasChildrenOnView(node) || !Focus(tree)) return false;
@@ -180,7 +181,7 @@ bool Hands::Expand(TreeView& tree, NodeId node) {
   return true;
 }
 
-bool Hands::Collapse(TreeView& tree, NodeId node) {
+bool UserInput::Collapse(TreeView& tree, NodeId node) {
   TreeModel& model = ModelOf(tree);
   if (!IsThere(model, node) || !model.Nodes().Expanded(node)) return false;
   if (!model.HasChildrenOnView(node) || !Focus(tree)) return false;
@@ -189,7 +190,7 @@ bool Hands::Collapse(TreeView& tree, NodeId node) {
   return true;
 }
 
-bool Hands::PressKey(Form& form, int keyCode, bool shift) {
+bool UserInput::PressKey(Form& form, int keyCode, bool shift) {
   if (!form.BackEnd().TakesInput()) return false;
   RunEventProcedure(form.OwnerDesktop(), [&] { form.Form_KeyDown(keyCode); });
   if (form.BackEnd().TakesInput()) PressOnControls(form.BackEnd(), keyCode, shift);
@@ -198,7 +199,7 @@ bool Hands::PressKey(Form& form, int keyCode, bool shift) {
   return true;
 }
 
-bool Hands::PressCtrl(Form& form, int keyCode) {
+bool UserInput::PressCtrl(Form& form, int keyCode) {
   if (!form.BackEnd().TakesInput()) return false;
   RunEventProcedure(form.OwnerDesktop(), [&] { form.Form_KeyDown(keyCode + kKeyControl); });
   if (form.BackEnd().TakesInput()) PressCtrlOnControls(form.BackEnd(), keyCode);
@@ -207,26 +208,26 @@ bool Hands::PressCtrl(Form& form, int keyCode) {
   return true;
 }
 
-bool Hands::Mnemonic(Form& form, wchar_t letter) {
+bool UserInput::Mnemonic(Form& form, wchar_t letter) {
   return form.BackEnd().TakesInput() && PressMnemonic(form.BackEnd(), letter);
 }
 
-bool Hands::Close(Form& form) {
+bool UserInput::Close(Form& form) {
   if (!form.BackEnd().TakesInput()) return false;
   form.Unload();
   return true;
 }
 
-void Hands::ClickLater(CommandButton& button) {
+void UserInput::ClickLater(CommandButton& button) {
   parts_->desktop.BackEnd().input.emplace_back([this, &button] { Click(button); });
 }
 
-void Hands::Settle() {
+void UserInput::Settle() {
   while (parts_->desktop.BackEnd().HandleOne()) {
   }
 }
 
-void Hands::Discard(Form& form) {
+void UserInput::Discard(Form& form) {
   form.BackEnd().Destroy();
 }
 

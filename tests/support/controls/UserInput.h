@@ -20,18 +20,19 @@ namespace test_support {
 class Script;
 class ScriptedDesktop;
 
-// What a user's hands do: one source for each back end, the only part of User that differs. A
-// gesture is over, with everything it set off, when its function returns. It returns false, and has
-// done nothing, where a user could not make it: the control or its container is disabled or hidden,
-// the form is not shown or a modal form stands over it, the item or node is not there.
-class Hands {
+// What a user does with mouse and keyboard: one source for each back end, the only part of User
+// that differs. A gesture is over, with everything it set off, when its function returns. It
+// returns false, and has done nothing, where a user could not make it: the control or its container
+// is disabled or hidden, the form is not shown or a modal form stands over it, the item or node is
+// not there.
+class UserInput {
  public:
   // The script already answers for the desktop's system; a back end may put other answers in its
   // place and have the real thing answered by the script.
-  Hands(ScriptedDesktop& desktop, Script& script);
-  ~Hands();
-  Hands(const Hands&) = delete;
-  Hands& operator=(const Hands&) = delete;
+  UserInput(ScriptedDesktop& desktop, Script& script);
+  ~UserInput();
+  UserInput(const UserInput&) = delete;
+  UserInput& operator=(const UserInput&) = delete;
 
   // Each of them gives the focus to the control first, as the mouse does; a text box that had it
   // already keeps its selection.
