@@ -41,7 +41,7 @@ std::vector<Picture> PicturesOf(int icon) {
   return pictures;
 }
 
-TEST(Icons, EveryIconHasItsEightSizesInFullColour) {
+TEST(Icons, EveryIconHasItsTenSizesInFullColour) {
   for (int icon : kIcons) {
     std::vector<int> sizes;
     for (const Picture& picture : PicturesOf(icon)) {
@@ -49,7 +49,8 @@ TEST(Icons, EveryIconHasItsEightSizesInFullColour) {
       EXPECT_EQ(picture.bitsPerPixel, 32) << "icon " << icon << " at " << picture.width;
       sizes.push_back(picture.width);
     }
-    EXPECT_EQ(sizes, (std::vector<int>{16, 20, 24, 32, 40, 48, 64, 256})) << "icon " << icon;
+    EXPECT_EQ(sizes, (std::vector<int>{16, 20, 24, 28, 32, 36, 40, 48, 64, 256}))
+        << "icon " << icon;
   }
 }
 
@@ -78,7 +79,7 @@ std::uint32_t Alpha(std::uint32_t pixel) {
 
 TEST(Icons, EverySizeHasSoftEdgesAndACornerToSeeThrough) {
   for (int icon : kIcons) {
-    for (int size : {16, 20, 24, 32, 40, 48, 64, 256}) {
+    for (int size : {16, 20, 24, 28, 32, 36, 40, 48, 64, 256}) {
       const std::vector<std::uint32_t> pixels = PixelsOf(icon, size);
       ASSERT_FALSE(pixels.empty()) << "icon " << icon << " at " << size;
       int solid = 0;
