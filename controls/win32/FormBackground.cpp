@@ -1,22 +1,10 @@
 #include "controls/win32/FormBackground.h"
 
-#include <cwchar>
-
+#include "controls/win32/WindowClass.h"
 #include "controls/win32/WindowPlace.h"
 
 namespace controls {
 namespace {
-
-bool IsOfClass(HWND window, const wchar_t* name) {
-  wchar_t found[64] = {};
-  GetClassNameW(window, found, 64);
-  return lstrcmpiW(found, name) == 0;
-}
-
-bool IsFrame(HWND window) {
-  return IsOfClass(window, WC_BUTTONW) &&
-         (GetWindowLongPtrW(window, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
-}
 
 bool IsShown(HWND window) {
   return (GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0;

@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "controls/Form.h"
-#include "controls/win32/AnchorLayout.h"
 #include "controls/win32/FormBackground.h"
 #include "controls/win32/FormFocus.h"
 #include "controls/win32/FormKeys.h"
+#include "controls/win32/FormLayout.h"
 #include "controls/win32/FormMemory.h"
 #include "controls/win32/Handles.h"
 
@@ -23,7 +23,7 @@ struct Form::Peer {
     bool unloading = false;
     HWND ownerWindow = nullptr;  // of the form that this one stands over
     FormMemory memory;
-    AnchorLayout layout;
+    FormLayout layout;
     FormBackground background;
     RECT changed = {};  // where controls have been shown or hidden, and not painted since
     bool resizable = false;

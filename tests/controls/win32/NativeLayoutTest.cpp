@@ -90,16 +90,18 @@ TEST_F(NativeLayout, FollowsTheResolutionOfAnotherScreen) {
   }();
   RECT outer = {};
   GetWindowRect(Window(), &outer);
-  RECT twice = {outer.left, outer.top, outer.left + 2 * (outer.right - outer.left),
-                outer.top + 2 * (outer.bottom - outer.top)};
-  const WPARAM dpi = 2 * form.BackEnd().life.dpi;
-  SendMessageW(Window(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), AsLParam(&twice));
+  // As much larger as the screen has room for.
+  const auto larger = [](LONG length) { return MulDiv(length, 5, 4); };
+  RECT place = {outer.left, outer.top, outer.left + larger(outer.right - outer.left),
+                outer.top + larger(outer.bottom - outer.top)};
+  const WPARAM dpi = form.BackEnd().life.dpi * 5 / 4;
+  SendMessageW(Window(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), AsLParam(&place));
   const RECT grown = Place(form.tree);
-  EXPECT_EQ(grown.left, 2 * tree.left);
-  EXPECT_EQ(grown.top, 2 * tree.top);
+  EXPECT_EQ(grown.left, larger(tree.left));
+  EXPECT_EQ(grown.top, larger(tree.top));
   LOGFONTW font = {};
   GetObjectW(HandleIn<HFONT>(form.ok.BackEnd().Send(WM_GETFONT)), sizeof font, &font);
-  EXPECT_EQ(font.lfHeight, 2 * height);
+  EXPECT_EQ(font.lfHeight, larger(height));
   EXPECT_EQ(form.BackEnd().life.dpi, dpi);
 }
 

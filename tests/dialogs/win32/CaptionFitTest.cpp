@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -101,11 +102,30 @@ void ExpectNoOverlap(const std::vector<Piece>& pieces) {
   }
 }
 
-class CaptionFit : public test_support::DialogFixture {
+// What a small screen has.
+constexpr SIZE kSmallScreen = {1024, 768};
+
+// What Windows does to a form that comes to a small screen of another resolution.
+void MoveToSmallScreen(HWND form, unsigned dpi) {
+  RECT place = {};
+  GetWindowRect(form, &place);
+  const int scale = static_cast<int>(dpi);
+  const LONG width = MulDiv(place.right - place.left, scale, USER_DEFAULT_SCREEN_DPI);
+  const LONG height = MulDiv(place.bottom - place.top, scale, USER_DEFAULT_SCREEN_DPI);
+  RECT suggested = {0, 0, std::min(width, kSmallScreen.cx), std::min(height, kSmallScreen.cy)};
+  SendMessageW(form, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&suggested));
+  GetWindowRect(form, &place);
+  EXPECT_LE(place.right - place.left, kSmallScreen.cx);
+  EXPECT_LE(place.bottom - place.top, kSmallScreen.cy);
+}
+
+class CaptionFit : public test_support::DialogFixture,
+                   public testing::WithParamInterface<unsigned> {
  protected:
   void ExpectGoodLayout(std::size_t atLeast) {
     const HWND form = FormInFront();
     ASSERT_NE(form, nullptr);
+    if (GetParam() != USER_DEFAULT_SCREEN_DPI) MoveToSmallScreen(form, GetParam());
     std::vector<Piece> pieces;
     EnumChildWindows(form, AddPiece, reinterpret_cast<LPARAM>(&pieces));
     EXPECT_GE(pieces.size(), atLeast);
@@ -129,13 +149,13 @@ class CaptionFit : public test_support::DialogFixture {
   }
 };
 
-TEST_F(CaptionFit, TheMainWindowHasRoomOnBothTabs) {
+TEST_P(CaptionFit, TheMainWindowHasRoomOnBothTabs) {
   ExpectGoodLayout(16);
   user.ChooseTab(window.TabStrip1, 1);
   ExpectGoodLayout(16);
 }
 
-TEST_F(CaptionFit, TheUserDialogsHaveRoom) {
+TEST_P(CaptionFit, TheUserDialogsHaveRoom) {
   frmNewUser create(exchange);
   ExpectGoodDialog(create);
   frmEditUser edit(exchange);
@@ -143,7 +163,7 @@ TEST_F(CaptionFit, TheUserDialogsHaveRoom) {
   ExpectGoodDialog(edit);
 }
 
-TEST_F(CaptionFit, TheGroupDialogsHaveRoom) {
+TEST_P(CaptionFit, TheGroupDialogsHaveRoom) {
   frmNewGroup create(exchange);
   ExpectGoodDialog(create);
   frmEditGroup edit(exchange);
@@ -151,7 +171,7 @@ TEST_F(CaptionFit, TheGroupDialogsHaveRoom) {
   ExpectGoodDialog(edit);
 }
 
-TEST_F(CaptionFit, TheChoosersHaveRoom) {
+TEST_P(CaptionFit, TheChoosersHaveRoom) {
   frmAddUserInGroup users(exchange);
   users.GroupID = 6;
   users.GroupName = L"Qualité";
@@ -162,6 +182,8 @@ TEST_F(CaptionFit, TheChoosersHaveRoom) {
   items.OwnerID = 9;
   ExpectGoodDialog(items);
 }
+
+INSTANTIATE_TEST_SUITE_P(Resolutions, CaptionFit, testing::Values(96U, 144U, 192U));
 
 }  // namespace
 }  // namespace dialogs

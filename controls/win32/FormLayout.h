@@ -2,13 +2,14 @@
 
 #include <vector>
 
+#include "controls/AnchorLayout.h"
 #include "controls/win32/ControlPeer.h"
 
 namespace controls {
 
-// Keeps a form's controls at their distances from its sides. What the template laid out is the base
-// from which every size is worked out, so that nothing creeps.
-class AnchorLayout {
+// Lays a form's controls out for its present size. What the template laid out is the base from
+// which every size is worked out, so that nothing creeps.
+class FormLayout {
  public:
   // The form has been made from this template, and its controls stand where that has them.
   void Capture(HWND form, int templateId, const std::vector<Control::Peer*>& controls);
@@ -25,7 +26,7 @@ class AnchorLayout {
     RECT base;
   };
 
-  static RECT Moved(const Place& place, int dx, int dy);
+  std::vector<AnchorLayout::Item> Items(int line) const;
 
   std::vector<Place> places_;
   SIZE base_ = {};

@@ -1,7 +1,7 @@
-#include "controls/win32/AnchorLayout.h"
+#include "controls/win32/FormLayout.h"
 
-#include <algorithm>
-
+#include "controls/win32/FormPlace.h"
+#include "controls/win32/LeastSize.h"
 #include "controls/win32/WindowPlace.h"
 
 namespace controls {
@@ -38,7 +38,7 @@ SIZE TemplateSize(HWND form, int templateId) {
 
 }  // namespace
 
-void AnchorLayout::Capture(HWND form, int templateId, const std::vector<Control::Peer*>& controls) {
+void FormLayout::Capture(HWND form, int templateId, const std::vector<Control::Peer*>& controls) {
   places_.clear();
   base_ = TemplateSize(form, templateId);
   for (const Control::Peer* control : controls) {
@@ -46,7 +46,7 @@ void AnchorLayout::Capture(HWND form, int templateId, const std::vector<Control:
   }
 }
 
-void AnchorLayout::Rescale(unsigned fromDpi, unsigned toDpi) {
+void FormLayout::Rescale(unsigned fromDpi, unsigned toDpi) {
   Scale(base_.cx, fromDpi, toDpi);
   Scale(base_.cy, fromDpi, toDpi);
   for (Place& place : places_) {
@@ -56,34 +56,30 @@ void AnchorLayout::Rescale(unsigned fromDpi, unsigned toDpi) {
   }
 }
 
-RECT AnchorLayout::Moved(const Place& place, int dx, int dy) {
-  const unsigned anchors = place.control->state.anchors;
-  RECT moved = place.base;
-  if (anchors & kAnchorRight) {
-    moved.right += dx;
-    if (!(anchors & kAnchorLeft)) moved.left += dx;
+std::vector<AnchorLayout::Item> FormLayout::Items(int line) const {
+  std::vector<AnchorLayout::Item> items;
+  for (const Place& place : places_) {
+    items.push_back(ItemOf(place.control->window, AreaIn(place.base), line));
+    items.back().anchors = place.control->state.anchors;
   }
-  if (anchors & kAnchorRightMiddle) moved.right = place.base.right + dx / 2;
-  if (anchors & kAnchorLeftMiddle) moved.left = place.base.left + dx / 2;
-  if (anchors & kAnchorBottom) {
-    moved.bottom += dy;
-    if (!(anchors & kAnchorTop)) moved.top += dy;
-  }
-  return moved;
+  return items;
 }
 
-void AnchorLayout::Apply(HWND form) const {
+void FormLayout::Apply(HWND form) const {
   if (places_.empty()) return;
   RECT client = {};
   GetClientRect(form, &client);
+  const int line = LineHeight(form);
+  const AnchorLayout layout(base_.cx, base_.cy, line / 5, Items(line));
+  const std::vector<Area> areas = layout.Fit(client.right, client.bottom);
   HDWP moves = BeginDeferWindowPos(static_cast<int>(places_.size()));
-  for (const Place& place : places_) {
-    const RECT to = Moved(place, client.right - base_.cx, client.bottom - base_.cy);
+  for (std::size_t i = 0; i < places_.size(); ++i) {
+    const Area& to = areas[i];
     if (!moves) break;
     // Nothing is copied: under a frame the form's background shows through, which would be copied
     // to a place where another belongs.
-    moves = DeferWindowPos(moves, place.control->window, nullptr, to.left, to.top,
-                           std::max(0L, to.right - to.left), std::max(0L, to.bottom - to.top),
+    moves = DeferWindowPos(moves, places_[i].control->window, nullptr, to.left, to.top, to.Width(),
+                           to.Height(),
                            SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS | SWP_NOOWNERZORDER);
   }
   if (moves) EndDeferWindowPos(moves);
