@@ -20,6 +20,11 @@ class CommandButton : public Control {
   const std::wstring& AccessibleName() const;
   void SetAccessibleName(const std::wstring& name);
 
+  // What is said of the button as long as it is disabled: in a tip under the mouse and, where
+  // screen readers ask for a description, to them. Empty for nothing.
+  const std::wstring& WhyDisabled() const;
+  void SetWhyDisabled(const std::wstring& why);
+
   std::function<void()> Click;
 };
 

@@ -19,6 +19,7 @@ struct ControlState {
   unsigned anchors = kAnchorLeft | kAnchorTop;
   std::optional<Font> font;  // one of its own
   std::wstring accessibleName;
+  std::wstring whyDisabled;
 };
 
 // What both back ends know of a control; a back end's Control::Peer derives from it.

@@ -41,4 +41,12 @@ void CommandButton::SetAccessibleName(const std::wstring& name) {
   BackEnd().state.accessibleName = name;
 }
 
+const std::wstring& CommandButton::WhyDisabled() const {
+  return BackEnd().state.whyDisabled;
+}
+
+void CommandButton::SetWhyDisabled(const std::wstring& why) {
+  BackEnd().state.whyDisabled = why;
+}
+
 }  // namespace controls

@@ -2,6 +2,7 @@
 
 #include "controls/win32/Annotation.h"
 #include "controls/win32/ControlPeer.h"
+#include "controls/win32/FormPeer.h"
 
 namespace controls {
 namespace {
@@ -17,14 +18,24 @@ struct CommandButtonPeer : Control::Peer {
       Raise(form, static_cast<CommandButton&>(*control).Click);
   }
 
-  void Detached() override { name_.Reset(); }
+  void Detached() override {
+    name_.Reset();
+    description_.Reset();
+  }
 
   void ShowName() {
     if (window) name_.Set(window, CHILDID_SELF, state.accessibleName);
   }
 
+  void ShowWhyDisabled() {
+    if (!window) return;
+    description_.Set(window, CHILDID_SELF, state.whyDisabled);
+    form.BackEnd().tips.Changed();
+  }
+
  private:
   Annotation name_{Annotation::Kind::kName};
+  Annotation description_;
 };
 
 }  // namespace
@@ -47,6 +58,17 @@ const std::wstring& CommandButton::AccessibleName() const {
 void CommandButton::SetAccessibleName(const std::wstring& name) {
   BackEnd().state.accessibleName = name;
   static_cast<CommandButtonPeer&>(BackEnd()).ShowName();
+}
+
+const std::wstring& CommandButton::WhyDisabled() const {
+  return BackEnd().state.whyDisabled;
+}
+
+// A selection that moves from line to line leaves most reasons as they are.
+void CommandButton::SetWhyDisabled(const std::wstring& why) {
+  if (why == WhyDisabled()) return;
+  BackEnd().state.whyDisabled = why;
+  static_cast<CommandButtonPeer&>(BackEnd()).ShowWhyDisabled();
 }
 
 }  // namespace controls

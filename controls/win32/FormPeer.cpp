@@ -123,6 +123,7 @@ void Form::Peer::Close() {
   for (Control::Peer* control : controls) control->Detach();
   order.Restart();
   keys.Forget();
+  tips.Forget();
   std::erase(desktop.BackEnd().forms, this);
   WTSUnRegisterSessionNotification(life.window);
   SetWindowLongPtrW(life.window, DWLP_USER, 0);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "controls/Form.h"
+#include "controls/win32/DisabledTips.h"
 #include "controls/win32/FormBackground.h"
 #include "controls/win32/FormFocus.h"
 #include "controls/win32/FormKeys.h"
@@ -92,6 +93,7 @@ struct Form::Peer {
   TabOrder order;
   FormFocus focus;
   FormKeys keys;
+  DisabledTips tips{*this};
 
  private:
   void Create(HWND below);

@@ -29,6 +29,7 @@ void Desktop::Peer::LoopWhileLoaded(Form& form) {
 
 void Desktop::Peer::Process(MSG& message) {
   Form::Peer* form = FormOf(message.hwnd);
+  if (form) form->tips.Preview(message);
   if (form && form->keys.Preview(message)) return;
   if (form && form->life.window && IsDialogMessageW(form->life.window, &message)) return;
   TranslateMessage(&message);

@@ -20,11 +20,14 @@ constexpr GUID kServicesClass = {
     0xb5f8350b, 0x0548, 0x48b1, {0xa6, 0xee, 0x88, 0xbd, 0x00, 0xb4, 0xa5, 0xe7}};
 constexpr GUID kName = {
     0x608d3df8, 0x8128, 0x4aa7, {0xa4, 0x28, 0xf5, 0x5e, 0x49, 0x26, 0x72, 0x91}};
+constexpr GUID kDescription = {
+    0x4d48dfe4, 0xbd3f, 0x491f, {0xa6, 0x48, 0x49, 0x2d, 0x6f, 0x20, 0xc5, 0x88}};
 constexpr GUID kLiveSetting = {
     0xc12bcd8e, 0x2a8e, 0x4950, {0x8a, 0xe7, 0x36, 0x25, 0x11, 0x1d, 0x58, 0xeb}};
 
 std::wstring PropertyName(const GUID& id) {
   if (id == kName) return L"name";
+  if (id == kDescription) return L"description";
   return id == kLiveSetting ? L"live" : L"other";
 }
 
@@ -120,6 +123,19 @@ TEST_F(NativeAnnotation, AnAccessibleNameGoesWithItsForm) {
   EXPECT_EQ(services.told.back(), L"clear name 0");
   form.Show();
   EXPECT_EQ(form.ok.AccessibleName(), L"");
+}
+
+TEST_F(NativeAnnotation, AButtonIsDescribedByWhyItIsOffAsLongAsThatHolds) {
+  form.ok.SetEnabled(false);
+  form.ok.SetWhyDisabled(L"Sélectionnez un groupe");
+  form.ok.SetWhyDisabled(L"Sélectionnez un groupe");
+  EXPECT_EQ(services.told, Events{L"description 0 Sélectionnez un groupe"});
+  EXPECT_EQ(services.window, form.ok.BackEnd().window);
+  form.ok.SetWhyDisabled(L"");
+  EXPECT_EQ(services.told.back(), L"clear description 0");
+  form.ok.SetWhyDisabled(L"Lecture interrompue");
+  form.Unload();
+  EXPECT_EQ(services.told.back(), L"clear description 0");
 }
 
 TEST_F(NativeAnnotation, ABoxIsSpokenOfByItsCueWhichTheSystemShows) {

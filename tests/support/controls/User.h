@@ -122,6 +122,8 @@ class User {
   std::wstring TipOf(controls::TreeView& tree, controls::NodeId node) const {
     return input_->TipOf(tree, node);
   }
+  // The same over a button.
+  std::wstring TipOf(const controls::CommandButton& button) const { return input_->TipOf(button); }
   // What the program has put on the clipboard last.
   const std::wstring& Clipboard() const { return clipboard_; }
   // As last set; without that a back end's own default.

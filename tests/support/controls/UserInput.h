@@ -75,6 +75,7 @@ class UserInput {
   // What a user sees of a control, without touching anything.
   bool CanUse(const controls::Control& control) const;
   std::wstring TipOf(controls::TreeView& tree, controls::NodeId node) const;
+  std::wstring TipOf(const controls::CommandButton& button) const;
   controls::Font FontOf(const controls::Control& control) const;
   controls::Font FontOf(const controls::Form& form) const;
   bool HasIcon(const controls::Form& form) const;

@@ -172,6 +172,11 @@ std::wstring UserInput::TipOf(TreeView& tree, NodeId node) const {
   return ModelOf(tree).AskTip(node);
 }
 
+std::wstring UserInput::TipOf(const CommandButton& button) const {
+  const auto& state = button.BackEnd().state;
+  return state.IsEnabled() || !state.IsVisible() ? std::wstring() : button.WhyDisabled();
+}
+
 bool UserInput::Expand(TreeView& tree, NodeId node) {
   TreeModel& model = ModelOf(tree);
   if (!IsThere(model, node) || model.Nodes().Expanded(node)) return false;

@@ -7,11 +7,13 @@
 #include "controls/Label.h"
 #include "controls/TabStrip.h"
 #include "controls/TextBox.h"
+#include "controls/win32/DesktopPeer.h"
 #include "controls/win32/FormPeer.h"
 #include "controls/win32/ListBoxPeer.h"
 #include "controls/win32/ListViewPeer.h"
 #include "controls/win32/TreeViewPeer.h"
 #include "tests/support/controls/win32/BoxAnswerer.h"
+#include "tests/support/controls/win32/FormTip.h"
 #include "tests/support/controls/win32/Input.h"
 #include "tests/support/controls/win32/ListMouse.h"
 #include "tests/support/controls/win32/RowMouse.h"
@@ -249,6 +251,24 @@ std::wstring UserInput::TipOf(TreeView& tree, NodeId node) const {
   if (!peer.window || !peer.model.Nodes().Exists(node)) return {};
   const std::wstring tip = TreeMouse(peer, parts_->input).AskTip(node);
   return tip == peer.model.Nodes().Text(node) ? std::wstring() : tip;
+}
+
+// The mouse over a disabled button is told to what lies below.
+std::wstring UserInput::TipOf(const CommandButton& button) const {
+  HWND form = button.Owner().BackEnd().life.window;
+  HWND window = button.BackEnd().window;
+  if (!window) return {};
+  POINT inForm = Middle(window);
+  MapWindowPoints(window, form, &inForm, 1);
+  HWND below = ChildWindowFromPointEx(form, inForm, CWP_SKIPDISABLED | CWP_SKIPINVISIBLE);
+  POINT place = inForm;
+  MapWindowPoints(form, below, &place, 1);
+  MSG move = {};
+  move.hwnd = below;
+  move.message = WM_MOUSEMOVE;
+  move.lParam = MAKELPARAM(place.x, place.y);
+  button.Owner().OwnerDesktop().BackEnd().Process(move);
+  return FormTip(form).TextAt(inForm);
 }
 
 bool UserInput::Expand(TreeView& tree, NodeId node) {
