@@ -151,6 +151,16 @@ UADMIN_STRING(447, "Session : %1")
 // What a search has found, %1, and what there is to say of the selected node.
 UADMIN_STRING(452, "%1 - %2")
 
+// Why a command is off: what to select first. %1: the section of its button.
+UADMIN_STRING(460, "Sélectionnez d'abord un utilisateur.")
+UADMIN_STRING(461, "Sélectionnez d'abord un groupe.")
+UADMIN_STRING(462, "Sélectionnez l'utilisateur lui-même ou son dossier \042%1\042.")
+UADMIN_STRING(463, "Sélectionnez le groupe lui-même ou son dossier \042%1\042.")
+UADMIN_STRING(464, "Sélectionnez d'abord un membre du groupe.")
+UADMIN_STRING(465, "Cet ensemble se déduit des autres dossiers : retirez la permission sous \042%1\042, ou au groupe qui la donne.")
+UADMIN_STRING(466, "Sélectionnez d'abord une permission.")
+UADMIN_STRING(467, "Aucune ligne de la liste ne mène à un compte.")
+
 // Where a permission comes from. %1: a group, or several joined by 506 and, before the last, 507.
 UADMIN_STRING(501, "Accordée directement")
 UADMIN_STRING(502, "Par le groupe %1")
@@ -252,6 +262,14 @@ UADMIN_STRING(589, "Vos modifications sont bien enregistrées ; elles n'y sont p
 // The groups of the export. %1: how many.
 UADMIN_STRING(591, "Membres (%1)")
 UADMIN_STRING(592, "Permissions (%1)")
+
+// Why a command is off: whom it would harm.
+UADMIN_STRING(600, "Vous ne pouvez pas supprimer cet utilisateur : c'est l'administrateur principal.")
+UADMIN_STRING(601, "Vous ne pouvez pas supprimer cet utilisateur : c'est celui de votre session.")
+UADMIN_STRING(602, "Vous ne pouvez pas supprimer ce groupe : le système en a besoin.")
+UADMIN_STRING(603, "Vous ne pouvez retirer personne de ce groupe : tous les utilisateurs en font partie.")
+UADMIN_STRING(604, "Vous ne pouvez pas retirer l'administrateur principal de ce groupe.")
+UADMIN_STRING(605, "Vous ne pouvez pas modifier les droits de ce groupe : il permet d'administrer les utilisateurs.")
 
 // Messages. A text that runs over two numbers is shown on two lines.
 UADMIN_STRING(700, "Vos modifications ne seront pas prises en compte dans le système.")

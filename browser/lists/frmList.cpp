@@ -124,7 +124,9 @@ const std::optional<Account>& frmList::AccountAtHand() const {
 }
 
 void frmList::ShowAction() {
-  cmdOK.SetEnabled(AccountAtHand().has_value());
+  const bool leadsOn = AccountAtHand().has_value();
+  cmdOK.SetEnabled(leadsOn);
+  cmdOK.SetWhyDisabled(leadsOn ? std::wstring() : Text(app::kNoRow));
 }
 
 void frmList::cmdOK_Click() {

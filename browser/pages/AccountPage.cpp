@@ -102,7 +102,28 @@ void AccountPage::ClearSelection() {
 }
 
 void AccountPage::ResetButtons(std::wstring_view tag) {
-  SetButtons(ButtonRuleOf(tag), NamesAreKnown());
+  const ButtonRule rule = ButtonRuleOf(layout_.tab, tag, NamesAreKnown());
+  Switch(fraAccount, cmdAccount[kEditButton], rule.edit);
+  Switch(fraAccount, cmdAccount[kDeleteButton], rule.remove);
+  Switch(fraAccount, cmdAccount[kNewButton], rule.create);
+  Switch(fraFirst, cmdFirst[kAssignButton], rule.assignFirst);
+  Switch(fraFirst, cmdFirst[kRemoveButton], rule.removeFirst);
+  Switch(fraSecond, cmdSecond[kAssignButton], rule.assignSecond);
+  Switch(fraSecond, cmdSecond[kRemoveButton], rule.removeSecond);
+}
+
+void AccountPage::Switch(const controls::Frame& section, controls::CommandButton& button,
+                         const WhyOff& why) {
+  button.SetEnabled(!why);
+  button.SetWhyDisabled(TextOf(why, section.Caption()));
+}
+
+std::wstring AccountPage::TextOf(const WhyOff& why, const std::wstring& section) const {
+  if (!why) return {};
+  std::wstring text = app::FillIn(Global().LoadResString(why.text), {section});
+  if (why.more == 0) return text;
+  if (!text.ends_with(L' ')) text += L' ';
+  return text + Global().LoadResString(why.more);
 }
 
 void AccountPage::RefreshSelection() {

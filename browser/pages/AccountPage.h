@@ -13,6 +13,7 @@
 #include "browser/pages/PageHost.h"
 #include "browser/pages/PageView.h"
 #include "browser/rules/OwnAccess.h"
+#include "browser/rules/WhyOff.h"
 #include "browser/trees/AccountTree.h"
 #include "browser/trees/TreeContext.h"
 #include "browser/trees/TreeLookup.h"
@@ -46,10 +47,10 @@ class AccountPage : public PageView {
   // Takes in what the selected node stands for, and sets the buttons for it.
   void RefreshSelection();
   // F2 edits the account, Delete takes away the account or the link that is selected, where the
-  // button for it is on. Enter goes to the account that the selected node leads to, Backspace back
-  // to where the user came from. All of them only where the tree has the focus. Ctrl+F leads to the
-  // box above the tree, Down and Enter from there to the first account found, and Escape ends the
-  // search.
+  // button for it is on; where it is off the status line says why. Enter goes to the account that
+  // the selected node leads to, Backspace back to where the user came from. All of them only where
+  // the tree has the focus. Ctrl+F leads to the box above the tree, Down and Enter from there to
+  // the first account found, and Escape ends the search.
   void KeyDown(int keyCode);
   // Selects a node and brings it into view, as a user's click would, with the focus in the tree.
   void ShowNode(controls::NodeId node);
@@ -95,7 +96,7 @@ class AccountPage : public PageView {
     int caption;  // texts of the string table
     int keyName;
     int keyCode;
-    std::function<bool(controls::NodeId node)> IsOn;
+    std::function<WhyOff(controls::NodeId node)> Why;  // it is off for the node
     std::function<void()> Do;
   };
 
@@ -163,8 +164,13 @@ class AccountPage : public PageView {
                         const std::function<app::Outcome()>& work);
 
   std::wstring KeyOf(controls::NodeId node) const;
+  // A reason as it is shown; section is the caption of the one that the command belongs to.
+  std::wstring TextOf(const WhyOff& why, const std::wstring& section = {}) const;
   void ClearSelection();
+  // Switches the buttons on and off for a node of its type.
   void ResetButtons(std::wstring_view tag);
+  // Switches a button of a section off, and has it say why, or on where nothing is against it.
+  void Switch(const controls::Frame& section, controls::CommandButton& button, const WhyOff& why);
   const app::mGlobal& Global() const { return context_.global; }
 
   const TreeContext& context_;
@@ -206,6 +212,8 @@ class AccountPage : public PageView {
   void TreeView1_Copy(controls::NodeId node);
   void TreeView1_Expand(controls::NodeId node, bool expanded);
   void Perform(controls::NodeId node, int command);
+  controls::CommandButton& ButtonOf(int command);
+  void Press(int command);
   std::optional<Account> Destination(controls::NodeId node) const;
   void GoToAccount(controls::NodeId node);
   void GoBack();

@@ -5,6 +5,7 @@
 #include "browser/lists/frmList.h"
 #include "browser/pages/AccountPage.h"
 #include "browser/pages/WaitPointer.h"
+#include "browser/rules/ButtonRules.h"
 #include "browser/rules/TreeKeys.h"
 #include "controls/Desktop.h"
 
@@ -16,11 +17,13 @@ using controls::NodeId;
 std::vector<AccountPage::MenuCommand> AccountPage::ListCommands() {
   using controls::kKeyControl;
   return {{app::kWhoHasIt, app::kCtrlQ, kKeyControl + 'Q',
-           [this](NodeId node) { return StandsForPermission(node); }, [this] { ShowHolders(); }},
+           [this](NodeId node) { return WhyNoPermission(StandsForPermission(node)); },
+           [this] { ShowHolders(); }},
           {app::kShowMembers, app::kCtrlM, kKeyControl + 'M',
-           [this](NodeId node) { return GroupAt(node).has_value(); }, [this] { ShowMembers(); }},
+           [this](NodeId node) { return WhyNoGroup(GroupAt(node).has_value()); },
+           [this] { ShowMembers(); }},
           {app::kCompareWith, app::kCtrlK, kKeyControl + 'K',
-           [this](NodeId node) { return UserAt(node) != controls::kNoNode; },
+           [this](NodeId node) { return WhyNoUser(UserAt(node) != controls::kNoNode); },
            [this] { CompareUsers(); }}};
 }
 

@@ -73,14 +73,14 @@ void AccountPage::TreeView1_ContextMenu(NodeId node) {
   if (!commands_.empty()) items.push_back({});
   int number = kPageCommand;
   for (const MenuCommand& command : commands_) {
-    items.push_back({number++, withKey(command.caption, command.keyName), command.IsOn(node)});
+    items.push_back({number++, withKey(command.caption, command.keyName), !command.Why(node)});
   }
   Perform(node, controls::ShowPopupMenu(TreeView1, node, items));
 }
 
 AccountPage::MenuCommand AccountPage::ExportCommand() {
-  return {app::kExportRights, app::kCtrlE, controls::kKeyControl + 'E', [](NodeId) { return true; },
-          [this] { host_.ExportRights(); }};
+  return {app::kExportRights, app::kCtrlE, controls::kKeyControl + 'E',
+          [](NodeId) { return WhyOff{}; }, [this] { host_.ExportRights(); }};
 }
 
 void AccountPage::Perform(NodeId node, int command) {
@@ -94,13 +94,22 @@ void AccountPage::Perform(NodeId node, int command) {
     GoBack();
   } else if (command >= kPageCommand) {
     commands_[static_cast<std::size_t>(command - kPageCommand)].Do();
-  } else if (command >= kSecondLinkCommand) {
-    cmdSecond[command - kSecondLinkCommand].Click();
-  } else if (command >= kFirstLinkCommand) {
-    cmdFirst[command - kFirstLinkCommand].Click();
   } else if (command >= kAccountCommand) {
-    cmdAccount[command - kAccountCommand].Click();
+    ButtonOf(command).Click();
   }
+}
+
+controls::CommandButton& AccountPage::ButtonOf(int command) {
+  if (command >= kSecondLinkCommand) return cmdSecond[command - kSecondLinkCommand];
+  if (command >= kFirstLinkCommand) return cmdFirst[command - kFirstLinkCommand];
+  return cmdAccount[command - kAccountCommand];
+}
+
+// A key for a button that is off has the status line say what the button's tip says.
+void AccountPage::Press(int command) {
+  if (command == kNoCommand) return;
+  const controls::CommandButton& button = ButtonOf(command);
+  button.Enabled() ? button.Click() : host_.ShowDone(button.WhyDisabled());
 }
 
 std::optional<Account> AccountPage::Destination(NodeId node) const {
@@ -138,25 +147,23 @@ void AccountPage::TreeView1_Expand(NodeId node, bool expanded) {
 void AccountPage::KeyDown(int keyCode) {
   if (FindKeyDown(keyCode) || !TreeView1.HasFocus()) return;
   const NodeId node = TreeView1.SelectedNode();
-  if (keyCode == controls::kKeyDelete) Perform(node, CommandOfDelete(node));
+  if (keyCode == controls::kKeyDelete) Press(CommandOfDelete(node));
   if (keyCode == controls::kKeyReturn) GoToAccount(node);
   if (keyCode == controls::kKeyBack) GoBack();
-  if (keyCode == controls::kKeyF2 && cmdAccount[kEditButton].Enabled()) {
-    Perform(node, kAccountCommand + kEditButton);
-  }
+  if (keyCode == controls::kKeyF2) Press(kAccountCommand + kEditButton);
   for (const MenuCommand& command : commands_) {
-    if (keyCode == command.keyCode && command.IsOn(node)) return command.Do();
+    if (keyCode != command.keyCode) continue;
+    const WhyOff why = command.Why(node);
+    return why ? host_.ShowDone(TextOf(why)) : command.Do();
   }
 }
 
 // On a folder Delete does nothing, since it could only mean the account above.
 int AccountPage::CommandOfDelete(NodeId node) const {
   const std::wstring tag = lookup.GetTypeNode(KeyOf(node));
-  if (tag == L"US" || tag == L"GR") {
-    return cmdAccount[kDeleteButton].Enabled() ? kAccountCommand + kDeleteButton : kNoCommand;
-  }
-  if (cmdFirst[kRemoveButton].Enabled()) return kFirstLinkCommand + kRemoveButton;
-  if (cmdSecond[kRemoveButton].Enabled()) return kSecondLinkCommand + kRemoveButton;
+  if (tag == L"US" || tag == L"GR") return kAccountCommand + kDeleteButton;
+  if (tag == L"GU" || tag == L"UG") return kFirstLinkCommand + kRemoveButton;
+  if (tag == L"PU" || tag == L"PG" || tag == L"PA") return kSecondLinkCommand + kRemoveButton;
   return kNoCommand;
 }
 

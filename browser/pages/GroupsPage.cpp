@@ -20,6 +20,7 @@ using controls::NodeId;
 namespace {
 
 constexpr PageLayout kLayout{
+    .tab = kGroupsTab,
     .txtFind = IDC_FIND_GROUPS,
     .lblTree = IDC_LBL_TREE_GROUPS,
     .TreeView1 = IDC_TREE_GROUPS,
@@ -104,10 +105,11 @@ void GroupsPage::AdminAndEveryoneGroup(NodeId node) {
     const GroupProtection off =
         ProtectGroup(context_.accounts, data::GetGroupID(KeyOf(node)), text);
     IsRemoveAdmin = !off.admin;
-    if (off.account) cmdGroup[kDeleteButton].SetEnabled(false);
-    if (off.member) cmdMember[kRemoveButton].SetEnabled(false);
-    if (off.permissions) {
-      for (controls::CommandButton& button : cmdGroupPermission) button.SetEnabled(false);
+    if (off.account) Switch(fraGroup, cmdGroup[kDeleteButton], off.account);
+    if (off.member) Switch(fraMember, cmdMember[kRemoveButton], off.member);
+    if (!off.permissions) return;
+    for (controls::CommandButton& button : cmdGroupPermission) {
+      Switch(fraGroupPermission, button, off.permissions);
     }
   }));
 }

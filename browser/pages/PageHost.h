@@ -25,7 +25,8 @@ class PageHost {
  public:
   // A command on the page has changed something: the other pages are to show it too.
   virtual void BringOthersInStep(const AccountPage& page, Change change) = 0;
-  // What a command has done, empty for nothing; said as long as the same node stays selected.
+  // What a command has done, or why it is off, empty for nothing; said as long as the same node
+  // stays selected.
   virtual void ShowDone(const std::wstring& text) = 0;
   // What a page has to say about its selection may have changed.
   virtual void ShowStatus() = 0;

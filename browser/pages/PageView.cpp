@@ -85,14 +85,4 @@ void PageView::Hide() {
   for (controls::Frame* frame : {&fraAccount, &fraFirst, &fraSecond}) frame->SetVisible(false);
 }
 
-void PageView::SetButtons(const ButtonRule& rule, bool namesKnown) {
-  cmdAccount[kEditButton].SetEnabled(rule.account && namesKnown);
-  cmdAccount[kDeleteButton].SetEnabled(rule.account);
-  cmdAccount[kNewButton].SetEnabled(namesKnown);
-  cmdFirst[kAssignButton].SetEnabled(rule.assignFirst);
-  cmdFirst[kRemoveButton].SetEnabled(rule.removeFirst);
-  cmdSecond[kAssignButton].SetEnabled(rule.assignSecond);
-  cmdSecond[kRemoveButton].SetEnabled(rule.removeSecond);
-}
-
 }  // namespace browser

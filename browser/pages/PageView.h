@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/mGlobal.h"
-#include "browser/rules/ButtonRules.h"
+#include "browser/rules/Account.h"
 #include "controls/CommandButton.h"
 #include "controls/Form.h"
 #include "controls/Frame.h"
@@ -16,8 +16,10 @@ namespace browser {
 enum AccountButton : int { kEditButton, kDeleteButton, kNewButton };
 enum LinkButton : int { kAssignButton, kRemoveButton };
 
-// The numbers of a tab's controls in the window's template, and of their texts in the string table.
+// A tab, the numbers of its controls in the window's template, and of their texts in the string
+// table.
 struct PageLayout {
+  Tab tab;
   int txtFind;
   int lblTree;
   int TreeView1;
@@ -66,10 +68,6 @@ class PageView {
  protected:
   PageView(controls::Form& form, const PageLayout& layout);
   ~PageView() = default;
-
-  // Switches the buttons on and off for a node. As long as nobody can say which names are taken
-  // (namesKnown is false) accounts are neither edited nor made.
-  void SetButtons(const ButtonRule& rule, bool namesKnown);
 
   const PageLayout layout_;
 

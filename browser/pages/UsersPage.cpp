@@ -2,6 +2,7 @@
 
 #include "app/Reported.h"
 #include "app/StringIds.h"
+#include "browser/rules/ButtonRules.h"
 #include "browser/rules/EffectivePermissions.h"
 #include "browser/rules/PermissionOrigin.h"
 #include "browser/rules/Protection.h"
@@ -21,6 +22,7 @@ using controls::NodeId;
 namespace {
 
 constexpr PageLayout kLayout{
+    .tab = kUsersTab,
     .txtFind = IDC_FIND_USERS,
     .lblTree = IDC_LBL_TREE_USERS,
     .TreeView1 = IDC_TREE_USERS,
@@ -50,12 +52,12 @@ UsersPage::UsersPage(controls::Form& form, const PageContext& context)
     cmdMemberOf[Index].Click = [this, Index] { cmdMemberOf_Click(Index); };
     cmdUserPermission[Index].Click = [this, Index] { cmdUserPermission_Click(Index); };
   }
-  commands_ = {{app::kDuplicate, app::kCtrlD, controls::kKeyControl + 'D',
-                [this](NodeId node) {
-                  return NamesAreKnown() &&
-                         OwnerOf(lookup.GetTypeNode(KeyOf(node)), node) != controls::kNoNode;
-                },
-                [this] { DuplicateUser(); }}};
+  commands_ = {
+      {app::kDuplicate, app::kCtrlD, controls::kKeyControl + 'D',
+       [this](NodeId node) {
+         return ButtonRuleOf(kUsersTab, lookup.GetTypeNode(KeyOf(node)), NamesAreKnown()).edit;
+       },
+       [this] { DuplicateUser(); }}};
   const std::vector<MenuCommand> lists = ListCommands();
   commands_.insert(commands_.end(), lists.begin(), lists.end());
   commands_.push_back(ExportCommand());
@@ -123,8 +125,8 @@ void UsersPage::CurentAndAdminUser(NodeId node) {
     const UserProtection off =
         ProtectUser(context_.accounts, data::GetUserID(key), data::GetGroupID(key));
     IsRemoveAdministrator = !off.administrator;
-    if (off.membership) cmdMemberOf[kRemoveButton].SetEnabled(false);
-    if (off.account) cmdUser[kDeleteButton].SetEnabled(false);
+    if (off.membership) Switch(fraMemberOf, cmdMemberOf[kRemoveButton], off.membership);
+    if (off.account) Switch(fraUser, cmdUser[kDeleteButton], off.account);
   }));
 }
 

@@ -1,5 +1,6 @@
 #include "browser/rules/Protection.h"
 
+#include "app/StringIds.h"
 #include "data/ProtectedId.h"
 
 namespace browser {
@@ -8,13 +9,14 @@ UserProtection ProtectUser(const ProtectedAccounts& accounts, std::int32_t userI
                            std::int32_t groupId) {
   UserProtection off;
   // Nobody leaves "Everyone", and nobody deletes the account he works under.
-  if (data::IsProtectedId(accounts.everyoneGroupId, groupId)) off.membership = true;
-  if (data::IsProtectedId(accounts.currentUserId, userId)) off.account = true;
+  if (data::IsProtectedId(accounts.everyoneGroupId, groupId)) {
+    off.membership = {app::kEverybodyIsMember};
+  }
+  if (data::IsProtectedId(accounts.currentUserId, userId)) off.account = {app::kOwnUser};
   if (data::IsProtectedId(accounts.adminUserId, userId)) {
-    off.account = true;
-    if (data::IsProtectedId(accounts.administratorsGroupId, groupId) ||
-        data::IsProtectedId(accounts.everyoneGroupId, groupId)) {
-      off.membership = true;
+    off.account = {app::kMainAdministrator};
+    if (data::IsProtectedId(accounts.administratorsGroupId, groupId)) {
+      off.membership = {app::kMainAdministratorStays};
     }
     off.administrator = true;
   }
@@ -25,14 +27,14 @@ GroupProtection ProtectGroup(const ProtectedAccounts& accounts, std::int32_t gro
                              std::wstring_view text) {
   GroupProtection off;
   if (data::IsProtectedId(accounts.administratorsGroupId, groupId)) {
-    off.account = true;
-    if (text == L"Admin") off.member = true;
+    off.account = {app::kNeededGroup};
+    if (text == L"Admin") off.member = {app::kMainAdministratorStays};
     off.admin = true;
-    off.permissions = true;
+    off.permissions = {app::kAdministratorsPermissions};
   }
   if (data::IsProtectedId(accounts.everyoneGroupId, groupId)) {
-    off.account = true;
-    off.member = true;
+    off.account = {app::kNeededGroup};
+    off.member = {app::kEverybodyIsMember};
   }
   return off;
 }

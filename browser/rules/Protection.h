@@ -4,14 +4,15 @@
 #include <string_view>
 
 #include "browser/rules/ProtectedAccounts.h"
+#include "browser/rules/WhyOff.h"
 
 // What the administrator is kept from doing to the four protected accounts: the user "Admin", the
 // user he works as, and the groups "Administrators" and "Everyone".
 namespace browser {
 
 struct UserProtection {
-  bool account = false;        // the user may not be deleted
-  bool membership = false;     // he may not be taken out of the group
+  WhyOff account;              // the user may not be deleted
+  WhyOff membership;           // he may not be taken out of the group
   bool administrator = false;  // nor out of "Administrators", which is for the dialog to see to
 };
 
@@ -20,10 +21,10 @@ UserProtection ProtectUser(const ProtectedAccounts& accounts, std::int32_t userI
                            std::int32_t groupId);
 
 struct GroupProtection {
-  bool account = false;      // the group may not be deleted
-  bool member = false;       // the selected member may not be taken out
-  bool permissions = false;  // permissions are neither granted nor withdrawn
-  bool admin = false;        // "Admin" may not be taken out, which is for the dialog to see to
+  WhyOff account;      // the group may not be deleted
+  WhyOff member;       // the selected member may not be taken out
+  WhyOff permissions;  // permissions are neither granted nor withdrawn
+  bool admin = false;  // "Admin" may not be taken out, which is for the dialog to see to
 };
 
 // text is that of the selected node.

@@ -108,6 +108,7 @@ class Protection : public test_support::MainWindowFixture {
     const auto buttons = Buttons(window, tree);
     for (std::size_t i = 0; i < buttons.size(); ++i) {
       if (!buttons[i]->Enabled()) look[kPlaces[i]] = '-';
+      EXPECT_EQ(buttons[i]->Enabled(), buttons[i]->WhyDisabled().empty()) << i;
     }
     return look;
   }

@@ -4,6 +4,7 @@
 #include "app/StringIds.h"
 #include "data/Text.h"
 #include "resources/ResourceIds.h"
+#include "tests/program/ControlIds.h"
 #include "tests/program/DialogWindow.h"
 #include "tests/program/ProgramTest.h"
 #include "tests/program/SampleTexts.h"
@@ -117,6 +118,21 @@ TEST_F(Why, AStatusLineAndATipTellWhereAPermissionComesFrom) {
   EXPECT_EQ(data::ToUtf8(String(app::kByGroup, {production})),
             data::ToUtf8(driver::AwaitTip(Program().Id()).Text()));
   EXPECT_EQ(kMartin, tree.Selected().text) << "looking is not selecting";
+}
+
+TEST_F(Why, ATipTellsWhyAButtonIsOff) {
+  const MainWindow window = Open(SampleSession());
+  window.ClickNode(kUsersTab, {kAdmin});
+  const driver::Window button = window.Control(kDeleteUserButton);
+  ASSERT_FALSE(button.IsEnabled());
+  RECT place = {};
+  GetClientRect(button.Handle(), &place);
+  driver::PointAt(button, driver::Middle(place));
+  EXPECT_EQ(data::ToUtf8(String(app::kMainAdministrator)),
+            data::ToUtf8(driver::AwaitTip(Program().Id()).Text()));
+  window.Key(VK_DELETE);
+  driver::Await("the status line to tell it, too",
+                [&] { return window.Status() == String(app::kMainAdministrator); });
 }
 
 }  // namespace

@@ -152,6 +152,16 @@ TEST_F(Pictures, AMenuAndATipCanBeSeen) {
   driver::PointAt(tree.Control(), tree.Reveal(leaf));
   driver::AwaitTip(Program().Id());
   Keep(window.Form(), L"why-tip.bmp");
+  const driver::Window off = window.Control(kRemoveUserPermissionButton);
+  RECT place = {};
+  GetClientRect(off.Handle(), &place);
+  driver::PointAt(off, driver::Middle(place));
+  const std::wstring why = String(app::kSelectToRemovePermission);
+  driver::Await("the tip of a button", [&] {
+    const driver::Window tip = driver::ShownTip(Program().Id());
+    return tip && tip.Text().starts_with(why);
+  });
+  Keep(window.Form(), L"why-not-tip.bmp");
   // With the folder on the topmost line there is room for the whole menu below it.
   tree.Reveal(tree.KnownChildren(tree.Root().item).back().item);
   driver::RightClickAt(tree.Control(), tree.Reveal(folder));

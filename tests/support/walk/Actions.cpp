@@ -124,8 +124,19 @@ void Actions::ClickButton() {
   FinishCommand(kCommands[static_cast<std::size_t>(place)]);
 }
 
-// A key whose button is off does nothing; that nothing has happened is then found out by the end of
-// the command.
+// What a command's button says of itself, empty while it is on.
+std::wstring Actions::WhyOff(const Command& command) const {
+  const auto place = std::find(kCommands.begin(), kCommands.end(), command) - kCommands.begin();
+  return walk_.Buttons(walk_.Tab())[static_cast<std::size_t>(place)]->WhyDisabled();
+}
+
+// In the status line, as long as the same node stays selected.
+void Actions::ExpectToBeTold(const std::wstring& why) {
+  expected_.done = why;
+  expected_.doneAt = {walk_.Tab(), walk_.SelectedKey(walk_.Tab())};
+}
+
+// A key whose button is off does nothing but have the status line say why.
 void Actions::PressKey() {
   constexpr int kKeys[] = {controls::kKeyF2,
                            controls::kKeyDelete,
@@ -145,12 +156,17 @@ void Actions::PressKey() {
   if (key == controls::kKeyF2) command = Command{Section::kAccount, Verb::kEdit};
   if (key == controls::kKeyDelete) command = CommandOfDelete(run_.At());
   if (!tree.HasFocus()) command.reset();
+  const std::wstring why = command ? WhyOff(*command) : std::wstring();
   if (key == kKeyC) {
     walk_.user.PressCtrl(walk_.window, key);
   } else {
     walk_.user.Try().PressKey(walk_.window, key);
   }
-  if (command) return FinishCommand(*command);
+  if (!why.empty()) {
+    ExpectToBeTold(why);
+  } else if (command) {
+    return FinishCommand(*command);
+  }
   EXPECT_TRUE(run_.DidNothing());
   checks_.AfterStep();
   run_.CheckKept();
@@ -241,6 +257,7 @@ void Actions::Duplicate() {
   walk_.user.PressCtrl(walk_.window, 'D');
   EXPECT_EQ(run_.HasDialog(), run_.At().account != -1);
   if (run_.HasDialog()) return FinishCommand({Section::kAccount, Verb::kNew});
+  ExpectToBeTold(L"d'abord un utilisateur");
   checks_.AfterStep();
 }
 

@@ -32,6 +32,8 @@ class Actions {
   void SelectNode();
   void OpenOrCloseNode();
   void ClickButton();
+  std::wstring WhyOff(const Command& command) const;
+  void ExpectToBeTold(const std::wstring& why);
   void PressKey();
   void UseMenu();
   void FollowLeaf();

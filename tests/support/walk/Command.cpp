@@ -72,7 +72,7 @@ std::optional<Command> CommandOfDelete(const Target& target) {
   if (target.tag == L"GU" || target.tag == L"UG") {
     return Command{Section::kFirstLinks, Verb::kRemove};
   }
-  if (target.tag == L"PU" || target.tag == L"PG") {
+  if (target.tag == L"PU" || target.tag == L"PG" || target.tag == L"PA") {
     return Command{Section::kSecondLinks, Verb::kRemove};
   }
   return std::nullopt;
