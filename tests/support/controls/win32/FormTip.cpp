@@ -4,7 +4,7 @@ namespace test_support {
 namespace {
 
 // The most that a tip is asked for.
-constexpr std::size_t kMostText = 2000;
+constexpr std::size_t kMostTipText = 2000;
 
 // A tool of the form itself, without a text of it; the tips of trees have others.
 TTTOOLINFOW ToolOf(HWND form, wchar_t* text) {
@@ -20,7 +20,7 @@ TTTOOLINFOW ToolOf(HWND form, wchar_t* text) {
 FormTip::FormTip(HWND form) : form_(form) {
   HWND window = nullptr;
   while (!tooltip_ && (window = FindWindowExW(nullptr, window, TOOLTIPS_CLASSW, nullptr))) {
-    wchar_t text[kMostText] = {};
+    wchar_t text[kMostTipText] = {};
     TTTOOLINFOW tool = ToolOf(form, text);
     const bool ours = GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
     if (ours && SendMessageW(window, TTM_GETTOOLINFOW, 0, controls::AsLParam(&tool))) {
@@ -31,12 +31,12 @@ FormTip::FormTip(HWND form) : form_(form) {
 
 std::wstring FormTip::TextAt(POINT place) const {
   if (!tooltip_) return {};
-  wchar_t text[kMostText] = {};
+  wchar_t text[kMostTipText] = {};
   TTTOOLINFOW tool = ToolOf(form_, text);
   SendMessageW(tooltip_, TTM_GETTOOLINFOW, 0, controls::AsLParam(&tool));
   if (!PtInRect(&tool.rect, place)) return {};
   tool.lpszText = text;
-  SendMessageW(tooltip_, TTM_GETTEXTW, kMostText, controls::AsLParam(&tool));
+  SendMessageW(tooltip_, TTM_GETTEXTW, kMostTipText, controls::AsLParam(&tool));
   return text;
 }
 
