@@ -23,8 +23,12 @@ class ListView : public Control {
     int share = 1;
     // Its texts are whole numbers: they stand to the right and are sorted as such.
     bool isNumber = false;
+    // Which text of a row it is sorted by; -1 for the one that it shows. A row may have more texts
+    // than there are columns.
+    int sortedBy = -1;
   };
-  // A text a column; one that is missing is empty. Line ends and tabs are shown as blanks.
+  // A text a column; one that is missing is empty. Line ends and tabs are shown as blanks. What
+  // comes after the last column's is not shown.
   using Row = std::vector<std::wstring>;
 
   ListView(Form& form, int id);

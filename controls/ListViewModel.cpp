@@ -59,9 +59,13 @@ bool ListViewModel::HasColumn(int column) const {
 const std::wstring& ListViewModel::Text(int row, int column) const {
   static const std::wstring kNothing;
   if (!HasRow(row) || !HasColumn(column)) return kNothing;
+  return TextAt(row, static_cast<std::size_t>(column));
+}
+
+const std::wstring& ListViewModel::TextAt(int row, std::size_t text) const {
+  static const std::wstring kNothing;
   const ListView::Row& texts = At(row).texts;
-  const auto place = static_cast<std::size_t>(column);
-  return place < texts.size() ? texts[place] : kNothing;
+  return text < texts.size() ? texts[text] : kNothing;
 }
 
 int ListViewModel::RowAt(int place) const {
@@ -103,24 +107,27 @@ void ListViewModel::PutInOrder() {
   life_.order.resize(life_.rows.size());
   std::iota(life_.order.begin(), life_.order.end(), 0);
   if (!HasColumn(life_.sortColumn)) return;
-  if (life_.columns[static_cast<std::size_t>(life_.sortColumn)].isNumber) {
-    SortByNumber(life_.sortColumn);
+  const auto& column = life_.columns[static_cast<std::size_t>(life_.sortColumn)];
+  const auto text =
+      static_cast<std::size_t>(column.sortedBy < 0 ? life_.sortColumn : column.sortedBy);
+  if (column.isNumber) {
+    SortByNumber(text);
   } else {
-    SortByText(life_.sortColumn);
+    SortByText(text);
   }
 }
 
-void ListViewModel::SortByNumber(int column) {
+void ListViewModel::SortByNumber(std::size_t text) {
   std::vector<std::int64_t> keys;
   keys.reserve(life_.rows.size());
-  for (int row = 0; row < RowCount(); ++row) keys.push_back(NumberIn(Text(row, column)));
+  for (int row = 0; row < RowCount(); ++row) keys.push_back(NumberIn(TextAt(row, text)));
   SortByKeys(life_.order, keys, life_.descending);
 }
 
-void ListViewModel::SortByText(int column) {
+void ListViewModel::SortByText(std::size_t text) {
   std::vector<std::string> keys;
   keys.reserve(life_.rows.size());
-  for (int row = 0; row < RowCount(); ++row) keys.push_back(SortKey(Text(row, column)));
+  for (int row = 0; row < RowCount(); ++row) keys.push_back(SortKey(TextAt(row, text)));
   SortByKeys(life_.order, keys, life_.descending);
 }
 

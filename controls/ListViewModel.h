@@ -100,9 +100,10 @@ class ListViewModel {
   bool HasRow(int row) const { return row >= 0 && row < RowCount(); }
   Item& At(int row) { return life_.rows[static_cast<std::size_t>(row)]; }
   const Item& At(int row) const { return life_.rows[static_cast<std::size_t>(row)]; }
+  const std::wstring& TextAt(int row, std::size_t text) const;
   void PutInOrder();
-  void SortByNumber(int column);
-  void SortByText(int column);
+  void SortByNumber(std::size_t text);
+  void SortByText(std::size_t text);
   void UpdateView();
   bool MoveTo(int row);
   void SelectAlone(int row);

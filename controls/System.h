@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <vector>
@@ -79,6 +80,8 @@ class System {
   // none, for the user; a number in decimal. Nothing where there is neither.
   virtual std::optional<std::wstring> Policy(const std::wstring& product,
                                              const std::wstring& name) const = 0;
+  // A date and a time of day, to the second, where the program runs and as its user writes them.
+  virtual std::wstring LocalTime(std::chrono::system_clock::time_point time) const = 0;
   // Where the program runs, and as whom.
   virtual std::wstring ComputerName() const = 0;
   virtual std::wstring UserName() const = 0;

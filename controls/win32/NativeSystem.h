@@ -37,6 +37,7 @@ class NativeSystem : public System {
   std::wstring LocalDataFolder() const override;
   std::optional<std::wstring> Policy(const std::wstring& product,
                                      const std::wstring& name) const override;
+  std::wstring LocalTime(std::chrono::system_clock::time_point time) const override;
   std::wstring ComputerName() const override;
   std::wstring UserName() const override;
 

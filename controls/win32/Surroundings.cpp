@@ -3,6 +3,9 @@
 #include <shlobj.h>
 
 #include <array>
+#include <chrono>
+#include <cstdint>
+#include <ratio>
 #include <vector>
 
 #include "controls/win32/Handles.h"
@@ -33,6 +36,30 @@ std::optional<std::wstring> PolicyOf(HKEY root, const std::wstring& key, const s
   return std::wstring(text.data());
 }
 
+// What the system makes of a moment in the user's own form; ask is told where to, and how much has
+// room there, and answers how much there is with the end of the text.
+template <typename Ask>
+std::wstring TextOf(Ask ask) {
+  std::array<wchar_t, 128> text = {};
+  const int size = ask(text.data(), static_cast<int>(text.size()));
+  return size > 0 ? std::wstring(text.data()) : std::wstring();
+}
+
+SYSTEMTIME LocalMoment(std::chrono::system_clock::time_point time) {
+  using Ticks = std::chrono::duration<std::int64_t, std::ratio<1, 10'000'000>>;
+  // From the first day of 1601, by which Windows counts, to that of 1970.
+  constexpr Ticks kBetween = std::chrono::seconds(11'644'473'600);
+  ULARGE_INTEGER ticks = {};
+  ticks.QuadPart = static_cast<ULONGLONG>(
+      (std::chrono::duration_cast<Ticks>(time.time_since_epoch()) + kBetween).count());
+  const FILETIME moment = {ticks.LowPart, ticks.HighPart};
+  SYSTEMTIME utc = {};
+  SYSTEMTIME local = {};
+  FileTimeToSystemTime(&moment, &utc);
+  SystemTimeToTzSpecificLocalTime(nullptr, &utc, &local);
+  return local;
+}
+
 }  // namespace
 
 std::wstring NativeSystem::LocalDataFolder() const {
@@ -51,6 +78,17 @@ std::optional<std::wstring> NativeSystem::Policy(const std::wstring& product,
     if (auto value = PolicyOf(root, kPolicies + product, name)) return value;
   }
   return std::nullopt;
+}
+
+std::wstring NativeSystem::LocalTime(std::chrono::system_clock::time_point time) const {
+  const SYSTEMTIME moment = LocalMoment(time);
+  return TextOf([&](wchar_t* text, int room) {
+           return GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, &moment, nullptr, text,
+                                  room, nullptr);
+         }) +
+         L" " + TextOf([&](wchar_t* text, int room) {
+           return GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, 0, &moment, nullptr, text, room);
+         });
 }
 
 std::wstring NativeSystem::ComputerName() const {

@@ -100,6 +100,23 @@ TEST_F(ListView, SortsAColumnOfNumbersByTheirValue) {
   EXPECT_EQ(Shown(), (Rows{1, 2, 5, 3, 0, 4}));
 }
 
+TEST_F(ListView, SortsAColumnByATextThatIsNotOnView) {
+  list.SetColumns({{.caption = L"Date", .sortedBy = 2}, {.caption = L"Nom"}});
+  list.SetRows({{L"10/01/2026", L"a", L"2026-01-10"},
+                {L"09/02/2026", L"b", L"2026-02-09"},
+                {L"11/12/2025", L"c", L"2025-12-11"},
+                {L"12/12/2025", L"d"}});
+  user.ClickHeading(list, 0);
+  EXPECT_EQ(Shown(), (Rows{3, 2, 0, 1}));
+  user.ClickHeading(list, 1);
+  EXPECT_EQ(Shown(), (Rows{0, 1, 2, 3}));
+  EXPECT_EQ(ShownRows(list)[0].texts, (Texts{L"10/01/2026", L"a"}));
+  EXPECT_EQ(list.Text(0, 2), L"");
+  user.Focus(list);
+  user.PressCtrl(form, test_support::kKeyC);
+  EXPECT_TRUE(user.Clipboard().starts_with(L"10/01/2026\ta\r\n09/02/2026\tb\r\n"));
+}
+
 TEST_F(ListView, AClickOnAHeadingSortsAndASecondOneTheOtherWayRound) {
   user.ClickHeading(list, 1);
   EXPECT_EQ(Shown(), (Rows{1, 3, 0, 2}));

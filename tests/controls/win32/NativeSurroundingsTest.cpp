@@ -1,3 +1,6 @@
+#include <array>
+#include <chrono>
+#include <ctime>
 #include <filesystem>
 #include <string>
 
@@ -55,6 +58,26 @@ class NativeSurroundings : public ::testing::Test {
 
 TEST_F(NativeSurroundings, WithoutAPolicyNothingIsLaidDown) {
   EXPECT_EQ(Policy(), std::nullopt);
+}
+
+// The C library's own calendar says what hour it is here.
+TEST_F(NativeSurroundings, AMomentIsToldAsItIsHereAndAsItsUserWritesIt) {
+  const std::time_t moment = 1'793'336'767;
+  const std::tm here = *std::localtime(&moment);
+  const SYSTEMTIME local = {.wYear = static_cast<WORD>(here.tm_year + 1900),
+                            .wMonth = static_cast<WORD>(here.tm_mon + 1),
+                            .wDayOfWeek = 0,
+                            .wDay = static_cast<WORD>(here.tm_mday),
+                            .wHour = static_cast<WORD>(here.tm_hour),
+                            .wMinute = static_cast<WORD>(here.tm_min),
+                            .wSecond = static_cast<WORD>(here.tm_sec),
+                            .wMilliseconds = 0};
+  std::array<wchar_t, 80> date = {};
+  std::array<wchar_t, 80> clock = {};
+  GetDateFormatW(LOCALE_USER_DEFAULT, 0, &local, nullptr, date.data(), date.size());
+  GetTimeFormatW(LOCALE_USER_DEFAULT, 0, &local, nullptr, clock.data(), clock.size());
+  EXPECT_EQ(system.LocalTime(std::chrono::system_clock::from_time_t(moment)),
+            std::wstring(date.data()) + L" " + clock.data());
 }
 
 TEST_F(NativeSurroundings, ThePolicyOfTheMachineComesBeforeThatOfTheUser) {

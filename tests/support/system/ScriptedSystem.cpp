@@ -100,6 +100,10 @@ std::optional<std::wstring> ScriptedSystem::Policy(const std::wstring& product,
   return answers.Policy ? answers.Policy(product, name) : std::nullopt;
 }
 
+std::wstring ScriptedSystem::LocalTime(std::chrono::system_clock::time_point time) const {
+  return below_->LocalTime(time);
+}
+
 std::wstring ScriptedSystem::ComputerName() const {
   return below_->ComputerName();
 }

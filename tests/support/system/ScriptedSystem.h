@@ -77,6 +77,7 @@ class ScriptedSystem : public controls::System {
   std::wstring LocalDataFolder() const override;
   std::optional<std::wstring> Policy(const std::wstring& product,
                                      const std::wstring& name) const override;
+  std::wstring LocalTime(std::chrono::system_clock::time_point time) const override;
   std::wstring ComputerName() const override;
   std::wstring UserName() const override;
 

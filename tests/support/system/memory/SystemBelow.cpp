@@ -1,3 +1,5 @@
+#include <array>
+#include <ctime>
 #include <string_view>
 #include <unordered_map>
 
@@ -67,6 +69,12 @@ class UnattendedSystem : public controls::System {
   std::wstring LocalDataFolder() const override { return {}; }
   std::optional<std::wstring> Policy(const std::wstring&, const std::wstring&) const override {
     return std::nullopt;
+  }
+  std::wstring LocalTime(std::chrono::system_clock::time_point time) const override {
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
+    std::array<char, 32> text = {};
+    std::strftime(text.data(), text.size(), "%d/%m/%Y %H:%M:%S", std::localtime(&seconds));
+    return data::FromUtf8(text.data());
   }
   std::wstring ComputerName() const override { return L"MEMOIRE"; }
   std::wstring UserName() const override { return L"MEMOIRE\\personne"; }
