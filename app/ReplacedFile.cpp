@@ -1,5 +1,6 @@
 #include "app/ReplacedFile.h"
 
+#include <algorithm>
 #include <random>
 #include <system_error>
 #include <type_traits>
@@ -31,7 +32,9 @@ std::filesystem::path FilePath(const std::wstring& path) {
   if constexpr (std::is_same_v<std::filesystem::path::value_type, wchar_t>) {
     return path;
   } else {
-    return data::ToUtf8(path);
+    std::string name = data::ToUtf8(path);
+    std::ranges::replace(name, '\\', '/');
+    return name;
   }
 }
 

@@ -37,7 +37,7 @@ class ReplacedFile {
   bool finished_ = false;
 };
 
-// The program's name of a file as the system has it.
+// The program's name of a file, whose folders are joined by backslashes, as the system has it.
 std::filesystem::path FilePath(const std::wstring& path);
 
 }  // namespace app
