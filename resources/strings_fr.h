@@ -41,6 +41,8 @@ UADMIN_STRING(133, "Supp&rimer...")
 UADMIN_STRING(141, "&Atteindre le compte")
 UADMIN_STRING(142, "Re&venir")
 UADMIN_STRING(143, "Dup&liquer...")
+UADMIN_STRING(144, "&Journal...")
+UADMIN_STRING(145, "&Enregistrer sous...")
 UADMIN_STRING(149, "E&xporter les droits...")
 UADMIN_STRING(161, "Entrée")
 UADMIN_STRING(162, "Retour arrière")
@@ -48,6 +50,7 @@ UADMIN_STRING(163, "Ctrl+D")
 UADMIN_STRING(164, "Ctrl+Q")
 UADMIN_STRING(165, "Ctrl+M")
 UADMIN_STRING(166, "Ctrl+K")
+UADMIN_STRING(167, "Ctrl+J")
 UADMIN_STRING(169, "Ctrl+E")
 
 // Window titles. 201 is followed by the group's name, 206 by the kind of what is listed.
@@ -209,11 +212,13 @@ UADMIN_STRING(547, "Ni l'un ni l'autre n'a de permission.")
 UADMIN_STRING(548, "%1 seulement")
 UADMIN_STRING(549, "Les deux")
 
-// The export of who may do what: its title, the kinds of file, the name proposed (%1: the date).
+// The export of who may do what: what its file is called, its title, the kinds of file.
+UADMIN_STRING(550, "droits")
 UADMIN_STRING(551, "Etat des droits")
 UADMIN_STRING(552, "Tableau pour tableur (CSV)")
 UADMIN_STRING(553, "Page à lire et à imprimer (HTML)")
-UADMIN_STRING(554, "droits-%1")
+// The name proposed for a file, without its extension. %1: what it is, %2: the day.
+UADMIN_STRING(554, "%1-%2")
 // %1: how many users are done, %2: of how many.
 UADMIN_STRING(555, "Export des droits : %1 sur %2 (Echap pour arrêter)")
 // %1: the file.
@@ -259,9 +264,22 @@ UADMIN_STRING(587, "Modification de permissions : %1")
 UADMIN_STRING(588, "Le journal des modifications ne peut pas être écrit dans %1.")
 UADMIN_STRING(589, "Vos modifications sont bien enregistrées ; elles n'y sont pas consignées.")
 
+// The title of its window.
+UADMIN_STRING(590, "Journal des modifications")
+
 // The groups of the export. %1: how many.
 UADMIN_STRING(591, "Membres (%1)")
 UADMIN_STRING(592, "Permissions (%1)")
+
+// The window of the journal. %1: its folder.
+UADMIN_STRING(593, "Dossier : %1")
+UADMIN_STRING(594, "Date et heure")
+UADMIN_STRING(595, "Qui")
+UADMIN_STRING(596, "Ce qui a été fait")
+UADMIN_STRING(597, "Compte")
+UADMIN_STRING(598, "Lignes ou erreur")
+// %1: the user of the session, %2: of Windows, %3: the machine.
+UADMIN_STRING(599, "%1 (%2, poste %3)")
 
 // Why a command is off: whom it would harm.
 UADMIN_STRING(600, "Vous ne pouvez pas supprimer cet utilisateur : c'est l'administrateur principal.")
@@ -270,6 +288,22 @@ UADMIN_STRING(602, "Vous ne pouvez pas supprimer ce groupe : le système en a be
 UADMIN_STRING(603, "Vous ne pouvez retirer personne de ce groupe : tous les utilisateurs en font partie.")
 UADMIN_STRING(604, "Vous ne pouvez pas retirer l'administrateur principal de ce groupe.")
 UADMIN_STRING(605, "Vous ne pouvez pas modifier les droits de ce groupe : il permet d'administrer les utilisateurs.")
+
+// What the window of the journal says of an error, and below its list. %1: the number of the error, %2: its text.
+UADMIN_STRING(620, "Erreur %1")
+UADMIN_STRING(621, "Erreur %1 : %2")
+UADMIN_STRING(622, "Aucune modification consignée.")
+UADMIN_STRING(623, "Aucun journal n'est tenu : une stratégie l'a désactivé, ou votre compte n'a pas de dossier pour ses données locales.")
+UADMIN_STRING(624, "Le journal n'a pas pu être lu en entier.")
+// %1: how many.
+UADMIN_STRING(625, "Lignes illisibles, laissées de côté : %1.")
+UADMIN_STRING(626, "Les modifications plus anciennes ne sont pas affichées ; elles sont dans les fichiers du dossier.")
+
+// What a list window has saved. %1: the name of the file.
+UADMIN_STRING(631, "Enregistré : %1")
+// What a page says of the list that it was saved from.
+UADMIN_STRING(632, "Lignes")
+UADMIN_STRING(633, "Recherche")
 
 // Messages. A text that runs over two numbers is shown on two lines.
 UADMIN_STRING(700, "Vos modifications ne seront pas prises en compte dans le système.")

@@ -1,4 +1,3 @@
-#include <string_view>
 #include <unordered_map>
 
 #include "app/StringIds.h"
@@ -12,9 +11,6 @@ namespace browser {
 namespace {
 
 using controls::NodeId;
-
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view kEndOfLine = "\r\n";
 
 class CsvWriter {
  public:

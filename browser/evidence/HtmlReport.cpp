@@ -6,7 +6,7 @@
 
 #include "app/StringIds.h"
 #include "browser/evidence/AccessReport.h"
-#include "browser/evidence/HtmlStyle.h"
+#include "browser/evidence/HtmlPage.h"
 #include "browser/evidence/HtmlText.h"
 #include "browser/rules/AccountName.h"
 #include "browser/rules/EffectivePermissions.h"
@@ -29,7 +29,7 @@ class HtmlWriter {
     AddHead();
     if (!AddUsers()) return false;
     AddGroups();
-    page_ += "</body>\n</html>\n";
+    page_ += kEndOfPage;
     Flush();
     return true;
   }
@@ -47,10 +47,8 @@ class HtmlWriter {
 
   void AddHead() {
     const ReportHead& head = report_.head;
-    page_ += "<!DOCTYPE html>\n<html lang=\"fr\">\n<head>\n<title>" + Text(app::kExportTitle) +
-             " - " + HtmlText(head.local) + "</title>\n";
-    page_ += kHtmlStyle;
-    page_ += "</head>\n<body>\n<header>\n<h1>" + Text(app::kExportTitle) + "</h1>\n<dl>\n";
+    page_ = BeginningOfPage(report_.global.LoadResString(app::kExportTitle) + L" - " + head.local);
+    page_ += "<header>\n<h1>" + Text(app::kExportTitle) + "</h1>\n<dl>\n";
     AddFact(app::kExportDate,
             HtmlText(head.local) + " <span class=\"quiet\">(" + HtmlText(head.utc) + ")</span>");
     AddFact(app::kExportDatabase, Filled(app::kExportSession, {data::Decimal(head.sessionId)}));

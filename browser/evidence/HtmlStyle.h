@@ -31,6 +31,8 @@ p { margin: .25em 0; overflow-wrap: anywhere; }
 table { border-collapse: collapse; margin-top: .4em; width: 100%; }
 th, td { border: 1px solid var(--line); overflow-wrap: anywhere; padding: .3em .6em; text-align: left; vertical-align: top; }
 th { background: var(--shade); font-weight: 600; width: 16em; }
+.list th { position: sticky; top: 0; width: auto; }
+thead { display: table-header-group; }
 ul { column-gap: 1.5em; columns: 18em; list-style: none; margin: 0; padding: 0; }
 li { break-inside: avoid; }
 .warning { background: var(--warning-ground); border-left: 4px solid var(--warning); color: var(--warning); margin: 1em 0; padding: .6em .9em; }

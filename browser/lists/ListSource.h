@@ -10,8 +10,8 @@
 
 namespace browser {
 
-// A row of a list window: a text a column, and the account that the row leads to, where it leads to
-// one.
+// A row of a list window: a text a column, after them what the rows are sorted by where that is not
+// what is shown, and the account that the row leads to, where it leads to one.
 struct ListRow {
   controls::ListView::Row texts;
   std::optional<Account> account = std::nullopt;

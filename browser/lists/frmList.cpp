@@ -1,10 +1,13 @@
 #include "browser/lists/frmList.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "app/LocaleFont.h"
 #include "app/MShowHelp.h"
+#include "app/Reported.h"
 #include "app/StringIds.h"
+#include "browser/evidence/ExportFile.h"
 #include "data/Text.h"
 #include "data/TextFilter.h"
 #include "resources/ResourceIds.h"
@@ -15,10 +18,11 @@ namespace {
 // No word has one in it: what is looked for is never found across two texts.
 constexpr char kBetweenTexts = '\n';
 
-std::string FoldedRow(const ListRow& row) {
+// What comes after the last column is not on view.
+std::string FoldedRow(const ListRow& row, std::size_t columns) {
   std::string folded;
-  for (const std::wstring& text : row.texts) {
-    data::AppendFoldedText(folded, text);
+  for (std::size_t column = 0; column < std::min(columns, row.texts.size()); ++column) {
+    data::AppendFoldedText(folded, row.texts[column]);
     folded += kBetweenTexts;
   }
   return folded;
@@ -33,6 +37,7 @@ frmList::frmList(const app::mGlobal& global, ListSource source)
       lblCount(*this, IDC_LBL_COUNT),
       List1(*this, IDC_LIST_ROWS),
       lblNotice(*this, IDC_LBL_NOTICE),
+      cmdSave(*this, IDC_SAVE_AS),
       cmdOK(*this, IDC_OK),
       cmdCancel(*this, IDC_CANCEL),
       Command1(*this, IDC_HELP_BUTTON),
@@ -55,6 +60,7 @@ void frmList::SettingControls() {
   lblNotice.SetPlainCaption(source_.notice);
   txtFilter.SetCue(Text(app::kFindCue));
   List1.SetAccessibleName(source_.heading);
+  cmdSave.SetCaption(Text(app::kSaveAs));
   cmdOK.SetCaption(source_.action);
   cmdOK.SetVisible(!source_.action.empty());
   cmdCancel.SetCaption(Text(app::kClose));
@@ -69,6 +75,7 @@ void frmList::SetAnchors() {
   lblCount.SetAnchors(kAnchorTop | kAnchorRight);
   List1.SetAnchors(kAnchorLeft | kAnchorTop | kAnchorRight | kAnchorBottom);
   lblNotice.SetAnchors(kAnchorLeft | kAnchorRight | kAnchorBottom);
+  cmdSave.SetAnchors(kAnchorLeft | kAnchorBottom);
   for (CommandButton* button : {&cmdOK, &cmdCancel, &Command1}) {
     button->SetAnchors(kAnchorRight | kAnchorBottom);
   }
@@ -81,6 +88,7 @@ void frmList::SetEvents() {
   List1.Click = [this] { ShowAction(); };
   List1.GotFocus = [this] { ShowAction(); };
   if (!source_.action.empty()) List1.Activate = [this](int) { cmdOK_Click(); };
+  cmdSave.Click = [this] { cmdSave_Click(); };
   cmdOK.Click = [this] { cmdOK_Click(); };
   cmdCancel.Click = [this] { Unload(); };
   Command1.Click = [this] { Command1_Click(); };
@@ -100,7 +108,9 @@ void frmList::FillList() {
 void frmList::txtFilter_Change() {
   if (folded_.empty()) {
     folded_.reserve(source_.rows.size());
-    for (const ListRow& row : source_.rows) folded_.push_back(FoldedRow(row));
+    for (const ListRow& row : source_.rows) {
+      folded_.push_back(FoldedRow(row, source_.columns.size()));
+    }
   }
   const data::TextFilter filter(txtFilter.Text());
   List1.Filter([&](int row) { return filter.Matches(folded_[static_cast<std::size_t>(row)]); });
@@ -109,12 +119,14 @@ void frmList::txtFilter_Change() {
   ShowAction();
 }
 
+std::wstring frmList::CountText() const {
+  if (source_.rows.empty()) return source_.nothing;
+  return app::FillIn(Text(app::kShownOf), {data::GroupedDecimal(List1.ShownCount()),
+                                           data::GroupedDecimal(List1.RowCount())});
+}
+
 void frmList::ShowCount() {
-  lblCount.SetPlainCaption(
-      source_.rows.empty()
-          ? source_.nothing
-          : app::FillIn(Text(app::kShownOf), {data::GroupedDecimal(List1.ShownCount()),
-                                              data::GroupedDecimal(List1.RowCount())}));
+  lblCount.SetPlainCaption(CountText());
 }
 
 const std::optional<Account>& frmList::AccountAtHand() const {
@@ -127,6 +139,30 @@ void frmList::ShowAction() {
   const bool leadsOn = AccountAtHand().has_value();
   cmdOK.SetEnabled(leadsOn);
   cmdOK.SetWhyDisabled(leadsOn ? std::wstring() : Text(app::kNoRow));
+}
+
+ShownTable frmList::OnView() const {
+  ShownTable table{source_.title,      source_.heading,
+                   source_.notice,     CountText(),
+                   txtFilter.Text(),   {},
+                   List1.ShownCount(), {}};
+  for (const auto& column : source_.columns) table.columns.push_back(column.caption);
+  table.Text = [this](int row, int column) -> const std::wstring& {
+    return List1.Text(List1.RowAt(row), column);
+  };
+  return table;
+}
+
+// Until something else is searched for, the file that was saved is named where the count stands.
+void frmList::cmdSave_Click() {
+  const auto path = AskExportFile(global_, *this, source_.title, source_.title);
+  if (!path) return;
+  const app::Outcome outcome =
+      app::Reported(global_, L"SaveList", [&] { WriteTableFile(global_, OnView(), *path); });
+  if (outcome == app::Outcome::kFailed) return;
+  const std::wstring name = path->substr(path->find_last_of(L"\\/") + 1);
+  lblCount.SetPlainCaption(app::FillIn(Text(app::kListSaved), {name}));
+  lblCount.Announce();
 }
 
 void frmList::cmdOK_Click() {
@@ -144,6 +180,8 @@ void frmList::Form_KeyDown(int keyCode) {
   constexpr int kLastDigit = controls::kKeyControl + L'9';
   if (keyCode == controls::kKeyControl + L'F') {
     txtFilter.SetFocus();
+  } else if (keyCode == controls::kKeyControl + L'S') {
+    cmdSave_Click();
   } else if (keyCode == controls::kKeyDown && txtFilter.HasFocus()) {
     List1.SetFocus();
   } else if (keyCode >= kFirstDigit && keyCode <= kLastDigit) {
