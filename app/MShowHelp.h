@@ -19,6 +19,7 @@ enum HelpTopic : int {
   kTopicListGroups = 1206,
   kTopicListPermissions = 1207,
   kTopicList = 1208,
+  kTopicJournal = 1209,
 };
 
 // The help file's full path: it lies beside the executable.

@@ -178,6 +178,7 @@ class AccountPage : public PageView {
   PageHost& host_;
   // What both pages have.
   MenuCommand ExportCommand();
+  MenuCommand JournalCommand();
 
   // Those of the page, in the order of the menu; set by its constructor.
   std::vector<MenuCommand> commands_;

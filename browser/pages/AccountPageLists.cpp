@@ -2,6 +2,7 @@
 
 #include "app/StringIds.h"
 #include "browser/lists/AccountLists.h"
+#include "browser/lists/JournalList.h"
 #include "browser/lists/frmList.h"
 #include "browser/pages/AccountPage.h"
 #include "browser/pages/WaitPointer.h"
@@ -25,6 +26,12 @@ std::vector<AccountPage::MenuCommand> AccountPage::ListCommands() {
           {app::kCompareWith, app::kCtrlK, kKeyControl + 'K',
            [this](NodeId node) { return WhyNoUser(UserAt(node) != controls::kNoNode); },
            [this] { CompareUsers(); }}};
+}
+
+AccountPage::MenuCommand AccountPage::JournalCommand() {
+  return {app::kShowJournal, app::kCtrlJ, controls::kKeyControl + 'J',
+          [](NodeId) { return WhyOff{}; },
+          [this] { Choose([this] { return JournalList(Global()); }); }};
 }
 
 ListContext AccountPage::Listed() const {

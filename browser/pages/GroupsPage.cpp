@@ -52,6 +52,7 @@ GroupsPage::GroupsPage(controls::Form& form, const PageContext& context)
   }
   commands_ = ListCommands();
   commands_.push_back(ExportCommand());
+  commands_.push_back(JournalCommand());
 }
 
 int GroupsPage::ReadingText() const {

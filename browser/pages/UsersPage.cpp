@@ -61,6 +61,7 @@ UsersPage::UsersPage(controls::Form& form, const PageContext& context)
   const std::vector<MenuCommand> lists = ListCommands();
   commands_.insert(commands_.end(), lists.begin(), lists.end());
   commands_.push_back(ExportCommand());
+  commands_.push_back(JournalCommand());
   TreeView1.Tip = [this](NodeId node) { return OriginOf(node); };
 }
 
