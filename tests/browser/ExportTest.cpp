@@ -8,6 +8,7 @@
 #include "browser/evidence/HtmlText.h"
 #include "data/Text.h"
 #include "tests/browser/CommandTest.h"
+#include "tests/browser/FullDisk.h"
 #include "tests/support/keys/Keys.h"
 
 namespace browser {
@@ -78,6 +79,21 @@ class RightsExportTest : public CommandTest {
   }
 
   void Export(frmUserGroupPerm& window) { user.PressCtrl(window, 'E'); }
+
+#ifndef _WIN32
+  // An export for which there is room for so many bytes only.
+  void ExpectFullDisk(frmUserGroupPerm& window, std::uintmax_t bytes) {
+    user.ExpectMsgBox({.answer = controls::kResultOk,
+                       .prompt = L"ExportRights Error [75]\r\nLe disque du dossier " +
+                                 Folder().wstring() +
+                                 L" est plein ou n'est plus accessible. Aucun fichier n'a été "
+                                 L"laissé."});
+    const std::size_t files = FilesLeft();
+    const FullDisk disk(bytes);
+    Export(window);
+    EXPECT_EQ(FilesLeft(), files);
+  }
+#endif
 
   std::size_t FilesLeft() {
     const std::filesystem::directory_iterator files(Folder());
@@ -204,6 +220,39 @@ TEST_F(RightsExportTest, AFolderThatGoesAwayMeanwhileIsTold) {
   EXPECT_FALSE(std::filesystem::exists(Folder()));
 #endif
 }
+
+#ifndef _WIN32
+// Wherever the room ends: at once, within what is written at a time, just before the end.
+TEST_F(RightsExportTest, AFullDiskIsToldAndLeavesWhatWasThere) {
+  UseGenerated({60, 12, 40});
+  const std::string before = "of yesterday";
+  Run([&](frmUserGroupPerm& window) {
+    for (const char* name : {"rights.csv", "rights.html"}) {
+      fileName = name;
+      Export(window);
+      const std::uintmax_t whole = std::filesystem::file_size(File());
+      EXPECT_GT(whole, 20'000u);
+      std::ofstream(File()) << before;
+      for (std::uintmax_t bytes = 0; bytes < whole; bytes = bytes < 4 ? bytes + 1 : 3 * bytes) {
+        ExpectFullDisk(window, bytes);
+      }
+      ExpectFullDisk(window, whole - 1);
+      EXPECT_EQ(Content(File()), before);
+      std::filesystem::remove(File());
+      EXPECT_EQ(FilesLeft(), 0u);
+    }
+  });
+}
+
+TEST_F(RightsExportTest, ADiskThatIsFullUntilRoomIsMadeIsUsedThen) {
+  Run([&](frmUserGroupPerm& window) {
+    ExpectFullDisk(window, 100);
+    Export(window);
+    EXPECT_EQ(window.lblStatus.Caption(), L"Droits exportés dans " + File().wstring());
+    EXPECT_FALSE(Table().empty());
+  });
+}
+#endif
 
 TEST_F(RightsExportTest, AFileThatCannotBeReplacedStaysAsItWas) {
   // A folder of the name stands for a file that another program holds.
