@@ -49,6 +49,9 @@ class RandomWalk : public test_support::MainWindowFixture {
     auto raw = Raw();
     test_support::CutDownSample(raw);
     for (const char* statement : kMisleadingNames) raw.Execute(statement);
+    user.System().answers.LocalDataFolder = [this] {
+      return (Database().Home() / "local").wstring();
+    };
     user.SetCommandLine(Database().CommandLine(seed % 3 == 0 ? L"Moreau" : L"Admin"));
     window.Show();
     ASSERT_TRUE(window.isStarted);

@@ -24,10 +24,16 @@ constexpr std::size_t kButtonLines[] = {0, 1, 2, 4, 5, 7, 8};
 // And where it has the command that begins a new user with what another one has.
 constexpr std::size_t kDuplicateLine = 17;
 
-// The lines that show a list change nothing, and are no commands to the walk.
-bool ShowsList(int tree, std::size_t line) {
-  const std::size_t first = tree == kUsersTree ? kDuplicateLine + 1 : kDuplicateLine;
-  return line >= first && line < first + 3;
+constexpr ListCommand kListCommands[] = {ListCommand::kHolders, ListCommand::kMembers,
+                                         ListCommand::kCompare, ListCommand::kJournal};
+
+// The lines that show a list have its key in them.
+std::optional<ListCommand> ListOfMenuLine(const std::wstring& caption) {
+  for (const ListCommand command : kListCommands) {
+    const auto letter = static_cast<wchar_t>(command);
+    if (caption.ends_with(std::wstring(L"\tCtrl+") + letter)) return command;
+  }
+  return std::nullopt;
 }
 
 std::optional<Command> CommandOfMenuLine(int tree, std::size_t line) {
@@ -62,7 +68,7 @@ const std::vector<Actions::Action>& Actions::All() {
       {28, &Actions::ClickButton},    {12, &Actions::PressKey},    {8, &Actions::UseMenu},
       {1, &Actions::RefreshByButton}, {1, &Actions::RefreshByKey}, {2, &Actions::ChangeFromOutside},
       {6, &Actions::FollowLeaf},      {3, &Actions::Duplicate},    {4, &Actions::Search},
-      {1, &Actions::Export},
+      {1, &Actions::Export},          {6, &Actions::ShowList},
   };
   return actions;
 }
@@ -177,6 +183,7 @@ void Actions::UseMenu() {
   std::optional<Command> command;
   bool shown = false;
   bool exported = false;
+  bool listed = false;
   auto& popupMenu = walk_.user.System().answers.PopupMenu;
   popupMenu = [&](const std::vector<controls::MenuItem>& items) {
     shown = true;
@@ -188,12 +195,15 @@ void Actions::UseMenu() {
     run_.Begin();
     expected_.Selected(walk_.Tab(), walk_.SelectedKey(walk_.Tab()));
     const auto line = static_cast<std::size_t>(walk_.dice.Below(static_cast<int>(items.size())));
+    const auto list = ListOfMenuLine(items[line].caption);
+    EXPECT_TRUE(!list || items[line].enabled == lists_.Answers(*list, run_.At()));
     if (items[line].command == 0 || !items[line].enabled) return 0;
-    if (ShowsList(walk_.Tab(), line)) return 0;
     walk_.Note("  line " + data::ToUtf8(items[line].caption) + " at " +
                data::ToUtf8(run_.At().key));
     command = CommandOfMenuLine(walk_.Tab(), line);
     exported = items[line].caption.ends_with(L"Ctrl+E");
+    listed = list.has_value();
+    if (list) lists_.Expect(*list, run_.At());
     return items[line].command;
   };
   const controls::NodeId node = SomeNode();
@@ -202,6 +212,7 @@ void Actions::UseMenu() {
   popupMenu = nullptr;
   EXPECT_TRUE(shown);
   if (exported) return FinishExport();
+  if (listed) return FinishList();
   if (command) return FinishCommand(*command);
   checks_.AfterStep();
 }
@@ -307,6 +318,36 @@ void Actions::Export() {
   const std::string table((std::istreambuf_iterator<char>(file)), {});
   // Two accounts or permissions of the sample never have line breaks in their names.
   EXPECT_EQ(std::ranges::count(table, '\n'), rows + 1);
+}
+
+// One of the lists, where it means something at the selected node; elsewhere its key has the status
+// line say what to select.
+void Actions::ShowList() {
+  const ListCommand command = walk_.dice.Pick(kListCommands);
+  walk_.user.Try().Focus(walk_.TreeOf(walk_.Tab()));
+  run_.Begin();
+  walk_.Note(std::string("list ") + static_cast<char>(command) + " at " +
+             data::ToUtf8(run_.At().key));
+  const bool answers = lists_.Answers(command, run_.At());
+  if (answers) lists_.Expect(command, run_.At());
+  walk_.user.PressCtrl(walk_.window, static_cast<int>(command));
+  if (!answers) ExpectToBeTold(L"Sélectionnez d'abord ");
+  FinishList();
+}
+
+// A list changes nothing. It may have led to a user; then one may come back from there.
+void Actions::FinishList() {
+  const Target at = run_.At();
+  const std::optional<std::int32_t> user = lists_.Finish();
+  EXPECT_TRUE(run_.DidNothing());
+  EXPECT_EQ(walk_.Tab(), user ? kUsersTree : at.tree);
+  EXPECT_EQ(walk_.SelectedKey(walk_.Tab()), user ? Keys::User(*user) : at.key);
+  checks_.AfterStep();
+  if (!user || walk_.dice.OneIn(2)) return;
+  walk_.user.Try().PressKey(walk_.window, controls::kKeyBack);
+  EXPECT_EQ(walk_.Tab(), at.tree);
+  EXPECT_EQ(walk_.SelectedKey(at.tree), at.key);
+  checks_.AfterStep();
 }
 
 void Actions::FinishExport() {

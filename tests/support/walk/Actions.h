@@ -6,6 +6,7 @@
 #include "tests/support/walk/Checks.h"
 #include "tests/support/walk/CommandRun.h"
 #include "tests/support/walk/Expected.h"
+#include "tests/support/walk/ListActor.h"
 #include "tests/support/walk/Walk.h"
 
 namespace test_support {
@@ -14,8 +15,8 @@ namespace test_support {
 // action makes its gesture, brings the expected state forward, and has everything checked.
 class Actions {
  public:
-  Actions(Walk& walk, Expected& expected, CommandRun& run, Checks& checks)
-      : walk_(walk), expected_(expected), run_(run), checks_(checks) {}
+  Actions(Walk& walk, Expected& expected, CommandRun& run, ListActor& lists, Checks& checks)
+      : walk_(walk), expected_(expected), run_(run), lists_(lists), checks_(checks) {}
 
   // One of them by chance.
   void DoOne();
@@ -40,6 +41,7 @@ class Actions {
   void Duplicate();
   void Search();
   void Export();
+  void ShowList();
   void RefreshByButton();
   void RefreshByKey();
   void ChangeFromOutside();
@@ -49,10 +51,12 @@ class Actions {
   void FinishCommand(const Command& command);
   void FinishRefresh();
   void FinishExport();
+  void FinishList();
 
   Walk& walk_;
   Expected& expected_;
   CommandRun& run_;
+  ListActor& lists_;
   Checks& checks_;
 };
 

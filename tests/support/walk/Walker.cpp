@@ -19,8 +19,9 @@ Walker::Walker(browser::frmUserGroupPerm& window, User& user, CallLog& log, RawD
       actor_(user, walk_.dice, [this](const std::string& step) { walk_.Note(step); }),
       expected_(window.accounts),
       run_(walk_, expected_, actor_),
+      lists_(walk_, expected_),
       checks_(walk_, expected_),
-      actions_(walk_, expected_, run_, checks_) {
+      actions_(walk_, expected_, run_, lists_, checks_) {
   SystemAnswers& answers = user.System().answers;
   answers.MsgBox = [this](const std::wstring& prompt, int style, const std::wstring&) {
     return AnswerBox(prompt, style);
@@ -43,6 +44,7 @@ Walker::~Walker() {
 }
 
 void Walker::UseDialog(controls::Form& form) {
+  if (auto* list = dynamic_cast<browser::frmList*>(&form)) return lists_.Use(*list);
   if (!run_.HasDialog()) {
     run_.DialogShown();
     DeleteMeanwhile(form);

@@ -12,6 +12,7 @@
 #include "tests/support/walk/CommandRun.h"
 #include "tests/support/walk/DialogActor.h"
 #include "tests/support/walk/Expected.h"
+#include "tests/support/walk/ListActor.h"
 #include "tests/support/walk/Walk.h"
 
 namespace test_support {
@@ -48,6 +49,7 @@ class Walker {
   DialogActor actor_;
   Expected expected_;
   CommandRun run_;
+  ListActor lists_;
   Checks checks_;
   Actions actions_;
 };

@@ -152,6 +152,18 @@ void WantedTrees::SetText(int tree, std::int32_t account, const std::wstring& te
   trees_[tree][account].name = name;
 }
 
+std::set<std::int32_t> WantedTrees::Accounts(int tree) const {
+  std::set<std::int32_t> ids;
+  for (const auto& [id, account] : trees_[tree]) ids.insert(id);
+  return ids;
+}
+
+WantedTrees::Texts WantedTrees::Leaves(int tree, std::int32_t account, int folder) const {
+  Texts texts;
+  for (const auto& [id, leaf] : trees_[tree].at(account).folders[folder]) texts[id] = leaf.text;
+  return texts;
+}
+
 TreeLines WantedTrees::Lines(int tree) const {
   TreeLines lines;
   lines[Keys::Root()] =

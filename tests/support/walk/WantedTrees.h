@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 
 #include "browser/trees/TreeContext.h"
@@ -40,6 +41,17 @@ class WantedTrees {
   bool Has(int tree, std::int32_t account) const { return trees_[tree].contains(account); }
   int Count(int tree) const { return static_cast<int>(trees_[tree].size()); }
   TreeLines Lines(int tree) const;
+
+  // What is asked for an account that is there. Texts are those of nodes, by identifier.
+  using Texts = std::map<std::int32_t, std::wstring>;
+  std::set<std::int32_t> Accounts(int tree) const;
+  Texts Leaves(int tree, std::int32_t account, int folder) const;
+  const std::wstring& Text(int tree, std::int32_t account) const {
+    return trees_[tree].at(account).text;
+  }
+  const std::wstring& StoredName(int tree, std::int32_t account) const {
+    return trees_[tree].at(account).name;
+  }
 
  private:
   struct Leaf {
