@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cstring>
 
+namespace help_test {
 namespace {
 
 using Microsoft::WRL::ComPtr;
@@ -97,3 +98,5 @@ std::map<int, std::string> HelpFile::Topics() const {
   }
   return topics;
 }
+
+}  // namespace help_test

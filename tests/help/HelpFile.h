@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+namespace help_test {
+
 // The compiled help file beside the program, read as the help viewer reads it: through the system's
 // own storage for such files.
 class HelpFile {
@@ -30,3 +32,5 @@ class HelpFile {
  private:
   Microsoft::WRL::ComPtr<IStorage> storage_;
 };
+
+}  // namespace help_test

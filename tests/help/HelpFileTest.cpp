@@ -8,6 +8,7 @@
 
 #include "app/MShowHelp.h"
 
+namespace help_test {
 namespace {
 
 constexpr const char* kStartPage = "accueil.htm";
@@ -137,3 +138,5 @@ TEST_F(Help, DoesNotTellWhereItWasBuilt) {
 }
 
 }  // namespace
+
+}  // namespace help_test

@@ -6,6 +6,7 @@
 #include "HelpFile.h"
 #include "app/MShowHelp.h"
 
+namespace help_test {
 namespace {
 
 // The help viewer of the system, without the product's library in front of it.
@@ -45,3 +46,5 @@ TEST_F(HelpViewer, RefusesATopicThatIsNotThere) {
 }
 
 }  // namespace
+
+}  // namespace help_test

@@ -6,6 +6,7 @@
 
 #include "StringTable.h"
 
+namespace resources_test {
 namespace {
 
 constexpr int kFirstCaption = 101;
@@ -71,3 +72,5 @@ TEST(AccessKeys, InTheContextMenuTheyDiffer) {
 }
 
 }  // namespace
+
+}  // namespace resources_test

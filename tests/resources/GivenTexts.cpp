@@ -1,5 +1,6 @@
 #include "GivenTexts.h"
 
+namespace resources_test {
 namespace {
 
 // Grouped by the windows and messages they stand in. Written down apart from the string table, so
@@ -97,3 +98,5 @@ constexpr GivenText kGiven[] = {
 std::span<const GivenText> GivenTexts() {
   return kGiven;
 }
+
+}  // namespace resources_test

@@ -2,6 +2,8 @@
 
 #include <span>
 
+namespace resources_test {
+
 // A text whose wording is fixed, down to its odd spellings and its blanks at the end.
 struct GivenText {
   int id;
@@ -9,3 +11,5 @@ struct GivenText {
 };
 
 std::span<const GivenText> GivenTexts();
+
+}  // namespace resources_test

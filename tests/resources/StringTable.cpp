@@ -1,5 +1,7 @@
 #include "StringTable.h"
 
+namespace resources_test {
+
 const std::vector<TableEntry>& WrittenTable() {
   static const std::vector<TableEntry> table = {
 #define UADMIN_STRING(id, text) {id, text},
@@ -8,3 +10,5 @@ const std::vector<TableEntry>& WrittenTable() {
   };
   return table;
 }
+
+}  // namespace resources_test

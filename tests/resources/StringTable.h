@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+namespace resources_test {
+
 struct TableEntry {
   int id;
   std::string text;  // UTF-8
@@ -13,3 +15,5 @@ const std::vector<TableEntry>& WrittenTable();
 
 // The text that a program gets for a number, as UTF-8; empty when there is none.
 std::string LoadedText(int id);
+
+}  // namespace resources_test

@@ -10,6 +10,7 @@
 #include "data/RunTimeError.h"
 #include "data/Text.h"
 
+namespace resources_test {
 namespace {
 
 constexpr int kErrorTexts = 10000;
@@ -110,3 +111,5 @@ TEST(StringTable, EachTextHasThePlaceholdersThatTheProgramFills) {
 }
 
 }  // namespace
+
+}  // namespace resources_test

@@ -10,6 +10,7 @@
 
 #include "tests/program/dying_server/Relay.h"
 
+namespace dying_server {
 namespace {
 
 using Microsoft::WRL::ComPtr;
@@ -66,9 +67,10 @@ class DyingFactory : public IClassFactory {
 };
 
 }  // namespace
+}  // namespace dying_server
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** out) {
-  static DyingFactory factory(classId);
+  static dying_server::DyingFactory factory(classId);
   return factory.QueryInterface(id, out);
 }
 

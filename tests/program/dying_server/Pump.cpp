@@ -6,6 +6,7 @@
 
 #include "tests/program/dying_server/Signs.h"
 
+namespace dying_server {
 namespace {
 
 constexpr const wchar_t* kAsked = L"pump";
@@ -34,3 +35,5 @@ void PumpIfAsked() {
   HandleMessages();
   std::filesystem::remove(SignFile(kPumping));
 }
+
+}  // namespace dying_server

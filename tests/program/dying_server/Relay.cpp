@@ -6,6 +6,7 @@
 #include "tests/program/dying_server/Pump.h"
 #include "tests/program/dying_server/Signs.h"
 
+namespace dying_server {
 namespace {
 
 // The server lives as long as there is a file of this name in its home folder.
@@ -49,3 +50,5 @@ STDMETHODIMP Relay::Invoke(DISPID id, REFIID reserved, LCID locale, WORD kind, D
   }
   return result;
 }
+
+}  // namespace dying_server

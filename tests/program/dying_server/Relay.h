@@ -9,6 +9,8 @@
 
 #include "automation/ComObject.h"
 
+namespace dying_server {
+
 // An object of the reference session server, handed on to its client call by call as long as the
 // server is to live. In the first call after that it goes wrong, and in every other one too.
 class Relay : public automation::ComObject<IDispatch> {
@@ -25,3 +27,5 @@ class Relay : public automation::ComObject<IDispatch> {
  private:
   Microsoft::WRL::ComPtr<IDispatch> target_;
 };
+
+}  // namespace dying_server

@@ -7,6 +7,7 @@
 #include "ModuleResource.h"
 #include "resources/ResourceIds.h"
 
+namespace resources_test {
 namespace {
 
 constexpr int kIcons[] = {IDI_PROGRAM,
@@ -123,3 +124,5 @@ TEST(Icons, NoTwoLookAlikeAtTheTreesSize) {
 }
 
 }  // namespace
+
+}  // namespace resources_test

@@ -7,6 +7,7 @@
 #include "ModuleResource.h"
 #include "resources/ResourceIds.h"
 
+namespace resources_test {
 namespace {
 
 std::string Manifest() {
@@ -51,3 +52,5 @@ TEST(Dialogs, TheMainWindowHasATemplate) {
 }
 
 }  // namespace
+
+}  // namespace resources_test
