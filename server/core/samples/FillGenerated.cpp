@@ -8,6 +8,7 @@
 #include "server/core/accounts/Counters.h"
 #include "server/core/accounts/Rights.h"
 #include "server/core/samples/Filling.h"
+#include "server/core/samples/InsertDisplayTexts.h"
 #include "server/core/samples/SampleData.h"
 #include "server/core/sql/BulkInsert.h"
 #include "server/core/sql/Query.h"
@@ -150,14 +151,6 @@ void InsertUserLinks(Engine& engine, RandomNumbers& numbers, const GeneratedSize
   }
   member.Finish();
   permit.Finish();
-}
-
-void InsertDisplayTexts(Engine& engine) {
-  BulkInsert insert(engine, "QRDISPLAY", {"CODE", "GIVEN", "MAPPED"});
-  for (const sample::DisplayText& text : sample::DisplayTexts()) {
-    insert.Add(text.code, text.given, text.mapped);
-  }
-  insert.Finish();
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "data/Text.h"
 #include "server/core/accounts/Counters.h"
 #include "server/core/samples/Filling.h"
+#include "server/core/samples/InsertDisplayTexts.h"
 #include "server/core/samples/SampleData.h"
 #include "server/core/sql/Query.h"
 
@@ -52,13 +53,6 @@ void InsertMemberships(Engine& engine) {
   Query everyone(engine, kInsert);
   for (const sample::User& user : sample::Users()) {
     if (!user.deleted) everyone.Run(user.id, sample::kEveryone);
-  }
-}
-
-void InsertDisplayTexts(Engine& engine) {
-  Query insert(engine, "INSERT INTO QRDISPLAY (CODE, GIVEN, MAPPED) VALUES (?, ?, ?)");
-  for (const sample::DisplayText& text : sample::DisplayTexts()) {
-    insert.Run(text.code, text.given, text.mapped);
   }
 }
 
