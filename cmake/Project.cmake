@@ -83,11 +83,34 @@ endfunction()
 
 # What nearly every source includes of the standard library is read once for all of them. A source
 # still includes what it uses: a check of the repository compiles the headers without this.
-file(WRITE ${CMAKE_BINARY_DIR}/precompiled/Empty.cpp "")
-add_library(precompiled OBJECT ${CMAKE_BINARY_DIR}/precompiled/Empty.cpp)
-target_precompile_headers(precompiled PRIVATE
+# The folders that only Windows has read its headers so too.
+set(UADMIN_COMMON_HEADERS
   <algorithm> <array> <cstdint> <functional> <map> <memory> <optional> <string> <string_view>
   <unordered_map> <unordered_set> <utility> <vector>)
+set(UADMIN_WINDOWS_HEADERS <windows.h> <commctrl.h> <oleauto.h>)
+set(UADMIN_WINDOWS_FOLDERS "^(automation|server/engines/odbc|tests/program(/.*)?|(.*/)?(com|win32)(/.*)?)$")
+file(WRITE ${CMAKE_BINARY_DIR}/precompiled/Empty.cpp "")
+
+# uadmin_precompiled(NAME HEADER ...): headers to be read once; on Windows also NAME_windows, with the
+# system's own.
+function(uadmin_precompiled name)
+  add_library(${name} OBJECT ${CMAKE_BINARY_DIR}/precompiled/Empty.cpp)
+  target_precompile_headers(${name} PRIVATE ${ARGN})
+  if(WIN32)
+    add_library(${name}_windows OBJECT ${CMAKE_BINARY_DIR}/precompiled/Empty.cpp)
+    target_precompile_headers(${name}_windows PRIVATE ${ARGN} ${UADMIN_WINDOWS_HEADERS})
+  endif()
+endfunction()
+
+# uadmin_precompile(TARGET FOLDER NAME): has the sources of a folder compiled with them.
+function(uadmin_precompile target folder name)
+  if(WIN32 AND folder MATCHES "${UADMIN_WINDOWS_FOLDERS}")
+    string(APPEND name _windows)
+  endif()
+  target_precompile_headers(${target} REUSE_FROM ${name})
+endfunction()
+
+uadmin_precompiled(precompiled ${UADMIN_COMMON_HEADERS})
 
 # uadmin_sources(RESULT FOLDER): lists the folder's sources, of which there has to be one.
 function(uadmin_sources result folder)
@@ -98,12 +121,19 @@ function(uadmin_sources result folder)
   set(${result} ${sources} PARENT_SCOPE)
 endfunction()
 
+# With sanitizers several sources are compiled at a time, which takes half as long: nobody is handed what
+# they make, and the build for Windows shows that each source compiles alone.
+set(UADMIN_BATCH 8 CACHE STRING "How many sources of a library are compiled at a time with sanitizers")
+
 # uadmin_library(TARGET FOLDER [TARGET ...]): a static library of the folder's sources that links the
 # targets named after it.
 function(uadmin_library target folder)
   uadmin_sources(sources ${folder})
   add_library(${target} STATIC ${sources})
-  target_precompile_headers(${target} REUSE_FROM precompiled)
+  uadmin_precompile(${target} ${folder} precompiled)
   uadmin_headers(${target} ${folder})
   target_link_libraries(${target} PUBLIC ${ARGN})
+  if(UADMIN_SANITIZE)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${UADMIN_BATCH})
+  endif()
 endfunction()

@@ -6,7 +6,7 @@ if(NOT TARGET googletest)
   add_library(googletest STATIC ${UADMIN_GOOGLETEST}/src/gtest-all.cc)
   target_include_directories(googletest SYSTEM PUBLIC ${UADMIN_GOOGLETEST}/include)
   target_include_directories(googletest PRIVATE ${UADMIN_GOOGLETEST})
-  target_compile_options(googletest PRIVATE -w)
+  target_compile_options(googletest PRIVATE -w -O0 -g0)
   if(NOT WIN32)
     find_package(Threads REQUIRED)
     target_link_libraries(googletest PUBLIC Threads::Threads)
@@ -16,18 +16,19 @@ endif()
 # Tests are compiled for being run once: without the optimiser, with what all of them include read
 # once, and several sources at a time, which spares each the headers and templates of its neighbours.
 set(UADMIN_TEST_BATCH 8 CACHE STRING "How many sources of a test program are compiled at a time")
-add_library(precompiled_tests OBJECT ${CMAKE_BINARY_DIR}/precompiled/Empty.cpp)
-target_compile_options(precompiled_tests PRIVATE -O0)
-target_link_libraries(precompiled_tests PRIVATE googletest)
-target_precompile_headers(precompiled_tests PRIVATE
-  <gtest/gtest.h> <algorithm> <array> <cstdint> <filesystem> <fstream> <functional> <map> <memory>
-  <optional> <string> <string_view> <unordered_map> <utility> <vector>)
+uadmin_precompiled(precompiled_tests <gtest/gtest.h> <filesystem> <fstream> ${UADMIN_COMMON_HEADERS})
+foreach(headers precompiled_tests precompiled_tests_windows)
+  if(TARGET ${headers})
+    target_compile_options(${headers} PRIVATE -O0)
+    target_link_libraries(${headers} PRIVATE googletest)
+  endif()
+endforeach()
 
-# uadmin_compile_as_test(TARGET): compiles the target so.
-function(uadmin_compile_as_test target)
+# uadmin_compile_as_test(TARGET FOLDER): compiles the target, which is made of the folder's sources, so.
+function(uadmin_compile_as_test target folder)
   target_compile_options(${target} PRIVATE -O0)
   target_link_libraries(${target} PUBLIC googletest)
-  target_precompile_headers(${target} REUSE_FROM precompiled_tests)
+  uadmin_precompile(${target} ${folder} precompiled_tests)
   set_target_properties(${target} PROPERTIES
     UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${UADMIN_TEST_BATCH})
 endfunction()
@@ -38,7 +39,7 @@ function(uadmin_test_library target folder)
   add_library(${target} STATIC ${sources})
   uadmin_headers(${target} ${folder})
   target_link_libraries(${target} PUBLIC ${ARGN})
-  uadmin_compile_as_test(${target})
+  uadmin_compile_as_test(${target} ${folder})
 endfunction()
 
 # Where a test program leaves the outcome of each of its tests, NAME.xml. Wine knows the host's
@@ -63,7 +64,7 @@ function(uadmin_test_program name folder)
   endif()
   add_executable(${name} ${sources} ${PROJECT_SOURCE_DIR}/tests/Main.cpp)
   target_link_libraries(${name} PRIVATE ${ARGN})
-  uadmin_compile_as_test(${name})
+  uadmin_compile_as_test(${name} ${folder})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
 endfunction()
 

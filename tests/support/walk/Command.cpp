@@ -7,18 +7,18 @@
 namespace test_support {
 namespace {
 
-using Ids = std::set<std::int32_t>;
+using IdSet = std::set<std::int32_t>;
 
 std::wstring Trimmed(const std::wstring& text) {
   return std::wstring(data::Trim(text));
 }
 
-void SetLinks(Tables::Links& links, std::int32_t owner, const Ids& ids) {
+void SetLinks(Tables::Links& links, std::int32_t owner, const IdSet& ids) {
   std::erase_if(links, [owner](const auto& link) { return link.first == owner; });
   for (const std::int32_t id : ids) links.emplace(owner, id);
 }
 
-void SetMembers(Tables::Links& links, std::int32_t group, const Ids& users) {
+void SetMembers(Tables::Links& links, std::int32_t group, const IdSet& users) {
   std::erase_if(links, [group](const auto& link) { return link.second == group; });
   for (const std::int32_t user : users) links.emplace(user, group);
 }
