@@ -13,7 +13,7 @@ namespace controls {
 // their items, each of which then stands for the node in its place.
 class ReusableItems {
  public:
-  ReusableItems(const TreeModel& model, const TreeItemMap& map, const TreeControl& control)
+  ReusableItems(const TreeModel& model, const TreeItemMap& map, TreeControl& control)
       : model_(model), nodes_(model.Nodes()), map_(map), control_(control) {}
 
   // All nodes are about to be removed, and the control shows exactly what they say: keeps the items
@@ -45,7 +45,7 @@ class ReusableItems {
   const TreeModel& model_;
   const TreeNodes& nodes_;
   const TreeItemMap& map_;
-  const TreeControl& control_;
+  TreeControl& control_;
   std::vector<Item> items_;  // the next to be used last
 };
 

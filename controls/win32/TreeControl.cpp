@@ -14,6 +14,11 @@ int CALLBACK CompareRanks(LPARAM a, LPARAM b, LPARAM ranks) {
 
 }  // namespace
 
+void TreeControl::Attach(HWND window) {
+  window_ = window;
+  redraw_.Attach(window);
+}
+
 HTREEITEM TreeControl::Next(UINT relation, HTREEITEM item) const {
   return HandleIn<HTREEITEM>(Send(TVM_GETNEXTITEM, relation, AsLParam(item)));
 }
@@ -41,7 +46,8 @@ TVITEMW TreeControl::Shown(NodeId node, HTREEITEM item, UINT parts) const {
   return native;
 }
 
-HTREEITEM TreeControl::Insert(NodeId node, HTREEITEM parent, HTREEITEM after) const {
+HTREEITEM TreeControl::Insert(NodeId node, HTREEITEM parent, HTREEITEM after) {
+  redraw_.Changing();
   TVINSERTSTRUCTW native = {};
   native.hParent = parent ? parent : TVI_ROOT;
   native.hInsertAfter = after;
@@ -49,16 +55,19 @@ HTREEITEM TreeControl::Insert(NodeId node, HTREEITEM parent, HTREEITEM after) co
   return HandleIn<HTREEITEM>(Send(TVM_INSERTITEMW, 0, AsLParam(&native)));
 }
 
-void TreeControl::Change(HTREEITEM item, NodeId node, UINT parts) const {
+void TreeControl::Change(HTREEITEM item, NodeId node, UINT parts) {
+  if ((parts & kLook) != 0) redraw_.Changing();
   const TVITEMW native = Shown(node, item, parts);
   Send(TVM_SETITEMW, 0, AsLParam(&native));
 }
 
-void TreeControl::SetOpen(HTREEITEM item, bool open) const {
+void TreeControl::SetOpen(HTREEITEM item, bool open) {
+  redraw_.Changing();
   Send(TVM_EXPAND, open ? TVE_EXPAND : TVE_COLLAPSE, AsLParam(item));
 }
 
-void TreeControl::MarkClosed(HTREEITEM item) const {
+void TreeControl::MarkClosed(HTREEITEM item) {
+  redraw_.Changing();
   TVITEMW native = {};
   native.mask = TVIF_HANDLE | TVIF_STATE;
   native.hItem = item;
@@ -66,7 +75,8 @@ void TreeControl::MarkClosed(HTREEITEM item) const {
   Send(TVM_SETITEMW, 0, AsLParam(&native));
 }
 
-void TreeControl::Sort(HTREEITEM parent, const std::vector<NodeId>& order) const {
+void TreeControl::Sort(HTREEITEM parent, const std::vector<NodeId>& order) {
+  redraw_.Changing();
   Ranks ranks;
   ranks.reserve(order.size());
   for (const NodeId node : order) ranks.emplace(node, static_cast<int>(ranks.size()));
@@ -77,12 +87,14 @@ void TreeControl::Sort(HTREEITEM parent, const std::vector<NodeId>& order) const
   Send(TVM_SORTCHILDRENCB, FALSE, AsLParam(&sort));
 }
 
-void TreeControl::Delete(HTREEITEM item) const {
+void TreeControl::Delete(HTREEITEM item) {
+  redraw_.Changing();
   Send(TVM_DELETEITEM, 0, AsLParam(item));
 }
 
-void TreeControl::DeleteChildren(HTREEITEM item) const {
+void TreeControl::DeleteChildren(HTREEITEM item) {
   const auto above = AsLParam(item);
+  redraw_.Changing();
   // Closed first, which moves the control's own selection out of what goes.
   Send(TVM_EXPAND, TVE_COLLAPSE, above);
   Send(TVM_EXPAND, TVE_COLLAPSE | TVE_COLLAPSERESET, above);

@@ -4,6 +4,7 @@
 
 #include "controls/TreeModel.h"
 #include "controls/win32/Handles.h"
+#include "controls/win32/TreeRedraw.h"
 
 namespace controls {
 
@@ -16,7 +17,7 @@ class TreeControl {
   explicit TreeControl(const TreeModel& model) : model_(model), nodes_(model.Nodes()) {}
 
   // The native window, null while there is none. Without one nothing may be called but this.
-  void Attach(HWND window) { window_ = window; }
+  void Attach(HWND window);
   HWND Window() const { return window_; }
 
   // The item that stands in a relation (TVGN_...) to another one; null where there is none.
@@ -27,17 +28,21 @@ class TreeControl {
   bool IsOpen(HTREEITEM item) const;
 
   // A new item below another one, null for a root, after a sibling or at TVI_FIRST.
-  HTREEITEM Insert(NodeId node, HTREEITEM parent, HTREEITEM after) const;
+  HTREEITEM Insert(NodeId node, HTREEITEM parent, HTREEITEM after);
   // Has an item show parts (TVIF_...) of the node.
-  void Change(HTREEITEM item, NodeId node, UINT parts) const;
-  void SetOpen(HTREEITEM item, bool open) const;
+  void Change(HTREEITEM item, NodeId node, UINT parts);
+  void SetOpen(HTREEITEM item, bool open);
   // For an item that has lost its children, which the control does not close.
-  void MarkClosed(HTREEITEM item) const;
+  void MarkClosed(HTREEITEM item);
   // Puts the items below another one, null for the roots, into this order.
-  void Sort(HTREEITEM parent, const std::vector<NodeId>& order) const;
-  void Delete(HTREEITEM item) const;
-  void DeleteChildren(HTREEITEM item) const;
-  void DeleteAll() const { Delete(TVI_ROOT); }
+  void Sort(HTREEITEM parent, const std::vector<NodeId>& order);
+  void Delete(HTREEITEM item);
+  void DeleteChildren(HTREEITEM item);
+  void DeleteAll() { Delete(TVI_ROOT); }
+
+  // Between these two there is no painting from the first change of those above on.
+  void BeginChanges() { redraw_.Begin(); }
+  void EndChanges() { redraw_.End(); }
 
   // Null for none.
   void Select(HTREEITEM item) const;
@@ -56,6 +61,7 @@ class TreeControl {
   const TreeModel& model_;
   const TreeNodes& nodes_;
   HWND window_ = nullptr;
+  TreeRedraw redraw_;
 };
 
 }  // namespace controls

@@ -1,9 +1,6 @@
 #include "controls/win32/TreeItems.h"
 
-#include <optional>
 #include <utility>
-
-#include "controls/win32/ScrollBarFreeze.h"
 
 namespace controls {
 namespace {
@@ -16,33 +13,24 @@ constexpr int kMostLines = 500;
 
 }  // namespace
 
-// While it stands the native control does not paint: each change of its structure would otherwise
-// cost a walk over all that stands below. Told so itself, it still has its scroll bars painted as
-// they change; those are kept still as well, and painted at the end only if they are others then.
+// While it stands the native control is being changed: what it reports is no user's doing, and what
+// changes its structure is painted at the end.
 class TreeItems::RedrawOff {
  public:
-  RedrawOff(TreeItems& items, bool structural) : items_(items), window_(items.control_.Window()) {
-    if (items_.busy_++ > 0 || !structural) return;
-    structural_ = true;
-    bars_.emplace(window_);
-    SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
+  RedrawOff(TreeItems& items, bool structural)
+      : items_(items), outermost_(items.busy_++ == 0 && structural) {
+    if (outermost_) items_.control_.BeginChanges();
   }
   ~RedrawOff() {
     --items_.busy_;
-    if (!structural_) return;
-    SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
-    const UINT frame = bars_->End() ? RDW_FRAME : 0;
-    if (!bars_->Shown()) return;
-    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | frame);
+    if (outermost_) items_.control_.EndChanges();
   }
   RedrawOff(const RedrawOff&) = delete;
   RedrawOff& operator=(const RedrawOff&) = delete;
 
  private:
   TreeItems& items_;
-  HWND window_;
-  bool structural_ = false;  // the outermost, and there is more to do than to select
-  std::optional<ScrollBarFreeze> bars_;
+  bool outermost_;  // and there is more to do than to select
 };
 
 void TreeItems::Attach(HWND window) {
@@ -255,7 +243,7 @@ void TreeItems::InsertAfter(HTREEITEM previous, NodeId node, NodeId parent) {
   map_.Set(node, control_.Insert(node, map_.ItemOf(parent), previous));
 }
 
-void TreeItems::ApplyLook(NodeId node) const {
+void TreeItems::ApplyLook(NodeId node) {
   if (HTREEITEM item = map_.ItemOf(node)) control_.Change(item, node, TreeControl::kLook);
 }
 

@@ -12,7 +12,7 @@ namespace controls {
 
 // Keeps the native tree view in step with a tree's nodes: it is told of the roots, and of the
 // children of every node that has been expanded. Changes of the nodes are noted as they happen and
-// brought to the control together, while it does not paint.
+// brought to the control together, which is not painted meanwhile.
 class TreeItems {
  public:
   explicit TreeItems(TreeModel& model) : model_(model), nodes_(model.Nodes()) {}
@@ -65,7 +65,7 @@ class TreeItems {
   std::vector<NodeId> NotYetTold(const std::vector<NodeId>& nodes) const;
   void InsertInPlace(NodeId parent, const std::vector<NodeId>& wanted);
   void InsertAfter(HTREEITEM previous, NodeId node, NodeId parent);
-  void ApplyLook(NodeId node) const;
+  void ApplyLook(NodeId node);
   void ApplyExpansion(NodeId node);
 
   TreeModel& model_;

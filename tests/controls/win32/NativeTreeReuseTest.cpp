@@ -46,6 +46,30 @@ TEST_F(RebuiltNativeTree, KeepsItsItemsAndShowsWhatTheyStandForNow) {
   EXPECT_EQ(native.Difference(), "");
 }
 
+// A refresh most often brings what is there already.
+TEST_F(RebuiltNativeTree, IsPaintedOnlyWhenItLooksOtherwise) {
+  form.Repaint();
+  Build(kUsers);
+  EXPECT_FALSE(GetUpdateRect(native.Window(), nullptr, FALSE));
+  Build(kUsers, L"Another ");
+  EXPECT_TRUE(GetUpdateRect(native.Window(), nullptr, FALSE));
+  form.Repaint();
+  Build(kUsers - 1, L"Another ");
+  EXPECT_TRUE(GetUpdateRect(native.Window(), nullptr, FALSE));
+}
+
+// What was turned off for a change is on again for what comes after it.
+TEST_F(RebuiltNativeTree, IsOnViewAndPaintsAfterARebuildOfEitherKind) {
+  for (const wchar_t* start : {L"User ", L"Another "}) {
+    Build(kUsers, start);
+    EXPECT_TRUE(IsWindowVisible(native.Window()));
+    form.Repaint();
+    tree.SetText(tree.Nodes().ChildrenInOrder(root).front(), L"Zoë");
+    EXPECT_TRUE(GetUpdateRect(native.Window(), nullptr, FALSE));
+    form.Repaint();
+  }
+}
+
 TEST_F(RebuiltNativeTree, TakesAsManyItemsAsItNeeds) {
   for (const int users : {kUsers - 30, 1, kUsers + 50, 0, kUsers}) {
     Build(users);
