@@ -1,5 +1,7 @@
 #include "data/Text.h"
 
+#include <charconv>
+#include <iterator>
 #include <limits>
 
 #include "data/RunTimeError.h"
@@ -130,8 +132,13 @@ std::wstring_view Trim(std::wstring_view text) {
   return text.substr(first, text.find_last_not_of(L' ') - first + 1);
 }
 
+// Without std::to_wstring, which has the C library interpret a format: each statement of a tree has
+// a number.
 std::wstring Decimal(std::int64_t number) {
-  return std::to_wstring(number);
+  char digits[std::numeric_limits<std::int64_t>::digits10 + 2];
+  const char* first = std::begin(digits);
+  const char* last = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
+  return std::wstring(first, last);
 }
 
 std::wstring GroupedDecimal(std::int64_t number) {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <limits>
+
 #include "data/RunTimeError.h"
 
 namespace data {
@@ -39,6 +42,13 @@ TEST(Text, TrimTakesBlanksOnly) {
   EXPECT_EQ(Trim(L"  a b  "), L"a b");
   EXPECT_EQ(Trim(L"\ta\x00A0"), L"\ta\x00A0");
   EXPECT_EQ(Trim(L"   "), L"");
+}
+
+TEST(Text, ANumberIsWrittenInDecimalDigitsWhateverItsSize) {
+  EXPECT_EQ(Decimal(0), L"0");
+  EXPECT_EQ(Decimal(-17), L"-17");
+  EXPECT_EQ(Decimal(std::numeric_limits<std::int64_t>::max()), L"9223372036854775807");
+  EXPECT_EQ(Decimal(std::numeric_limits<std::int64_t>::min()), L"-9223372036854775808");
 }
 
 TEST(Text, APersonFindsTheDigitsOfANumberInGroupsOfThree) {
