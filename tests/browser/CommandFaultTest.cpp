@@ -9,8 +9,7 @@
 #include "app/StringIds.h"
 #include "browser/trees/TreeImages.h"
 #include "data/Text.h"
-#include "tests/browser/CommandTest.h"
-#include "tests/browser/FaultCase.h"
+#include "tests/browser/FaultRun.h"
 #include "tests/support/walk/SmallSample.h"
 #include "tests/support/walk/Tables.h"
 #include "tests/support/walk/WantedTrees.h"
@@ -42,12 +41,6 @@ struct Position {
   std::shared_ptr<const Tables> stored;
   const FaultPhase* phase = nullptr;
 };
-
-// What a call inside a result set is called on: the set's statement.
-std::wstring StatementOf(const std::wstring& call) {
-  const std::size_t statement = call.find(L"SELECT");
-  return statement == std::wstring::npos ? call : call.substr(statement);
-}
 
 std::wstring WithoutDigits(std::wstring text) {
   std::erase_if(text, [](wchar_t character) { return character >= L'0' && character <= L'9'; });
@@ -84,7 +77,7 @@ std::vector<std::size_t> CallsInside(const std::vector<Position>& positions) {
 }
 
 // Every command again and again, and each time another one of its calls fails.
-class CommandFaults : public CommandTest {
+class CommandFaults : public FaultRun {
  protected:
   void KeepDatabase() {
     auto raw = Raw();
@@ -100,49 +93,6 @@ class CommandFaults : public CommandTest {
       raw.Execute("INSERT INTO " + table + " SELECT * FROM KEPT_" + table);
     }
     raw.Execute("COMMIT");
-  }
-
-  // Each encryption gives another text.
-  static Tables Stored(test_support::RawDatabase& raw) {
-    Tables tables = test_support::ReadTables(raw);
-    for (auto& [id, record] : tables.users) record.password = record.password.empty() ? L"" : L"*";
-    return tables;
-  }
-
-  // Boxes and dialogs while a command runs; the reports are kept.
-  void AnswerAll(const FaultCase& test) {
-    reports_.clear();
-    desktop.system.answers.MsgBox = [this](const std::wstring& prompt, int style,
-                                           const std::wstring&) {
-      if (prompt.find(L" Error [") != std::wstring::npos) reports_.push_back(prompt);
-      EXPECT_FALSE(IsReading()) << "others wait for " << data::ToUtf8(prompt);
-      return (style & controls::kYesNo) != 0 ? controls::kResultYes : controls::kResultOk;
-    };
-    desktop.system.answers.ModalShown = [this, &test](controls::Form& form) {
-      if (reports_.empty()) test.Fill(user, form);
-      if (form.IsLoaded()) user.PressKey(form, test_support::kKeyEscape);
-    };
-  }
-  void StopAnswering() {
-    desktop.system.answers.MsgBox = nullptr;
-    desktop.system.answers.ModalShown = nullptr;
-    log.FailAt = {};
-    log.FailInside = {};
-  }
-
-  // failAt is asked before each call whether it is to fail.
-  void Give(frmUserGroupPerm& window, const FaultCase& test,
-            const std::function<long(const std::wstring& call, bool inside)>& failAt) {
-    AnswerAll(test);
-    window.exchange.AddNode = false;
-    log.FailAt = [&](const std::wstring& call) { return failAt(call, false); };
-    log.FailInside = [&](const std::wstring& call) { return failAt(call, true); };
-    if (test.button != nullptr) {
-      user.Click(*test.button(window));
-    } else {
-      user.PressCtrl(window, test.letter);
-    }
-    StopAnswering();
   }
 
   // What is seen of each node of both trees, without what stands above it.
@@ -161,23 +111,14 @@ class CommandFaults : public CommandTest {
   }
 
   static void AssignPhases(const FaultCase& test, std::vector<Position>& positions) {
-    auto phase = test.phases.begin();
+    PhaseWalk walk(test);
     for (Position& position : positions) {
-      const auto matches = [&position](const FaultPhase& candidate) {
-        for (const std::wstring& beginning : candidate.beginnings) {
-          if (position.call.starts_with(beginning)) return true;
-          if (position.inside && StatementOf(position.call).starts_with(beginning)) return true;
-        }
-        return false;
-      };
-      while (phase != test.phases.end() && !matches(*phase)) ++phase;
-      if (phase == test.phases.end()) {
-        ADD_FAILURE() << test.name << " makes an unexpected call: " << data::ToUtf8(position.call);
-        return;
-      }
-      position.phase = &*phase;
+      position.phase = walk.Next(position.call, position.inside);
+      if (position.phase != nullptr) continue;
+      ADD_FAILURE() << test.name << " makes an unexpected call: " << data::ToUtf8(position.call);
+      return;
     }
-    EXPECT_EQ(phase + 1, test.phases.end()) << test.name << " did not come to its end";
+    EXPECT_TRUE(walk.AtEnd()) << test.name << " did not come to its end";
   }
 
   // The command as it goes when nothing fails.
@@ -294,7 +235,6 @@ class CommandFaults : public CommandTest {
     RecordProperty("positions", static_cast<int>(tried_));
   }
 
-  Strings reports_;
   Tables kept_;  // the database that the trees were last refreshed from
   std::size_t tried_ = 0;
 };

@@ -191,6 +191,20 @@ void FillMembers(User& user, controls::Form& form) {
   user.Click(dialog.cmdOK);
 }
 
+// What a call inside a result set is called on: the set's statement.
+std::wstring StatementOf(const std::wstring& call) {
+  const std::size_t statement = call.find(L"SELECT");
+  return statement == std::wstring::npos ? call : call.substr(statement);
+}
+
+bool Matches(const FaultPhase& phase, const std::wstring& call, bool inside) {
+  for (const std::wstring& beginning : phase.beginnings) {
+    if (call.starts_with(beginning)) return true;
+    if (inside && StatementOf(call).starts_with(beginning)) return true;
+  }
+  return false;
+}
+
 using Window = frmUserGroupPerm;
 
 std::vector<FaultCase> AccountCases() {
@@ -264,6 +278,11 @@ std::vector<FaultCase> LinkCases() {
 }
 
 }  // namespace
+
+const FaultPhase* PhaseWalk::Next(const std::wstring& call, bool inside) {
+  while (at_ < phases_.size() && !Matches(phases_[at_], call, inside)) ++at_;
+  return at_ < phases_.size() ? &phases_[at_] : nullptr;
+}
 
 std::vector<FaultCase> FaultCases() {
   std::vector<FaultCase> cases = AccountCases();

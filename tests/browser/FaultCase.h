@@ -30,6 +30,22 @@ struct FaultCase {
   wchar_t letter = 0;  // gives it together with Control, where it has no button
 };
 
+// Finds the phase of each of a command's calls, in the order in which they are made.
+class PhaseWalk {
+ public:
+  explicit PhaseWalk(const FaultCase& test) : phases_(test.phases) {}
+
+  // inside: on an open result set, reading or filling a row. Null for a call that the command has
+  // no place for.
+  const FaultPhase* Next(const std::wstring& call, bool inside);
+  // Whether the last phase has been reached.
+  bool AtEnd() const { return at_ + 1 == phases_.size(); }
+
+ private:
+  const std::vector<FaultPhase>& phases_;
+  std::size_t at_ = 0;
+};
+
 // All commands, on the sample as it is cut down for walks.
 std::vector<FaultCase> FaultCases();
 
