@@ -111,7 +111,7 @@ void OdbcConnection::RequireAnswer() const {
 }
 
 bool OdbcConnection::IsLost(std::wstring_view message) const {
-  if (thread_.IsStuck()) return true;
+  if (thread_.IsStuck() || isUnusable_) return true;
   // Connection exceptions, a server that is shutting down, and MariaDB's own words.
   for (const std::wstring_view sign : {L"08", L"57P01", L"57P02", L"57P03", L"HYT01"}) {
     if (message.starts_with(sign)) return true;
@@ -209,19 +209,27 @@ void OdbcConnection::Begin(SQLUINTEGER isolation) {
 
 void OdbcConnection::Commit() {
   Check(EndTransaction(SQL_COMMIT));
+  LeaveTransaction();
+}
+
+// What would be written where that fails would never be committed.
+void OdbcConnection::LeaveTransaction() noexcept {
   inTransaction_ = false;
-  SetAttribute(SQL_ATTR_AUTOCOMMIT, SQL_AUTOCOMMIT_ON);
+  try {
+    SetAttribute(SQL_ATTR_AUTOCOMMIT, SQL_AUTOCOMMIT_ON);
+  } catch (const data::RunTimeError&) {
+    isUnusable_ = true;
+  }
 }
 
 void OdbcConnection::Rollback() noexcept {
   if (!inTransaction_) return;
-  inTransaction_ = false;
   try {
-    EndTransaction(SQL_ROLLBACK);
-    SetAttribute(SQL_ATTR_AUTOCOMMIT, SQL_AUTOCOMMIT_ON);
+    if (!SQL_SUCCEEDED(EndTransaction(SQL_ROLLBACK))) isUnusable_ = true;
   } catch (const data::RunTimeError&) {
-    // It went with the connection, which whoever comes next finds lost.
+    isUnusable_ = true;  // the transaction went with the connection
   }
+  LeaveTransaction();
 }
 
 SQLRETURN OdbcConnection::EndTransaction(SQLSMALLINT how) const {

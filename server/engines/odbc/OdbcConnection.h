@@ -63,6 +63,8 @@ class OdbcConnection {
   // End the transaction and return to that mode.
   void Commit();
   void Rollback() noexcept;
+  // Whether it could not be returned to: nothing more may be asked on this connection.
+  bool IsUnusable() const { return isUnusable_; }
 
  private:
   // What a call that was given up needs in the end.
@@ -85,12 +87,14 @@ class OdbcConnection {
   void Check(SQLRETURN result) const;
   OdbcStatementHandle Execute(std::string_view sql) const;
   SQLRETURN EndTransaction(SQLSMALLINT how) const;
+  void LeaveTransaction() noexcept;
 
   std::chrono::seconds statementTime_;
   std::shared_ptr<Handles> handles_;
   mutable CallThread thread_;
   SQLULEN isolation_ = 0;  // 0 before the first transaction
   bool inTransaction_ = false;
+  bool isUnusable_ = false;
 };
 
 }  // namespace server

@@ -97,11 +97,16 @@ void OdbcSession::Commit() {
     if (NoteLoss(error) && !known && wrote_) Fail(kWriteUncertain, error.Text());
     throw;
   }
-  inTransaction_ = reading_ = wrote_ = savepoint_ = false;
+  AfterTransaction();
 }
 
 void OdbcSession::Rollback() noexcept {
   connection_->Rollback();
+  AfterTransaction();
+}
+
+void OdbcSession::AfterTransaction() noexcept {
+  lost_ = lost_ || connection_->IsUnusable();
   inTransaction_ = reading_ = wrote_ = savepoint_ = false;
 }
 

@@ -51,6 +51,7 @@ class OdbcSession {
 
  private:
   void Connect();
+  void AfterTransaction() noexcept;
   std::size_t Hosts() const { return std::max<std::size_t>(target_.hosts.size(), 1); }
   bool NeedsSavepoint() const { return reading_ && dialect_->errorEndsTransaction; }
 

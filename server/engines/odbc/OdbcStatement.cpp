@@ -50,20 +50,24 @@ void OdbcStatement::Prepare() {
 
 void OdbcStatement::PrepareOnce() {
   const TextForm form = session_.Kind().textForm;
-  handle_ = std::make_shared<Handle>(session_.Use(), form);
+  const auto handle = std::make_shared<Handle>(session_.Use(), form);
   // A call that was given up may still read what it was given.
   parameters_ = std::make_shared<Parameters>(*parameters_);
   if (reads_ && form == TextForm::kUtf8) {
-    Check(SQLSetStmtAttr(handle_->statement.Get(), SQL_ATTR_CURSOR_TYPE,
+    Check(*handle,
+          SQLSetStmtAttr(handle->statement.Get(), SQL_ATTR_CURSOR_TYPE,
                          reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(SQL_CURSOR_STATIC)), 0));
   }
-  Check(handle_->connection->Call([handle = handle_, text = ToOdbc(sql_)]() mutable {
+  Check(*handle, handle->connection->Call([handle, text = ToOdbc(sql_)]() mutable {
     return SQLPrepareW(handle->statement.Get(), text.data(), static_cast<SQLINTEGER>(text.size()));
   }));
+  // One that could not be prepared does not take the place of the one before: its connection is
+  // another one, and the next run sees by that that it has to be prepared.
+  handle_ = handle;
 }
 
-void OdbcStatement::Check(SQLRETURN result) const {
-  if (!SQL_SUCCEEDED(result)) FailWith(DiagnosisOf(SQL_HANDLE_STMT, handle_->statement.Get()));
+void OdbcStatement::Check(const Handle& handle, SQLRETURN result) {
+  if (!SQL_SUCCEEDED(result)) FailWith(DiagnosisOf(SQL_HANDLE_STMT, handle.statement.Get()));
 }
 
 OdbcStatement::Parameter& OdbcStatement::ParameterAt(int parameter) {
@@ -105,7 +109,8 @@ void OdbcStatement::BindParameters() {
   for (Parameter& bound : *parameters_) {
     ++position;
     if (bound.isNumber) {
-      Check(SQLBindParameter(handle_->statement.Get(), position, SQL_PARAM_INPUT, SQL_C_SBIGINT,
+      Check(*handle_,
+            SQLBindParameter(handle_->statement.Get(), position, SQL_PARAM_INPUT, SQL_C_SBIGINT,
                              SQL_BIGINT, 0, 0, &bound.number, 0, &bound.length));
       continue;
     }
@@ -120,7 +125,8 @@ void OdbcStatement::BindText(SQLUSMALLINT position, Parameter& bound) {
       std::max<std::size_t>(bound.text.size() / (wide ? sizeof(SQLWCHAR) : 1), 1);
   SQLSMALLINT type = wide ? SQL_WVARCHAR : SQL_VARCHAR;
   if (size > kUsualText) type = wide ? SQL_WLONGVARCHAR : SQL_LONGVARCHAR;
-  Check(SQLBindParameter(handle_->statement.Get(), position, SQL_PARAM_INPUT,
+  Check(*handle_,
+        SQLBindParameter(handle_->statement.Get(), position, SQL_PARAM_INPUT,
                          wide ? SQL_C_WCHAR : SQL_C_CHAR, type, size, 0, bound.text.data(),
                          static_cast<SQLLEN>(bound.text.size()), &bound.length));
 }
@@ -130,7 +136,7 @@ void OdbcStatement::Execute() {
   const SQLRETURN result = handle_->connection->Call(
       [handle = handle_, parameters = parameters_] { return SQLExecute(handle->statement.Get()); });
   // A statement that finds nothing to delete or change has not failed.
-  if (result != SQL_NO_DATA) Check(result);
+  if (result != SQL_NO_DATA) Check(*handle_, result);
   executed_ = true;
 }
 
@@ -168,13 +174,13 @@ bool OdbcStatement::Step() {
     Run();
   }
   SQLSMALLINT columns = 0;
-  Check(SQLNumResultCols(handle_->statement.Get(), &columns));
+  Check(*handle_, SQLNumResultCols(handle_->statement.Get(), &columns));
   if (columns > 0) {
     handle_->rows.Start(columns);
     return handle_->rows.Next();
   }
   SQLLEN affected = 0;
-  Check(SQLRowCount(handle_->statement.Get(), &affected));
+  Check(*handle_, SQLRowCount(handle_->statement.Get(), &affected));
   session_.rowsAffected = static_cast<std::int32_t>(affected);
   return false;
 }

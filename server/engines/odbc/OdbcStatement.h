@@ -55,7 +55,7 @@ class OdbcStatement final : public Statement {
   void Run();
   void BindParameters();
   void BindText(SQLUSMALLINT position, Parameter& bound);
-  void Check(SQLRETURN result) const;
+  static void Check(const Handle& handle, SQLRETURN result);
 
   OdbcSession& session_;
   std::string sql_;

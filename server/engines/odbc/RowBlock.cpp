@@ -39,20 +39,22 @@ void RowBlock::Check(SQLRETURN result) const {
 
 void RowBlock::Start(SQLSMALLINT columns) {
   if (columns_.empty()) {
-    columns_.resize(static_cast<std::size_t>(columns));
-    for (std::size_t i = 0; i < columns_.size(); ++i) Describe(i);
+    std::vector<Column> described(static_cast<std::size_t>(columns));
+    for (std::size_t i = 0; i < described.size(); ++i) described[i].number = IsNumberColumn(i);
+    columns_ = std::move(described);
   }
-  if (rowsAtOnce_ != kRowsAtOnce) {
+  if (!isReady_) {
     for (Column& column : columns_) column.width = kUsualWidth;
     SetRowsAtOnce(kRowsAtOnce);
     BindColumns();
+    isReady_ = true;
   }
   fetched_ = 0;
   row_ = 0;
   passed_ = 0;
 }
 
-void RowBlock::Describe(std::size_t column) {
+bool RowBlock::IsNumberColumn(std::size_t column) const {
   // There are drivers that fail where the name has no room.
   SQLWCHAR name[64];
   SQLSMALLINT length = 0;
@@ -60,10 +62,11 @@ void RowBlock::Describe(std::size_t column) {
   Check(SQLDescribeColW(statement_, static_cast<SQLUSMALLINT>(column + 1), name,
                         static_cast<SQLSMALLINT>(std::size(name)), &length, &type, nullptr, nullptr,
                         nullptr));
-  columns_[column].number = IsNumber(type);
+  return IsNumber(type);
 }
 
 void RowBlock::SetRowsAtOnce(std::size_t rows) {
+  isReady_ = false;
   rowsAtOnce_ = rows;
   Check(SQLSetStmtAttr(statement_, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(rows), 0));
   Check(SQLSetStmtAttr(statement_, SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, 0));

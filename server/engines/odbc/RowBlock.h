@@ -39,7 +39,7 @@ class RowBlock {
   };
 
   void Check(SQLRETURN result) const;
-  void Describe(std::size_t column);
+  bool IsNumberColumn(std::size_t column) const;
   void BindColumns();
   void SetRowsAtOnce(std::size_t rows);
   bool Fetch(SQLSMALLINT orientation, SQLLEN place);
@@ -52,10 +52,11 @@ class RowBlock {
   SQLHANDLE statement_;
   TextForm textForm_;
   std::vector<Column> columns_;
-  std::size_t rowsAtOnce_ = 0;
-  SQLULEN fetched_ = 0;  // how many rows the block holds
-  std::size_t row_ = 0;  // the current one in the block
-  SQLLEN passed_ = 0;    // how many rows of the result lie before the block
+  std::size_t rowsAtOnce_ = 0;  // that the columns have room for
+  bool isReady_ = false;        // all columns are bound, with room for as many as is usual
+  SQLULEN fetched_ = 0;         // how many rows the block holds
+  std::size_t row_ = 0;         // the current one in the block
+  SQLLEN passed_ = 0;           // how many rows of the result lie before the block
 };
 
 }  // namespace server
