@@ -18,9 +18,12 @@ std::string SettingsWithLimit(std::string_view limit, std::chrono::seconds state
          std::to_string(statementTime.count()) + ", " + std::string(limit);
 }
 
+// Level 4 lets small tables be joined by their hash, which spares a look-up for each of the million
+// rows that the permissions of all users are.
 std::string MariadbSettings(std::chrono::seconds statementTime) {
-  return SettingsWithLimit("max_statement_time = " + std::to_string(statementTime.count()),
-                           statementTime);
+  return SettingsWithLimit(
+      "join_cache_level = 4, max_statement_time = " + std::to_string(statementTime.count()),
+      statementTime);
 }
 
 std::string MysqlSettings(std::chrono::seconds statementTime) {
