@@ -94,7 +94,7 @@ TEST_F(NewGroup, ADescriptionIsStoredAsTypedAndNotMapped) {
 // Here the typed form is not known to mean a reserved name, but is what one is shown as.
 TEST_F(NewGroup, ANameThatIsADisplayFormIsStoredAsTheNameItShows) {
   Raw().Execute("DELETE FROM QRDISPLAY WHERE CODE = 114");
-  Raw().Execute("UPDATE QRGROUP SET NAME = 'Groupe ' || GROUPID WHERE GROUPID IN (1, 2)");
+  Raw().Execute("UPDATE QRGROUP SET NAME = 'Ancien' WHERE GROUPID IN (1, 2)");
   Start();
   for (const wchar_t* shown : {L"Administrateurs", L"Tout le monde"}) {
     New([this, shown](frmNewGroup& dialog) {

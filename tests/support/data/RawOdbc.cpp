@@ -56,6 +56,11 @@ std::string ReadColumn(SQLHANDLE statement, SQLUSMALLINT column, server::OdbcTex
 
 }  // namespace
 
+RawOdbc::RawOdbc(const server::OdbcTarget& target) : connection_(target) {
+  if (connection_.Info(SQL_DBMS_NAME) != "MariaDB") return;
+  connection_.Run("SET SESSION sql_mode = CONCAT(@@sql_mode, ',PIPES_AS_CONCAT')");
+}
+
 RawDatabase::RowTexts RawOdbc::Rows(const std::string& sql) {
   RawDatabase::RowTexts rows;
   for (const std::string& statement : Statements(sql)) rows = Run(WithTableNames(statement));

@@ -6,10 +6,10 @@
 namespace test_support {
 
 // A database behind an ODBC driver, on a connection of its own. Names of tables are sent as the
-// schema spells them: some servers tell them apart by their case.
+// schema spells them: some servers tell them apart by their case. || joins texts on all of them.
 class RawOdbc final : public RawDatabase::Access {
  public:
-  explicit RawOdbc(const server::OdbcTarget& target) : connection_(target) {}
+  explicit RawOdbc(const server::OdbcTarget& target);
 
   RawDatabase::RowTexts Rows(const std::string& sql) override;
 
