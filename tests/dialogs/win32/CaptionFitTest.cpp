@@ -183,6 +183,18 @@ TEST_P(CaptionFit, TheChoosersHaveRoom) {
   ExpectGoodDialog(items);
 }
 
+TEST_P(CaptionFit, TheListsHaveRoom) {
+  controls::TreeView& users = window.Users.TreeView1;
+  user.Select(users, users.Nodes().Find(test_support::Keys::User(9)));
+  for (const int letter : {'K', 'J'}) {
+    user.ExpectModal([this](controls::Form& list) {
+      ExpectGoodLayout(7);
+      user.PressKey(list, test_support::kKeyEscape);
+    });
+    user.PressCtrl(window, letter);
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Resolutions, CaptionFit, testing::Values(96U, 144U, 192U));
 
 }  // namespace
