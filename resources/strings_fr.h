@@ -277,7 +277,7 @@ UADMIN_STRING(594, "Date et heure")
 UADMIN_STRING(595, "Qui")
 UADMIN_STRING(596, "Ce qui a été fait")
 UADMIN_STRING(597, "Compte")
-UADMIN_STRING(598, "Lignes ou erreur")
+UADMIN_STRING(598, "Résultat")
 // %1: the user of the session, %2: of Windows, %3: the machine.
 UADMIN_STRING(599, "%1 (%2, poste %3)")
 

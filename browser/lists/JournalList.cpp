@@ -75,10 +75,10 @@ ListSource JournalList(const app::mGlobal& global) {
   ListSource source;
   source.title = text(app::kJournalTitle);
   source.columns = {
-      {.caption = text(app::kJournalTimeColumn), .share = 4, .sortedBy = kSortedTime},
-      {.caption = text(app::kJournalWhoColumn), .share = 6},
+      {.caption = text(app::kJournalTimeColumn), .share = 6, .sortedBy = kSortedTime},
+      {.caption = text(app::kJournalWhoColumn), .share = 5},
       {.caption = text(app::kJournalWhatColumn), .share = 9},
-      {.caption = text(app::kJournalAccountColumn), .share = 4},
+      {.caption = text(app::kJournalAccountColumn), .share = 3},
       {.caption = text(app::kJournalResultColumn), .share = 4, .sortedBy = kSortedResult}};
   source.nothing = text(app::kJournalEmpty);
   source.topic = app::kTopicJournal;
