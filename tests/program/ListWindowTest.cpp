@@ -1,8 +1,11 @@
-// The windows that answer who has a permission, who is in a group, and what two users differ in.
+// The windows that answer who has a permission, who is in a group, what two users differ in, and
+// what was changed.
 
 #include "app/StringIds.h"
+#include "data/Text.h"
 #include "resources/ResourceIds.h"
 #include "tests/program/DialogWindow.h"
+#include "tests/program/JournalFolder.h"
 #include "tests/program/ProgramTest.h"
 #include "tests/program/SampleTexts.h"
 #include "tests/program/Texts.h"
@@ -59,6 +62,30 @@ TEST_F(ListWindows, CopyWhatTheyShow) {
   EXPECT_NE(driver::ClipboardText().find(L"Martin\t"), std::wstring::npos);
   list.Key(VK_ESCAPE);
   list.AwaitClosed();
+}
+
+TEST_F(ListWindows, ShowWhatTheProgramHasChanged) {
+  const JournalFolder kept(Box().Folder() / L"journal");
+  const MainWindow window = Open(SampleSession());
+  window.Select(kUsersTab, {kMartin, String(app::kUserPermissions), L"Consulter le stock"});
+  window.Key(VK_DELETE);
+  ExpectQuestion(String(app::kAskRemoveUserPermission), IDYES);
+  window.AwaitUsable();
+  window.Key('J', {VK_CONTROL});
+  const DialogWindow journal(Program(), String(app::kJournalTitle));
+  driver::ListView rows = journal.Checks(IDC_LIST_ROWS);
+  ASSERT_EQ(rows.Count(), 1);
+  EXPECT_EQ(rows.Text(0, 2), L"Permission Consulter le stock retirée à Martin");
+  EXPECT_EQ(rows.Text(0, 3), L"Martin");
+  EXPECT_EQ(rows.Text(0, 4), L"1");
+  EXPECT_TRUE(rows.Text(0, 1).starts_with(L"Admin"));
+  // The date as the user writes it has the year in it, whatever its order.
+  SYSTEMTIME now = {};
+  GetLocalTime(&now);
+  EXPECT_NE(rows.Text(0, 0).find(std::to_wstring(now.wYear)), std::wstring::npos)
+      << data::ToUtf8(rows.Text(0, 0));
+  journal.Key(VK_ESCAPE);
+  journal.AwaitClosed();
 }
 
 }  // namespace

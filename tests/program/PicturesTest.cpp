@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
+#include <fstream>
 #include <utility>
 
 #include "app/StringIds.h"
 #include "resources/ResourceIds.h"
 #include "tests/program/ControlIds.h"
 #include "tests/program/DialogWindow.h"
+#include "tests/program/JournalFolder.h"
 #include "tests/program/Outline.h"
 #include "tests/program/Paths.h"
 #include "tests/program/ProgramTest.h"
@@ -137,6 +140,34 @@ TEST_F(Pictures, TheListsCanBeSeen) {
   const DialogWindow comparison(Program(), String(app::kCompareTitle));
   comparison.TabTo(IDC_LIST_ROWS);
   Keep(comparison.Form(), L"compare.bmp");
+}
+
+// A morning's work, as the program would have written it.
+constexpr const char* kJournal =
+    R"({"time":"2026-11-20T08:02:11.120Z","computer":"POSTE-12","user":"LABO\\lea.moreau","session":"Moreau","what":"Utilisateur Zola créé","complete":true,"rows":4,"changes":[{"change":"added","kind":"user","user":35,"name":"Zola","fullName":"Émile Zola","rows":1}]}
+{"time":"2026-11-20T08:05:40.003Z","computer":"POSTE-12","user":"LABO\\lea.moreau","session":"Moreau","what":"2 groupes affectés à Zola","complete":true,"account":{"kind":"user","id":35,"name":"Zola"},"rows":2,"changes":[]}
+{"time":"2026-11-20T09:30:59.450Z","computer":"POSTE-07","user":"LABO\\j.martin","session":"Admin","what":"Martin ne fait plus partie du groupe Laboratoire","complete":true,"account":{"kind":"user","id":9,"name":"Martin"},"rows":1,"changes":[]}
+{"time":"2026-11-20T09:31:20.000Z","computer":"POSTE-07","user":"LABO\\j.martin","session":"Admin","what":"Modification du groupe Qualité","complete":false,"account":{"kind":"group","id":6,"name":"Qualité"},"rows":0,"error":{"number":-2147467259,"text":"La base est verrouillée"},"changes":[]}
+{"time":"2026-11-20T09:33:02.700Z","computer":"POSTE-07","user":"LABO\\j.martin","session":"Admin","what":"Groupe Qualité modifié","complete":true,"account":{"kind":"group","id":6,"name":"Qualité"},"rows":3,"changes":[]}
+{"time":"2026-11-20T10:14:45.310Z","computer":"POSTE-12","user":"LABO\\lea.moreau","session":"Moreau","what":"Permission Consulter le stock retirée à Martin","complete":true,"account":{"kind":"user","id":9,"name":"Martin"},"rows":1,"changes":[]}
+)";
+
+TEST_F(Pictures, TheJournalCanBeSeen) {
+  const std::filesystem::path folder =
+      std::filesystem::path(_wgetenv(L"ProgramData")) / L"User Administration tests";
+  std::filesystem::create_directories(folder);
+  std::ofstream(folder / L"journal-2026-11.jsonl", std::ios::binary | std::ios::trunc) << kJournal;
+  {
+    const JournalFolder kept(folder);
+    const MainWindow window = Open(SampleSession());
+    window.Select(kUsersTab, {kMartin});
+    window.Key('J', {VK_CONTROL});
+    const DialogWindow journal(Program(), String(app::kJournalTitle));
+    journal.TabTo(IDC_LIST_ROWS);
+    Keep(journal.Form(), L"journal.bmp");
+    Leave(journal, window);
+  }
+  std::filesystem::remove_all(folder);
 }
 
 TEST_F(Pictures, AMenuAndATipCanBeSeen) {

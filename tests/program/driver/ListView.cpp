@@ -57,6 +57,16 @@ std::vector<ListRow> ListView::Rows() {
   return rows;
 }
 
+std::wstring ListView::Text(int row, int column) {
+  LVITEMW item{};
+  item.iSubItem = column;
+  item.pszText = static_cast<wchar_t*>(memory_.At(kRowTextAt));
+  item.cchTextMax = kLongestRow;
+  memory_.Write(0, &item, sizeof item);
+  window_.Send(LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(memory_.At(0)));
+  return memory_.ReadText(kRowTextAt, kLongestRow);
+}
+
 int ListView::Find(std::wstring_view text) {
   const int count = Count();
   for (int row = 0; row < count; ++row) {

@@ -18,7 +18,7 @@ struct ListRow {
   bool selected = false;
 };
 
-// A list of one column, with check boxes or without.
+// A list, with check boxes or without. The text of its rows is that of their first column.
 class ListView {
  public:
   explicit ListView(const Window& window);
@@ -27,6 +27,8 @@ class ListView {
   int Count() const;
   ListRow Row(int row);
   std::vector<ListRow> Rows();
+  // The text of a row in a column, from 0.
+  std::wstring Text(int row, int column);
   // The row of that text; throws a Failure when there is none.
   int Find(std::wstring_view text);
   int FocusedRow() const;
