@@ -125,6 +125,13 @@ endfunction()
 # they make, and the build for Windows shows that each source compiles alone.
 set(UADMIN_BATCH 8 CACHE STRING "How many sources of a library are compiled at a time with sanitizers")
 
+# uadmin_batch(TARGET SIZE): compiles so many sources of the target at a time; 1 is each alone.
+function(uadmin_batch target size)
+  if(size GREATER 1)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${size})
+  endif()
+endfunction()
+
 # uadmin_library(TARGET FOLDER [TARGET ...]): a static library of the folder's sources that links the
 # targets named after it.
 function(uadmin_library target folder)
@@ -134,6 +141,6 @@ function(uadmin_library target folder)
   uadmin_headers(${target} ${folder})
   target_link_libraries(${target} PUBLIC ${ARGN})
   if(UADMIN_SANITIZE)
-    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${UADMIN_BATCH})
+    uadmin_batch(${target} ${UADMIN_BATCH})
   endif()
 endfunction()

@@ -29,8 +29,7 @@ function(uadmin_compile_as_test target folder)
   target_compile_options(${target} PRIVATE -O0)
   target_link_libraries(${target} PUBLIC googletest)
   uadmin_precompile(${target} ${folder} precompiled_tests)
-  set_target_properties(${target} PROPERTIES
-    UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${UADMIN_TEST_BATCH})
+  uadmin_batch(${target} ${UADMIN_TEST_BATCH})
 endfunction()
 
 # uadmin_test_library(TARGET FOLDER [TARGET ...]): a library that tests share, of the folder's sources.
