@@ -65,7 +65,8 @@ TEST_F(Help, OpensAPageOfItsOwnForEachWindow) {
       {app::kTopicAddUserInGroup, "/ajouter-utilisateurs.htm"},
       {app::kTopicListGroups, "/choisir-groupes.htm"},
       {app::kTopicListPermissions, "/choisir-permissions.htm"},
-      {app::kTopicList, "/listes.htm"}};
+      {app::kTopicList, "/listes.htm"},
+      {app::kTopicJournal, "/journal.htm"}};
   EXPECT_EQ(file_.Topics(), expected);
 }
 

@@ -1,5 +1,7 @@
 #include "tests/support/controls/win32/Input.h"
 
+#include <utility>
+
 namespace test_support {
 namespace {
 
@@ -91,19 +93,19 @@ void Input::Handle(UINT first, UINT last) {
   }
 }
 
-HeldKey::HeldKey(int keyCode) : keyCode_(keyCode) {
-  Set(keyCode_, true);
-}
+HeldKey::HeldKey(int keyCode, bool down)
+    : keyCode_(keyCode), before_(Set(keyCode, down ? 0x80 : 0)) {}
 
 HeldKey::~HeldKey() {
-  Set(keyCode_, false);
+  Set(keyCode_, before_);
 }
 
-void HeldKey::Set(int keyCode, bool down) {
+BYTE HeldKey::Set(int keyCode, BYTE state) {
   BYTE keys[256] = {};
   GetKeyboardState(keys);
-  keys[keyCode] = down ? 0x80 : 0;
+  const BYTE before = std::exchange(keys[keyCode], state);
   SetKeyboardState(keys);
+  return before;
 }
 
 }  // namespace test_support

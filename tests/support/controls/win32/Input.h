@@ -40,18 +40,20 @@ class Input {
   controls::Desktop& desktop_;
 };
 
-// The Shift or Control key, held down as long as this lives.
+// The Shift or Control key, held down, or not, as long as this lives; then as before.
 class HeldKey {
  public:
-  explicit HeldKey(int keyCode);
+  explicit HeldKey(int keyCode, bool down = true);
   ~HeldKey();
   HeldKey(const HeldKey&) = delete;
   HeldKey& operator=(const HeldKey&) = delete;
 
  private:
-  static void Set(int keyCode, bool down);
+  // What it was before.
+  static BYTE Set(int keyCode, BYTE state);
 
   int keyCode_;
+  BYTE before_;
 };
 
 }  // namespace test_support

@@ -291,19 +291,29 @@ bool UserInput::Collapse(TreeView& tree, NodeId node) {
   return true;
 }
 
-bool UserInput::PressKey(Form& form, int keyCode, bool shift) {
+namespace {
+
+bool Press(Input& input, Form& form, int keyCode) {
   Form::Peer& peer = form.BackEnd();
   if (!peer.TakesInput()) return false;
+  input.KeyDown(KeyTarget(form), keyCode);
+  if (peer.TakesInput()) input.KeyUp(KeyTarget(form), keyCode);
+  return true;
+}
+
+}  // namespace
+
+// The window may have been brought up by a key whose Control is still held in the window below.
+bool UserInput::PressKey(Form& form, int keyCode, bool shift) {
+  const HeldKey control(VK_CONTROL, false);
   std::optional<HeldKey> held;
   if (shift) held.emplace(VK_SHIFT);
-  parts_->input.KeyDown(KeyTarget(form), keyCode);
-  if (peer.TakesInput()) parts_->input.KeyUp(KeyTarget(form), keyCode);
-  return true;
+  return Press(parts_->input, form, keyCode);
 }
 
 bool UserInput::PressCtrl(Form& form, int keyCode) {
   const HeldKey control(VK_CONTROL);
-  return PressKey(form, keyCode, false);
+  return Press(parts_->input, form, keyCode);
 }
 
 bool UserInput::Mnemonic(Form& form, wchar_t letter) {
