@@ -24,6 +24,12 @@ foreach(headers precompiled_tests precompiled_tests_windows)
   endif()
 endforeach()
 
+# GNU's linker takes a minute for a test program for Windows. This stands between the compiler and it.
+find_program(UADMIN_LLD ld.lld)
+if(WIN32 AND UADMIN_LLD)
+  set(UADMIN_TEST_LINK_OPTIONS "SHELL:-wrapper ${PROJECT_SOURCE_DIR}/scripts/link-with-lld")
+endif()
+
 # uadmin_compile_as_test(TARGET FOLDER): compiles the target, which is made of the folder's sources, so.
 function(uadmin_compile_as_test target folder)
   target_compile_options(${target} PRIVATE -O0)
@@ -63,6 +69,7 @@ function(uadmin_test_program name folder)
   endif()
   add_executable(${name} ${sources} ${PROJECT_SOURCE_DIR}/tests/Main.cpp)
   target_link_libraries(${name} PRIVATE ${ARGN})
+  target_link_options(${name} PRIVATE ${UADMIN_TEST_LINK_OPTIONS})
   uadmin_compile_as_test(${name} ${folder})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
 endfunction()
