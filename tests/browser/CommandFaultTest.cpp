@@ -13,6 +13,7 @@
 #include "tests/support/walk/SmallSample.h"
 #include "tests/support/walk/Tables.h"
 #include "tests/support/walk/WantedTrees.h"
+#include "tests/support/window/FaultStride.h"
 
 namespace browser {
 namespace {
@@ -24,13 +25,6 @@ constexpr long kInjected = 1234;
 
 // Set to anything, it has every call inside a result set fail in turn. That takes an hour.
 constexpr const char* kEveryVariable = "UADMIN_EVERY_FAULT";
-
-// Native controls take their time: there not every position is tried.
-#ifdef _WIN32
-constexpr std::size_t kStride = 5;
-#else
-constexpr std::size_t kStride = 1;
-#endif
 
 constexpr const char* kTables[] = {"QRUSER", "QRGROUP", "QRUSGP", "QRUPRM", "QRGPRM", "QRCOUNTER"};
 
@@ -209,7 +203,7 @@ class CommandFaults : public FaultRun {
     const TreeLines after = Lines(window);
     if (HasFailure()) return;
     const std::vector<std::size_t> chosen = choose(positions);
-    for (std::size_t i = 0; i < chosen.size() && !HasFailure(); i += kStride) {
+    for (std::size_t i = 0; i < chosen.size() && !HasFailure(); i += test_support::kFaultStride) {
       const std::size_t at = chosen[i];
       SCOPED_TRACE(std::string(test.name) + ", call " + std::to_string(at) + ": " +
                    data::ToUtf8(positions[at].call));

@@ -15,7 +15,7 @@ namespace {
 
 // How much is walked where nothing else is asked for. Native controls take their time.
 #ifdef _WIN32
-constexpr int kSequences = 8;
+constexpr int kSequences = 5;
 constexpr int kSteps = 60;
 #else
 constexpr int kSequences = 40;
