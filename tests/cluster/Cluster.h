@@ -13,6 +13,7 @@
 
 #include "server/engines/odbc/ConnectionString.h"
 #include "tests/support/data/SampleDatabase.h"
+#include "tests/support/network/DatabaseServer.h"
 
 namespace cluster_test {
 
@@ -27,8 +28,7 @@ class Cluster : public ::testing::Test {
   static std::string Node(int node) { return Folder() + "/node-" + std::to_string(node); }
 
   static void Script(const std::string& command, int node) {
-    const std::string line = std::string(UADMIN_DATABASE_SCRIPT) + " " + command + " " + Node(node);
-    ASSERT_EQ(std::system(line.c_str()), 0) << line;
+    test_support::ControlServer(command, Node(node));
   }
   static void Signal(int node, int signal) {
     std::ifstream file(Node(node) + "/data/server.pid");

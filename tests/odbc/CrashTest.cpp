@@ -6,6 +6,7 @@
 #include "OnServer.h"
 #include "data/MSQLStatement.h"
 #include "server/core/Errors.h"
+#include "tests/support/network/DatabaseServer.h"
 
 namespace odbc_test {
 namespace {
@@ -31,10 +32,7 @@ class OwnServer {
   OwnServer(const OwnServer&) = delete;
   OwnServer& operator=(const OwnServer&) = delete;
 
-  void Run(const std::string& command) const {
-    const std::string line = std::string(UADMIN_DATABASE_SCRIPT) + " " + command + " " + folder_;
-    if (std::system(line.c_str()) != 0) throw std::runtime_error(line + " failed");
-  }
+  void Run(const std::string& command) const { test_support::ControlServer(command, folder_); }
 
  private:
   std::string shared_ = std::getenv(kFolderVariable);
