@@ -4,7 +4,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
 #include <functional>
 #include <string>
 #include <vector>
@@ -15,10 +14,6 @@
 #include "bench/Row.h"
 #include "data/Text.h"
 #include "dialogs/frmEditUser.h"
-
-#ifdef _WIN32
-#include "com/Apartment.h"
-#endif
 
 namespace bench {
 namespace {
@@ -153,11 +148,8 @@ void Measure(Program& program, const Command& command) {
 }
 
 int Run(int users) {
-#ifdef _WIN32
-  const com::Apartment apartment;
-#endif
   PrintRow("command, " + Number(users) + " users", {"statements", "floor", "program", "ratio"});
-  try {
+  return ExitCodeOf([&] {
     Program program({users, kGroups, kPermissions});
     test_support::RawDatabase raw = program.Raw();
     for (const auto& command :
@@ -165,11 +157,7 @@ int Run(int users) {
       Measure(program, command);
     }
     for (const Command& opening : Openings()) Measure(program, opening);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s\n", error.what());
-    return 1;
-  }
-  return 0;
+  });
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
 #include <fstream>
 #include <memory>
 #include <optional>
@@ -174,13 +173,7 @@ class Distances {
 int Run(int users) {
   PrintRow("database, round trip", {"asked", "statements", "both trees", "to floor", "to near",
                                     "add member", "to near", "memory"});
-  try {
-    Distances(users).Measure();
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s\n", error.what());
-    return 1;
-  }
-  return 0;
+  return ExitCodeOf([&] { Distances(users).Measure(); });
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -10,10 +9,6 @@
 
 #include "bench/Program.h"
 #include "bench/Row.h"
-#ifdef _WIN32
-#include "com/Apartment.h"
-#endif
-
 namespace bench {
 namespace {
 
@@ -54,17 +49,10 @@ void Measure(int users) {
 }
 
 int Run() {
-#ifdef _WIN32
-  const com::Apartment apartment;
-#endif
   PrintRow("users", {"rows", "table", "MB", "page", "MB"});
-  try {
+  return ExitCodeOf([&] {
     for (const int users : {1000, 30000}) Measure(users);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s\n", error.what());
-    return 1;
-  }
-  return 0;
+  });
 }
 
 }  // namespace

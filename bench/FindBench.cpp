@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -15,10 +14,6 @@
 #include "bench/Row.h"
 #include "browser/lists/frmList.h"
 #include "browser/rules/TreeKeys.h"
-
-#ifdef _WIN32
-#include "com/Apartment.h"
-#endif
 
 namespace bench {
 namespace {
@@ -117,10 +112,7 @@ void MeasureQuestions(Program& program, frmUserGroupPerm& window) {
 }
 
 int Run(int users) {
-#ifdef _WIN32
-  const com::Apartment apartment;
-#endif
-  try {
+  return ExitCodeOf([&] {
     Program program({users, kGroups, kPermissions});
     const auto window = program.Start();
     PrintRow("keys", {"l", "le", "lea", "lea ", "lea n", "lea no", "Escape"});
@@ -128,11 +120,7 @@ int Run(int users) {
     PrintRow("questions", {"find", "why", "who", "compare", "export", "all"});
     MeasureQuestions(program, *window);
     window->Unload();
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s\n", error.what());
-    return 1;
-  }
-  return 0;
+  });
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "bench/Program.h"
 
+#include <cstdio>
 #include <stdexcept>
 
 #include "app/ErrorReport.h"
@@ -7,6 +8,10 @@
 #include "controls/TreeModel.h"
 #include "data/Text.h"
 #include "tests/support/recording/RecordingServer.h"
+
+#ifdef _WIN32
+#include "com/Apartment.h"
+#endif
 
 namespace bench {
 namespace {
@@ -131,6 +136,19 @@ void Settle(browser::frmUserGroupPerm& window) {
     static_cast<void>(tree.ChildrenOnView(tree.Nodes().Root()));
   }
   window.Repaint();
+}
+
+int ExitCodeOf(const std::function<void()>& work) {
+#ifdef _WIN32
+  const com::Apartment apartment;
+#endif
+  try {
+    work();
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
+  }
+  return 0;
 }
 
 }  // namespace bench

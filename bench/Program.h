@@ -54,6 +54,10 @@ class Program {
   test_support::SampleDatabase database_;
 };
 
+// Does what a program of the bench is for, with COM where there is it. The answer is the program's
+// exit code: 1 after an exception, which is told.
+int ExitCodeOf(const std::function<void()>& work);
+
 // Reads both trees; throws when that fails.
 void Refresh(browser::frmUserGroupPerm& window);
 

@@ -3,17 +3,12 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
 #include <string>
 #include <vector>
 
 #include "bench/Floor.h"
 #include "bench/Program.h"
 #include "bench/Row.h"
-
-#ifdef _WIN32
-#include "com/Apartment.h"
-#endif
 
 namespace bench {
 namespace {
@@ -107,18 +102,11 @@ void Measure(int users) {
 }
 
 int Run(const std::vector<int>& sizes) {
-#ifdef _WIN32
-  const com::Apartment apartment;
-#endif
   PrintRow("users", {"statements", "rows", "floor", "RefreshTree", "ratio", "bytes/leaf", "expand",
                      "both tabs"});
-  try {
+  return ExitCodeOf([&] {
     for (const int users : sizes) Measure(users);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s\n", error.what());
-    return 1;
-  }
-  return 0;
+  });
 }
 
 }  // namespace
